@@ -1,0 +1,124 @@
+#include "host_commands.h"
+
+#include <drawing/application.h>
+#include <render/picture_export.h>
+
+#include <QFileInfo>
+
+namespace {
+
+void sayFailed(const QString& what, const QString& path)
+{
+    sayLine(what + QStringLiteral(": ") + path);
+}
+
+void newDrawing()
+{
+    QString path;
+    const int status = ncedGetString(true, QStringLiteral("\nШаблон <Default.dwt>: "), path);
+    if (status != kPromptNormal && status != kPromptEmpty)
+        return;
+    const QString name = path.isEmpty() ? QStringLiteral("Default.dwt") : path;
+    if (isOk(ncDocManagerPtr()->appContextNewDocument(name)))
+        return;
+    // A drawing without a template is better than none; a named one must be there.
+    if (!path.isEmpty() || !isOk(ncDocManagerPtr()->appContextNewDocument(QString())))
+        sayFailed(QStringLiteral("Шаблон не открывается"), name);
+}
+
+void openDrawing()
+{
+    QString path;
+    if (askText(QStringLiteral("\nИмя файла чертежа: "), path)
+        && !isOk(ncDocManagerPtr()->appContextOpenDocument(path)))
+        sayFailed(QStringLiteral("Чертёж не открывается"), path);
+}
+
+void saveUnder(const QString& path)
+{
+    if (!isOk(ncDocManagerPtr()->saveDocumentAs(ncDocManagerPtr()->curDocument(), path)))
+        sayFailed(QStringLiteral("Чертёж не записан"), path);
+}
+
+void saveDrawingAs()
+{
+    QString path;
+    if (ncDocManagerPtr()->curDocument() && askText(QStringLiteral("\nИмя файла чертежа: "), path))
+        saveUnder(path);
+}
+
+void saveDrawing()
+{
+    const auto* document = dynamic_cast<Document*>(ncDocManagerPtr()->curDocument());
+    if (!document)
+        return;
+    if (document->isUntitled())
+        saveDrawingAs();
+    else
+        saveUnder(document->fileName());
+}
+
+void closeDrawing()
+{
+    if (NcApDocument* document = ncDocManagerPtr()->curDocument())
+        ncDocManagerPtr()->closeDocument(document);
+}
+
+bool askWindow(QRectF& window)
+{
+    NcGePoint3d first, second;
+    if (!askPoint(QStringLiteral("\nПервый угол: "), first) || !askPoint(QStringLiteral("\nВторой угол: "), second, &first))
+        return false;
+    window = QRectF(QPointF(first.x, first.y), QPointF(second.x, second.y)).normalized();
+    return window.width() > 0.0 && window.height() > 0.0;
+}
+
+bool askPixels(QSize& pixels)
+{
+    int width = 0, height = 0;
+    if (ncedGetInt(QStringLiteral("\nШирина в точках: "), width) != kPromptNormal
+        || ncedGetInt(QStringLiteral("\nВысота в точках: "), height) != kPromptNormal)
+        return false;
+    pixels = QSize(width, height);
+    return true;
+}
+
+void exportDrawing()
+{
+    const QString prompt = QStringLiteral("\nВыполнить или [Рамка/Точек/Белый/Черный/Лист/Маленький] <Выполнить>: ");
+    const QString words = QStringLiteral("Рамка Точек Белый Черный Лист Маленький _ Window Size White Black Layout Small");
+    QString path;
+    PictureOptions options;
+    NcDbDatabase* drawing = currentDrawing();
+    if (!drawing || !askText(QStringLiteral("\nИмя файла (png, svg, pdf, dxf): "), path))
+        return;
+    for (;;) {
+        const QString word = askKeyword(prompt, words);
+        if (word.isNull())
+            return;
+        if (word.isEmpty())
+            break;
+        if ((word == QLatin1String("Window") && !askWindow(options.window))
+            || (word == QLatin1String("Size") && !askPixels(options.pixels)))
+            return;
+        if (word == QLatin1String("White") || word == QLatin1String("Black"))
+            options.whitePaper = word == QLatin1String("White");
+        if (word == QLatin1String("Layout"))
+            options.space = QStringLiteral("*Paper_Space");
+        if (word == QLatin1String("Small"))
+            options.largeSheet = false;
+    }
+    const QString wrong = exportPicture(*drawing, path, options);
+    sayLine(wrong.isEmpty() ? QStringLiteral("Записан файл ") + QFileInfo(path).fileName() : wrong);
+}
+
+}  // namespace
+
+const std::vector<HostCommandRow>& fileCommands()
+{
+    static const std::vector<HostCommandRow> rows = {
+        {"NEW", newDrawing},   {"OPEN", openDrawing},   {"SAVE", saveDrawing}, {"SAVEAS", saveDrawingAs},
+        {"CLOSE", closeDrawing}, {"EXPORT", exportDrawing},
+    };
+    return rows;
+}

@@ -1,0 +1,42 @@
+// The host's own commands, for users and scripts. They ask like any command, so
+// a script answers them like one.
+//
+//   NEW template   OPEN path   SAVE   SAVEAS path   CLOSE
+//   EXPORT path [Window corner corner] [Size width height] [Paper White|Black]
+//   ZOOM [Extents|Center point height|Window corner corner]   REGEN   UCS
+//   LAYER [Make name|Current name|On name|Off name|coLor name colour]
+//   LINE  PLINE  CIRCLE  TEXT   ERASE   SELECT   SCREENSHOT path
+#pragma once
+
+#include <nrx/editor.h>
+
+#include <functional>
+
+// Registers them; more than once does no harm.
+NRX_API void registerHostCommands();
+// A new drawing when none is open, from "Default.dwt" if it is there.
+NRX_API void openStartDocument();
+
+// The list of commands of each area: a name and what it does.
+struct HostCommandRow {
+    const char* name;
+    void (*run)();
+};
+const std::vector<HostCommandRow>& fileCommands();
+const std::vector<HostCommandRow>& viewCommands();
+const std::vector<HostCommandRow>& drawCommands();
+const std::vector<HostCommandRow>& layerCommands();
+
+// --- what they share
+
+// A line on the console.
+void sayLine(const QString& text);
+// Asks for a keyword; empty when the user pressed Enter, null on cancel.
+QString askKeyword(const QString& prompt, const QString& keywords);
+// False on cancel or Enter.
+bool askText(const QString& prompt, QString& text);
+bool askPoint(const QString& prompt, NcGePoint3d& world, const NcGePoint3d* base = nullptr);
+bool askNumber(const QString& prompt, double& value);
+// Appends to the current space; the drawing then owns the entity.
+bool appendToSpace(NcDbEntity* entity);
+NcDbDatabase* currentDrawing();

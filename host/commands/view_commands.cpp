@@ -1,0 +1,111 @@
+#include "host_commands.h"
+
+#include <drawing/application.h>
+#include <nrx/application.h>
+#include <render/active_view.h>
+#include <render/display_list.h>
+
+#include <QDir>
+#include <QFileInfo>
+#include <QPixmap>
+#include <QWidget>
+
+namespace {
+
+void zoomExtents(NcDbDatabase& drawing)
+{
+    const QRectF box = recordDrawing(drawing).box();
+    if (!box.isNull())
+        setActiveView(drawing, viewOf(box, activeView(drawing)));
+}
+
+void zoomCenter(NcDbDatabase& drawing)
+{
+    NcGePoint3d center;
+    ActiveView view = activeView(drawing);
+    double height = view.height;
+    if (!askPoint(QStringLiteral("\nЦентр вида: "), center))
+        return;
+    if (ncedGetReal(QStringLiteral("\nВысота вида <") + QString::number(view.height, 'f', 2) + QStringLiteral(">: "),
+                    height) == kPromptCancel)
+        return;
+    if (!(height > 0.0))
+        return sayLine(QStringLiteral("Высота вида должна быть больше нуля."));
+    view.center = {center.x, center.y};
+    view.width *= height / view.height;
+    view.height = height;
+    setActiveView(drawing, view);
+}
+
+void zoomWindow(NcDbDatabase& drawing)
+{
+    NcGePoint3d first, second;
+    if (!askPoint(QStringLiteral("\nПервый угол: "), first) || !askPoint(QStringLiteral("\nВторой угол: "), second, &first))
+        return;
+    const QRectF window = QRectF(QPointF(first.x, first.y), QPointF(second.x, second.y)).normalized();
+    setActiveView(drawing, viewOf(window, activeView(drawing)));
+}
+
+void zoom()
+{
+    NcDbDatabase* drawing = currentDrawing();
+    const QString word = drawing ? askKeyword(QStringLiteral("\nПоказать [Границы/Центр/Рамка] <Границы>: "),
+                                              QStringLiteral("Границы Центр Рамка _ Extents Center Window"))
+                                 : QString();
+    if (word.isNull())
+        return;
+    if (word == QLatin1String("Center"))
+        zoomCenter(*drawing);
+    else if (word == QLatin1String("Window"))
+        zoomWindow(*drawing);
+    else
+        zoomExtents(*drawing);
+}
+
+void regenerate()
+{
+    emit HostEvents::instance()->viewChanged();
+}
+
+void setUcs()
+{
+    const QString word = askKeyword(QStringLiteral("\nСистема координат [Мировая/Точки] <Мировая>: "),
+                                    QStringLiteral("Мировая Точки _ World Points"));
+    NcGeMatrix3d matrix;
+    if (word.isNull())
+        return;
+    if (word == QLatin1String("Points")) {
+        NcGePoint3d origin, along;
+        if (!askPoint(QStringLiteral("\nНачало координат: "), origin)
+            || !askPoint(QStringLiteral("\nТочка на оси X: "), along, &origin))
+            return;
+        const NcGeVector3d x = (along - origin).normal();
+        if (x.length() == 0.0)
+            return sayLine(QStringLiteral("Точки совпадают."));
+        matrix.setCoordSystem(origin, x, NcGeVector3d::kZAxis.crossProduct(x), NcGeVector3d::kZAxis);
+    }
+    ncedSetCurrentUCS(matrix);
+}
+
+void screenshot()
+{
+    QString path;
+    QWidget* window = ndsw_ncadMainWnd();
+    if (!window)
+        return sayLine(QStringLiteral("Снимка окна нет: работа без окна."));
+    if (!askText(QStringLiteral("\nИмя файла снимка: "), path))
+        return;
+    const QFileInfo file(path);
+    if (!QDir().mkpath(file.absolutePath()) || !window->grab().save(file.absoluteFilePath()))
+        sayLine(QStringLiteral("Снимок не записан: ") + path);
+}
+
+}  // namespace
+
+const std::vector<HostCommandRow>& viewCommands()
+{
+    static const std::vector<HostCommandRow> rows = {
+        {"ZOOM", zoom}, {"REGEN", regenerate}, {"UCS", setUcs}, {"SCREENSHOT", screenshot},
+    };
+    return rows;
+}

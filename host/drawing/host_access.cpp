@@ -1,0 +1,146 @@
+#include "host_access.h"
+
+#include "open_drawings.h"
+
+NcDbObject* HostAccess::object(NcDbObjectId id)
+{
+    if (id.isNull() || !isDrawingAlive(id.database()))
+        return nullptr;
+    const auto& objects = data(*id.database()).objects;
+    const auto found = objects.find(id.handle());
+    return found == objects.end() ? nullptr : found->second.get();
+}
+
+bool HostAccess::isLiving(NcDbObjectId id)
+{
+    const NcDbObject* found = object(id);
+    return found && !data(*found).erased;
+}
+
+int HostAccess::openObjectCount()
+{
+    int count = 0;
+    for (const NcDbDatabase* database : drawingsAlive())
+        count += data(*database).openObjects;
+    return count;
+}
+
+NcDbObjectId HostAccess::adopt(NcDbDatabase& database, std::unique_ptr<NcDbObject> object, NcDbObjectId owner,
+                               quint64 handle)
+{
+    NcDatabaseData& drawing = data(database);
+    if (handle == 0 || drawing.objects.count(handle))
+        handle = drawing.handleSeed;
+    reserveHandle(database, handle);
+    NcObjectData& own = data(*object);
+    own.database = &database;
+    own.handle = handle;
+    own.owner = owner;
+    own.sequence = drawing.sequenceSeed++;
+    drawing.objects.emplace(handle, std::move(object));
+    ++drawing.changeCount;
+    return own.id();
+}
+
+void HostAccess::reserveHandle(NcDbDatabase& database, quint64 handle)
+{
+    quint64& seed = data(database).handleSeed;
+    if (handle >= seed)
+        seed = handle + 1;
+}
+
+NcDbObjectId HostAccess::addRecord(NcDbSymbolTable& table, std::unique_ptr<NcDbSymbolTableRecord> record,
+                                   const QString& name, quint64 handle)
+{
+    NcDbSymbolTableRecord& added = *record;
+    added.name_ = name;
+    const NcDbObjectId id = adopt(*table.database(), std::move(record), table.objectId(), handle);
+    table.records_.push_back(id);
+    updateName(table, added);
+    return id;
+}
+
+NcDbObjectId HostAccess::addEntity(NcDbBlockTableRecord& block, std::unique_ptr<NcDbEntity> entity, quint64 handle)
+{
+    const NcDbObjectId id = adopt(*block.database(), std::move(entity), block.objectId(), handle);
+    block.entities_.push_back(id);
+    return id;
+}
+
+NcDbObjectId HostAccess::addAttribute(NcDbBlockReference& reference, std::unique_ptr<NcDbAttribute> attribute,
+                                      quint64 handle)
+{
+    const NcDbObjectId id = adopt(*reference.database(), std::move(attribute), reference.objectId(), handle);
+    reference.attributes_.push_back(id);
+    return id;
+}
+
+bool HostAccess::setHandle(NcDbObject& object, quint64 handle)
+{
+    NcObjectData& own = data(object);
+    if (!own.database || handle == 0)
+        return false;
+    if (own.handle == handle)
+        return true;
+    NcDatabaseData& drawing = data(*own.database);
+    if (drawing.objects.count(handle))
+        return false;
+    const NcDbObjectId old = own.id();
+    auto node = drawing.objects.extract(own.handle);
+    node.key() = own.handle = handle;
+    drawing.objects.insert(std::move(node));
+    if (!drawing.loading || handle < Q_UINT64_C(0xFFFFFFFFFFFF0000))
+        reserveHandle(*own.database, handle);
+    for (NcDbObjectId* known : {&drawing.blockTable, &drawing.layerTable, &drawing.ucsTable, &drawing.viewportTable,
+                                &drawing.namedObjects, &drawing.groupDictionary})
+        if (*known == old)
+            *known = own.id();
+    if (auto* parent = objectAs<NcDbDictionary>(own.owner))
+        for (auto& entry : parent->entries_)
+            if (entry.second == old)
+                entry.second = own.id();
+    return true;
+}
+
+void HostAccess::updateName(NcDbSymbolTable& table, NcDbSymbolTableRecord& record)
+{
+    const QString folded = record.name_.toCaseFolded();
+    const NcDbObjectId id = record.objectId();
+    if (!record.isErased() && !table.byName_.contains(folded))
+        table.byName_.insert(folded, id);
+    else if (record.isErased() && table.byName_.value(folded) == id)
+        table.byName_.remove(folded);
+}
+
+void HostAccess::setName(NcDbSymbolTableRecord& record, const QString& name)
+{
+    auto* table = objectAs<NcDbSymbolTable>(record.ownerId());
+    if (table && table->byName_.value(record.name_.toCaseFolded()) == record.objectId())
+        table->byName_.remove(record.name_.toCaseFolded());
+    record.name_ = name;
+    if (table)
+        updateName(*table, record);
+}
+
+NcDbObjectId HostAccess::recordId(const NcDbDatabase&, NcDbObjectId table, const QString& name)
+{
+    const auto* found = objectAs<NcDbSymbolTable>(table);
+    return found ? found->byName_.value(name.toCaseFolded()) : NcDbObjectId();
+}
+
+const NcDbLayerTableRecord* HostAccess::layerOf(const NcDbEntity& entity)
+{
+    const NcDbDatabase* database = entity.database();
+    return database ? objectAs<NcDbLayerTableRecord>(recordId(*database, data(*database).layerTable, entity.layer()))
+                    : nullptr;
+}
+
+NcDbEvalVariant HostAccess::evalVariant(int type, const QString& printed)
+{
+    switch (type) {
+    case 40: return NcDbEvalVariant(printed.toDouble());
+    case 70: return NcDbEvalVariant(short(printed.toInt()));
+    case 90: return NcDbEvalVariant(printed.toInt());
+    default: return NcDbEvalVariant(printed);
+    }
+}

@@ -1,0 +1,10 @@
+// Fills a drawing from a file that was taken apart.
+#pragma once
+
+#include "document.h"
+
+#include <nrx/database.h>
+
+// The drawing holds its tables only and is being loaded. Never fails: what makes
+// no sense is left out or kept as it stands.
+void fillDrawing(NcDbDatabase& database, DxfDocument document);

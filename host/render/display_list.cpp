@@ -1,0 +1,107 @@
+#include "display_list.h"
+
+#include <QLineF>
+#include <algorithm>
+#include <cmath>
+#include <set>
+
+namespace {
+
+double distanceToSegment(const QPointF& p, const QPointF& a, const QPointF& b)
+{
+    const QPointF along = b - a;
+    const double squared = QPointF::dotProduct(along, along);
+    const double t = squared > 0.0 ? qBound(0.0, QPointF::dotProduct(p - a, along) / squared, 1.0) : 0.0;
+    return QLineF(p, a + t * along).length();
+}
+
+double distanceToLine(const QPointF& p, const QPolygonF& line)
+{
+    double least = INFINITY;
+    for (int i = 1; i < line.size(); ++i)
+        least = std::min(least, distanceToSegment(p, line[i - 1], line[i]));
+    return least;
+}
+
+bool insideLoops(const QPointF& p, const std::vector<QPolygonF>& loops)
+{
+    int crossed = 0;
+    for (const QPolygonF& loop : loops)
+        crossed += loop.containsPoint(p, Qt::OddEvenFill);
+    return crossed % 2 == 1;
+}
+
+// Distance of the point to what the figure shows; 0 inside of a text's box.
+double distanceTo(const Figure& figure, const QPointF& p)
+{
+    switch (figure.kind) {
+    case Figure::Line: return distanceToLine(p, figure.polygons.front());
+    case Figure::Dot: return QLineF(p, figure.polygons.front().front()).length();
+    case Figure::Text: return figure.box.contains(p) ? 0.0 : INFINITY;
+    case Figure::Fill: return insideLoops(p, figure.polygons) ? 0.0 : INFINITY;
+    }
+    return INFINITY;
+}
+
+QRectF grown(const QRectF& box, double by)
+{
+    return box.adjusted(-by, -by, by, by);
+}
+
+}  // namespace
+
+QRectF DisplayList::box() const
+{
+    double left = INFINITY, bottom = INFINITY, right = -INFINITY, top = -INFINITY;
+    for (const Figure& figure : figures_) {
+        left = std::min(left, figure.box.left());
+        right = std::max(right, figure.box.right());
+        bottom = std::min(bottom, figure.box.top());
+        top = std::max(top, figure.box.bottom());
+    }
+    return left <= right ? QRectF(left, bottom, right - left, top - bottom) : QRectF();
+}
+
+NcDbObjectId DisplayList::hit(const QPointF& at, double tolerance) const
+{
+    NcDbObjectId filled;
+    for (auto figure = figures_.rbegin(); figure != figures_.rend(); ++figure) {
+        if (!grown(figure->box, tolerance).contains(at) || distanceTo(*figure, at) > tolerance)
+            continue;
+        if (figure->clip && !figure->clip->containsPoint(at, Qt::OddEvenFill))
+            continue;
+        if (figure->kind != Figure::Fill)
+            return figure->source;
+        if (filled.isNull())
+            filled = figure->source;
+    }
+    return filled;
+}
+
+NcDbObjectIdArray DisplayList::inside(const QRectF& window, bool crossing) const
+{
+    std::set<NcDbObjectId> within, outside;
+    for (const Figure& figure : figures_) {
+        const QRectF box = figure.box;
+        const bool whole = box.left() >= window.left() && box.right() <= window.right() && box.top() >= window.top()
+            && box.bottom() <= window.bottom();
+        const bool touches = box.left() <= window.right() && box.right() >= window.left()
+            && box.top() <= window.bottom() && box.bottom() >= window.top();
+        (whole || (crossing && touches) ? within : outside).insert(figure.source);
+    }
+    NcDbObjectIdArray found;
+    for (const NcDbObjectId& id : sources())
+        if (within.count(id) && (crossing || !outside.count(id)))
+            found.push_back(id);
+    return found;
+}
+
+NcDbObjectIdArray DisplayList::sources() const
+{
+    NcDbObjectIdArray ids;
+    std::set<NcDbObjectId> seen;
+    for (const Figure& figure : figures_)
+        if (seen.insert(figure.source).second)
+            ids.push_back(figure.source);
+    return ids;
+}

@@ -1,0 +1,126 @@
+#include "figure_painter.h"
+
+namespace {
+
+class FigurePainter {
+public:
+    FigurePainter(QPainter& painter, const QTransform& toDevice, const PaintStyle& style)
+        : painter_(painter), toDevice_(toDevice), style_(style), onLight_(qGray(style.paper.rgb()) > 127)
+    {
+    }
+
+    void paint(const Figure& figure)
+    {
+        const bool clipped = bool(figure.clip);
+        if (clipped) {
+            painter_.save();
+            QPainterPath clip;
+            clip.addPolygon(toDevice_.map(*figure.clip));
+            painter_.setClipPath(clip, Qt::IntersectClip);
+        }
+        paintShape(figure, colorOf(figure));
+        if (clipped)
+            painter_.restore();
+    }
+
+private:
+    QColor colorOf(const Figure& figure) const
+    {
+        if (figure.background)
+            return style_.paper;
+        if (figure.foreground)
+            return onLight_ ? QColor(Qt::black) : QColor(Qt::white);
+        return figure.color;
+    }
+
+    void paintShape(const Figure& figure, const QColor& color)
+    {
+        const bool picked = !figure.background && style_.selected.count(figure.source);
+        switch (figure.kind) {
+        case Figure::Line: return paintLine(figure, color, picked);
+        case Figure::Fill: return paintFill(figure, color, picked);
+        case Figure::Text:
+            return painter_.fillPath(toDevice_.map(textOutline(figure.text)), picked ? style_.selection : color);
+        case Figure::Dot: {
+            const QPointF at = toDevice_.map(figure.polygons.front().front());
+            const double radius = 1.5 * style_.lineWidth;
+            painter_.setPen(Qt::NoPen);
+            painter_.setBrush(picked ? style_.selection : color);
+            painter_.drawEllipse(at, radius, radius);
+        }
+        }
+    }
+
+    QPen pen(const QColor& color, double width) const
+    {
+        return QPen(color, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    }
+
+    void paintLine(const Figure& figure, const QColor& color, bool picked)
+    {
+        const QPolygonF line = toDevice_.map(figure.polygons.front());
+        const double width = figure.thin ? style_.thinWidth : style_.lineWidth;
+        painter_.setBrush(Qt::NoBrush);
+        if (picked) {
+            painter_.setPen(pen(style_.selection, width + 2.0 * style_.lineWidth));
+            painter_.drawPolyline(line);
+        }
+        painter_.setPen(pen(color, width));
+        painter_.drawPolyline(line);
+    }
+
+    void paintFill(const Figure& figure, const QColor& color, bool picked)
+    {
+        QPainterPath path;
+        path.setFillRule(Qt::OddEvenFill);
+        for (const QPolygonF& loop : figure.polygons) {
+            path.addPolygon(toDevice_.map(loop));
+            path.closeSubpath();
+        }
+        // A hair line of the same colour closes the seams between neighbours.
+        painter_.setPen(figure.background ? QPen(Qt::NoPen) : pen(color, style_.thinWidth));
+        painter_.setBrush(color);
+        painter_.drawPath(path);
+        if (picked) {
+            painter_.setPen(Qt::NoPen);
+            painter_.setBrush(QBrush(style_.selection, Qt::Dense6Pattern));
+            painter_.drawPath(path);
+        }
+    }
+
+    QPainter& painter_;
+    const QTransform toDevice_;
+    const PaintStyle& style_;
+    const bool onLight_;
+};
+
+bool touches(const QRectF& a, const QRectF& b)
+{
+    return a.left() <= b.right() && a.right() >= b.left() && a.top() <= b.bottom() && a.bottom() >= b.top();
+}
+
+}  // namespace
+
+QTransform fitWindow(const QRectF& window, const QRectF& target)
+{
+    const double width = window.width() > 0.0 ? window.width() : 1e-9;
+    const double height = window.height() > 0.0 ? window.height() : 1e-9;
+    double scale = std::min(target.width() / width, target.height() / height);
+    if (window.width() <= 0.0 && window.height() <= 0.0)
+        scale = 1.0;
+    QTransform fit;
+    fit.translate(target.center().x(), target.center().y());
+    fit.scale(scale, -scale);
+    fit.translate(-window.center().x(), -window.center().y());
+    return fit;
+}
+
+void paintFigures(const DisplayList& list, QPainter& painter, const QTransform& toDevice, const PaintStyle& style,
+                  const QRectF& visible)
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    FigurePainter figures(painter, toDevice, style);
+    for (const Figure& figure : list.figures())
+        if (visible.isNull() || touches(figure.box, visible))
+            figures.paint(figure);
+}

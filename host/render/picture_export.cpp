@@ -1,0 +1,127 @@
+#include "picture_export.h"
+
+#include "figure_painter.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QFileInfo>
+#include <QImage>
+#include <QPageLayout>
+#include <QPageSize>
+#include <QPdfWriter>
+#include <QSaveFile>
+#include <QSvgGenerator>
+
+namespace {
+
+constexpr int kPdfDotsPerInch = 600;
+// Part of the picture left free on each side.
+constexpr double kPictureMargin = 0.03;
+constexpr double kLineMillimetres = 0.25;
+
+PaintStyle styleOf(const PictureOptions& options, double lineWidth)
+{
+    PaintStyle style;
+    style.paper = options.whitePaper ? Qt::white : Qt::black;
+    style.lineWidth = lineWidth;
+    style.thinWidth = 0.5 * lineWidth;
+    return style;
+}
+
+void paintPage(const DisplayList& list, QPainter& painter, const QRectF& page, const QRectF& target,
+               const PictureOptions& options, double lineWidth)
+{
+    painter.fillRect(page, options.whitePaper ? Qt::white : Qt::black);
+    const QRectF window = options.window.isNull() ? list.box() : options.window;
+    if (!options.window.isNull())
+        painter.setClipRect(target);
+    paintFigures(list, painter, fitWindow(window, target), styleOf(options, lineWidth));
+}
+
+QByteArray pngBytes(const DisplayList& list, const PictureOptions& options)
+{
+    QImage image(options.pixels, QImage::Format_RGB32);
+    const QRectF page(QPointF(0, 0), QSizeF(options.pixels));
+    const double margin = kPictureMargin * std::min(page.width(), page.height());
+    {
+        QPainter painter(&image);
+        paintPage(list, painter, page, page.adjusted(margin, margin, -margin, -margin), options,
+                  std::max(1.0, page.width() / 900.0));
+    }
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    return image.save(&buffer, "PNG") ? bytes : QByteArray();
+}
+
+QByteArray svgBytes(const DisplayList& list, const PictureOptions& options)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QSvgGenerator generator;
+    generator.setOutputDevice(&buffer);
+    generator.setSize(options.pixels);
+    generator.setViewBox(QRect(QPoint(0, 0), options.pixels));
+    const QRectF page(QPointF(0, 0), QSizeF(options.pixels));
+    const double margin = kPictureMargin * std::min(page.width(), page.height());
+    QPainter painter;
+    if (!painter.begin(&generator))
+        return {};
+    paintPage(list, painter, page, page.adjusted(margin, margin, -margin, -margin), options,
+              std::max(1.0, page.width() / 900.0));
+    painter.end();
+    return bytes;
+}
+
+QByteArray pdfBytes(const DisplayList& list, const PictureOptions& options)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    const QRectF window = options.window.isNull() ? list.box() : options.window;
+    writer.setResolution(kPdfDotsPerInch);
+    writer.setPageSize(QPageSize(options.largeSheet ? QPageSize::A3 : QPageSize::A4));
+    writer.setPageOrientation(window.width() >= window.height() ? QPageLayout::Landscape : QPageLayout::Portrait);
+    writer.setPageMargins(QMarginsF());
+    const QRectF page(0, 0, writer.width(), writer.height());
+    const double dots = kPdfDotsPerInch / 25.4, margin = options.marginMillimetres * dots;
+    QPainter painter;
+    if (!painter.begin(&writer))
+        return {};
+    paintPage(list, painter, page, page.adjusted(margin, margin, -margin, -margin), options, kLineMillimetres * dots);
+    painter.end();
+    return bytes;
+}
+
+QString saveBytes(const QString& path, const QByteArray& bytes)
+{
+    QSaveFile file(path);
+    if (!bytes.isEmpty() && file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+        return {};
+    return QStringLiteral("файл «") + path + QStringLiteral("» не записан");
+}
+
+}  // namespace
+
+QString exportPicture(NcDbDatabase& drawing, const QString& path, const PictureOptions& options)
+{
+    const QFileInfo file(path);
+    const QString ending = file.suffix().toLower();
+    if (!QDir().mkpath(file.absolutePath()))
+        return QStringLiteral("папка «") + file.absolutePath() + QStringLiteral("» не создана");
+    if (ending == QLatin1String("dxf"))
+        return isOk(drawing.saveAs(file.absoluteFilePath()))
+            ? QString() : QStringLiteral("файл «") + path + QStringLiteral("» не записан");
+    if (ending != QLatin1String("png") && ending != QLatin1String("svg") && ending != QLatin1String("pdf"))
+        return QStringLiteral("окончание «") + ending + QStringLiteral("» не png, svg, pdf или dxf");
+    if (options.pixels.width() < 16 || options.pixels.height() < 16 || options.pixels.width() > 20000
+        || options.pixels.height() > 20000)
+        return QStringLiteral("размер картинки должен быть от 16 до 20000 точек");
+    const DisplayList list = recordDrawing(drawing, options.space);
+    const QByteArray bytes = ending == QLatin1String("png") ? pngBytes(list, options)
+        : ending == QLatin1String("svg")                    ? svgBytes(list, options)
+                                                            : pdfBytes(list, options);
+    return saveBytes(file.absoluteFilePath(), bytes);
+}

@@ -1,0 +1,187 @@
+// Palette sets: docks of the main window, or windows of their own without one.
+#include <nrx/palettes.h>
+
+#include <nrx/application.h>
+
+#include <QDockWidget>
+#include <QMainWindow>
+#include <QPointer>
+#include <QTabWidget>
+
+struct hostUiPaletteSet::Data {
+    QPointer<QDockWidget> dock;
+    QTabWidget* tabs = nullptr;
+    std::vector<std::unique_ptr<hostQtPalette>> pages;
+
+    ~Data() { destroyWindow(); }
+
+    void destroyWindow()
+    {
+        pages.clear();
+        delete dock;
+    }
+
+    void add(hostQtPalette* page)
+    {
+        tabs->addTab(page->widget_, page->title_);
+        pages.emplace_back(page);
+    }
+
+    // The main window took its docks along: the pages' widgets are gone.
+    void forgetWidgets()
+    {
+        for (const auto& page : pages)
+            page->widget_ = nullptr;
+    }
+};
+
+namespace {
+
+bool alive(const hostUiPaletteSet* set)
+{
+    return set && set->data_ && set->data_->dock;
+}
+
+QMainWindow* mainWindowOf(QWidget* parent)
+{
+    return qobject_cast<QMainWindow*>(parent ? parent : ndsw_ncadMainWnd());
+}
+
+}  // namespace
+
+QWinWidget::QWinWidget(QWidget* hostWindow) : QWidget(hostWindow)
+{
+    hide();
+}
+
+// A child without a size of its own: a form over it stands in the middle of the
+// window that it lies in.
+void QWinWidget::showCentered()
+{
+    if (const QWidget* host = parentWidget())
+        setGeometry(QRect(host->rect().center(), QSize(0, 0)));
+}
+
+hostQtPalette::~hostQtPalette()
+{
+    delete widget_;
+}
+
+QWidget* hostQtPalette::paletteWidget() const
+{
+    return widget_;
+}
+
+hostUiPaletteSet::hostUiPaletteSet() = default;
+
+hostUiPaletteSet::~hostUiPaletteSet() = default;
+
+QWidget* hostUiPaletteSet::window() const
+{
+    return data_ ? data_->dock.data() : nullptr;
+}
+
+bool hostUiPaletteSet_Create(hostUiPaletteSet* set, const QString& title, unsigned, const QRect& rectangle,
+                             QWidget* parent, unsigned)
+{
+    if (!set || set->data_)
+        return false;
+    set->data_ = std::make_unique<hostUiPaletteSet::Data>();
+    auto* dock = new QDockWidget(title);
+    dock->setObjectName(title);
+    dock->hide();
+    auto* tabs = new QTabWidget(dock);
+    tabs->setDocumentMode(true);
+    dock->setWidget(tabs);
+    set->data_->dock = dock;
+    set->data_->tabs = tabs;
+    hostUiPaletteSet::Data* data = set->data_.get();
+    QObject::connect(dock, &QObject::destroyed, [data] { data->forgetWidgets(); });
+    if (QMainWindow* main = mainWindowOf(parent))
+        main->addDockWidget(Qt::RightDockWidgetArea, dock);
+    else
+        dock->setGeometry(rectangle);
+    dock->hide();
+    return true;
+}
+
+void hostUiPaletteSet_EnableDocking(hostUiPaletteSet* set, unsigned sides)
+{
+    if (alive(set))
+        set->data_->dock->setAllowedAreas(sides == kDockAnySide ? Qt::AllDockWidgetAreas : Qt::NoDockWidgetArea);
+}
+
+void hostUiPaletteSet_RestoreControlBar(hostUiPaletteSet* set, unsigned)
+{
+    if (!alive(set))
+        return;
+    if (QMainWindow* main = mainWindowOf(set->data_->dock->parentWidget()))
+        main->restoreDockWidget(set->data_->dock);
+}
+
+bool hostQtPalette_Create(hostQtPalette* palette, unsigned, const QString& title)
+{
+    if (!palette || palette->widget_)
+        return false;
+    palette->title_ = title;
+    palette->widget_ = new QWidget;
+    palette->widget_->setObjectName(title);
+    return true;
+}
+
+int hostUiPaletteSet_AddPalette(hostUiPaletteSet* set, hostQtPalette* palette)
+{
+    if (!alive(set) || !palette || !palette->paletteWidget())
+        return -1;
+    set->data_->add(palette);
+    return int(set->data_->pages.size()) - 1;
+}
+
+hostQtPalette* hostUiPaletteSet_GetPalette(const hostUiPaletteSet* set, int index)
+{
+    return set && set->data_ && index >= 0 && index < int(set->data_->pages.size())
+        ? set->data_->pages[size_t(index)].get() : nullptr;
+}
+
+int hostUiPaletteSet_GetPaletteCount(const hostUiPaletteSet* set)
+{
+    return set && set->data_ ? int(set->data_->pages.size()) : 0;
+}
+
+QWidget* hostQtPalette_paletteWidget(hostQtPalette* palette)
+{
+    return palette ? palette->paletteWidget() : nullptr;
+}
+
+bool hostUiPaletteSet_SetActivePalette(hostUiPaletteSet* set, int index)
+{
+    if (!alive(set) || index < 0 || index >= set->data_->tabs->count())
+        return false;
+    set->data_->tabs->setCurrentIndex(index);
+    return true;
+}
+
+void hostUiPaletteSet_Show(hostUiPaletteSet* set, bool visible)
+{
+    if (!alive(set))
+        return;
+    set->data_->dock->setVisible(visible);
+    if (visible)
+        set->data_->dock->raise();
+}
+
+bool IsWindowVisible(const hostUiPaletteSet* set)
+{
+    return alive(set) && !set->data_->dock->isHidden();
+}
+
+QRect hostUiPaletteSet_GetClientRect(const hostUiPaletteSet* set)
+{
+    return alive(set) ? QRect(QPoint(0, 0), set->data_->tabs->size()) : QRect();
+}
+
+void hostUiPaletteSet_DestroyWindow(hostUiPaletteSet* set)
+{
+    if (set)
+        set->data_.reset();
+}

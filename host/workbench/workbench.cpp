@@ -1,0 +1,6 @@
+#include "workbench.h"
+
+int runWorkbench(const Options&, const std::function<bool()>& loadModules)
+{
+    return loadModules() ? 0 : 2;
+}

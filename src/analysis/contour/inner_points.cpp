@@ -1,0 +1,96 @@
+#include "analysis/contour/inner_points.h"
+
+#include "analysis/contour/iso_contour_set.h"
+#include "geometry/polygon.h"
+#include "geometry/segment_index.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace contour {
+
+using geometry::GEOM_TOL;
+using geometry::PointTree;
+
+namespace {
+
+constexpr double kRounding = 1e-14;
+// Below so many corners a ring is judged without an index, and above it for the
+// first few points too.
+constexpr std::size_t kSmallRing = 24;
+constexpr int kPlainTests = 3;
+
+struct PlanBox {
+    PointTree::Box box;
+    double largest = 0.0;
+
+    explicit PlanBox(const PointList& points)
+    {
+        for (const Point3& p : points) {
+            box.xMin = std::min(box.xMin, p.x);
+            box.xMax = std::max(box.xMax, p.x);
+            box.yMin = std::min(box.yMin, p.y);
+            box.yMax = std::max(box.yMax, p.y);
+            largest = std::max({largest, std::fabs(p.x), std::fabs(p.y), std::fabs(p.z)});
+        }
+    }
+};
+
+double gap(double fromA, double toA, double fromB, double toB)
+{
+    return std::max({fromA - toB, fromB - toA, 0.0});
+}
+
+} // namespace
+
+InnerPoints::InnerPoints(const PointList& points)
+    : points_(points)
+    , tree_(points)
+{
+}
+
+int InnerPoints::firstInside(const PointList& ring) const
+{
+    PlanBox around(ring);
+    const double reach = GEOM_TOL + kRounding * around.largest;
+    around.box.xMin -= reach;
+    around.box.xMax += reach;
+    around.box.yMin -= reach;
+    around.box.yMax += reach;
+    std::optional<geometry::SegmentIndex> index;
+    int tests = 0;
+    return tree_.firstInBox(around.box, [&](int i) {
+        const Point3& p = points_[static_cast<std::size_t>(i)];
+        if (ring.size() < kSmallRing || tests++ < kPlainTests)
+            return geometry::pointInPolygon(p, ring);
+        if (!index)
+            index.emplace(ring, true);
+        return index->pointInPolygon(p);
+    });
+}
+
+int InnerPoints::nearestToLine(const Isoline& line) const
+{
+    const PlanBox around(line);
+    const geometry::SegmentIndex index(line, false);
+    const double level = line.front().z;
+    const auto lowerBound = [&](const PointTree::Box& box) {
+        const double dx = gap(box.xMin, box.xMax, around.box.xMin, around.box.xMax);
+        const double dy = gap(box.yMin, box.yMax, around.box.yMin, around.box.yMax);
+        const double dz = gap(box.zMin, box.zMax, level, level);
+        const double slack = kRounding * around.largest;
+        const double bound = std::sqrt(dx * dx + dy * dy + dz * dz) * (1.0 - kRounding) - slack;
+        return std::max(bound, 0.0);
+    };
+    return tree_.smallest(lowerBound, [&](int i) {
+        const Point3& p = points_[static_cast<std::size_t>(i)];
+        return geometry::distance(p, index.closest(p).point);
+    });
+}
+
+int findInnerPoint(const PointList& ring, const PointList& candidates)
+{
+    return InnerPoints(candidates).firstInside(ring);
+}
+
+} // namespace contour

@@ -1,0 +1,258 @@
+#include "analysis/contour/sweep.h"
+
+#include "analysis/contour/circle_index.h"
+#include "analysis/contour/edge_pairs.h"
+
+#include <algorithm>
+
+namespace contour {
+
+namespace {
+
+constexpr std::size_t kTrianglesPerVertex = 16;
+constexpr std::int32_t kTickEvery = 4096;
+// The plain sweep asks every triangle not yet passed whether the vertex lies in
+// its circle. Here an index answers that, and the array's order is kept by
+// replaying the removals alone: what the array does depends only on which of its
+// places are to go.
+class Sweep
+{
+public:
+    Sweep(PointList& vertices, std::int32_t count)
+        : vertices_(vertices)
+        , count_(count)
+        , index_(verticalPlaces())
+    {
+    }
+
+    bool run(const Tick& tick);
+    void collect(std::vector<Triangle>* triangles) const;
+
+private:
+    struct Record {
+        Triangle corners;
+        std::int32_t place = -1; // in order_; -1: removed
+        std::int32_t born = 0;   // the vertex that made it
+        bool goes = false;
+        Circumcircle circle;
+    };
+
+    std::vector<double> verticalPlaces() const;
+    bool placeOuterTriangle();
+    void startStretch(std::int32_t vertex);
+    void findPlacesToGo(std::int32_t vertex);
+    bool wasPassed(const Record& record, std::int32_t vertex) const;
+    void removePlaces();
+    void removeFrom(std::int32_t place);
+    void addTriangle(const Triangle& corners, std::int32_t vertex);
+
+    const Point3& at(std::int32_t vertex) const
+    {
+        return vertices_[static_cast<std::size_t>(vertex)];
+    }
+    Record& record(std::int32_t id) { return records_[static_cast<std::size_t>(id)]; }
+
+    PointList& vertices_;
+    std::int32_t count_;
+    CircleIndex index_;
+    std::vector<Record> records_;
+    std::vector<std::int32_t> freeRecords_; // may be used again from the next stretch on
+    std::vector<std::int32_t> goneRecords_;
+    std::vector<std::int32_t> order_; // records as the array holds them
+    std::vector<std::int32_t> open_;  // records that a vertex can still meet
+    std::vector<std::int32_t> places_;
+    std::vector<Edge> edges_;
+    EdgePairs edgePairs_;
+    std::int32_t stretchEnd_ = 0; // first vertex behind the index's horizon
+};
+
+std::vector<double> Sweep::verticalPlaces() const
+{
+    std::vector<double> ys(static_cast<std::size_t>(count_));
+    for (std::int32_t i = 0; i < count_; ++i)
+        ys[static_cast<std::size_t>(i)] = at(i).y;
+    return ys;
+}
+
+bool Sweep::placeOuterTriangle()
+{
+    double yMin = at(0).y;
+    double yMax = at(0).y;
+    for (std::int32_t i = 1; i < count_; ++i) {
+        yMin = std::min(yMin, at(i).y);
+        yMax = std::max(yMax, at(i).y);
+    }
+    const double xMin = at(0).x;
+    const double xMax = at(count_ - 1).x;
+    const double size = std::max(xMax - xMin, yMax - yMin);
+    if (!(size > 0.0))
+        return false;
+    const double xMiddle = (xMax + xMin) / 2.0;
+    const double yMiddle = (yMax + yMin) / 2.0;
+    Point3* corners = &vertices_[static_cast<std::size_t>(count_)];
+    corners[0].x = xMiddle - 20.0 * size;
+    corners[0].y = yMiddle - size;
+    corners[1].x = xMiddle;
+    corners[1].y = yMiddle + 20.0 * size;
+    corners[2].x = xMiddle + 20.0 * size;
+    corners[2].y = yMiddle - size;
+    return true;
+}
+
+bool Sweep::run(const Tick& tick)
+{
+    if (!placeOuterTriangle())
+        return false;
+    startStretch(0);
+    addTriangle({count_, count_ + 1, count_ + 2}, -1);
+    for (std::int32_t vertex = 0; vertex < count_; ++vertex) {
+        if (vertex % kTickEvery == 0 && !goesOn(tick, static_cast<double>(vertex) / count_))
+            return false;
+        if (vertex == stretchEnd_)
+            startStretch(vertex);
+        findPlacesToGo(vertex);
+        edges_.clear();
+        removePlaces();
+        edgePairs_.drop(&edges_);
+        for (const Edge& e : edges_) {
+            if (!e.isDropped())
+                addTriangle({e.from, e.to, vertex}, vertex);
+        }
+        if (order_.size() > kTrianglesPerVertex * static_cast<std::size_t>(count_) + 4096)
+            return false;
+    }
+    return true;
+}
+
+// About the square root of the number of vertices in one stretch: the index is
+// filled anew with what is open, which is of that order too as a rule.
+void Sweep::startStretch(std::int32_t vertex)
+{
+    const auto length = static_cast<std::int32_t>(
+        std::max(32.0, std::sqrt(static_cast<double>(count_))));
+    stretchEnd_ = std::min(count_, vertex + length);
+    index_.begin(at(stretchEnd_ - 1).x);
+    freeRecords_.insert(freeRecords_.end(), goneRecords_.begin(), goneRecords_.end());
+    goneRecords_.clear();
+    std::size_t kept = 0;
+    for (std::int32_t id : open_) {
+        Record& r = record(id);
+        if (r.place < 0)
+            continue;
+        if (index_.add(r.circle, id, at(vertex).x))
+            open_[kept++] = id;
+    }
+    open_.resize(kept);
+}
+
+// A triangle is passed, and left alone from then on, once a vertex after the one
+// that made it lay wholly to the right of its circle.
+bool Sweep::wasPassed(const Record& r, std::int32_t vertex) const
+{
+    return vertex - 1 > r.born && at(vertex - 1).x > r.circle.x + std::sqrt(r.circle.squaredRadius);
+}
+
+void Sweep::findPlacesToGo(std::int32_t vertex)
+{
+    places_.clear();
+    index_.at(at(vertex).x, at(vertex).y, [&](std::int32_t id) {
+        Record& r = record(id);
+        if (r.place < 0)
+            return false;
+        if (!wasPassed(r, vertex)) {
+            r.goes = true;
+            places_.push_back(r.place);
+        }
+        return true;
+    });
+    std::sort(places_.begin(), places_.end());
+}
+
+void Sweep::removePlaces()
+{
+    for (std::int32_t place : places_) {
+        // Places beyond the end were the last one when something moved them away.
+        if (place < static_cast<std::int32_t>(order_.size()))
+            removeFrom(place);
+    }
+}
+
+// The last triangle moves into the place, and is the next to be looked at there.
+void Sweep::removeFrom(std::int32_t place)
+{
+    bool again = true;
+    while (again) {
+        const std::int32_t id = order_[static_cast<std::size_t>(place)];
+        Record& gone = record(id);
+        const Triangle& t = gone.corners;
+        edges_.push_back({t.a, t.b});
+        edges_.push_back({t.b, t.c});
+        edges_.push_back({t.c, t.a});
+        gone.place = -1;
+        gone.goes = false;
+        goneRecords_.push_back(id);
+        const std::int32_t moved = order_.back();
+        order_.pop_back();
+        again = false;
+        if (moved != id) {
+            order_[static_cast<std::size_t>(place)] = moved;
+            record(moved).place = place;
+            again = record(moved).goes;
+        }
+    }
+}
+
+void Sweep::addTriangle(const Triangle& corners, std::int32_t vertex)
+{
+    std::int32_t id = 0;
+    if (freeRecords_.empty()) {
+        id = static_cast<std::int32_t>(records_.size());
+        records_.emplace_back();
+    } else {
+        id = freeRecords_.back();
+        freeRecords_.pop_back();
+    }
+    Record& r = record(id);
+    r.corners = corners;
+    r.place = static_cast<std::int32_t>(order_.size());
+    r.born = vertex;
+    r.goes = false;
+    order_.push_back(id);
+    const bool hasCircle = circumcircle(at(corners.a), at(corners.b), at(corners.c), &r.circle);
+    const double from = at(std::max(vertex, 0)).x;
+    if (hasCircle && index_.add(r.circle, id, from))
+        open_.push_back(id);
+}
+
+void Sweep::collect(std::vector<Triangle>* triangles) const
+{
+    triangles->reserve(order_.size());
+    for (std::int32_t id : order_)
+        triangles->push_back(records_[static_cast<std::size_t>(id)].corners);
+    const auto usesOuter = [this](const Triangle& t) {
+        return t.a >= count_ || t.b >= count_ || t.c >= count_;
+    };
+    for (std::size_t i = 0; i < triangles->size();) {
+        if (!usesOuter((*triangles)[i])) {
+            ++i;
+            continue;
+        }
+        (*triangles)[i] = triangles->back();
+        triangles->pop_back();
+    }
+}
+
+} // namespace
+
+bool sweepTriangulation(PointList* vertices, std::int32_t vertexCount,
+                        std::vector<Triangle>* triangles, const Tick& tick)
+{
+    triangles->clear();
+    Sweep sweep(*vertices, vertexCount);
+    if (!sweep.run(tick))
+        return false;
+    sweep.collect(triangles);
+    return true;
+}
+
+} // namespace contour

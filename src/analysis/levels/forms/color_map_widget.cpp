@@ -1,0 +1,328 @@
+#include "analysis/levels/forms/color_map_widget.h"
+
+#include "base/placeholders.h"
+#include "base/text.h"
+#include "session/project_session.h"
+
+#include <nrx/editor.h>
+
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QFileDialog>
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QInputDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QSpinBox>
+#include <QTableWidget>
+#include <array>
+#include <cmath>
+
+namespace {
+
+enum Row { MinRow, MaxRow, ColorRow, RowCount };
+constexpr int kMaximumCount = 256;
+
+QString warningTitle() { return QStringLiteral("Внимание"); }
+
+bool ask(QWidget* parent, const QString& question)
+{
+    return QMessageBox::question(parent, warningTitle(), question) == QMessageBox::Yes;
+}
+
+// Where the project uses a map, what is asked before it goes, what stands in for it.
+struct MapUse {
+    int ProjectSession::*field;
+    const char* question;
+    int fallback;
+};
+
+const std::array<MapUse, 3> kMapUses = {{
+    {&ProjectSession::deformationColormapId,
+     "Палитра '%1' установлена для карт деформаций. \n Удалить в любом случае?", LevelMap::Deformation},
+    {&ProjectSession::temperatureColormapId,
+     "Палитра '%1' установлена для карт температур. \n Удалить в любом случае?", LevelMap::Temperature},
+    {&ProjectSession::dynamicTemperatureColormapId,
+     "Палитра '%1' установлена для карт динамики температур. \n Удалить в любом случае?", LevelMap::Temperature},
+}};
+
+QTableWidgetItem* boundItem(double value)
+{
+    auto* item = new QTableWidgetItem(fixed(value, 2));
+    item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    return item;
+}
+
+QTableWidgetItem* colorItem(const NcCmColor& color)
+{
+    auto* item = new QTableWidgetItem;
+    item->setBackground(QColor(color.red(), color.green(), color.blue()));
+    item->setFlags(Qt::ItemIsEnabled);
+    item->setToolTip(QStringLiteral("Двойной щелчок меняет цвет"));
+    return item;
+}
+
+QDoubleSpinBox* limitSpin(QWidget* parent, const QString& name)
+{
+    auto* spin = new QDoubleSpinBox(parent);
+    spin->setObjectName(name);
+    spin->setRange(-1e6, 1e6);
+    spin->setDecimals(2);
+    return spin;
+}
+
+} // namespace
+
+ColorMapWidget::ColorMapWidget(QWidget* parent) : QWidget(parent)
+{
+    build();
+    fillMaps();
+    showCurrent();
+}
+
+void ColorMapWidget::build()
+{
+    levelMapType_ = new QComboBox(this);
+    levelMapType_->setObjectName(QStringLiteral("LevelMapType"));
+    colorTable_ = new QTableWidget(RowCount, 0, this);
+    colorTable_->setObjectName(QStringLiteral("ColorTable"));
+    colorTable_->setVerticalHeaderLabels({QStringLiteral("От"), QStringLiteral("До"), QStringLiteral("Цвет")});
+    colorTable_->horizontalHeader()->setDefaultSectionSize(56);
+    colorTable_->verticalHeader()->setDefaultSectionSize(24);
+    colorTable_->setMinimumHeight(130);
+    levelMin_ = limitSpin(this, QStringLiteral("LevelMin"));
+    levelMax_ = limitSpin(this, QStringLiteral("LevelMax"));
+    levelCount_ = new QSpinBox(this);
+    levelCount_->setObjectName(QStringLiteral("LevelCountSpin"));
+    levelCount_->setRange(0, kMaximumCount);
+    // Each step of typing would ask anew and paint a map of its own.
+    levelCount_->setKeyboardTracking(false);
+
+    const auto button = [this](const char* name, const char* caption, void (ColorMapWidget::*slot)()) {
+        auto* made = new QPushButton(QString::fromUtf8(caption), this);
+        made->setObjectName(QString::fromUtf8(name));
+        made->setAutoDefault(false);
+        connect(made, &QPushButton::clicked, this, slot);
+        return made;
+    };
+    auto* save = button("SaveColorMapBtn", "Сохранить в файл", &ColorMapWidget::saveToFile);
+    auto* load = button("LoadColorMapBtn", "Загрузить из файла", &ColorMapWidget::loadFromFile);
+    writeDatabase_ = button("WriteDB_btn", "Записать в БД", &ColorMapWidget::writeToDatabase);
+    deleteDatabase_ = button("DeleteDb_btn", "Удалить из БД", &ColorMapWidget::deleteFromDatabase);
+
+    auto* layout = new QGridLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(new QLabel(QStringLiteral("Цветовая карта уровней"), this), 0, 0, 1, 2);
+    layout->addWidget(levelMapType_, 0, 2, 1, 4);
+    layout->addWidget(colorTable_, 1, 0, 1, 6);
+    const std::array<std::pair<const char*, QWidget*>, 3> fields = {
+        {{"Минимум", levelMin_}, {"Максимум", levelMax_}, {"Число уровней", levelCount_}}};
+    for (int i = 0; i < int(fields.size()); ++i) {
+        layout->addWidget(new QLabel(QString::fromUtf8(fields[size_t(i)].first), this), 2, 2 * i);
+        layout->addWidget(fields[size_t(i)].second, 2, 2 * i + 1);
+    }
+    auto* buttons = new QHBoxLayout;
+    for (QPushButton* one : {save, load, writeDatabase_, deleteDatabase_})
+        buttons->addWidget(one);
+    layout->addLayout(buttons, 3, 0, 1, 6);
+
+    connect(levelMapType_, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &ColorMapWidget::chooseMap);
+    connect(colorTable_, &QTableWidget::itemChanged, this, &ColorMapWidget::editCell);
+    connect(colorTable_, &QTableWidget::cellDoubleClicked, this, &ColorMapWidget::editColor);
+    connect(levelCount_, QOverload<int>::of(&QSpinBox::valueChanged), this, &ColorMapWidget::changeCount);
+}
+
+void ColorMapWidget::fillMaps()
+{
+    const bool connected = session().checkConnection();
+    writeDatabase_->setEnabled(connected);
+    const QSignalBlocker quiet(levelMapType_);
+    levelMapType_->clear();
+    maps_.clear();
+    for (int id : {LevelMap::Deformation, LevelMap::Temperature, LevelMap::User}) {
+        maps_.emplace(id, LevelMap(id));
+        levelMapType_->addItem(builtInLevelMapName(id), id);
+    }
+    if (!connected)
+        return;
+    for (const auto& [id, name] : storedLevelMaps()) {
+        maps_.emplace(id, LevelMap(id));
+        levelMapType_->addItem(name, id);
+    }
+}
+
+LevelMap& ColorMapWidget::currentMap() { return maps_.at(levelMapId()); }
+const LevelMap& ColorMapWidget::current() const { return maps_.at(levelMapId()); }
+int ColorMapWidget::levelMapId() const { return levelMapType_->currentData().toInt(); }
+
+void ColorMapWidget::setLevelMapId(int id)
+{
+    const int index = levelMapType_->findData(id);
+    if (index >= 0)
+        levelMapType_->setCurrentIndex(index);
+}
+
+void ColorMapWidget::selectMap(int id)
+{
+    {
+        const QSignalBlocker quiet(levelMapType_);
+        setLevelMapId(id);
+    }
+    chooseMap();
+}
+
+void ColorMapWidget::chooseMap()
+{
+    dirty_ = false;
+    showCurrent();
+    emit levelMapChanged();
+}
+
+void ColorMapWidget::showCurrent()
+{
+    showLimits();
+    showRanges();
+    deleteDatabase_->setEnabled(writeDatabase_->isEnabled() && levelMapId() > 0);
+}
+
+void ColorMapWidget::showLimits()
+{
+    const LevelMap& map = current();
+    const QSignalBlocker quiet(levelCount_);
+    levelCount_->setValue(int(map.ranges.size()));
+    if (map.ranges.empty())
+        return;
+    levelMin_->setValue(map.minimum);
+    levelMax_->setValue(map.maximum);
+}
+
+void ColorMapWidget::showRanges()
+{
+    const QSignalBlocker quiet(colorTable_);
+    const std::vector<LevelRange>& ranges = current().ranges;
+    colorTable_->setColumnCount(int(ranges.size()));
+    for (int column = 0; column < int(ranges.size()); ++column) {
+        const LevelRange& range = ranges[size_t(column)];
+        colorTable_->setItem(MinRow, column, boundItem(range.min));
+        colorTable_->setItem(MaxRow, column, boundItem(range.max));
+        colorTable_->setItem(ColorRow, column, colorItem(range.color));
+    }
+}
+
+void ColorMapWidget::editCell(QTableWidgetItem* item)
+{
+    LevelRange& range = currentMap().ranges.at(size_t(item->column()));
+    double& bound = item->row() == MinRow ? range.min : range.max;
+    bool isNumber = false;
+    const double value = item->text().replace(QLatin1Char(','), QLatin1Char('.')).toDouble(&isNumber);
+    if (isNumber && std::isfinite(value)) {
+        bound = value;
+        dirty_ = true;
+        currentMap().recomputeLimits();
+    }
+    const QSignalBlocker quiet(colorTable_);
+    item->setText(fixed(bound, 2));
+    emit levelMapChanged();
+}
+
+void ColorMapWidget::editColor(int row, int column)
+{
+    if (row != ColorRow)
+        return;
+    NcCmColor& color = currentMap().ranges.at(size_t(column)).color;
+    if (!ncedSetColorDialogTrueColor(color))
+        return;
+    dirty_ = true;
+    showRanges();
+    emit levelMapChanged();
+}
+
+void ColorMapWidget::changeCount(int count)
+{
+    if (dirty_ && !ask(this, QStringLiteral("Будут потеряны именения в настройке палитры.\n Продолжить?"))) {
+        showLimits();
+        return;
+    }
+    LevelMap gradient;
+    gradient.fillGradient(levelMin_->value(), levelMax_->value(), count);
+    keepAsUserMap(std::move(gradient));
+}
+
+// Stored and built-in maps stay as they are: what was made up becomes the user's own.
+void ColorMapWidget::keepAsUserMap(LevelMap map)
+{
+    map.id = LevelMap::User;
+    map.name = builtInLevelMapName(LevelMap::User);
+    maps_.at(LevelMap::User) = std::move(map);
+    selectMap(LevelMap::User);
+}
+
+void ColorMapWidget::saveToFile()
+{
+    const QString path = QFileDialog::getSaveFileName(
+        this, QStringLiteral("Сохранить цветовую палитру уровней"), QString(), QStringLiteral("cmp (*.cmp)"));
+    if (!path.isEmpty() && !current().saveFile(path))
+        QMessageBox::warning(this, warningTitle(), QStringLiteral("Не удалось записать файл '") + path + QLatin1Char('\''));
+}
+
+void ColorMapWidget::loadFromFile()
+{
+    const QString path = QFileDialog::getOpenFileName(
+        this, QStringLiteral("Загрузить цветовую палитру уровней"), QString(), QStringLiteral("cmp (*.cmp)"));
+    if (path.isEmpty())
+        return;
+    LevelMap read;
+    if (!read.loadFile(path, 10) && !read.loadFile(path, 16)) {
+        QMessageBox::warning(this, warningTitle(), fill(QStringLiteral("Ошибка загрузки палитры %1"), path));
+        return;
+    }
+    keepAsUserMap(std::move(read));
+}
+
+void ColorMapWidget::writeToDatabase()
+{
+    bool accepted = false;
+    const QString name = QInputDialog::getText(this, QStringLiteral("Сохранить палитру"), QStringLiteral("Имя"),
+                                               QLineEdit::Normal, current().name, &accepted);
+    if (!accepted || name.isEmpty())
+        return;
+    LevelMap map = current();
+    map.name = name;
+    const bool written = map.id > 0 && map.exists() ? map.update() : map.insert();
+    if (!written) {
+        QMessageBox::warning(this, warningTitle(), QStringLiteral("Палитра не записана в базу данных"));
+        return;
+    }
+    session().reloadLevelMaps();
+    fillMaps();
+    selectMap(map.id);
+}
+
+bool ColorMapWidget::confirmDeletion(const LevelMap& map)
+{
+    if (!ask(this, fill(QStringLiteral("Удалить палитру '%1' ?"), map.name)))
+        return false;
+    for (const MapUse& use : kMapUses) {
+        if (session().*use.field == map.id && !ask(this, fill(QString::fromUtf8(use.question), map.name)))
+            return false;
+    }
+    return true;
+}
+
+void ColorMapWidget::deleteFromDatabase()
+{
+    const LevelMap map = current();
+    if (map.id <= 0 || !confirmDeletion(map) || !map.remove())
+        return;
+    for (const MapUse& use : kMapUses) {
+        if (session().*use.field == map.id)
+            session().*use.field = use.fallback;
+    }
+    session().reloadLevelMaps();
+    fillMaps();
+    selectMap(LevelMap::Deformation);
+}

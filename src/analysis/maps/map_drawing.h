@@ -1,0 +1,24 @@
+// Lines, rings and hatches of a map as entities of the drawing.
+#pragma once
+
+#include "analysis/contour/iso_contour_set.h"
+#include "analysis/levels/level_map.h"
+
+#include <nrx/database.h>
+
+// One polyline in model space for each list of points, at the elevation of its
+// first point, not flagged closed. Empty when the layer does not exist; a
+// locked layer is unlocked.
+NcDbObjectIdArray drawPolylines(const QString& layer, const std::vector<contour::PointList>& lists);
+
+// One solid hatch a band, coloured from the level map, under all else, in a new
+// group "TERVA_HATCH_...". Empty when the layer does not exist.
+NcDbObjectIdArray drawHatches(const std::vector<contour::HatchBand>& bands, const LevelMap& levelMap,
+                              const QString& layer);
+
+// White outside the map, else the range in the middle of which the level's band lies.
+NcCmColor bandColor(const LevelMap& levelMap, double level);
+
+// Puts the entities into a new group named `prefix` and the present time in
+// base 36, e.g. "TERVA_VALS_". The null id for no entities.
+NcDbObjectId groupEntities(const QString& prefix, const NcDbObjectIdArray& ids);

@@ -1,0 +1,131 @@
+#include "database/sql/result.h"
+
+#include <libpq-fe.h>
+
+namespace sql {
+
+static_assert(int(Status::EmptyQuery) == PGRES_EMPTY_QUERY, "");
+static_assert(int(Status::CommandOk) == PGRES_COMMAND_OK, "");
+static_assert(int(Status::TuplesOk) == PGRES_TUPLES_OK, "");
+static_assert(int(Status::CopyOut) == PGRES_COPY_OUT, "");
+static_assert(int(Status::CopyIn) == PGRES_COPY_IN, "");
+static_assert(int(Status::BadResponse) == PGRES_BAD_RESPONSE, "");
+static_assert(int(Status::NonfatalError) == PGRES_NONFATAL_ERROR, "");
+static_assert(int(Status::FatalError) == PGRES_FATAL_ERROR, "");
+
+void Result::Clear::operator()(pg_result* result) const
+{
+    PQclear(result);
+}
+
+Result::Result(pg_result* result) : result_(result)
+{
+}
+
+Status Result::status() const
+{
+    return static_cast<Status>(PQresultStatus(result_.get()));
+}
+
+bool Result::isTuples() const
+{
+    return status() == Status::TuplesOk;
+}
+
+bool Result::isCommand() const
+{
+    return status() == Status::CommandOk;
+}
+
+bool Result::isNullResult() const
+{
+    return !result_;
+}
+
+int Result::ntuples() const
+{
+    return PQntuples(result_.get());
+}
+
+int Result::nfields() const
+{
+    return PQnfields(result_.get());
+}
+
+// libpq complains on stderr about a cell out of range, so nothing gets there.
+bool Result::holds(int row, int column) const
+{
+    return row >= 0 && row < ntuples() && column >= 0 && column < nfields();
+}
+
+QString Result::fname(int column) const
+{
+    if (column < 0 || column >= nfields())
+        return {};
+    return QString::fromUtf8(PQfname(result_.get(), column));
+}
+
+QString Result::getvalue(int row, int column) const
+{
+    if (!holds(row, column))
+        return {};
+    return QString::fromUtf8(PQgetvalue(result_.get(), row, column), getlength(row, column));
+}
+
+int Result::getlength(int row, int column) const
+{
+    return holds(row, column) ? PQgetlength(result_.get(), row, column) : 0;
+}
+
+bool Result::isNull(int row, int column) const
+{
+    return !holds(row, column) || PQgetisnull(result_.get(), row, column);
+}
+
+QByteArray Result::bytes(int row, int column) const
+{
+    if (!holds(row, column))
+        return {};
+    return QByteArray(PQgetvalue(result_.get(), row, column), getlength(row, column));
+}
+
+QByteArray Result::unescapedBytes(int row, int column) const
+{
+    if (isNull(row, column))
+        return {};
+    size_t length = 0;
+    const auto* escaped = reinterpret_cast<const unsigned char*>(PQgetvalue(result_.get(), row, column));
+    unsigned char* plain = PQunescapeBytea(escaped, &length);
+    if (!plain)
+        return {};
+    const QByteArray value(reinterpret_cast<const char*>(plain), int(length));
+    PQfreemem(plain);
+    return value;
+}
+
+int Result::toInt(int row, int column, bool* ok) const
+{
+    return getvalue(row, column).toInt(ok);
+}
+
+double Result::toDouble(int row, int column, bool* ok) const
+{
+    return getvalue(row, column).toDouble(ok);
+}
+
+QString Result::cmdTuples() const
+{
+    return result_ ? QString::fromUtf8(PQcmdTuples(result_.get())) : QString();
+}
+
+QString Result::errorMessage() const
+{
+    return QString::fromUtf8(rawErrorMessage());
+}
+
+QByteArray Result::rawErrorMessage() const
+{
+    return QByteArray(PQresultErrorMessage(result_.get()));
+}
+
+} // namespace sql

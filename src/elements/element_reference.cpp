@@ -1,0 +1,237 @@
+// The block reference of an element: reading it, placing it, bringing it up to
+// date.
+#include "elements/element_block.h"
+
+#include "base/placeholders.h"
+#include "base/text.h"
+#include "elements/element_layers.h"
+#include "hostkit/console.h"
+#include "hostkit/model_space.h"
+
+#include <nrx/database.h>
+
+#include <algorithm>
+
+namespace {
+
+// A value as the host prints it; also what allowed values are compared by.
+QString printedForm(const NcDbEvalVariant& value)
+{
+    switch (value.restype()) {
+    case 1:
+        return value.text();
+    case 40:
+        return general(value.real());
+    default:
+        return QString::number(value.integer());
+    }
+}
+
+NcDbEvalVariant variantOf(int propertyType, const QString& text)
+{
+    switch (propertyType) {
+    case 90:
+        return NcDbEvalVariant(text.toInt());
+    case 70:
+        return NcDbEvalVariant(short(text.toInt()));
+    case 40:
+        return NcDbEvalVariant(text.toDouble());
+    default:
+        return NcDbEvalVariant(text);
+    }
+}
+
+template <class Visit>
+void forEachAttribute(const NcDbBlockReference& reference, NcOpenMode mode, Visit visit)
+{
+    const std::unique_ptr<NcDbObjectIterator> ids(reference.attributeIterator());
+    for (; !ids->done(); ids->step()) {
+        const Opened<NcDbAttribute> attribute(ids->objectId(), mode);
+        if (attribute)
+            visit(*attribute);
+    }
+}
+
+QString definitionName(NcDbObjectId definition)
+{
+    const Opened<NcDbBlockTableRecord> record(definition, kForRead);
+    return record ? record->getName() : QString();
+}
+
+int kindOfReference(const NcDbDynBlockReference& dynamic)
+{
+    const QString name = dynamic.isDynamicBlock() ? definitionName(dynamic.dynamicBlockTableRecord()) : QString();
+    return name.isEmpty() ? noKind : kindByBlockName(name);
+}
+
+void addAttribute(NcDbBlockReference& reference, const NcDbAttributeDefinition& definition, const QString& text)
+{
+    const Made<NcDbAttribute> attribute(new NcDbAttribute);
+    attribute->setPropertiesFrom(&definition);
+    attribute->setInvisible(definition.isInvisible());
+    attribute->setAttributeFromBlock(&definition, reference.blockTransform());
+    attribute->setTag(definition.tag());
+    attribute->setFieldLength(25);
+    attribute->setTextString(text);
+    reference.appendAttribute(attribute.get());
+}
+
+// An attribute of the reference for every attribute definition of its block.
+void addAttributes(NcDbBlockReference& reference, NcDbObjectId definition, const TextMap& texts)
+{
+    const Opened<NcDbBlockTableRecord> block(definition, kForRead);
+    if (!block)
+        return;
+    const std::unique_ptr<NcDbBlockTableRecordIterator> entities(block->newIterator());
+    for (entities->start(); !entities->done(); entities->step()) {
+        NcDbEntity* entity = nullptr;
+        if (!isOk(entities->getEntity(entity, kForRead)))
+            continue;
+        const Opened<NcDbEntity> opened(entity);
+        const NcDbAttributeDefinition* field = NcDbAttributeDefinition::cast(entity);
+        if (field && !field->isConstant())
+            addAttribute(reference, *field, texts.value(field->tag()));
+    }
+}
+
+NcDbObjectId blockDefinition(const QString& name)
+{
+    NcDbBlockTable* opened = nullptr;
+    if (!isOk(workingDatabase()->getSymbolTable(opened, kForRead)))
+        return {};
+    const Opened<NcDbBlockTable> table(opened);
+    NcDbObjectId id;
+    return isOk(table->getAt(name, id)) ? id : NcDbObjectId();
+}
+
+} // namespace
+
+ElementBlock::ElementBlock(NcDbObjectId reference)
+{
+    fillFromReference(reference, nullptr);
+}
+
+ElementBlock::ElementBlock(NcDbObjectId reference, const StateColors& colors)
+{
+    fillFromReference(reference, &colors);
+}
+
+void ElementBlock::fillFromReference(NcDbObjectId id, const StateColors* colors)
+{
+    const Opened<NcDbBlockReference> reference(id, kForRead);
+    if (!reference)
+        return;
+    const NcDbDynBlockReference dynamic(id);
+    const int found = kindOfReference(dynamic);
+    if (found == noKind)
+        return;
+    stateColors = colors ? *colors : readStateColors();
+    setKind(found);
+
+    x = reference->position().x;
+    y = reference->position().y;
+    z = reference->position().z;
+    scale = reference->scaleFactors().sx;
+    blockRotation = reference->rotation();
+    colorIndex = reference->colorIndex();
+    stateId = stateColors.key(colorIndex, QStringLiteral("exist"));
+    forEachAttribute(*reference, kForRead,
+                     [this](const NcDbAttribute& a) { setAttribute(a.tag(), a.textString()); });
+    for (const NcDbDynBlockReferenceProperty& property : dynamic.getBlockProperties())
+        setDynProp(property.propertyName(), printedForm(property.value()));
+}
+
+bool ElementBlock::insertBlock() const
+{
+    ensureLayers();
+    const NcDbObjectId definition = blockDefinition(blockName);
+    if (definition.isNull()) {
+        say(fill("\n Block %1 not found in current AcDbDatabase\n", blockName));
+        return false;
+    }
+    auto fresh = std::make_unique<NcDbBlockReference>();
+    fresh->setBlockTableRecord(definition);
+    fresh->setPosition({x, y, z});
+    fresh->setColorIndex(colorIndex, true);
+    fresh->setLayer(group, true, false);
+    const NcDbObjectId id = appendToModelSpace(std::move(fresh));
+    {
+        const Opened<NcDbBlockReference> reference(id, kForWrite);
+        if (!reference)
+            return false;
+        addAttributes(*reference, definition, attributes);
+    }
+    applyScaleAndRotation(id);
+    applyDynProps(id);
+    return true;
+}
+
+bool ElementBlock::applyToBlock(NcDbObjectId id) const
+{
+    {
+        const Opened<NcDbBlockReference> reference(id, kForWrite);
+        if (!reference)
+            return false;
+        const NcGeVector3d way = NcGePoint3d(x, y, z) - reference->position();
+        reference->transformBy(NcGeMatrix3d::translation(way));
+        reference->setColorIndex(colorIndex, true);
+        reference->setLayer(group, true, false);
+        forEachAttribute(*reference, kForWrite, [this](NcDbAttribute& attribute) {
+            if (hasAttribute(attribute.tag()))
+                attribute.setTextString(attributes.value(attribute.tag()));
+        });
+    }
+    applyScaleAndRotation(id);
+    applyDynProps(id);
+    return true;
+}
+
+bool ElementBlock::replaceBlock(NcDbObjectId id)
+{
+    scale = 1.0;
+    blockRotation = 0.0;
+    {
+        const Opened<NcDbBlockReference> old(id, kForWrite);
+        if (old) {
+            scale = old->scaleFactors().sx;
+            blockRotation = old->rotation();
+            old->erase();
+        }
+    }
+    return insertBlock();
+}
+
+void ElementBlock::applyScaleAndRotation(NcDbObjectId id) const
+{
+    const Opened<NcDbBlockReference> reference(id, kForWrite);
+    if (!reference)
+        return;
+    const NcGePoint3d centre = reference->position();
+    const double presentScale = reference->scaleFactors().sx;
+    const double presentRotation = reference->rotation();
+    if (presentScale != 0.0)
+        reference->transformBy(NcGeMatrix3d::scaling(scale / presentScale, centre));
+    reference->transformBy(
+        NcGeMatrix3d::rotation(blockRotation - presentRotation, NcGeVector3d::kZAxis, centre));
+    // Rounding must not let the point creep away over many synchronisations.
+    reference->transformBy(NcGeMatrix3d::translation(centre - reference->position()));
+}
+
+void ElementBlock::applyDynProps(NcDbObjectId id) const
+{
+    for (NcDbDynBlockReferenceProperty& property : NcDbDynBlockReference(id).getBlockProperties()) {
+        const auto text = dynProps.constFind(property.propertyName());
+        if (text == dynProps.constEnd())
+            continue;
+        const std::vector<NcDbEvalVariant> allowed = property.getAllowedValues();
+        if (!allowedValues.contains(text.key()) || allowed.empty()) {
+            property.setValue(variantOf(property.propertyType(), *text));
+            continue;
+        }
+        // A text that matches no allowed value leaves the property as it is.
+        const auto value = std::find_if(allowed.begin(), allowed.end(),
+                                        [&](const NcDbEvalVariant& v) { return printedForm(v) == *text; });
+        if (value != allowed.end())
+            property.setValue(*value);
+    }
+}

@@ -1,0 +1,220 @@
+// The row of an element: reading it, writing it.
+#include "elements/element_block.h"
+
+#include "base/placeholders.h"
+#include "base/text.h"
+#include "hostkit/console.h"
+#include "session/project_session.h"
+
+namespace {
+
+// The statements of a family's element table. Values are put between quotes as
+// they are.
+struct RowStatements {
+    QString select;
+    QString insert;
+    QString updateFull;
+    QString updateFullWithPosition;
+};
+
+const QString updateShort = QStringLiteral(
+    "UPDATE %9 SET (type_id, element_name, x, y, block_rotation, marker_rotation,scale)"
+    " = ('%1','%2',%3,%4,%5,%6,%7) WHERE element_id = %8");
+
+const RowStatements& commonStatements()
+{
+    static const RowStatements statements = {
+        "select element_id, element_name, state_id,(select colorindex from states where states.state_id = "
+        "%1.state_id) as ci,x, y, z, h, block_rotation, marker_rotation, scale, props, position_id  from %1 left "
+        "join %2 using (element_id) where element_id = %3",
+
+        "INSERT INTO %12 (type_id,element_name,state_id,position_id,x , y, z, h,block_rotation, "
+        "marker_rotation,scale) VALUES ('%1','%2','%3',%4,%5,%6,%7,%8,%9,%10,%11) returning element_id",
+
+        "UPDATE %1 SET (type_id, element_name, x, y, z , h ,block_rotation, marker_rotation,scale) = "
+        "('%2','%3',%4,%5,%6,%7,%8,%9,%10) WHERE element_id = %11",
+
+        "UPDATE %1 SET (type_id, element_name,position_id, x, y, z , h ,block_rotation, marker_rotation,scale) = "
+        "('%2','%3',%12,%4,%5,%6,%7,%8,%9,%10) WHERE element_id = %11",
+    };
+    return statements;
+}
+
+const RowStatements& stabiliserStatements()
+{
+    static const RowStatements statements = {
+        "select element_id, element_name, state_id,(select colorindex from states where states.state_id = "
+        "%1.state_id) as ci,x, y, z, h, block_rotation, marker_rotation, scale, props, position_id,e,catalog_id "
+        "from %1 left join %2 using (element_id) where element_id = %3",
+
+        "INSERT INTO %14 (type_id,element_name,state_id,position_id,x, y, z, h,e, catalog_id, block_rotation, "
+        "marker_rotation,scale) VALUES ('%1','%2','%3',%4,%5,%6,%7,%8,%9,%10,%11,%12,%13) returning element_id",
+
+        "UPDATE %1 SET (type_id, element_name, x,  y,  z , h , e, catalog_id ,block_rotation, "
+        "marker_rotation,scale) =('%2','%3', %4, %5, %6, %7, %8,%9, %10, %11, %12) WHERE element_id = %13",
+
+        "UPDATE %1 SET (type_id, element_name,position_id, x,  y,  z , h , e, catalog_id ,block_rotation, "
+        "marker_rotation,scale) =('%2','%3',%4,%5,%6,%7,%8,%9,%10,%11,%12,%13) WHERE element_id = %14",
+    };
+    return statements;
+}
+
+const RowStatements& statementsOf(const Family& family)
+{
+    return family.key == FamilyKey::Tsg ? stabiliserStatements() : commonStatements();
+}
+
+QString number(double value)
+{
+    return fixed(value, 9);
+}
+
+QString typeIdOf(const ElementBlock& element)
+{
+    return kinds()[size_t(element.kind)].typeId;
+}
+
+QString nameOf(const ElementBlock& element)
+{
+    return element.attributes.value(QStringLiteral("name"));
+}
+
+// The values that all statements end their list with.
+QStringList placement(const ElementBlock& element)
+{
+    return {number(element.blockRotation), number(element.markerRotation()), number(element.scale)};
+}
+
+QStringList coordinates(const ElementBlock& element)
+{
+    return {number(element.x), number(element.y), number(element.z), number(element.h)};
+}
+
+QStringList stabiliserColumns(const ElementBlock& element)
+{
+    return {number(element.e), QString::number(element.catalogId)};
+}
+
+QString insertText(const ElementBlock& element, const Family& family, int position)
+{
+    QStringList values = {typeIdOf(element), nameOf(element), QStringLiteral("exist"), QString::number(position)};
+    values += coordinates(element);
+    if (family.key == FamilyKey::Tsg)
+        values += stabiliserColumns(element);
+    values += placement(element);
+    values += family.elements;
+    return fill(statementsOf(family).insert, values);
+}
+
+QString updateFullText(const ElementBlock& element, const Family& family, int id)
+{
+    const bool withPosition = element.positionId != -1;
+    const bool stabiliser = family.key == FamilyKey::Tsg;
+    const RowStatements& statements = statementsOf(family);
+    QStringList values = {family.elements, typeIdOf(element), nameOf(element)};
+    if (stabiliser && withPosition)
+        values += QString::number(element.positionId);
+    values += coordinates(element);
+    if (stabiliser)
+        values += stabiliserColumns(element);
+    values += placement(element);
+    values += QString::number(id);
+    // The common text names the position last.
+    if (!stabiliser && withPosition)
+        values += QString::number(element.positionId);
+    return fill(withPosition ? statements.updateFullWithPosition : statements.updateFull, values);
+}
+
+QString quotedProps(const ElementBlock& element)
+{
+    return QLatin1Char('\'') + element.propsText() + QLatin1Char('\'');
+}
+
+// The key of the row that a record stands for; -1 when it stands for none.
+int writableId(const ElementBlock& element)
+{
+    return element.family() ? element.elementId() : -1;
+}
+
+} // namespace
+
+bool ElementBlock::loadFromDatabase(int id)
+{
+    const Family* family = this->family();
+    if (!family)
+        return false;
+    const sql::Result row =
+        session().run(fill(statementsOf(*family).select, family->elements, family->dynprops, id));
+    if (!row.isTuples() || row.ntuples() == 0)
+        return false;
+
+    setAttribute("element_id", row.getvalue(0, 0));
+    setAttribute("name", row.getvalue(0, 1));
+    setState(row.getvalue(0, 2));
+    if (!row.isNull(0, 3))
+        colorIndex = row.toInt(0, 3);
+    x = row.toDouble(0, 4);
+    y = row.toDouble(0, 5);
+    z = row.toDouble(0, 6);
+    setAttribute("rp_z", row.getvalue(0, 6));
+    setAttribute("z", row.getvalue(0, 6));
+    h = row.toDouble(0, 7);
+    setAttribute("h", row.getvalue(0, 7));
+    blockRotation = row.toDouble(0, 8);
+    // Column 9, the marker's rotation, follows from the block's and the properties.
+    scale = row.isNull(0, 10) ? 1.0 : row.toDouble(0, 10);
+    parseProps(row.getvalue(0, 11));
+    positionId = row.isNull(0, 12) ? -1 : row.toInt(0, 12);
+    if (row.nfields() > 13) {
+        e = row.toDouble(0, 13);
+        setAttribute("de", row.getvalue(0, 13));
+        catalogId = row.isNull(0, 14) ? -1 : row.toInt(0, 14);
+    }
+    return true;
+}
+
+bool ElementBlock::updateRow() const
+{
+    const int id = writableId(*this);
+    if (id == -1)
+        return false;
+    QStringList values = {typeIdOf(*this), nameOf(*this), number(x), number(y)};
+    values += placement(*this);
+    values += QString::number(id);
+    values += family()->elements;
+    return session().run(fill(updateShort, values)).isCommand() && writeProps();
+}
+
+bool ElementBlock::updateRowFull() const
+{
+    const int id = writableId(*this);
+    return id != -1 && session().run(updateFullText(*this, *family(), id)).isCommand() && writeProps();
+}
+
+bool ElementBlock::writeProps() const
+{
+    const QString statement = "UPDATE " + family()->dynprops + " SET props = " + quotedProps(*this)
+        + "WHERE element_id = " + QString::number(elementId());
+    return session().run(statement).isCommand();
+}
+
+bool ElementBlock::insertRow(int position)
+{
+    if (!family())
+        return false;
+    const QString statement = insertText(*this, *family(), position);
+    say("\n " + statement + " \n");
+    const sql::Result key = session().run(statement);
+    if (!key.isTuples() || key.ntuples() == 0)
+        return false;
+    positionId = position;
+    const QString id = key.getvalue(0, 0);
+    setAttribute("element_id", id);
+
+    const QString props = "INSERT INTO " + family()->dynprops + " (element_id,props) VALUES (" + id + ","
+        + quotedProps(*this) + ")";
+    if (!session().run(props).isCommand())
+        return false;
+    say("\nOK ");
+    return true;
+}

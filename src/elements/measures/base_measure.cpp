@@ -1,0 +1,269 @@
+#include "elements/measures/base_measure.h"
+
+#include "base/placeholders.h"
+#include "base/text.h"
+#include "elements/measures/name_match.h"
+#include "session/project_session.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+QString dateFormat()
+{
+    return QStringLiteral("yyyy-MM-dd");
+}
+
+// An id column of a row; -1 when it is absent.
+int idAt(const sql::Result& row, int column)
+{
+    return row.isNull(0, column) ? -1 : row.toInt(0, column);
+}
+
+// The first entry, in list order, of which `matches` is true.
+template <class Matches>
+int indexWhere(const EntryList& list, Matches matches)
+{
+    const auto found = std::find_if(list.begin(), list.end(), matches);
+    return found == list.end() ? -1 : int(found - list.begin());
+}
+
+} // namespace
+
+BaseMeasure::BaseMeasure(const MeasureFamily& family, const MeasureLists& ready)
+    : positionId(session().currentPositionId)
+    , lists(ready)
+    , family_(&family)
+{
+}
+
+BaseMeasure::~BaseMeasure() = default;
+
+int BaseMeasure::loadElements(bool allBase)
+{
+    return ::loadElements(lists, family_->elementTable, positionId, allBase);
+}
+
+int BaseMeasure::loadCycles()
+{
+    return ::loadCycles(lists);
+}
+
+int BaseMeasure::loadDevices()
+{
+    return ::loadDevices(lists);
+}
+
+int BaseMeasure::loadPerformers()
+{
+    return ::loadPerformers(lists);
+}
+
+int BaseMeasure::setElementName(const QString& name)
+{
+    elementName = name;
+    elementIndex = indexWhere(lists.elements, [&](const ListEntry& e) { return namesMatch(e.text, name); });
+    if (elementIndex < 0)
+        elementIndex = indexWhere(lists.elements, [&](const ListEntry& e) { return namesMatch(name, e.text); });
+    elementId = elementIndex < 0 ? -1 : lists.elements[elementIndex].id;
+    return elementIndex < 0 ? measureNoElement : measureOk;
+}
+
+int BaseMeasure::setElementId(int id)
+{
+    elementId = id;
+    elementIndex = indexOfId(lists.elements, id);
+    if (elementIndex < 0)
+        return measureNotFound;
+    elementName = lists.elements[elementIndex].text;
+    return measureOk;
+}
+
+int BaseMeasure::setDate(const QDateTime& dateTime)
+{
+    const QDate day = dateTime.date();
+    if (!day.isValid()) {
+        date = dateTime;
+        return takeCycle(-1, dateTime);
+    }
+    for (const CycleRecord& record : lists.cycleRecords) {
+        if (record.holds(day) && record.id != -1)
+            return takeCycle(record.id, dateTime);
+    }
+    date = dateTime;
+    const sql::Result row = session().run("select cycle_id from cycles where to_date('"
+                                          + day.toString(QStringLiteral("yyyy.MM.dd"))
+                                          + "', 'yyyy.mm.dd') between date_start and date_end");
+    return takeCycle(row.isTuples() ? idAt(row, 0) : -1, dateTime);
+}
+
+int BaseMeasure::takeCycle(int id, const QDateTime& dateTime)
+{
+    cycleIndex = id == -1 ? -1 : indexOfId(lists.cycles, id);
+    cycleId = cycleIndex < 0 ? -1 : id;
+    if (cycleIndex < 0)
+        return measureNoCycle;
+    date = dateTime;
+    return measureOk;
+}
+
+int BaseMeasure::setCycleId(int id)
+{
+    const int index = indexOfId(lists.cycles, id);
+    if (id != -1 && index < 0)
+        return measureNotFound;
+    cycleId = id;
+    cycleIndex = id == -1 ? -1 : index;
+    return measureOk;
+}
+
+int BaseMeasure::setDeviceSerial(const QString& serial)
+{
+    deviceSerial = serial;
+    deviceIndex = indexWhere(lists.devices, [&](const ListEntry& device) {
+        return serialOf(device).trimmed() == serial.trimmed();
+    });
+    deviceId = deviceIndex < 0 ? -1 : lists.devices[deviceIndex].id;
+    return deviceIndex < 0 ? measureNoDevice : measureOk;
+}
+
+int BaseMeasure::setDeviceId(int id)
+{
+    const int index = indexOfId(lists.devices, id);
+    if (id != -1 && index < 0)
+        return measureNotFound;
+    deviceId = id;
+    deviceIndex = id == -1 ? -1 : index;
+    if (id != -1)
+        deviceSerial = serialOf(lists.devices[index]);
+    return measureOk;
+}
+
+int BaseMeasure::setPerformerId(int id)
+{
+    const int index = indexOfId(lists.performers, id);
+    if (id != -1 && index < 0)
+        return measureNotFound;
+    performerId = id;
+    performerIndex = id == -1 ? -1 : index;
+    performerText = id == -1 ? QString() : lists.performers[index].text;
+    return measureOk;
+}
+
+int BaseMeasure::load(int id)
+{
+    const sql::Result row = session().run(fill(family_->select, id));
+    if (!row.isTuples() || row.ntuples() == 0)
+        return measureNotFound;
+    measureId = id;
+    setElementId(idAt(row, 0));
+    // What the lists do not know is still what the row says.
+    cycleId = idAt(row, 1);
+    cycleIndex = indexOfId(lists.cycles, cycleId);
+    deviceId = idAt(row, 2);
+    deviceIndex = -1;
+    setDeviceId(deviceId);
+    date = QDateTime::fromString(row.getvalue(0, 3), dateFormat());
+    readValues(row, 4);
+    performerId = idAt(row, 4 + family_->columns.size());
+    performerIndex = -1;
+    setPerformerId(performerId);
+    return measureOk;
+}
+
+double BaseMeasure::numberAt(const sql::Result& row, int column)
+{
+    bool ok = false;
+    const double number = row.toDouble(0, column, &ok);
+    return ok ? number : noValue;
+}
+
+void BaseMeasure::readValues(const sql::Result& row, int column)
+{
+    for (int i = 0; i < family_->columns.size(); ++i)
+        values[size_t(i)] = numberAt(row, column + i);
+}
+
+QStringList BaseMeasure::valueTexts() const
+{
+    QStringList texts;
+    for (int i = 0; i < family_->columns.size(); ++i) {
+        const double value = values[size_t(i)];
+        const bool missingSecond = i > 0 && !std::isfinite(value);
+        texts.append(missingSecond ? QStringLiteral("NULL") : fixed(value, family_->columns[i].decimals));
+    }
+    return texts;
+}
+
+QString BaseMeasure::valueList() const
+{
+    QStringList texts = {QString::number(elementId), QString::number(cycleId), QString::number(deviceId),
+                         QLatin1Char('\'') + date.toString(dateFormat()) + QLatin1Char('\'')};
+    texts += valueTexts();
+    texts += QString::number(performerId);
+    return texts.join(QLatin1Char(','));
+}
+
+QString BaseMeasure::columnList() const
+{
+    return "element_id,cycle_id,device_id,date," + family_->columnList() + ",performer_id";
+}
+
+QString BaseMeasure::insertSql()
+{
+    if (!isComplete())
+        return {};
+    return "INSERT INTO " + family_->measureTable + " (" + columnList() + ") VALUES (" + valueList()
+        + ") RETURNING " + family_->idColumn;
+}
+
+QString BaseMeasure::updateSql(int id)
+{
+    if (!isComplete())
+        return {};
+    return "UPDATE " + family_->measureTable + " SET (" + columnList() + ") = (" + valueList() + ") WHERE "
+        + family_->idColumn + "=" + QString::number(id);
+}
+
+int BaseMeasure::findMeasureId()
+{
+    const sql::Result row = session().run(fill("SELECT %3 FROM %4 WHERE element_id =%1 AND cycle_id = %2",
+                                               elementId, cycleId, family_->idColumn, family_->measureTable));
+    const int id = row.isTuples() ? idAt(row, 0) : -1;
+    exists = id > 0;
+    return exists ? id : -1;
+}
+
+bool BaseMeasure::isComplete()
+{
+    complete = elementId != -1 && deviceId != -1 && cycleId != -1 && performerId != -1;
+    return complete;
+}
+
+QString BaseMeasure::problemText(const QString& separator)
+{
+    if (isComplete())
+        return QStringLiteral("OK");
+    QStringList problems;
+    if (elementId == -1)
+        problems.append(fill("Имя %1 не найдено.", elementName));
+    if (deviceId == -1)
+        problems.append(fill("Устройство SN %1 не найдено.", deviceSerial));
+    if (cycleId == -1)
+        problems.append(QStringLiteral("Не определен цикл. "));
+    if (performerId == -1)
+        problems.append(QStringLiteral("Не определен исполнитель. "));
+    return problems.join(separator);
+}
+
+QDateTime BaseMeasure::cycleMiddle() const
+{
+    const auto& records = lists.cycleRecords;
+    const auto record = std::find_if(records.begin(), records.end(),
+                                     [this](const CycleRecord& r) { return r.id == cycleId && cycleId != -1; });
+    if (record == records.end() || !record->first.isValid() || !record->last.isValid())
+        return {};
+    const qint64 day = (record->last.toJulianDay() + record->first.toJulianDay() + 1) / 2;
+    return QDateTime(QDate::fromJulianDay(day), QTime(12, 0));
+}

@@ -1,0 +1,170 @@
+#include "entry/command_table.h"
+
+#include "analysis/levels/forms/map_legend_form.h"
+#include "analysis/maps/forms/temperature_map_command.h"
+#include "database/forms/create_project_form.h"
+#include "drawing/forms/insertion_commands.h"
+#include "entry/about_form.h"
+#include "entry/help.h"
+#include "entry/not_available.h"
+#include "entry/palette_sets.h"
+#include "entry/sample_commands.h"
+#include "exchange/forms/import_commands.h"
+#include "session/forms/modal.h"
+#include "session/forms/palette_refresh.h"
+#include "session/project_session.h"
+
+#include <utility>
+
+namespace {
+
+constexpr auto None = Guard::None;
+constexpr int kPlain = kTransparent;
+constexpr int kOnSelection = kUsePickSet | kRedraw;
+
+void loadProject()
+{
+    session().chooseAndLoadProject();
+    refreshPalettes();
+}
+
+void newProject() { runModal<CreateProjectForm>(); }
+void saveProject() { session().saveProject(); }
+void saveProjectAs() { session().saveProjectAs(); }
+void projectSettings() { togglePaletteSet(PaletteSlot::ProjectSettings); }
+void about() { runModal<AboutForm>(); }
+
+constexpr NcCommandHandler notBuilt = nullptr;
+
+const std::array<Command, kCommandCount> kCommands = {{
+    {"HELLOQTMODALDLG", None, None, kPlain, helloModalDialog},
+    {"HELLOQTPALETTE", None, None, kPlain, helloPalette},
+    {"TERVA_PROJECT_SETTINGS", None, None, kPlain, projectSettings},
+    {"TERVA_LOADPROJECT", None, None, kPlain, loadProject},
+    {"TERVA_NEW_PROJECT", None, None, kPlain, newProject},
+    {"TERVA_SAVEPROJECT", None, None, kPlain, saveProject},
+    {"TERVA_SAVEPROJECT_AS", None, None, kPlain, saveProjectAs},
+    {"TERVA_PROJECT_EXPLORER", None, None, kPlain, notBuilt},
+    {"TERVA_SYNC_DWG_DB", None, None, kPlain, notBuilt},
+    {"TERVA_SYNC_DB_DWG", Guard::C2, Guard::P2, kPlain, notBuilt},
+    {"TERVA_ELEMENT_LIST", None, None, kPlain, notBuilt},
+    {"TERVA_INSERT_DM", None, Guard::P3, kPlain, insertCommand<0>},
+    {"TERVA_INSERT_DMT", None, Guard::P3, kPlain, insertCommand<11>},
+    {"TERVA_INSERT_DMGL", None, Guard::P3, kPlain, insertCommand<12>},
+    {"TERVA_INSERT_DMPV", None, Guard::P3, kPlain, insertCommand<13>},
+    {"TERVA_INSERT_DM_ENUMERATOR", None, None, kPlain, numberingCommand<FamilyKey::Dm>},
+    {"TERVA_INSERT_TS", None, Guard::P3, kPlain, insertCommand<2>},
+    {"TERVA_INSERT_TT", None, Guard::P3, kPlain, insertCommand<14>},
+    {"TERVA_INSERT_TS_ENUMERATOR", None, None, kPlain, numberingCommand<FamilyKey::Ts>},
+    {"TERVA_INSERT_TSS", None, Guard::P3, kPlain, insertCommand<20>},
+    {"TERVA_INSERT_TSS_ENUMERATOR", None, None, kPlain, numberingCommand<FamilyKey::Tss>},
+    {"TERVA_ADMIN", None, None, kPlain, notBuilt},
+    {"TERVA_INSERT_GGS", None, Guard::P3, kPlain, insertCommand<3>},
+    {"TERVA_INSERT_GGS_ENUMERATOR", None, None, kPlain, numberingCommand<FamilyKey::Ggs>},
+    // Benchmarks go straight into their prompts, with or without a position.
+    {"TERVA_INSERT_RPGL", None, None, kPlain, insertCommand<8>},
+    {"TERVA_INSERT_RPGR", None, None, kPlain, insertCommand<9>},
+    {"TERVA_INSERT_RPST", None, None, kPlain, insertCommand<10>},
+    {"TERVA_INSERT_RPVR", None, None, kPlain, insertCommand<21>},
+    {"TERVA_INSERT_RP_ENUMERATOR", None, None, kPlain, numberingCommand<FamilyKey::Rp>},
+    {"TERVA_INSERT_IGS", None, Guard::P3, kPlain, insertCommand<17>},
+    {"TERVA_INSERT_IGS_ENUMERATOR", None, None, kPlain, numberingCommand<FamilyKey::Igs>},
+    {"TERVA_IMPORT_DM_MEASURE", Guard::C1, None, kPlain, notBuilt},
+    {"TERVA_IMPORT_TS_MEASURE", Guard::C1, None, kPlain, importThermalWellMeasures},
+    {"TERVA_IMPORT_RP_MEASURE", Guard::C1, None, kPlain, notBuilt},
+    {"TERVA_IMPORT_TSS_MEASURE", Guard::C1, None, kPlain, notBuilt},
+    {"TERVA_IMPORT_GGS_MEASURE", Guard::C1, None, kPlain, notBuilt},
+    {"TERVA_IMPORT_ELEMENTS", Guard::C1, None, kPlain, notBuilt},
+    {"TERVA_DEFORMATION_MAP", Guard::C2, Guard::P2, kPlain, notBuilt},
+    {"TERVA_TEMPERATURE_MAP", Guard::C2, Guard::P2, kPlain, buildTemperatureMap},
+    {"TERVA_TEMP_DIFF_MAP", Guard::C2, Guard::P2, kPlain, notBuilt},
+    {"TERVA_TEMP_DIFF_PROFILE", Guard::C2, Guard::P2, kPlain, notBuilt},
+    {"TERVA_TEMPERATURE_PROFILE", Guard::C2, Guard::P2, kPlain, notBuilt},
+    {"TERVA_MAP_LEGEND", None, None, kPlain, insertMapLegend},
+    {"TERVA_EGE", Guard::C1, None, kPlain, notBuilt},
+    {"TERVA_OBJECT_INSPECTOR", None, None, kOnSelection, notBuilt},
+    {"TERVA_ALIGN_BY_UCS", Guard::C2, None, kPlain, notBuilt},
+    {"TERVA_ALIGN_LABELS_BY_UCS", Guard::C2, None, kPlain, notBuilt},
+    {"TERVA_ALIGN_BY_VP", Guard::C2, None, kPlain, notBuilt},
+    {"TERVA_REPORTS", None, None, kPlain, notBuilt},
+    {"TERVA_MASK_ATTRIBUTES", None, None, kPlain, notBuilt},
+    {"TERVA_ABOUT", None, None, kPlain, about},
+    {"TERVA_POSITION_PROPS", None, Guard::P1, kPlain, notBuilt},
+    {"TERVA_SETTLEMENTS", Guard::C2, Guard::P2, kPlain, notBuilt},
+    {"TERVA_POSITION_ADD_DM_PROFILE", None, Guard::P1, kPlain, notBuilt},
+    {"TERVA_POSITION_ADD_TS_PROFILE", None, Guard::P1, kPlain, notBuilt},
+    {"TERVA_POSITION_ADD_CONTOUR", None, Guard::P1, kPlain, notBuilt},
+    {"TERVA_POSITION_DRAW", None, Guard::P1, kPlain, notBuilt},
+    {"TERVA_POSITION_SUMMARY", Guard::C2, None, kPlain, notBuilt},
+    {"TERVA_GET_UCS", Guard::C3, None, kPlain, notBuilt},
+    {"TERVA_SET_UCS", Guard::C3, None, kPlain, notBuilt},
+    {"TERVA_RENUM", None, None, kPlain, notBuilt},
+    {"TERVA_DWG_TO_PG", Guard::C2, Guard::P2, kPlain, notBuilt},
+    {"TERVA_DWG_BACKGROUND", None, None, kPlain, notBuilt},
+    {"TERVA_DEF_LINES_PROFILE", Guard::C2, Guard::P2, kPlain, notBuilt},
+    {"TERVA_ELEMENT_INSPECTIONS", None, None, kPlain, notBuilt},
+    {"TERVA_ELEMENT_MEASURES", None, None, kPlain, notBuilt},
+    {"TERVA_TSG_CATALOG", Guard::C1, None, kPlain, notBuilt},
+    {"TERVA_INSERT_TSGV", None, Guard::P3, kPlain, insertCommand<5>},
+    {"TERVA_INSERT_TSGN", None, Guard::P3, kPlain, insertCommand<18>},
+    {"TERVA_INSERT_TSGVN", None, Guard::P3, kPlain, insertCommand<19>},
+    {"TERVA_INSERT_TSG_ENUMERATOR", None, None, kPlain, numberingCommand<FamilyKey::Tsg>},
+    {"TERVA_IMPORT_TSG_MEASURE", Guard::C1, None, kPlain, notBuilt},
+    {"TERVA_DEFORMATION_PREDICTION", Guard::C2, Guard::P2, kPlain, notBuilt},
+    {"TERVA_HELP", None, None, kPlain, openManual},
+    {"TERVA_DB_BACKUP", Guard::C5, None, kPlain, notBuilt},
+    {"TERVA_IMPORT_INSPECTIONS", Guard::C4, None, kPlain, notBuilt},
+    {"TERVA_IMPORT_GEOLOGY", Guard::C1, None, kPlain, notBuilt},
+    {"TERVA_EXPORT_INSPECTIONS", Guard::C4, None, kPlain, notBuilt},
+    {"TERVA_AUDIT_LOG", Guard::C1, None, kPlain, notBuilt},
+}};
+
+// The host's handlers take no argument, so every row gets a function of its own.
+template <size_t Row>
+void runRow()
+{
+    runCommand(kCommands[Row]);
+}
+
+template <size_t... Rows>
+constexpr std::array<NcCommandHandler, sizeof...(Rows)> handlersOf(std::index_sequence<Rows...>)
+{
+    return {{runRow<Rows>...}};
+}
+
+constexpr std::array<NcCommandHandler, kCommandCount> kHandlers =
+    handlersOf(std::make_index_sequence<kCommandCount>());
+
+const QString kGroup = QStringLiteral("TERVA");
+constexpr int kNoFunctionCode = -1;
+
+} // namespace
+
+const std::array<Command, kCommandCount>& commandTable()
+{
+    return kCommands;
+}
+
+void runCommand(const Command& command)
+{
+    if (!passes(command.connection) || !passes(command.position))
+        return;
+    if (command.action)
+        command.action();
+    else
+        sayNotAvailable(command.name);
+}
+
+void registerCommands()
+{
+    for (size_t row = 0; row < kCommandCount; ++row) {
+        const QString name = QString::fromLatin1(kCommands[row].name);
+        GetCommandStack()->addCommand(kGroup, QLatin1Char('_') + name, name, kCommands[row].flags, kHandlers[row],
+                                      nullptr, kNoFunctionCode, nullptr, nullptr);
+    }
+}
+
+void removeCommands()
+{
+    GetCommandStack()->removeGroup(kGroup);
+}

@@ -1,0 +1,7 @@
+// The user manual on the documentation server.
+#pragma once
+
+#include <QUrl>
+
+QUrl manualAddress();
+void openManual();

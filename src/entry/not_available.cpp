@@ -1,0 +1,60 @@
+#include "entry/not_available.h"
+
+#include "base/placeholders.h"
+#include "hostkit/console.h"
+
+const std::vector<const char*>& commandsNotAvailable()
+{
+    static const std::vector<const char*> names = {
+        "TERVA_PROJECT_EXPLORER",
+        "TERVA_SYNC_DWG_DB",
+        "TERVA_SYNC_DB_DWG",
+        "TERVA_ELEMENT_LIST",
+        "TERVA_ADMIN",
+        "TERVA_IMPORT_DM_MEASURE",
+        "TERVA_IMPORT_RP_MEASURE",
+        "TERVA_IMPORT_TSS_MEASURE",
+        "TERVA_IMPORT_GGS_MEASURE",
+        "TERVA_IMPORT_ELEMENTS",
+        "TERVA_DEFORMATION_MAP",
+        "TERVA_TEMP_DIFF_MAP",
+        "TERVA_TEMP_DIFF_PROFILE",
+        "TERVA_TEMPERATURE_PROFILE",
+        "TERVA_EGE",
+        "TERVA_OBJECT_INSPECTOR",
+        "TERVA_ALIGN_BY_UCS",
+        "TERVA_ALIGN_LABELS_BY_UCS",
+        "TERVA_ALIGN_BY_VP",
+        "TERVA_REPORTS",
+        "TERVA_MASK_ATTRIBUTES",
+        "TERVA_POSITION_PROPS",
+        "TERVA_SETTLEMENTS",
+        "TERVA_POSITION_ADD_DM_PROFILE",
+        "TERVA_POSITION_ADD_TS_PROFILE",
+        "TERVA_POSITION_ADD_CONTOUR",
+        "TERVA_POSITION_DRAW",
+        "TERVA_POSITION_SUMMARY",
+        "TERVA_GET_UCS",
+        "TERVA_SET_UCS",
+        "TERVA_RENUM",
+        "TERVA_DWG_TO_PG",
+        "TERVA_DWG_BACKGROUND",
+        "TERVA_DEF_LINES_PROFILE",
+        "TERVA_ELEMENT_INSPECTIONS",
+        "TERVA_ELEMENT_MEASURES",
+        "TERVA_TSG_CATALOG",
+        "TERVA_IMPORT_TSG_MEASURE",
+        "TERVA_DEFORMATION_PREDICTION",
+        "TERVA_DB_BACKUP",
+        "TERVA_IMPORT_INSPECTIONS",
+        "TERVA_IMPORT_GEOLOGY",
+        "TERVA_EXPORT_INSPECTIONS",
+        "TERVA_AUDIT_LOG",
+    };
+    return names;
+}
+
+void sayNotAvailable(const char* command)
+{
+    say(fill(QStringLiteral("\nКоманда %1 пока недоступна\n"), command));
+}

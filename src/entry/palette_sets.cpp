@@ -1,0 +1,158 @@
+#include "entry/palette_sets.h"
+
+#include "database/forms/sql_form.h"
+
+#include <nrx/application.h>
+#include <nrx/palettes.h>
+
+#include <QLabel>
+#include <QVBoxLayout>
+#include <array>
+#include <functional>
+#include <vector>
+
+namespace {
+
+constexpr unsigned kPageStyle = 0x50000000;
+constexpr unsigned kPaletteStyle = 46;
+constexpr unsigned kDockBar = 59420;
+const QRect kFirstPlace(30, 50, 270, 300);
+
+struct Page {
+    const char* title;
+    std::function<QWidget*(QWidget* parent)> make;
+    std::function<void(QWidget* form)> refresh;
+};
+
+struct Description {
+    const char* title;
+    unsigned windowStyle;
+    std::vector<Page> pages;
+};
+
+QWidget* sampleLabel(QWidget* parent)
+{
+    return new QLabel(QStringLiteral("Terva"), parent);
+}
+
+Page samplePage(const char* title)
+{
+    return {title, sampleLabel, [](QWidget*) {}};
+}
+
+Page sqlPage()
+{
+    return {"SQL", [](QWidget* parent) -> QWidget* { return new SQLForm(parent); },
+            [](QWidget* form) {
+                if (auto* sql = qobject_cast<SQLForm*>(form))
+                    sql->refresh();
+            }};
+}
+
+// A slot without pages has no form built for it yet; nothing opens it.
+const std::array<Description, kPaletteSlotCount>& descriptions()
+{
+    static const std::array<Description, kPaletteSlotCount> rows = {{
+        {"Test Qt Palette Set", 0x50400000, {samplePage("Test Qt Palette1"), samplePage("Another Qt Palette1")}},
+        {"UI pal set", 0x50400000, {}},
+        {"Параметры проекта", 0x50400000, {sqlPage()}},
+        {"Состав проекта", 0x50410000, {}},
+        {"Элемент ГМН", 0x50410000, {}},
+        {"Элементы ГМН", 0x50400000, {}},
+    }};
+    return rows;
+}
+
+std::array<std::unique_ptr<hostUiPaletteSet>, kPaletteSlotCount>& sets()
+{
+    static std::array<std::unique_ptr<hostUiPaletteSet>, kPaletteSlotCount> all;
+    return all;
+}
+
+const Description& description(PaletteSlot slot) { return descriptions()[size_t(slot)]; }
+
+void addPage(hostUiPaletteSet* set, const Page& page)
+{
+    auto* palette = new hostQtPalette;
+    hostQtPalette_Create(palette, kPageStyle, QString::fromUtf8(page.title));
+    hostUiPaletteSet_AddPalette(set, palette);
+    QWidget* holder = hostQtPalette_paletteWidget(palette);
+    QWidget* form = page.make(holder);
+    auto* layout = new QVBoxLayout(holder);
+    layout->addWidget(form);
+    form->show();
+}
+
+std::unique_ptr<hostUiPaletteSet> makeSet(const Description& wanted)
+{
+    auto set = std::make_unique<hostUiPaletteSet>();
+    hostUiPaletteSet_Create(set.get(), QString::fromUtf8(wanted.title), wanted.windowStyle, kFirstPlace,
+                            ndsw_ncadMainWnd(), kPaletteStyle);
+    hostUiPaletteSet_EnableDocking(set.get(), kDockAnySide);
+    hostUiPaletteSet_RestoreControlBar(set.get(), kDockBar);
+    for (const Page& page : wanted.pages)
+        addPage(set.get(), page);
+    hostUiPaletteSet_SetActivePalette(set.get(), 0);
+    set->window()->resize(hostUiPaletteSet_GetClientRect(set.get()).size());
+    return set;
+}
+
+// The form of a page: the first item of the layout of the page's widget.
+QWidget* pageForm(const hostUiPaletteSet* set, int index)
+{
+    hostQtPalette* palette = hostUiPaletteSet_GetPalette(set, index);
+    QWidget* holder = palette ? hostQtPalette_paletteWidget(palette) : nullptr;
+    QLayout* layout = holder ? holder->layout() : nullptr;
+    QLayoutItem* item = layout ? layout->itemAt(0) : nullptr;
+    return item ? item->widget() : nullptr;
+}
+
+void refreshSet(PaletteSlot slot)
+{
+    const hostUiPaletteSet* set = paletteSet(slot);
+    if (!set)
+        return;
+    const std::vector<Page>& pages = description(slot).pages;
+    for (int i = 0; i < int(pages.size()); ++i) {
+        if (QWidget* form = pageForm(set, i))
+            pages[size_t(i)].refresh(form);
+    }
+}
+
+} // namespace
+
+hostUiPaletteSet* paletteSet(PaletteSlot slot)
+{
+    return sets()[size_t(slot)].get();
+}
+
+void togglePaletteSet(PaletteSlot slot)
+{
+    if (hostUiPaletteSet* set = paletteSet(slot)) {
+        refreshSet(slot);
+        hostUiPaletteSet_Show(set, !IsWindowVisible(set));
+        return;
+    }
+    sets()[size_t(slot)] = makeSet(description(slot));
+    hostUiPaletteSet_Show(paletteSet(slot), true);
+}
+
+void refreshAllPaletteSets()
+{
+    for (PaletteSlot slot : {PaletteSlot::ProjectSettings, PaletteSlot::ProjectExplorer, PaletteSlot::ElementList})
+        refreshSet(slot);
+}
+
+void refreshExplorerPaletteSet()
+{
+    refreshSet(PaletteSlot::ProjectExplorer);
+}
+
+void destroyPaletteSets()
+{
+    for (auto& set : sets()) {
+        if (set)
+            hostUiPaletteSet_DestroyWindow(set.get());
+        set.reset();
+    }
+}

@@ -1,0 +1,72 @@
+// The controls of an import dialog and how they lie.
+#pragma once
+
+#include "exchange/text_file.h"
+
+class MeasuresView;
+class QComboBox;
+class QDialog;
+class QGridLayout;
+class QLabel;
+class QLineEdit;
+class QProgressBar;
+class QPushButton;
+class QRadioButton;
+class QTableView;
+class QWidget;
+
+// Every control carries its own name as object name.
+struct ImportControls {
+    explicit ImportControls(QDialog* dialog);
+
+    QPushButton* OpenFileBtn;
+    QLineEdit* FileName;
+    QComboBox* ImportTemplate;
+    QRadioButton* EncodingCP1251;
+    QRadioButton* EncodingUTF8;
+    QRadioButton* SeparatorSemi;
+    QRadioButton* SeparatorComma;
+    QRadioButton* SeparatorTab;
+    QRadioButton* SeparatorSpace;
+    QRadioButton* SeparatorCustom;
+    QLineEdit* CustomSepValue;
+    QRadioButton* ProjectPosition;
+    QRadioButton* AllDatabase;
+    QComboBox* PositionCombo;
+    QLabel* PositionLabel;
+    QComboBox* CyclesCombo;
+    QPushButton* BTNCyclesToAll;
+    QPushButton* BTNCycleList;
+    QComboBox* DeviceCombo;
+    QPushButton* BTNToolToAll;
+    QPushButton* BTNDevicesList;
+    QComboBox* OperatorCombo;
+    QPushButton* BTNOperatorToAll;
+    QPushButton* BTNPerformersList;
+    MeasuresView* measuresView;
+    QTableView* RawInput;
+    QProgressBar* ReadProgress;
+    QLabel* SummaryLabel;
+    QPushButton* ImportBtn;
+    QPushButton* CopyErrorsBtn;
+    QPushButton* CloseBtn;
+
+    /// Another value that can be given to all rows; returns its button "Все".
+    QPushButton* addForAllRow(const QString& label, QWidget* value, const QString& buttonName);
+
+    QString separator() const;
+    TextEncoding encoding() const;
+    /// What a file is taken to be until the user says otherwise.
+    void chooseUsualFormat();
+
+private:
+    QWidget* fileGroup();
+    QWidget* encodingGroup();
+    QWidget* separatorGroup();
+    QWidget* elementsGroup();
+    QWidget* forAllGroup();
+    QWidget* tabs();
+    QWidget* bottomRow();
+
+    QGridLayout* forAll_ = nullptr;
+};

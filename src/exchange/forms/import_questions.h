@@ -1,0 +1,9 @@
+// The questions of an import as boxes.
+#pragma once
+
+#include "exchange/measure_import.h"
+
+class QWidget;
+
+/// The box "Внимание" with its four buttons; closing it answers "Нет".
+ImportAnswer askImport(const QString& text, QWidget* parent);

@@ -1,0 +1,241 @@
+#include "exchange/forms/measure_import_dialog.h"
+
+#include "elements/measures/forms/combo_box_delegate.h"
+#include "exchange/forms/import_combos.h"
+#include "exchange/forms/import_questions.h"
+#include "exchange/forms/measures_view.h"
+#include "exchange/measure_reading.h"
+#include "session/project_session.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScopedValueRollback>
+
+namespace {
+
+constexpr int progressPause = 40; ///< ms between two looks of the bar
+
+enum Column { ElementColumn = 1, CycleColumn, DeviceColumn, PerformerColumn };
+
+const auto choiceChanged = QOverload<int>::of(&QComboBox::currentIndexChanged);
+
+} // namespace
+
+MeasureImportDialog::MeasureImportDialog(const ImportFamily& family, QWidget* parent)
+    : QDialog(parent)
+    , family_(family)
+    , ui_(this)
+    , table_(family)
+{
+    setObjectName(family_.dialogName);
+    setWindowTitle(family_.title);
+    ui_.measuresView->setModel(&table_);
+    ui_.RawInput->setModel(&raw_);
+    for (const ImportTemplate& format : family_.templates)
+        ui_.ImportTemplate->addItem(format.filter);
+    fillPositions(ui_.PositionCombo);
+    ui_.PositionCombo->setCurrentIndex(ui_.PositionCombo->findData(session().currentPositionId));
+    ui_.PositionLabel->setText(positionLabel(chosenPosition()));
+    reloadLists();
+    connectFormat();
+    connectForAll();
+    connectTable();
+    showSummary();
+}
+
+void MeasureImportDialog::connectFormat()
+{
+    connect(ui_.OpenFileBtn, &QPushButton::clicked, this, &MeasureImportDialog::chooseFile);
+    connect(ui_.ImportTemplate, choiceChanged, this, &MeasureImportDialog::readFile);
+    // Of two buttons that change together the one that is checked speaks.
+    for (QRadioButton* format : {ui_.EncodingCP1251, ui_.EncodingUTF8, ui_.SeparatorSemi, ui_.SeparatorComma,
+                                 ui_.SeparatorTab, ui_.SeparatorSpace, ui_.SeparatorCustom}) {
+        connect(format, &QRadioButton::toggled, this, [this](bool on) {
+            if (on)
+                readFile();
+        });
+    }
+    connect(ui_.SeparatorCustom, &QRadioButton::toggled, ui_.CustomSepValue, &QLineEdit::setEnabled);
+    connect(ui_.CustomSepValue, &QLineEdit::textChanged, this, [this] {
+        if (ui_.SeparatorCustom->isChecked())
+            readFile();
+    });
+    connect(ui_.AllDatabase, &QRadioButton::toggled, this, &MeasureImportDialog::chooseScope);
+    connect(ui_.PositionCombo, choiceChanged, this, &MeasureImportDialog::chooseScope);
+}
+
+void MeasureImportDialog::connectForAll()
+{
+    connect(ui_.BTNCyclesToAll, &QPushButton::clicked, this,
+            [this] { table_.giveCycle(ui_.CyclesCombo->currentData().toInt()); });
+    connect(ui_.BTNToolToAll, &QPushButton::clicked, this,
+            [this] { table_.giveDevice(ui_.DeviceCombo->currentData().toInt()); });
+    connect(ui_.BTNOperatorToAll, &QPushButton::clicked, this,
+            [this] { table_.givePerformer(ui_.OperatorCombo->currentData().toInt()); });
+    connect(ui_.BTNCycleList, &QPushButton::clicked, this, [this] { showCatalogue(Catalogue::Cycles); });
+    connect(ui_.BTNDevicesList, &QPushButton::clicked, this, [this] { showCatalogue(Catalogue::Devices); });
+    connect(ui_.BTNPerformersList, &QPushButton::clicked, this, [this] { showCatalogue(Catalogue::Performers); });
+}
+
+void MeasureImportDialog::connectTable()
+{
+    connect(&table_, &QAbstractItemModel::dataChanged, this, [this](const QModelIndex& first, const QModelIndex& last) {
+        if (last.row() == first.row())
+            ui_.measuresView->resizeRowToContents(first.row());
+        else
+            ui_.measuresView->fitRows();
+        showSummary();
+    });
+    connect(ui_.ImportBtn, &QPushButton::clicked, this, &MeasureImportDialog::runImport);
+    connect(ui_.CopyErrorsBtn, &QPushButton::clicked, this, &MeasureImportDialog::copyErrors);
+    connect(ui_.CloseBtn, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void MeasureImportDialog::reject()
+{
+    if (!busy_)
+        QDialog::reject();
+}
+
+// --- what is read --------------------------------------------------------------
+
+void MeasureImportDialog::chooseFile()
+{
+    QStringList filters;
+    for (const ImportTemplate& format : family_.templates)
+        filters.append(format.filter);
+    QString filter = filters.value(ui_.ImportTemplate->currentIndex());
+    const QString path = QFileDialog::getOpenFileName(this, family_.title, ui_.FileName->text(),
+                                                      filters.join(QStringLiteral(";;")), &filter);
+    if (path.isEmpty())
+        return;
+    {
+        const QScopedValueRollback<bool> asOne(quiet_, true);
+        ui_.FileName->setText(path);
+        ui_.ImportTemplate->setCurrentIndex(qMax(0, filters.indexOf(filter)));
+        if (ui_.ImportTemplate->currentIndex() == 0)
+            ui_.chooseUsualFormat();
+    }
+    readFile();
+}
+
+int MeasureImportDialog::chosenPosition() const
+{
+    return ui_.PositionCombo->currentIndex() < 0 ? -1 : ui_.PositionCombo->currentData().toInt();
+}
+
+void MeasureImportDialog::chooseScope()
+{
+    ui_.PositionCombo->setEnabled(!ui_.AllDatabase->isChecked());
+    ui_.PositionLabel->setText(positionLabel(chosenPosition()));
+    readFile();
+}
+
+void MeasureImportDialog::reloadLists()
+{
+    loadCycles(lists_);
+    loadDevices(lists_);
+    loadPerformers(lists_);
+    fillCycles(ui_.CyclesCombo);
+    fillDevices(ui_.DeviceCombo);
+    fillPerformers(ui_.OperatorCombo);
+}
+
+void MeasureImportDialog::showCatalogue(Catalogue catalogue)
+{
+    openCatalogue(catalogue, this);
+    reloadLists();
+    table_.setLists(lists_);
+    setDelegates(elements_);
+}
+
+void MeasureImportDialog::readFile()
+{
+    if (quiet_ || busy_ || ui_.FileName->text().isEmpty())
+        return;
+    const QScopedValueRollback<bool> reading(busy_, true);
+    ReadingTask task;
+    task.positionId = chosenPosition();
+    loadScope(measureFamily(family_.family)->elementTable, task.positionId, ui_.AllDatabase->isChecked(), task.scope);
+    table_.clear();
+    task.lines = readLines(ui_.FileName->text(), ui_.encoding());
+    task.separator = ui_.separator();
+    task.format = &family_.templates[qMax(0, ui_.ImportTemplate->currentIndex())];
+    task.lists = lists_;
+    raw_.setLines(task.lines, task.separator);
+    startProgress(task.lines.size());
+    table_.setMeasures(readMeasures(family_, task, [this](int line) { moveProgress(line); }), task.scope);
+    elements_ = task.scope.elements;
+    setDelegates(elements_);
+    ui_.measuresView->fitRows();
+    showSummary();
+}
+
+void MeasureImportDialog::setDelegates(const EntryList& elements)
+{
+    if (table_.columnCount() < 5)
+        return;
+    const std::pair<int, const EntryList&> columns[] = {
+        {ElementColumn, elements},
+        {CycleColumn, lists_.cycles},
+        {DeviceColumn, lists_.devices},
+        {PerformerColumn, lists_.performers},
+    };
+    for (const auto& [column, entries] : columns) {
+        const QAbstractItemDelegate* before = ui_.measuresView->itemDelegateForColumn(column);
+        ui_.measuresView->setItemDelegateForColumn(column, new ComboBoxDelegate(entries, ui_.measuresView));
+        delete before;
+    }
+}
+
+void MeasureImportDialog::showSummary()
+{
+    ui_.SummaryLabel->setText(table_.summaryText());
+}
+
+// --- what is written -------------------------------------------------------------
+
+void MeasureImportDialog::runImport()
+{
+    if (busy_)
+        return;
+    const QScopedValueRollback<bool> writing(busy_, true);
+    startProgress(table_.rowCount());
+    importMeasures(
+        family_, table_.candidates(), [this](const QString& text) { return askImport(text, this); },
+        [this](int row) { moveProgress(row); });
+}
+
+void MeasureImportDialog::copyErrors() const
+{
+    QApplication::clipboard()->setText(table_.uncheckedText());
+}
+
+// --- progress --------------------------------------------------------------------
+
+void MeasureImportDialog::startProgress(int steps)
+{
+    ui_.ReadProgress->setUpdatesEnabled(true);
+    ui_.ReadProgress->setMaximum(qMax(1, steps));
+    ui_.ReadProgress->setValue(0);
+    sinceShown_.start();
+}
+
+// The bar follows every step; painting it as often would cost more than the work.
+void MeasureImportDialog::moveProgress(int step)
+{
+    const bool shown = sinceShown_.elapsed() >= progressPause || step == ui_.ReadProgress->maximum();
+    ui_.ReadProgress->setUpdatesEnabled(shown);
+    ui_.ReadProgress->setValue(step);
+    if (!shown)
+        return;
+    sinceShown_.restart();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}

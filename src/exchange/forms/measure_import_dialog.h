@@ -1,0 +1,54 @@
+// The import of a family's measures from a file: shows every row as a candidate,
+// lets it be mended, and writes the checked ones. A family is a row of data; an
+// heir adds what its family alone has.
+#pragma once
+
+#include "exchange/forms/catalogue_box.h"
+#include "exchange/forms/import_controls.h"
+#include "exchange/measure_table.h"
+#include "exchange/raw_lines.h"
+
+#include <QDialog>
+#include <QElapsedTimer>
+
+class MeasureImportDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit MeasureImportDialog(const ImportFamily& family, QWidget* parent = nullptr);
+
+    void reject() override; ///< not while a file is read or written
+
+protected:
+    const ImportFamily& family() const { return family_; }
+    ImportControls& controls() { return ui_; }
+    MeasureTable& table() { return table_; }
+
+private:
+    void connectFormat();
+    void connectForAll();
+    void connectTable();
+    void chooseFile();
+    void chooseScope();
+    int chosenPosition() const;
+    void reloadLists();
+    void showCatalogue(Catalogue catalogue);
+    void readFile();
+    void setDelegates(const EntryList& elements);
+    void showSummary();
+    void runImport();
+    void copyErrors() const;
+    void startProgress(int steps);
+    void moveProgress(int step);
+
+    const ImportFamily& family_;
+    ImportControls ui_;
+    MeasureTable table_;
+    RawLines raw_;
+    MeasureLists lists_; ///< cycles, devices, performers
+    EntryList elements_; ///< of the chosen scope
+    bool quiet_ = false; ///< several settings change as one
+    bool busy_ = false;
+    QElapsedTimer sinceShown_;
+};

@@ -1,0 +1,379 @@
+#include "exchange/measure_table.h"
+
+#include "base/placeholders.h"
+#include "base/text.h"
+
+#include <cmath>
+
+namespace {
+
+const QString notSet = QStringLiteral("Не установлено");
+const QString noData = QStringLiteral("Нет данных");
+
+// As the combo box of the cell shows it.
+QString entryText(const EntryList& list, int index)
+{
+    if (index < 0 || index >= list.size())
+        return notSet;
+    return QString(list[index].text).replace(QLatin1String(" | "), QLatin1String(" - "));
+}
+
+QString numberText(double number)
+{
+    return std::isfinite(number) ? general(number) : QString();
+}
+
+// A cell of copied text stays on its line.
+QString onOneLine(QString text)
+{
+    return text.replace(QLatin1Char('\n'), QLatin1Char(' ')).replace(QLatin1Char('\r'), QLatin1Char(' '));
+}
+
+TSMeasure* well(const BaseMeasure& measure)
+{
+    return static_cast<TSMeasure*>(const_cast<BaseMeasure*>(&measure));
+}
+
+} // namespace
+
+MeasureTable::MeasureTable(const ImportFamily& family, QObject* parent)
+    : QAbstractTableModel(parent)
+    , family_(family)
+{
+}
+
+MeasureTable::~MeasureTable() = default;
+
+void MeasureTable::clear()
+{
+    setMeasures({}, {});
+}
+
+void MeasureTable::setMeasures(Measures measures, const ElementScope& scope)
+{
+    beginResetModel();
+    scope_ = scope;
+    criteria_.forget();
+    rows_.clear();
+    rows_.reserve(measures.size());
+    for (auto& measure : measures) {
+        Row row;
+        row.value = numberText(measure->values[0]);
+        row.measure = std::move(measure);
+        evaluate(row);
+        rows_.push_back(std::move(row));
+    }
+    endResetModel();
+}
+
+// --- rules ----------------------------------------------------------------------
+
+bool MeasureTable::hasData(const BaseMeasure& measure) const
+{
+    if (!std::isfinite(measure.values[0]))
+        return false;
+    return family_.family != FamilyKey::Ts || !well(measure)->profile.isEmpty();
+}
+
+void MeasureTable::evaluate(Row& row)
+{
+    BaseMeasure& measure = *row.measure;
+    if (family_.check)
+        family_.check->run(measure, scope_.positionOf(measure.elementId), criteria_);
+    row.status = measure.problemText(QStringLiteral(" "));
+    row.importable = measure.complete && hasData(measure);
+    if (measure.complete && !row.importable)
+        row.status = noData;
+    row.checked = row.importable;
+}
+
+bool MeasureTable::takeId(BaseMeasure& measure, ImportContent content, int id) const
+{
+    switch (content) {
+    case ImportContent::Element:
+        measure.setElementId(id);
+        return true;
+    case ImportContent::Cycle:
+        return measure.setCycleId(id) == measureOk;
+    case ImportContent::Device:
+        return measure.setDeviceId(id) == measureOk;
+    case ImportContent::Performer:
+        return measure.setPerformerId(id) == measureOk;
+    default:
+        return false;
+    }
+}
+
+bool MeasureTable::takeValue(Row& row, const QString& text)
+{
+    bool ok = false;
+    const double number = text.toDouble(&ok);
+    if (!ok)
+        return false;
+    row.measure->values[0] = number;
+    row.value = text;
+    return true;
+}
+
+// --- one value for all rows ---------------------------------------------------------
+
+template <class Change>
+void MeasureTable::changeAll(Change change)
+{
+    if (rows_.empty())
+        return;
+    criteria_.forget();
+    for (Row& row : rows_) {
+        change(row);
+        evaluate(row);
+    }
+    emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
+void MeasureTable::setLists(const MeasureLists& lists)
+{
+    if (rows_.empty())
+        return;
+    criteria_.forget();
+    for (Row& row : rows_) {
+        if (!takeLists(*row.measure, lists))
+            evaluate(row);
+    }
+    emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
+// False when an id that the lists lost was cleared.
+bool MeasureTable::takeLists(BaseMeasure& measure, const MeasureLists& lists) const
+{
+    const EntryList elements = measure.lists.elements;
+    measure.lists = lists;
+    measure.lists.elements = elements;
+    bool kept = true;
+    for (const auto& [content, id] : {std::make_pair(ImportContent::Cycle, measure.cycleId),
+                                      std::make_pair(ImportContent::Device, measure.deviceId),
+                                      std::make_pair(ImportContent::Performer, measure.performerId)}) {
+        if (takeId(measure, content, id))
+            continue;
+        takeId(measure, content, -1);
+        kept = false;
+    }
+    return kept;
+}
+
+void MeasureTable::giveCycle(int id)
+{
+    changeAll([id](Row& row) { row.measure->setCycleId(id); });
+}
+
+void MeasureTable::giveDevice(int id)
+{
+    changeAll([id](Row& row) { row.measure->setDeviceId(id); });
+}
+
+void MeasureTable::givePerformer(int id)
+{
+    changeAll([id](Row& row) { row.measure->setPerformerId(id); });
+}
+
+void MeasureTable::giveValue(const QString& text)
+{
+    changeAll([&text](Row& row) { takeValue(row, text); });
+}
+
+// --- what is read off ------------------------------------------------------------------
+
+std::vector<ImportCandidate> MeasureTable::candidates() const
+{
+    std::vector<ImportCandidate> all;
+    all.reserve(rows_.size());
+    for (const Row& row : rows_)
+        all.push_back({row.measure.get(), row.checked});
+    return all;
+}
+
+ImportSummary MeasureTable::summary() const
+{
+    ImportSummary summary;
+    for (const Row& row : rows_) {
+        ++summary.total;
+        summary.withoutData += !hasData(*row.measure);
+        if (!row.importable)
+            continue;
+        ++summary.verified;
+        if (!family_.check)
+            continue;
+        const Verdict verdict = family_.check->verdict(*row.measure);
+        summary.valid += verdict == Verdict::Valid;
+        summary.warnings += verdict == Verdict::Warning;
+        summary.errors += verdict == Verdict::Error;
+    }
+    return summary;
+}
+
+QString MeasureTable::summaryText() const
+{
+    const ImportSummary all = summary();
+    if (!family_.check || all.verified == 0)
+        return fill("Всего: %1 | Без данных: %2 | Верифицированных: %3", all.total, all.withoutData, all.verified);
+    return fill("Всего: %1 | Без данных: %2 | Верифицированных: %3 (из них валидных %4, с предупреждениями %5, с "
+                "ошибками %6)",
+                all.total, all.withoutData, all.verified, all.valid, all.warnings, all.errors);
+}
+
+QString MeasureTable::uncheckedText() const
+{
+    QString text;
+    for (const Row& row : rows_) {
+        if (row.checked)
+            continue;
+        QStringList cells;
+        for (const ImportColumn& column : family_.columns)
+            cells.append(onOneLine(shown(row, column.content).toString()));
+        text += cells.join(QLatin1Char('\t')) + QLatin1Char('\n');
+    }
+    return text;
+}
+
+// --- model --------------------------------------------------------------------------------
+
+int MeasureTable::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : int(rows_.size());
+}
+
+int MeasureTable::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : family_.columns.size();
+}
+
+ImportContent MeasureTable::contentOf(const QModelIndex& index) const
+{
+    return family_.columns[index.column()].content;
+}
+
+QVariant MeasureTable::shown(const Row& row, ImportContent content) const
+{
+    const BaseMeasure& measure = *row.measure;
+    switch (content) {
+    case ImportContent::Status:
+        return row.status;
+    case ImportContent::Element:
+        return fill("%1 (ID: %2)", measure.elementName, measure.elementId);
+    case ImportContent::Cycle:
+        return entryText(measure.lists.cycles, measure.cycleIndex);
+    case ImportContent::Device:
+        return entryText(measure.lists.devices, measure.deviceIndex);
+    case ImportContent::Performer:
+        return entryText(measure.lists.performers, measure.performerIndex);
+    case ImportContent::Value:
+        return row.value;
+    case ImportContent::Second:
+        return numberText(measure.values[1]);
+    case ImportContent::Profile:
+        return well(measure)->profile.isEmpty() ? QVariant(noData) : QVariant::fromValue(well(measure));
+    case ImportContent::Validity:
+        return family_.check ? family_.check->text(measure) : QString();
+    }
+    return {};
+}
+
+QVariant MeasureTable::held(const Row& row, ImportContent content) const
+{
+    const BaseMeasure& measure = *row.measure;
+    switch (content) {
+    case ImportContent::Status:
+        return QVariant::fromValue(static_cast<void*>(row.measure.get()));
+    case ImportContent::Element:
+        return measure.elementId;
+    case ImportContent::Cycle:
+        return measure.cycleId;
+    case ImportContent::Device:
+        return measure.deviceId;
+    case ImportContent::Performer:
+        return measure.performerId;
+    case ImportContent::Profile:
+        return well(measure)->profile.isEmpty() ? QVariant() : QVariant(QStringLiteral("Просмотр"));
+    case ImportContent::Validity:
+        return family_.check ? family_.check->code(measure) : QVariant();
+    case ImportContent::Value:
+    case ImportContent::Second:
+        break;
+    }
+    return {};
+}
+
+QVariant MeasureTable::data(const QModelIndex& index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return {};
+    const Row& row = rows_[size_t(index.row())];
+    const ImportContent content = contentOf(index);
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return shown(row, content);
+    case Qt::UserRole:
+        return held(row, content);
+    case Qt::CheckStateRole:
+        if (content == ImportContent::Status)
+            return row.checked ? Qt::Checked : Qt::Unchecked;
+        return {};
+    case Qt::ToolTipRole:
+        return content == ImportContent::Status ? QVariant(row.status) : QVariant();
+    case Qt::TextAlignmentRole:
+        if (content == ImportContent::Value || content == ImportContent::Second)
+            return int(Qt::AlignRight | Qt::AlignVCenter);
+        return {};
+    default:
+        return {};
+    }
+}
+
+QVariant MeasureTable::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation == Qt::Horizontal && role == Qt::DisplayRole && section >= 0 && section < columnCount())
+        return family_.columns[section].header;
+    return QAbstractTableModel::headerData(section, orientation, role);
+}
+
+Qt::ItemFlags MeasureTable::flags(const QModelIndex& index) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return Qt::NoItemFlags;
+    const Qt::ItemFlags plain = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
+    switch (contentOf(index)) {
+    case ImportContent::Status:
+        // The box of a row that cannot be imported is dead.
+        return rows_[size_t(index.row())].importable ? plain | Qt::ItemIsUserCheckable
+                                                     : Qt::ItemIsSelectable | Qt::ItemIsUserCheckable;
+    case ImportContent::Second:
+    case ImportContent::Profile:
+    case ImportContent::Validity:
+        return plain;
+    default:
+        return plain | Qt::ItemIsEditable;
+    }
+}
+
+bool MeasureTable::setData(const QModelIndex& index, const QVariant& value, int role)
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return false;
+    Row& row = rows_[size_t(index.row())];
+    const ImportContent content = contentOf(index);
+    if (content == ImportContent::Status) {
+        if (role != Qt::CheckStateRole || !row.importable)
+            return false;
+        row.checked = value.toInt() == Qt::Checked;
+        emit dataChanged(index, index, {Qt::CheckStateRole});
+        return true;
+    }
+    const bool taken = content == ImportContent::Value ? role == Qt::EditRole && takeValue(row, value.toString())
+                                                       : role == Qt::UserRole && takeId(*row.measure, content, value.toInt());
+    if (!taken)
+        return false;
+    criteria_.forget();
+    evaluate(row);
+    emit dataChanged(this->index(index.row(), 0), this->index(index.row(), columnCount() - 1));
+    return true;
+}

@@ -1,0 +1,36 @@
+// What the import's checks ask of the database. A file asks the same of the
+// same wells thousands of times over, so answers are kept until forget().
+#pragma once
+
+#include <QHash>
+#include <QPair>
+#include <QString>
+#include <limits>
+
+/// What a position demands; a missing number is infinite.
+struct PositionNorms {
+    bool found = false;
+    double settlement = std::numeric_limits<double>::infinity(); ///< the greatest mean settlement, cm
+    double depthFrom = std::numeric_limits<double>::infinity();  ///< depths of the thermal criterion, m
+    double depthTo = std::numeric_limits<double>::infinity();
+};
+
+/// The value stored for the cycle before.
+struct PreviousMeasure {
+    enum State { Failed, None, Found };
+    State state = None;
+    QString text; ///< empty when absent
+};
+
+class StoredCriteria
+{
+public:
+    PositionNorms norms(int positionId);
+    /// `statement` has the value in its first column; %1 is the element, %2 the cycle.
+    PreviousMeasure previous(const QString& statement, int elementId, int cycleId);
+    void forget();
+
+private:
+    QHash<int, PositionNorms> norms_;
+    QHash<QPair<int, int>, PreviousMeasure> previous_;
+};

@@ -1,0 +1,34 @@
+#include "hostkit/model_space.h"
+
+NcDbDatabase* workingDatabase()
+{
+    return ncdbHostApplicationServices()->workingDatabase();
+}
+
+Opened<NcDbBlockTableRecord> openModelSpace(NcOpenMode mode)
+{
+    NcDbBlockTable* table = nullptr;
+    if (!isOk(workingDatabase()->getSymbolTable(table, kForRead)))
+        return {};
+    const Opened<NcDbBlockTable> blocks(table);
+    NcDbBlockTableRecord* space = nullptr;
+    if (!isOk(blocks->getAt(QStringLiteral("*Model_Space"), space, mode)))
+        return {};
+    return Opened<NcDbBlockTableRecord>(space);
+}
+
+NcDbObjectId appendToModelSpace(std::unique_ptr<NcDbEntity> entity)
+{
+    const Opened<NcDbBlockTableRecord> space = openModelSpace(kForWrite);
+    NcDbObjectId id;
+    if (!space || !isOk(space->appendNcDbEntity(id, entity.get())))
+        return {};
+    entity.release()->close();
+    return id;
+}
+
+NcDbObjectId findBlockReference(const QString& blockName, const QString& tag, const QString& value)
+{
+    const NcDbObjectIdArray found = workingDatabase()->findBlockReferences(blockName, tag, value);
+    return found.empty() ? NcDbObjectId() : found.front();
+}

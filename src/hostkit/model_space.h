@@ -1,0 +1,23 @@
+// Model space of the working drawing: putting entities in and finding blocks.
+#pragma once
+
+#include "hostkit/opened.h"
+
+#include <memory>
+
+/// The drawing that is active; never null in a command.
+NcDbDatabase* workingDatabase();
+
+/// Model space of the working drawing; empty when it is held elsewhere.
+Opened<NcDbBlockTableRecord> openModelSpace(NcOpenMode mode);
+
+/// Hands the entity over to model space and closes it. The null id when the
+/// drawing did not take it; the entity is then gone.
+NcDbObjectId appendToModelSpace(std::unique_ptr<NcDbEntity> entity);
+
+/// The first reference of model space, in the order of creation, to a
+/// definition of exactly this name with an attribute whose tag and text are
+/// exactly these; the null id when there is none. A dynamic block goes by its
+/// definition's name, a plain one of the right name is found too. The host
+/// answers from an index: the cost does not grow with the drawing.
+NcDbObjectId findBlockReference(const QString& blockName, const QString& tag, const QString& value);

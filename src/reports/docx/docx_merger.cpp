@@ -1,0 +1,135 @@
+#include "reports/docx/docx_merger.h"
+
+#include "reports/docx/body_appender.h"
+#include "reports/docx/part_copier.h"
+
+#include <QDebug>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+using docx::MergedDocument;
+using docx::PackageReader;
+using docx::WordDocument;
+
+namespace {
+
+bool isSameFile(const QString& one, const QString& other)
+{
+    const QString path = QFileInfo(one).canonicalFilePath();
+    return !path.isEmpty() && path == QFileInfo(other).canonicalFilePath();
+}
+
+bool readFile(const QString& path, PackageReader* package, WordDocument* parts)
+{
+    return package->open(path) && parts->read(*package)
+           && !parts->document.documentElement()
+                   .firstChildElement(QStringLiteral("w:body"))
+                   .isNull();
+}
+
+bool copyFile(const QString& from, const QString& to)
+{
+    QFile source(from);
+    QSaveFile copy(to);
+    if (!source.open(QIODevice::ReadOnly) || !copy.open(QIODevice::WriteOnly))
+        return false;
+    while (!source.atEnd()) {
+        const QByteArray piece = source.read(1 << 20);
+        if (piece.isEmpty() || copy.write(piece) != piece.size())
+            return false;
+    }
+    return copy.commit();
+}
+
+/// Carries one relationship of a later file over; what is of no use to the body
+/// is passed over.
+void carryRelationship(const QDomElement& relationship, docx::PartCopier* copier,
+                       MergedDocument* merged, docx::RelationshipMap* map)
+{
+    const QString type = relationship.attribute(QStringLiteral("Type"));
+    const QString target = relationship.attribute(QStringLiteral("Target"));
+    const QString mode = relationship.attribute(QStringLiteral("TargetMode"));
+    const QString id = relationship.attribute(QStringLiteral("Id"));
+    if (type.endsWith(QLatin1String("/hyperlink"))) {
+        map->insert(id, merged->addRelationship(type, target, mode));
+        return;
+    }
+    for (const char* end : {"/image", "/header", "/footer", "/drawing"}) {
+        if (!type.endsWith(QLatin1String(end)) || mode == QLatin1String("External"))
+            continue;
+        const QString source = docx::resolvedTarget(docx::parts::document(), target);
+        const QString name = copier->copy(source, type);
+        if (!name.isEmpty())
+            map->insert(id, merged->addRelationship(
+                                type, name.mid(docx::parts::folder().size()), QString()));
+    }
+}
+
+/// False only when the merged file cannot be written.
+bool appendFile(const QString& path, MergedDocument* merged)
+{
+    PackageReader package;
+    WordDocument parts;
+    if (!readFile(path, &package, &parts)) {
+        qDebug() << "DocxMerger: Skipped a file that does not open:" << path;
+        return true;
+    }
+    docx::renumberDrawings(parts.document.documentElement(), merged);
+    docx::PartCopier copier(package, parts, merged);
+    docx::RelationshipMap map;
+    for (const QDomElement& relationship : docx::relationshipElements(parts.relationships))
+        carryRelationship(relationship, &copier, merged, &map);
+    if (copier.failed())
+        return false;
+    docx::appendBody(parts, map, merged);
+    return true;
+}
+
+} // namespace
+
+DocxMerger::DocxMerger(const QStringList& inputs) : inputs_(inputs) {}
+
+bool DocxMerger::merge(const QString& outputPath, bool overwrite)
+{
+    if (inputs_.isEmpty() || isSameFile(inputs_.first(), outputPath))
+        return false;
+    const QFileInfo output(outputPath);
+    if (output.exists() && !overwrite) {
+        qDebug() << "DocxMerger: Output file already exists and overwrite is false";
+        return false;
+    }
+    if (output.exists() && !output.isFile()) {
+        qDebug() << "DocxMerger: Failed to remove existing file";
+        return false;
+    }
+    if (inputs_.size() > 1)
+        return mergeAll(outputPath);
+    const bool copied = copyFile(inputs_.first(), outputPath);
+    if (!copied)
+        qDebug() << "DocxMerger: Failed to copy first file to" << outputPath;
+    return copied;
+}
+
+bool DocxMerger::mergeAll(const QString& outputPath) const
+{
+    MergedDocument merged;
+    {
+        PackageReader first;
+        WordDocument parts;
+        if (!readFile(inputs_.first(), &first, &parts)
+            || !merged.start(first, parts, outputPath)) {
+            qDebug() << "DocxMerger: Failed to copy first file to" << outputPath;
+            return false;
+        }
+    }
+    for (const QString& input : inputs_.mid(1)) {
+        if (!appendFile(input, &merged))
+            return false;
+    }
+    if (!merged.finish()) {
+        qDebug() << "DocxMerger: Failed to replace merged file";
+        return false;
+    }
+    return true;
+}

@@ -1,0 +1,158 @@
+#include "reports/docx/merged_document.h"
+
+#include "base/placeholders.h"
+#include "reports/docx/xml_tree.h"
+#include "reports/docx/xml_walk.h"
+
+#include <algorithm>
+
+namespace docx {
+namespace {
+
+bool grows(const QString& entry)
+{
+    return entry == parts::document() || entry == parts::relationships()
+           || entry == parts::contentTypes();
+}
+
+/// The number of an id "rId12", 0 for any other form.
+qint64 numberOf(const QString& id)
+{
+    const QLatin1String prefix("rId");
+    bool isNumber = false;
+    const int number = id.startsWith(prefix) ? id.mid(prefix.size()).toInt(&isNumber) : 0;
+    return isNumber ? qMax(0, number) : 0;
+}
+
+} // namespace
+
+bool MergedDocument::start(const PackageReader& first, const WordDocument& firstParts,
+                           const QString& path)
+{
+    parts_ = firstParts;
+    body_ = parts_.document.documentElement().firstChildElement(QStringLiteral("w:body"));
+    if (body_.isNull() || !writer_.open(path))
+        return false;
+    for (const PackageEntry& entry : first.entries()) {
+        if (!grows(entry.name) && !writer_.copy(first, entry.name, entry.name))
+            return false;
+    }
+    readNumbers(first);
+    readContentTypes();
+    return true;
+}
+
+void MergedDocument::readNumbers(const PackageReader& first)
+{
+    for (const QDomElement& relationship : relationshipElements(parts_.relationships)) {
+        const QString id = relationship.attribute(QStringLiteral("Id"));
+        relationshipIds_.insert(id);
+        relationCounter_ = qMax(relationCounter_, numberOf(id) + 1);
+    }
+    drawingIds_ = drawingIds(first, parts_.document);
+    if (!drawingIds_.isEmpty())
+        drawingCounter_ = qMax(qint64(0), *std::max_element(drawingIds_.begin(), drawingIds_.end())) + 1;
+}
+
+void MergedDocument::readContentTypes()
+{
+    const QString name = QStringLiteral("Default");
+    QDomElement child = parts_.contentTypes.documentElement().firstChildElement(name);
+    for (; !child.isNull(); child = child.nextSiblingElement(name))
+        defaults_.insert(child.attribute(QStringLiteral("Extension")).toLower());
+    addDefault(QStringLiteral("png"), QStringLiteral("image/png"));
+}
+
+bool MergedDocument::finish()
+{
+    return writer_.add(parts::document(), printXml(parts_.document, 1))
+           && writer_.add(parts::relationships(), printXml(parts_.relationships, 1))
+           && writer_.add(parts::contentTypes(), printXml(parts_.contentTypes, 1))
+           && writer_.commit();
+}
+
+QString MergedDocument::addRelationship(const QString& type, const QString& target,
+                                        const QString& mode)
+{
+    QString id;
+    do {
+        id = fill(QStringLiteral("rId%1"), relationCounter_++);
+    } while (relationshipIds_.contains(id));
+    relationshipIds_.insert(id);
+    QDomElement relationship = parts_.relationships.createElement(QStringLiteral("Relationship"));
+    relationship.setAttribute(QStringLiteral("Id"), id);
+    relationship.setAttribute(QStringLiteral("Type"), type);
+    relationship.setAttribute(QStringLiteral("Target"), target);
+    if (!mode.isEmpty())
+        relationship.setAttribute(QStringLiteral("TargetMode"), mode);
+    parts_.relationships.documentElement().appendChild(relationship);
+    return id;
+}
+
+QString MergedDocument::newPartName(const PartPlace& place, const QString& suffix)
+{
+    QString name;
+    do {
+        name = place.folder
+               + fill(QStringLiteral("%1%2.%3"), place.prefix, partCounter_++,
+                      suffix.isEmpty() ? QStringLiteral("bin") : suffix);
+    } while (writer_.contains(name));
+    return name;
+}
+
+qint64 MergedDocument::newDrawingId()
+{
+    if (drawingCounter_ > largestDrawingId)
+        drawingCounter_ = 1;
+    while (drawingIds_.contains(drawingCounter_))
+        ++drawingCounter_;
+    drawingIds_.insert(drawingCounter_);
+    return drawingCounter_++;
+}
+
+bool MergedDocument::addPart(const QString& name, const QString& contentType,
+                             const QByteArray& bytes)
+{
+    declare(name, contentType);
+    return writer_.add(name, bytes);
+}
+
+bool MergedDocument::copyPart(const QString& name, const QString& contentType,
+                              const PackageReader& from, const QString& oldName)
+{
+    declare(name, contentType);
+    return writer_.copy(from, oldName, name);
+}
+
+bool MergedDocument::addRelationshipsPart(const QString& name, const QByteArray& bytes)
+{
+    addDefault(QStringLiteral("rels"),
+               QStringLiteral("application/vnd.openxmlformats-package.relationships+xml"));
+    return writer_.add(name, bytes);
+}
+
+void MergedDocument::declare(const QString& partName, const QString& contentType)
+{
+    const QString suffix = suffixOf(partName);
+    if (contentType.startsWith(QLatin1String("image/")) && !defaults_.contains(suffix.toLower())) {
+        addDefault(suffix, contentType);
+        return;
+    }
+    QDomElement declared = parts_.contentTypes.createElement(QStringLiteral("Override"));
+    declared.setAttribute(QStringLiteral("PartName"), QLatin1Char('/') + partName);
+    declared.setAttribute(QStringLiteral("ContentType"), contentType);
+    parts_.contentTypes.documentElement().appendChild(declared);
+}
+
+void MergedDocument::addDefault(const QString& suffix, const QString& contentType)
+{
+    if (defaults_.contains(suffix.toLower()))
+        return;
+    defaults_.insert(suffix.toLower());
+    QDomElement added = parts_.contentTypes.createElement(QStringLiteral("Default"));
+    added.setAttribute(QStringLiteral("Extension"), suffix);
+    added.setAttribute(QStringLiteral("ContentType"), contentType);
+    parts_.contentTypes.documentElement().appendChild(added);
+}
+
+} // namespace docx

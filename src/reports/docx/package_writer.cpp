@@ -1,0 +1,125 @@
+#include "reports/docx/package_writer.h"
+
+#include <algorithm>
+#include <quazip/quazip.h>
+#include <quazip/quazipfile.h>
+#include <quazip/quazipnewinfo.h>
+#include <zlib.h>
+
+namespace docx {
+namespace {
+
+// Beyond these the container would need the 64-bit form, which Word refuses.
+constexpr int mostEntries = 65534;
+constexpr qint64 mostBytes = 0xfffffff0;
+
+constexpr int rawWindow = -15;
+constexpr int memoryLevel = 8;
+
+bool isAscii(const QString& name)
+{
+    return std::all_of(name.begin(), name.end(), [](QChar c) { return c.unicode() < 0x80; });
+}
+
+} // namespace
+
+/// One entry while it is written.
+class PackageWriter::Entry {
+public:
+    Entry(QuaZip* zip, const QString& name, const QDateTime& time) : file_(zip)
+    {
+        zip->setUtf8Enabled(!isAscii(name));
+        QuaZipNewInfo info(name);
+        info.dateTime = time.isValid() ? time : QDateTime(QDate(1980, 1, 1), QTime(0, 0));
+        open_ = file_.open(QIODevice::WriteOnly, info, nullptr, 0, Z_DEFLATED,
+                           Z_DEFAULT_COMPRESSION, false, rawWindow, memoryLevel);
+    }
+
+    bool isOpen() const { return open_; }
+
+    bool write(const char* bytes, qint64 length) { return file_.write(bytes, length) == length; }
+
+    bool close()
+    {
+        file_.close();
+        return file_.getZipError() == ZIP_OK;
+    }
+
+private:
+    QuaZipFile file_;
+    bool open_ = false;
+};
+
+PackageWriter::PackageWriter() = default;
+
+PackageWriter::~PackageWriter()
+{
+    if (file_) {
+        file_->cancelWriting();
+        zip_->close();
+    }
+}
+
+bool PackageWriter::open(const QString& path)
+{
+    auto file = std::make_unique<QSaveFile>(path);
+    if (!file->open(QIODevice::WriteOnly))
+        return false;
+    auto zip = std::make_unique<QuaZip>(file.get());
+    zip->setAutoClose(false);
+    zip->setFileNameCodec("UTF-8");
+    zip->setDataDescriptorWritingEnabled(false); // some readers want sizes in front
+    if (!zip->open(QuaZip::mdCreate))
+        return false;
+    file_ = std::move(file);
+    zip_ = std::move(zip);
+    return true;
+}
+
+bool PackageWriter::fail()
+{
+    failed_ = true;
+    return false;
+}
+
+bool PackageWriter::add(const QString& name, const QByteArray& bytes, const QDateTime& time)
+{
+    if (!file_ || failed_ || names_.contains(name))
+        return false;
+    Entry entry(zip_.get(), name, time);
+    if (!entry.isOpen() || !entry.write(bytes.constData(), bytes.size()) || !entry.close())
+        return fail();
+    names_.insert(name);
+    return true;
+}
+
+bool PackageWriter::copy(const PackageReader& from, const QString& name, const QString& newName)
+{
+    if (!file_ || failed_ || names_.contains(newName))
+        return false;
+    Entry entry(zip_.get(), newName, from.entry(name).time);
+    const bool copied = entry.isOpen()
+                        && from.stream(name, [&entry](const char* piece, qint64 length) {
+                               return entry.write(piece, length);
+                           });
+    if (!copied || !entry.close())
+        return fail();
+    names_.insert(newName);
+    return true;
+}
+
+bool PackageWriter::commit()
+{
+    if (!file_)
+        return false;
+    const auto file = std::move(file_);
+    zip_->close();
+    const bool sound = !failed_ && zip_->getZipError() == ZIP_OK && names_.size() <= mostEntries
+                       && file->pos() <= mostBytes;
+    zip_.reset();
+    if (!sound)
+        file->cancelWriting();
+    return file->commit();
+}
+
+} // namespace docx

@@ -1,0 +1,44 @@
+#pragma once
+// A new docx file, written beside its place and moved over it.
+
+#include "reports/docx/package_reader.h"
+
+#include <QSaveFile>
+#include <QSet>
+
+namespace docx {
+
+class PackageWriter {
+public:
+    PackageWriter();
+    /// A container that was not committed leaves nothing behind.
+    ~PackageWriter();
+
+    bool open(const QString& path);
+
+    /// Adds an entry, deflated. Two files made of the same entries are equal to
+    /// the byte: without `time` an entry bears the earliest date of the format.
+    /// False for a name that stands already or a failed write.
+    bool add(const QString& name, const QByteArray& bytes, const QDateTime& time = QDateTime());
+
+    /// Adds an entry of another container under `newName`, byte for byte.
+    bool copy(const PackageReader& from, const QString& name, const QString& newName);
+
+    bool contains(const QString& name) const { return names_.contains(name); }
+
+    /// Finishes the container and moves it to its place. False, with nothing
+    /// changed there, after any failure.
+    bool commit();
+
+private:
+    class Entry;
+
+    bool fail();
+
+    std::unique_ptr<QSaveFile> file_;
+    std::unique_ptr<QuaZip> zip_;
+    QSet<QString> names_;
+    bool failed_ = false;
+};
+
+} // namespace docx

@@ -1,0 +1,154 @@
+#include "reports/docx/xml_walk.h"
+
+#include <QDomDocument>
+
+namespace docx {
+namespace {
+
+bool isWrapper(const QDomElement& element)
+{
+    static const QStringList names{QStringLiteral("w:sdt"),       QStringLiteral("w:sdtContent"),
+                                   QStringLiteral("w:customXml"), QStringLiteral("w:smartTag"),
+                                   QStringLiteral("w:hyperlink"), QStringLiteral("w:ins"),
+                                   QStringLiteral("w:moveTo")};
+    return names.contains(element.tagName());
+}
+
+/// Calls `visit` for each of ownElements() until it gives false, and gives
+/// false then.
+template <typename Visit>
+bool visitOwn(const QDomElement& root, const QString& name, Visit& visit)
+{
+    QDomElement child = root.firstChildElement();
+    for (; !child.isNull(); child = child.nextSiblingElement()) {
+        const bool goOn = child.tagName() == name ? visit(child)
+                                                  : !isWrapper(child) || visitOwn(child, name, visit);
+        if (!goOn)
+            return false;
+    }
+    return true;
+}
+
+bool isBlank(QChar c)
+{
+    return c == QLatin1Char(' ') || c == QLatin1Char('\t') || c == QLatin1Char('\n')
+           || c == QLatin1Char('\r');
+}
+
+bool isValidCharacter(ushort c)
+{
+    return c == '\t' || c == '\n' || c == '\r' || (c >= 0x20 && c < 0xfffe);
+}
+
+} // namespace
+
+QDomElement nextElement(const QDomElement& root, const QDomElement& at, bool inside)
+{
+    if (inside) {
+        const QDomElement child = at.firstChildElement();
+        if (!child.isNull())
+            return child;
+    }
+    for (QDomElement up = at; up != root && !up.isNull(); up = up.parentNode().toElement()) {
+        const QDomElement sibling = up.nextSiblingElement();
+        if (!sibling.isNull())
+            return sibling;
+    }
+    return QDomElement();
+}
+
+QDomElement firstDescendant(const QDomElement& root, const char* name)
+{
+    QDomElement at = nextElement(root, root);
+    while (!at.isNull() && !isNamed(at, name))
+        at = nextElement(root, at);
+    return at;
+}
+
+QVector<QDomElement> descendants(const QDomElement& root, const char* name)
+{
+    QVector<QDomElement> found;
+    forEachElement(root, [&](const QDomElement& element) {
+        if (isNamed(element, name))
+            found.append(element);
+    });
+    return found;
+}
+
+QVector<QDomElement> ownElements(const QDomElement& root, const char* name)
+{
+    QVector<QDomElement> found;
+    auto visit = [&found](const QDomElement& element) {
+        found.append(element);
+        return true;
+    };
+    visitOwn(root, QString::fromLatin1(name), visit);
+    return found;
+}
+
+QDomElement ownElement(const QDomElement& root, const char* name, int place)
+{
+    QDomElement found;
+    auto visit = [&found, place](const QDomElement& element) mutable {
+        if (place-- == 0)
+            found = element;
+        return found.isNull();
+    };
+    if (place >= 0)
+        visitOwn(root, QString::fromLatin1(name), visit);
+    return found;
+}
+
+QDomElement childInOrder(QDomElement parent, const QString& name, const QStringList& order)
+{
+    const QDomElement existing = parent.firstChildElement(name);
+    if (!existing.isNull())
+        return existing;
+    QDomElement made = parent.ownerDocument().createElement(name);
+    const int place = order.indexOf(name);
+    QDomElement sibling = parent.firstChildElement();
+    while (!sibling.isNull() && (place < 0 || order.indexOf(sibling.tagName()) <= place))
+        sibling = sibling.nextSiblingElement();
+    if (sibling.isNull())
+        parent.appendChild(made);
+    else
+        parent.insertBefore(made, sibling);
+    return made;
+}
+
+QString withoutInvalidCharacters(const QString& text)
+{
+    QString valid;
+    valid.reserve(text.size());
+    for (int i = 0; i < text.size(); ++i) {
+        const QChar c = text.at(i);
+        if (c.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate()) {
+            valid += c;
+            valid += text.at(++i);
+        } else if (!c.isSurrogate() && isValidCharacter(c.unicode())) {
+            valid += c;
+        }
+    }
+    return valid;
+}
+
+void setText(QDomElement textElement, const QString& text)
+{
+    const QString valid = withoutInvalidCharacters(text);
+    const QDomText node = textElement.ownerDocument().createTextNode(valid);
+    const QDomNode old = textElement.firstChild();
+    if (old.isNull())
+        textElement.appendChild(node);
+    else
+        textElement.replaceChild(node, old);
+    if (!valid.isEmpty() && (isBlank(valid.front()) || isBlank(valid.back())))
+        textElement.setAttribute(QStringLiteral("xml:space"), QStringLiteral("preserve"));
+}
+
+void removePlaceholderFlag(const QDomElement& control)
+{
+    QDomElement properties = control.firstChildElement(QStringLiteral("w:sdtPr"));
+    properties.removeChild(properties.firstChildElement(QStringLiteral("w:showingPlcHdr")));
+}
+
+} // namespace docx

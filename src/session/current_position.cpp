@@ -1,0 +1,114 @@
+// Choosing the position that the user works in.
+#include "session/project_session.h"
+
+#include "base/placeholders.h"
+#include "session/numbering.h"
+#include "session/working_drawing.h"
+
+#include <nrx/application.h>
+
+namespace {
+
+/// Which project a drawing belongs to; without a project nothing is written.
+DrawingProperty projectProperty(const ProjectSession& session)
+{
+    if (session.projectId == -1)
+        return {};
+    return {QStringLiteral("project"), session.projectName};
+}
+
+DrawingProperty positionProperty(const ProjectSession& session, int positionId)
+{
+    if (session.projectId == -1)
+        return {};
+    return {QStringLiteral("position_id"), QString::number(positionId)};
+}
+
+} // namespace
+
+QString ProjectSession::drawingPath(int positionId) const
+{
+    return tempDir + QStringLiteral("/positionID") + QString::number(positionId) + QStringLiteral(".dwg");
+}
+
+bool ProjectSession::setCurrentPosition(int positionId)
+{
+    if (positionId == -1)
+        return leavePosition();
+    if (projectId == -1 && checkConnection()) {
+        const sql::Result row = run(QStringLiteral("SELECT project_id FROM projects"));
+        if (!row.isNull(0, 0))
+            projectId = row.toInt(0, 0);
+    }
+    if (currentPositionId != -1)
+        closeDrawing(drawingPath(currentPositionId));
+    if (checkConnection() && !bringPosition(positionId))
+        return false;
+    currentPositionId = positionId;
+    currentDrawingPath = drawingPath(positionId);
+    return true;
+}
+
+// The drawing of the position stays open and its path known.
+bool ProjectSession::leavePosition()
+{
+    currentPositionId = defaultPositionId;
+    currentFileId = defaultFileId;
+    currentObjectId = -1;
+    currentSubobjectId = -1;
+    currentPositionName.clear();
+    currentSubobjectName.clear();
+    currentObjectName.clear();
+    if (!checkConnection())
+        return false;
+    const sql::Result row = run(QStringLiteral("SELECT project_id, name FROM projects"));
+    projectId = row.isNull(0, 0) ? -1 : row.toInt(0, 0);
+    projectName = row.getvalue(0, 1);
+    return projectId != -1;
+}
+
+// False only when the database says that there is no such position.
+bool ProjectSession::bringPosition(int positionId)
+{
+    const sql::Result row = run(QStringLiteral("SELECT position_id,file_id FROM positions LEFT JOIN positions_files "
+                                               "USING (position_id) WHERE position_id=")
+                                + QString::number(positionId));
+    if (!row.isTuples())
+        return true;
+    if (row.ntuples() != 1 || row.toInt(0, 0) != positionId)
+        return false;
+    currentPositionId = positionId;
+    currentDrawingPath = drawingPath(positionId);
+    if (row.isNull(0, 1)) {
+        currentFileId = -1;
+        createDrawing(currentDrawingPath, projectProperty(*this));
+    } else {
+        currentFileId = row.toInt(0, 1);
+        if (fetchStoredDrawing(*this, positionId, currentDrawingPath))
+            openDrawing(currentDrawingPath, projectProperty(*this));
+    }
+    writeDrawingProperty(ncDocManagerPtr()->findByFileName(currentDrawingPath), positionProperty(*this, positionId));
+    readPositionNames(positionId);
+    renumberFamilies(*this, positionId);
+    return true;
+}
+
+void ProjectSession::readPositionNames(int positionId)
+{
+    const sql::Result row = run(
+        fill(QStringLiteral("select project_id, name, object_id, object , subobject_id, subobject, "
+                            "position_id,position  from projects  left join objects using (project_id) "
+                            "left join subobjects using (object_id)  left join positions using (subobject_id)   "
+                            "where position_id = %1"),
+             positionId));
+    if (!row.isTuples() || row.ntuples() == 0)
+        return;
+    projectId = row.toInt(0, 0);
+    projectName = row.getvalue(0, 1);
+    currentObjectId = row.toInt(0, 2);
+    currentObjectName = row.getvalue(0, 3);
+    currentSubobjectId = row.toInt(0, 4);
+    currentSubobjectName = row.getvalue(0, 5);
+    currentPositionId = row.toInt(0, 6);
+    currentPositionName = row.getvalue(0, 7);
+}

@@ -1,0 +1,95 @@
+// The session's connection: opening, the live check, the rights, the audit switch.
+#include "session/project_session.h"
+
+#include "base/placeholders.h"
+#include "hostkit/console.h"
+#include "session/connection_parameters.h"
+
+QString ProjectSession::buildConnInfo() const
+{
+    return mainConnInfo({sqlHost, sqlPort, sqlDatabase, sqlUser, sqlPass});
+}
+
+bool ProjectSession::connect()
+{
+    if (sqlType == 1 || sqlType == 2)
+        return false;
+    if (sqlType != 0 || !connection.open(buildConnInfo())) {
+        connected = false;
+        return false;
+    }
+    readProjectRow();
+    readAuditSwitch();
+    readSuperuser();
+    connected = probeRights({QStringLiteral("projects"), QStringLiteral("objects"),
+                             QStringLiteral("subobjects"), QStringLiteral("positions")});
+    return connected;
+}
+
+void ProjectSession::readProjectRow()
+{
+    if (projectId != -1)
+        return;
+    const sql::Result rows = run(QStringLiteral("SELECT project_id, name, owner, location, code FROM projects;"));
+    if (!rows.isTuples())
+        return;
+    for (int i = 0; i < rows.ntuples(); ++i) {
+        projectId = rows.toInt(i, 0);
+        projectName = rows.getvalue(i, 1);
+        projectOwner = rows.getvalue(i, 2);
+        projectLocation = rows.getvalue(i, 3);
+        projectCode = rows.getvalue(i, 4);
+    }
+}
+
+void ProjectSession::readAuditSwitch()
+{
+    const sql::Result row = run(
+        QStringLiteral("SELECT coalesce (current_setting('app.audit_enabled', true),'on') AS audit_status;"));
+    if (row.isTuples())
+        auditEnabled = row.getvalue(0, 0) == QLatin1String("on");
+}
+
+void ProjectSession::readSuperuser()
+{
+    const sql::Result row = run(QStringLiteral("SELECT usesuper FROM pg_user WHERE usename = current_user;"));
+    if (row.isTuples() && row.ntuples() > 0)
+        superuser = row.getvalue(0, 0) == QLatin1String("t");
+}
+
+// A live server without the table `projects` answers with an error; the fresh
+// connection then counts, the question is not asked again.
+bool ProjectSession::checkConnection()
+{
+    connected = run(QStringLiteral("select count(project_id) from projects")).isTuples()
+             || connection.open(buildConnInfo());
+    return connected;
+}
+
+bool ProjectSession::probeRights(const QStringList& tables) const
+{
+    if (!connection.isOk())
+        return false;
+    for (const QString& table : tables) {
+        const sql::Result answer = run(fill(QStringLiteral("SELECT 1 FROM %1 LIMIT 0;"), table));
+        if (!answer.isCommand() && !answer.isTuples()) {
+            say(fill(QStringLiteral("Проверка прав доступа к '%1': ОШИБКА (%2)\n"), table, answer.errorMessage()));
+            return false;
+        }
+    }
+    return true;
+}
+
+bool ProjectSession::setAudit()
+{
+    const bool enabled = !auditEnabled;
+    const QString statement = fill(QStringLiteral("ALTER DATABASE %1 SET app.audit_enabled = '%2'"), sqlDatabase,
+                                   enabled ? QStringLiteral("on") : QStringLiteral("off"));
+    if (!run(statement).isCommand())
+        return false;
+    connection.finish();
+    if (!connect())
+        return false;
+    auditEnabled = enabled;
+    return true;
+}

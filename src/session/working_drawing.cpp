@@ -1,0 +1,71 @@
+#include "session/working_drawing.h"
+
+#include "base/placeholders.h"
+#include "hostkit/console.h"
+#include "session/project_session.h"
+
+#include <QSaveFile>
+#include <nrx/application.h>
+
+void writeDrawingProperty(NcApDocument* document, const DrawingProperty& property)
+{
+    if (!document || property.key.isEmpty())
+        return;
+    NcDbDatabaseSummaryInfo info;
+    if (!isOk(ncdbGetSummaryInfo(document->database(), info)))
+        return;
+    if (!isOk(info.setCustomSummaryInfo(property.key, property.value)))
+        info.addCustomSummaryInfo(property.key, property.value);
+    ncdbPutSummaryInfo(document->database(), info);
+}
+
+void closeDrawing(const QString& path)
+{
+    NcApDocManager* documents = ncDocManagerPtr();
+    if (NcApDocument* document = documents->findByFileName(path))
+        documents->closeDocument(document);
+}
+
+void createDrawing(const QString& path, const DrawingProperty& property)
+{
+    NcApDocManager* documents = ncDocManagerPtr();
+    documents->executeInApplicationContext([&] {
+        if (!isOk(documents->appContextNewDocument(QStringLiteral("Default.dwt"))))
+            return;
+        NcApDocument* document = documents->curDocument();
+        writeDrawingProperty(document, property);
+        documents->saveDocumentAs(document, path);
+    });
+}
+
+void openDrawing(const QString& path, const DrawingProperty& property)
+{
+    NcApDocManager* documents = ncDocManagerPtr();
+    documents->executeInApplicationContext([&] {
+        if (isOk(documents->appContextOpenDocument(path)))
+            writeDrawingProperty(documents->curDocument(), property);
+    });
+}
+
+namespace {
+
+bool writeBytes(const QString& path, const QByteArray& bytes)
+{
+    QSaveFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+}
+
+} // namespace
+
+bool fetchStoredDrawing(const ProjectSession& session, int positionId, const QString& path)
+{
+    const sql::Result row = session.run(
+        QStringLiteral("select content from positions_files  where position_id=$1::integer"),
+        {sql::text(positionId)}, sql::Format::Binary);
+    if (!row.isTuples() || row.isNull(0, 0))
+        return false;
+    if (writeBytes(path, row.bytes(0, 0)))
+        return true;
+    say(fill(QStringLiteral("\n Не удается создать файл %1"), path));
+    return false;
+}

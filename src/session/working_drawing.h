@@ -1,0 +1,31 @@
+#pragma once
+// A position's drawing in the host: a working copy of what the database stores.
+
+#include <QString>
+
+class NcApDocument;
+class ProjectSession;
+
+/// A property of the drawing's own record.
+struct DrawingProperty {
+    QString key;
+    QString value;
+};
+
+/// Replaces the property or adds it.
+void writeDrawingProperty(NcApDocument* document, const DrawingProperty& property);
+
+/// Closes the document of that file name if one is open.
+void closeDrawing(const QString& path);
+
+/// A new document from the template "Default.dwt", saved under `path`; with
+/// the property, unless its key is empty.
+void createDrawing(const QString& path, const DrawingProperty& property);
+
+/// Opens the file as the current document and writes the property to it,
+/// unless its key is empty.
+void openDrawing(const QString& path, const DrawingProperty& property);
+
+/// Writes the drawing that the database stores for the position to `path`.
+/// False when there is none or the file cannot be made, which is told.
+bool fetchStoredDrawing(const ProjectSession& session, int positionId, const QString& path);

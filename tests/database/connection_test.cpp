@@ -1,0 +1,200 @@
+#include "base/placeholders.h"
+#include "database/sql/connection.h"
+#include "support/test_database.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using sql::Connection;
+using sql::Result;
+using sql::Status;
+
+class ConnectionTest : public ::testing::Test
+{
+protected:
+    QString otherConninfo(const QString& key, const QString& value) const
+    {
+        return database_.conninfo() + key + "=" + value;
+    }
+
+    // Ends the connection's server process from another connection.
+    void loseServer()
+    {
+        const QString pid = connection_.run("select pg_backend_pid()").getvalue(0, 0);
+        const Connection other(database_.conninfo());
+        ASSERT_EQ(other.run(fill("select pg_terminate_backend(%1, 5000)", pid)).getvalue(0, 0), QString("t"));
+    }
+
+    TestDatabase database_{TestDatabase::Content::Empty};
+    Connection connection_{database_.conninfo()};
+};
+
+TEST(NoConnection, GivesNullResultsAndEmptyTexts)
+{
+    const Connection connection;
+    EXPECT_FALSE(connection.isOpen());
+    EXPECT_FALSE(connection.isOk());
+    EXPECT_TRUE(connection.run("select 1").isNullResult());
+    EXPECT_TRUE(connection.run("select $1::integer", {sql::text(1)}).isNullResult());
+    EXPECT_TRUE(connection.runScript("select 1").isNullResult());
+    EXPECT_FALSE(connection.run("select 1").isTuples());
+    EXPECT_EQ(connection.escapeLiteral("a"), QString());
+    EXPECT_EQ(connection.escapeIdentifier("a"), QString());
+    EXPECT_FALSE(connection.errorMessage().isEmpty());
+}
+
+TEST_F(ConnectionTest, OpensAndFinishes)
+{
+    EXPECT_TRUE(connection_.isOk());
+    EXPECT_EQ(connection_.run("select current_database()").getvalue(0, 0), database_.name());
+    connection_.finish();
+    EXPECT_FALSE(connection_.isOpen());
+    EXPECT_FALSE(connection_.isOk());
+    EXPECT_TRUE(connection_.run("select 1").isNullResult());
+}
+
+TEST_F(ConnectionTest, OpenReplacesTheHandle)
+{
+    const QString before = connection_.run("select pg_backend_pid()").getvalue(0, 0);
+    ASSERT_TRUE(connection_.open(database_.conninfo()));
+    EXPECT_NE(connection_.run("select pg_backend_pid()").getvalue(0, 0), before);
+}
+
+TEST_F(ConnectionTest, RefusesAWrongPasswordAndKeepsTheMessage)
+{
+    const Connection refused(otherConninfo("password", "wrong"));
+    EXPECT_TRUE(refused.isOpen());
+    EXPECT_FALSE(refused.isOk());
+    EXPECT_TRUE(refused.errorMessage().contains("password"));
+    EXPECT_FALSE(refused.run("select 1").isTuples());
+}
+
+TEST_F(ConnectionTest, RefusesAHostGivenAsAName)
+{
+    EXPECT_FALSE(Connection(otherConninfo("hostaddr", "localhost")).isOk());
+}
+
+TEST_F(ConnectionTest, RefusesAPortWhereNobodyListens)
+{
+    const Connection refused(otherConninfo("port", "1"));
+    EXPECT_FALSE(refused.isOk());
+    EXPECT_FALSE(refused.rawErrorMessage().isEmpty());
+}
+
+TEST_F(ConnectionTest, RunRefusesTwoStatementsAndChangesNothing)
+{
+    ASSERT_TRUE(connection_.run("create table t (a text)").isCommand());
+    const Result result = connection_.run("insert into t values ('a'); drop table t");
+    EXPECT_EQ(result.status(), Status::FatalError);
+    EXPECT_EQ(connection_.run("select count(*) from t").getvalue(0, 0), QString("0"));
+}
+
+TEST_F(ConnectionTest, RunAcceptsAStatementWithItsSemicolon)
+{
+    EXPECT_TRUE(connection_.run("select 1;").isTuples());
+    EXPECT_TRUE(connection_.run("select 1; ").isTuples());
+    EXPECT_TRUE(connection_.run("create table t (a text);\n").isCommand());
+}
+
+TEST_F(ConnectionTest, RunScriptTakesManyStatementsInOneTransaction)
+{
+    EXPECT_TRUE(connection_.runScript("create table a (n integer); insert into a values (1)").isCommand());
+    EXPECT_FALSE(connection_.runScript("insert into a values (2); insert into no_such_table values (1)").isCommand());
+    EXPECT_EQ(connection_.run("select count(*) from a").getvalue(0, 0), QString("1"));
+}
+
+TEST_F(ConnectionTest, BinaryValueComesBackAsItWent)
+{
+    QByteArray bytes;
+    for (int i = 0; i < 256 * 300; ++i)
+        bytes.append(char(i % 256));
+    ASSERT_TRUE(connection_.run("create table f (id integer, content bytea)").isCommand());
+    const Result inserted = connection_.run("insert into f (id, content) values ($1::integer,$2::bytea) returning id",
+                                            {sql::text(7), sql::binary(bytes)});
+    ASSERT_TRUE(inserted.isTuples());
+    EXPECT_EQ(inserted.toInt(0, 0), 7);
+
+    const Result binary = connection_.run("select content from f where id=$1::integer", {sql::text(7)},
+                                          sql::Format::Binary);
+    EXPECT_EQ(binary.getlength(0, 0), bytes.size());
+    EXPECT_EQ(binary.bytes(0, 0), bytes);
+    EXPECT_EQ(connection_.run("select content from f").unescapedBytes(0, 0), bytes);
+}
+
+TEST_F(ConnectionTest, ParametersOfEveryKindArrive)
+{
+    const Result result = connection_.run("select $1::text, $2::integer + 1, $3::text is null, octet_length($4::bytea)",
+                                          {sql::text(QString("О'Нил \"%1\"")), sql::text(41), sql::null(),
+                                           sql::binary(QByteArray())});
+    ASSERT_TRUE(result.isTuples());
+    EXPECT_EQ(result.getvalue(0, 0), QString("О'Нил \"%1\""));
+    EXPECT_EQ(result.getvalue(0, 1), QString("42"));
+    EXPECT_EQ(result.getvalue(0, 2), QString("t"));
+    EXPECT_EQ(result.getvalue(0, 3), QString("0"));
+}
+
+TEST_F(ConnectionTest, AnApostropheInATextMakesTheStatementFail)
+{
+    EXPECT_FALSE(connection_.run(fill("select '%1'", "О'Нил")).isTuples());
+    EXPECT_TRUE(connection_.run("select 1").isTuples());
+}
+
+TEST_F(ConnectionTest, EscapesNamesAndValues)
+{
+    EXPECT_EQ(connection_.escapeIdentifier("a\"b"), QString("\"a\"\"b\""));
+    EXPECT_EQ(connection_.escapeLiteral("О'Нил"), QString("'О''Нил'"));
+    EXPECT_EQ(connection_.run("select " + connection_.escapeLiteral("a'; drop table t --")).getvalue(0, 0),
+              QString("a'; drop table t --"));
+}
+
+TEST_F(ConnectionTest, ALostServerFailsTheStatementAndANewConnectionHeals)
+{
+    loseServer();
+    const Result result = connection_.run("select 1");
+    EXPECT_FALSE(result.isTuples());
+    EXPECT_EQ(result.ntuples(), 0);
+    EXPECT_FALSE(connection_.isOk());
+    EXPECT_TRUE(connection_.isOpen());
+    EXPECT_FALSE(connection_.errorMessage().isEmpty());
+    EXPECT_FALSE(connection_.run("select $1::text", {sql::text(1)}).isTuples());
+    EXPECT_FALSE(connection_.runScript("select 1; select 2").isTuples());
+
+    ASSERT_TRUE(connection_.open(database_.conninfo()));
+    EXPECT_TRUE(connection_.run("select 1").isTuples());
+}
+
+TEST_F(ConnectionTest, NoticesOfTheServerStayOutOfTheConsole)
+{
+    ::testing::internal::CaptureStderr();
+    connection_.run("drop table if exists no_such_table");
+    connection_.run("do $$ begin raise warning 'attention'; end $$");
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
+}
+
+TEST_F(ConnectionTest, TextsTravelAsUtf8WhateverTheEnvironmentSays)
+{
+    qputenv("PGCLIENTENCODING", "WIN1251");
+    const Connection other(database_.conninfo());
+    qunsetenv("PGCLIENTENCODING");
+    EXPECT_EQ(other.run("select 'марка №1'").getvalue(0, 0), QString("марка №1"));
+    EXPECT_EQ(other.run("select length('марка №1')").getvalue(0, 0), QString("8"));
+}
+
+TEST(ServerMessage, IsReadAsUtf8)
+{
+    EXPECT_EQ(sql::decodeServerMessage(QByteArray("ошибка\n")), QString("ошибка\n"));
+    EXPECT_EQ(sql::decodeServerMessage(QByteArray()), QString());
+}
+
+TEST(ServerMessage, IsReadAsWindows1251WhenItIsNoUtf8)
+{
+    EXPECT_EQ(sql::decodeServerMessage(QByteArray("\xEE\xF8\xE8\xE1\xEA\xE0: user\n")), QString("ошибка: user\n"));
+}
+
+TEST(ServerMessage, LosesAnUnfinishedSequenceAtItsEnd)
+{
+    EXPECT_EQ(sql::decodeServerMessage(QByteArray("user \xEE")), QString("user "));
+}
+
+} // namespace

@@ -1,0 +1,25 @@
+#include "docx_fuzz.h"
+
+#include <QGuiApplication>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+
+extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    static QGuiApplication application(*argc, *argv);
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
+{
+    const QString fault
+        = fuzzOpen(QByteArray(reinterpret_cast<const char*>(bytes), int(size)));
+    if (!fault.isEmpty()) {
+        std::fprintf(stderr, "%s\n", qPrintable(fault));
+        std::abort();
+    }
+    return 0;
+}

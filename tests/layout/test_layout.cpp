@@ -1,0 +1,161 @@
+// The arrows between the folders of the house, checked as an ordinary test.
+#include "layout/house.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QSet>
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr int kLongestFile = 700;
+
+const Folder* folderByTarget(const QVector<Folder>& folders, const QString& target)
+{
+    for (const Folder& folder : folders) {
+        if (folder.target == target)
+            return &folder;
+    }
+    return nullptr;
+}
+
+// All targets that a folder reaches along links.
+void collectReachable(const QVector<Folder>& folders, const Folder& from, QSet<QString>& reached)
+{
+    for (const QString& link : from.links) {
+        if (reached.contains(link))
+            continue;
+        reached.insert(link);
+        if (const Folder* next = folderByTarget(folders, link))
+            collectReachable(folders, *next, reached);
+    }
+}
+
+QString belowSrc(const QString& path) { return path.mid(int(qstrlen("src/"))); }
+
+bool isWidgetsHeader(const QString& include)
+{
+    static const QSet<QString> widgets = {
+        "QWidget", "QDialog", "QMessageBox", "QFileDialog", "QInputDialog", "QComboBox", "QLabel", "QLineEdit",
+        "QTableWidget", "QTableView", "QPushButton", "QCheckBox", "QRadioButton", "QSpinBox", "QDoubleSpinBox",
+        "QVBoxLayout", "QHBoxLayout", "QGridLayout", "QFormLayout", "QTabWidget", "QTextEdit", "QProgressBar",
+        "QProgressDialog", "QApplication", "QListWidget", "QTreeView", "QTreeWidget", "QMenu", "QAction",
+        "QStyledItemDelegate", "QItemDelegate", "QMainWindow", "QDockWidget", "QGroupBox", "QSlider"};
+    return widgets.contains(include) || include.startsWith(QLatin1String("QtWidgets"));
+}
+
+bool mayNameWidgets(const QString& path)
+{
+    return path.contains(QLatin1String("/forms/")) || path.startsWith(QLatin1String("src/entry/"));
+}
+
+} // namespace
+
+TEST(Layout, EveryFolderLinksOnlyLowerLevelsOrAnArrowOfItsOwn)
+{
+    const QVector<Folder> folders = foldersOfHouse();
+    ASSERT_GE(folders.size(), 20);
+    for (const Folder& folder : folders) {
+        for (const QString& link : folder.links) {
+            const Folder* linked = folderByTarget(folders, link);
+            EXPECT_TRUE(!linked || linked->level <= folder.level)
+                << folder.path.toStdString() << " links " << link.toStdString();
+        }
+    }
+}
+
+TEST(Layout, IncludesFollowTheArrowsThatTheBuildFilesName)
+{
+    const QVector<Folder> folders = foldersOfHouse();
+    int checked = 0;
+    for (const SourceFile& file : sourcesBelow(QStringLiteral("src"))) {
+        const Folder* own = folderOf(folders, belowSrc(file.path));
+        if (!own)
+            continue;
+        QSet<QString> reached;
+        collectReachable(folders, *own, reached);
+        for (const QString& include : file.included) {
+            const Folder* other = folderOf(folders, include);
+            if (!other || other == own)
+                continue;
+            ++checked;
+            EXPECT_TRUE(reached.contains(other->target))
+                << file.path.toStdString() << " includes " << include.toStdString();
+        }
+    }
+    EXPECT_GT(checked, 50);
+}
+
+TEST(Layout, TheModuleSeesNothingOfTheHostButItsInterface)
+{
+    static const QRegularExpression hostFolder(QStringLiteral("^(drawing|dxf|render|script|ui|workbench)/"));
+    const QVector<Folder> folders = foldersOfHouse();
+    for (const SourceFile& file : sourcesBelow(QStringLiteral("src"))) {
+        for (const QString& include : file.included) {
+            const bool ownFolder = folderOf(folders, include) != nullptr;
+            EXPECT_FALSE(!ownFolder && hostFolder.match(include).hasMatch())
+                << file.path.toStdString() << " includes " << include.toStdString();
+        }
+    }
+}
+
+TEST(Layout, TheHostSeesNothingOfTheModule)
+{
+    const QVector<Folder> folders = foldersOfHouse();
+    for (const SourceFile& file : sourcesBelow(QStringLiteral("host"))) {
+        for (const QString& include : file.included) {
+            const Folder* other = folderOf(folders, include);
+            if (other && !QFile::exists(QStringLiteral(TERVA_SOURCE_DIR "/host/") + include))
+                ADD_FAILURE() << file.path.toStdString() << " includes " << include.toStdString();
+        }
+    }
+}
+
+TEST(Layout, OnlyTheSqlFolderIncludesTheDatabaseLibrary)
+{
+    for (const SourceFile& file : sourcesBelow(QStringLiteral("src"))) {
+        const bool mayInclude = file.path.startsWith(QLatin1String("src/database/sql/"));
+        EXPECT_TRUE(mayInclude || !file.included.contains(QStringLiteral("libpq-fe.h"))) << file.path.toStdString();
+    }
+}
+
+TEST(Layout, WidgetsAreNamedOnlyInFormsAndTheEntry)
+{
+    for (const SourceFile& file : sourcesBelow(QStringLiteral("src"))) {
+        for (const QString& include : file.included) {
+            EXPECT_FALSE(isWidgetsHeader(include) && !mayNameWidgets(file.path))
+                << file.path.toStdString() << " includes " << include.toStdString();
+        }
+    }
+}
+
+TEST(Layout, GeometryAndTheContourEngineAreStandardCppOnly)
+{
+    for (const QString& folder : {QStringLiteral("src/geometry"), QStringLiteral("src/analysis/contour")}) {
+        for (const SourceFile& file : sourcesBelow(folder)) {
+            for (const QString& include : file.included) {
+                EXPECT_FALSE(include.startsWith(QLatin1Char('Q')) || include.startsWith(QLatin1String("nrx/")))
+                    << file.path.toStdString() << " includes " << include.toStdString();
+            }
+        }
+    }
+}
+
+TEST(Layout, ModuleCodeIsPortable)
+{
+    static const QSet<QString> system = {"unistd.h", "dlfcn.h", "windows.h", "pthread.h", "sys/stat.h",
+                                         "sys/types.h", "fcntl.h", "pwd.h"};
+    for (const SourceFile& file : sourcesBelow(QStringLiteral("src"))) {
+        for (const QString& include : file.included)
+            EXPECT_FALSE(system.contains(include)) << file.path.toStdString() << " includes " << include.toStdString();
+    }
+}
+
+TEST(Layout, NoFileIsAHall)
+{
+    for (const QString& folder : {QStringLiteral("src"), QStringLiteral("host"), QStringLiteral("tests")}) {
+        for (const SourceFile& file : sourcesBelow(folder))
+            EXPECT_LE(file.lines, kLongestFile) << file.path.toStdString();
+    }
+}

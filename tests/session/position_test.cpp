@@ -1,0 +1,292 @@
+// Choosing the position: its drawing, its names, its numbering.
+#include "session_fixture.h"
+
+#include "session/numbering.h"
+
+#include <drawing/application.h>
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+class ChoosingAPosition : public SessionTest
+{
+protected:
+    void SetUp() override
+    {
+        SessionTest::SetUp();
+        closeAllDocuments();
+        NcDbDatabase().saveAs(folder_.filePath("Default.dwt"));
+        addTemplateFolder(folder_.path());
+        session_.tempDir = folder_.path();
+        makeHierarchy();
+        ASSERT_TRUE(session_.connect());
+    }
+    void TearDown() override { closeAllDocuments(); }
+
+    static NcApDocument* openDrawing(const QString& path) { return ncDocManagerPtr()->findByFileName(path); }
+
+    static QString property(NcApDocument* document, const QString& key)
+    {
+        NcDbDatabaseSummaryInfo info;
+        QString value;
+        if (!document || !isOk(ncdbGetSummaryInfo(document->database(), info))
+            || !isOk(info.getCustomSummaryInfo(key, value)))
+            return "(absent)";
+        return value;
+    }
+
+    /// Stores a drawing that holds the mark "stored" for the position.
+    void storeDrawing(int positionId, int fileId, const QString& mark = "stored")
+    {
+        NcDbDatabase drawing;
+        NcDbDatabaseSummaryInfo info;
+        info.addCustomSummaryInfo("mark", mark);
+        info.addCustomSummaryInfo("project", "прежнее имя");
+        ncdbPutSummaryInfo(&drawing, info);
+        const QString path = folder_.filePath("source.dwg");
+        ASSERT_TRUE(isOk(drawing.saveAs(path)));
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        stored_ = file.readAll();
+        ASSERT_TRUE(database_.connection().run(
+            "insert into positions_files (file_id, position_id, content) "
+            "values ($3::integer, $1::integer, $2::bytea)",
+            {sql::text(positionId), sql::binary(stored_), sql::text(fileId)}).isCommand());
+    }
+
+    QByteArray stored_;
+};
+
+TEST_F(ChoosingAPosition, PathIsBuiltFromTheTemporaryFolder)
+{
+    session_.tempDir = "/a b";
+    EXPECT_EQ(session_.drawingPath(17), QString("/a b/positionID17.dwg"));
+}
+
+TEST_F(ChoosingAPosition, WithoutAStoredDrawingMakesANewOne)
+{
+    session_.currentFileId = 99;
+    ASSERT_TRUE(session_.setCurrentPosition(1));
+    EXPECT_EQ(session_.currentPositionId, 1);
+    EXPECT_EQ(session_.currentFileId, -1);
+    EXPECT_EQ(session_.currentDrawingPath, folder_.path() + "/positionID1.dwg");
+    NcApDocument* document = openDrawing(session_.currentDrawingPath);
+    ASSERT_TRUE(document);
+    EXPECT_EQ(ncDocManagerPtr()->curDocument(), document);
+    EXPECT_EQ(property(document, "project"), QString("Город"));
+    EXPECT_EQ(property(document, "position_id"), QString("1"));
+    EXPECT_TRUE(QFileInfo::exists(session_.currentDrawingPath));
+    EXPECT_EQ(console_.text(), QString());
+}
+
+TEST_F(ChoosingAPosition, ReadsTheNamesUpToTheProject)
+{
+    session_.projectName = "из файла";
+    ASSERT_TRUE(session_.setCurrentPosition(2));
+    EXPECT_EQ(session_.projectId, 7);
+    EXPECT_EQ(session_.projectName, QString("Город"));
+    EXPECT_EQ(session_.currentObjectId, 3);
+    EXPECT_EQ(session_.currentObjectName, QString("Объект"));
+    EXPECT_EQ(session_.currentSubobjectId, 4);
+    EXPECT_EQ(session_.currentSubobjectName, QString("Подобъект"));
+    EXPECT_EQ(session_.currentPositionName, QString("Позиция 2"));
+}
+
+TEST_F(ChoosingAPosition, OpensTheStoredDrawingOverAnEarlierCopy)
+{
+    storeDrawing(2, 31);
+    QFile earlier(session_.drawingPath(2));
+    ASSERT_TRUE(earlier.open(QIODevice::WriteOnly));
+    earlier.write("earlier");
+    earlier.close();
+
+    ASSERT_TRUE(session_.setCurrentPosition(2));
+    EXPECT_EQ(session_.currentFileId, 31);
+    QFile copy(session_.currentDrawingPath);
+    ASSERT_TRUE(copy.open(QIODevice::ReadOnly));
+    EXPECT_EQ(copy.readAll(), stored_) << "byte for byte";
+    NcApDocument* document = openDrawing(session_.currentDrawingPath);
+    ASSERT_TRUE(document);
+    EXPECT_EQ(ncDocManagerPtr()->curDocument(), document);
+    EXPECT_EQ(property(document, "mark"), QString("stored"));
+    EXPECT_EQ(property(document, "project"), QString("Город")) << "replaced";
+    EXPECT_EQ(property(document, "position_id"), QString("2")) << "added";
+}
+
+TEST_F(ChoosingAPosition, ClosesTheDrawingOfThePositionBefore)
+{
+    ASSERT_TRUE(session_.setCurrentPosition(1));
+    ncDocManagerPtr()->appContextNewDocument("Default.dwt");
+    const int before = ncDocManagerPtr()->documentCount();
+    ASSERT_TRUE(session_.setCurrentPosition(2));
+    EXPECT_EQ(openDrawing(session_.drawingPath(1)), nullptr);
+    EXPECT_TRUE(openDrawing(session_.drawingPath(2)));
+    EXPECT_EQ(ncDocManagerPtr()->documentCount(), before) << "other documents stay";
+}
+
+TEST_F(ChoosingAPosition, ChoosingItAgainOpensItAnew)
+{
+    storeDrawing(1, 5);
+    ASSERT_TRUE(session_.setCurrentPosition(1));
+    ASSERT_TRUE(session_.setCurrentPosition(1));
+    EXPECT_EQ(ncDocManagerPtr()->documentCount(), 1);
+    EXPECT_EQ(property(openDrawing(session_.drawingPath(1)), "mark"), QString("stored"));
+}
+
+TEST_F(ChoosingAPosition, AnUnknownPositionLeavesTheOldOne)
+{
+    ASSERT_TRUE(session_.setCurrentPosition(1));
+    EXPECT_FALSE(session_.setCurrentPosition(1000));
+    EXPECT_EQ(session_.currentPositionId, 1);
+    EXPECT_EQ(session_.currentPositionName, QString("Позиция 1"));
+    EXPECT_EQ(openDrawing(session_.drawingPath(1)), nullptr) << "its drawing was closed before the question";
+}
+
+TEST_F(ChoosingAPosition, TwoStoredDrawingsRefuseThePosition)
+{
+    database_.exec("alter table positions_files drop constraint positions_files_position_id_key;"
+                   "insert into positions_files (position_id) values (1), (1)");
+    EXPECT_FALSE(session_.setCurrentPosition(1));
+    EXPECT_EQ(session_.currentPositionId, -1);
+}
+
+TEST_F(ChoosingAPosition, AFolderThatIsGoneIsTold)
+{
+    storeDrawing(1, 5);
+    session_.tempDir = folder_.path() + "/gone";
+    EXPECT_TRUE(session_.setCurrentPosition(1));
+    EXPECT_EQ(console_.take(), "\n Не удается создать файл " + folder_.path() + "/gone/positionID1.dwg");
+    EXPECT_EQ(session_.currentFileId, 5);
+    EXPECT_EQ(ncDocManagerPtr()->documentCount(), 0);
+}
+
+TEST_F(ChoosingAPosition, AnAbsentContentNeverShowsAStaleCopy)
+{
+    storeDrawing(1, 5);
+    ASSERT_TRUE(session_.setCurrentPosition(1));
+    database_.exec("update positions_files set content = null");
+    ASSERT_TRUE(session_.setCurrentPosition(1));
+    EXPECT_EQ(openDrawing(session_.drawingPath(1)), nullptr);
+}
+
+TEST_F(ChoosingAPosition, WithoutATemplateNoDocumentIsTouched)
+{
+    QFile::remove(folder_.filePath("Default.dwt"));
+    closeAllDocuments();
+    if (isOk(ncDocManagerPtr()->appContextNewDocument("Default.dwt")))
+        GTEST_SKIP() << "a template lies beside the programs";
+    EXPECT_TRUE(session_.setCurrentPosition(1));
+    EXPECT_EQ(ncDocManagerPtr()->documentCount(), 0);
+    EXPECT_EQ(session_.currentPositionName, QString("Позиция 1"));
+}
+
+TEST_F(ChoosingAPosition, WithoutAConnectionOnlyTheNumberIsTaken)
+{
+    session_.sqlPass = "wrong";
+    endConnections(database_);
+    EXPECT_TRUE(session_.setCurrentPosition(2));
+    EXPECT_EQ(session_.currentPositionId, 2);
+    EXPECT_EQ(session_.currentDrawingPath, session_.drawingPath(2));
+    EXPECT_EQ(session_.currentPositionName, QString());
+}
+
+TEST_F(ChoosingAPosition, AFailedQueryIsPassedOver)
+{
+    database_.exec("alter table positions_files rename to away");
+    EXPECT_TRUE(session_.setCurrentPosition(1000));
+    EXPECT_EQ(session_.currentPositionId, 1000);
+    EXPECT_EQ(session_.currentPositionName, QString());
+    EXPECT_EQ(session_.dmEnumerator, session_.dmDefault) << "nothing is renumbered";
+}
+
+TEST_F(ChoosingAPosition, FindsTheProjectWhenNoneIsKnown)
+{
+    session_.projectId = -1;
+    EXPECT_FALSE(session_.setCurrentPosition(1000));
+    EXPECT_EQ(session_.projectId, 7);
+}
+
+TEST_F(ChoosingAPosition, MinusOneLeavesThePositionAndReadsTheProject)
+{
+    ASSERT_TRUE(session_.setCurrentPosition(1));
+    const QString path = session_.currentDrawingPath;
+    session_.projectId = 55;
+    session_.projectName = "другой";
+    EXPECT_TRUE(session_.setCurrentPosition(-1));
+    EXPECT_EQ(session_.projectId, 7);
+    EXPECT_EQ(session_.projectName, QString("Город"));
+    EXPECT_EQ(session_.currentPositionId, -1);
+    EXPECT_EQ(session_.currentFileId, -1);
+    EXPECT_EQ(session_.currentObjectId, -1);
+    EXPECT_EQ(session_.currentSubobjectId, -1);
+    EXPECT_EQ(session_.currentPositionName + session_.currentObjectName + session_.currentSubobjectName, QString());
+    EXPECT_EQ(session_.currentDrawingPath, path) << "the drawing stays";
+    EXPECT_TRUE(openDrawing(path));
+}
+
+TEST_F(ChoosingAPosition, MinusOneTakesTheSessionsDefaults)
+{
+    session_.defaultPositionId = 70;
+    session_.defaultFileId = 71;
+    session_.setCurrentPosition(-1);
+    EXPECT_EQ(session_.currentPositionId, 70);
+    EXPECT_EQ(session_.currentFileId, 71);
+}
+
+TEST_F(ChoosingAPosition, MinusOneWithoutAProjectIsFalse)
+{
+    database_.exec("truncate projects cascade");
+    session_.projectName = "имя";
+    EXPECT_FALSE(session_.setCurrentPosition(-1));
+    EXPECT_EQ(session_.projectId, -1);
+    EXPECT_EQ(session_.projectName, QString());
+}
+
+TEST_F(ChoosingAPosition, MinusOneWithoutAConnectionIsFalse)
+{
+    session_.sqlPass = "wrong";
+    endConnections(database_);
+    EXPECT_FALSE(session_.setCurrentPosition(-1));
+    EXPECT_EQ(session_.projectId, 7) << "kept";
+}
+
+TEST_F(ChoosingAPosition, ContinuesTheNumberingOfSixFamilies)
+{
+    database_.exec("insert into dm_elements (type_id, element_name, position_id) values "
+                   "('dm', 'ДМ.041', 1), ('dm', 'ДМ.7', 1), ('dm', 'ДМ.500', 2);"
+                   "insert into ts_elements (type_id, element_name, position_id) values ('ts', 'скважина', 1);"
+                   "insert into rp_elements (type_id, element_name, position_id) values ('rp_gl', 'RP3-900', 1);"
+                   "insert into igs_elements (type_id, element_name, position_id) values ('skv', 'С-8', 1);");
+    session_.igsEnumerator = {"своя", 3, 2};
+    ASSERT_TRUE(session_.setCurrentPosition(1));
+    EXPECT_EQ(session_.dmEnumerator, (Enumerator{"ДМ.", 42, 3}));
+    EXPECT_EQ(session_.tsEnumerator, (Enumerator{"ТС.", 100, 3})) << "no name holds a digit";
+    EXPECT_EQ(session_.tssEnumerator, (Enumerator{QString("Т") + "C" + "С.", 100, 3})) << "with a Latin C";
+    EXPECT_EQ(session_.rpEnumerator, (Enumerator{"RP.", 4, 3})) << "the first run of digits counts";
+    EXPECT_EQ(session_.ggsEnumerator, (Enumerator{"ГГС.", 100, 3}));
+    EXPECT_EQ(session_.tsgEnumerator, (Enumerator{"ТСГ.", 100, 3}));
+    EXPECT_EQ(session_.igsEnumerator, (Enumerator{"своя", 3, 2}));
+}
+
+TEST_F(ChoosingAPosition, AFamilyThatCannotBeReadKeepsItsNumbering)
+{
+    database_.exec("alter table ts_elements rename to ts_away");
+    ASSERT_TRUE(session_.setCurrentPosition(1));
+    EXPECT_EQ(session_.tsEnumerator, session_.tsDefault);
+    EXPECT_EQ(session_.tssEnumerator.counter, 100) << "the families behind it go on";
+}
+
+TEST(NextNumber, ComesAfterTheGreatestFirstRun)
+{
+    EXPECT_EQ(nextNumber({}), 100);
+    EXPECT_EQ(nextNumber({"без числа", ""}), 100);
+    EXPECT_EQ(nextNumber({"0"}), 1);
+    EXPECT_EQ(nextNumber({"a2b99", "3"}), 4);
+    EXPECT_EQ(nextNumber({"12345678901"}), 1) << "beyond 32 bits reads as 0";
+    EXPECT_EQ(nextNumber({QString::fromUtf8("٣٤")}), 100) << "only ASCII digits";
+    EXPECT_EQ(nextNumber({"2147483647"}), 2147483647);
+}
+
+} // namespace

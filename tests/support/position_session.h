@@ -1,0 +1,71 @@
+#pragma once
+// A project database with two positions and the module's session working on
+// the first of them; a member of a fixture, beside prompts and a drawing. The
+// tests of a program share the database one after another: each starts with
+// nothing in it but the positions, so one that alters the schema puts it back.
+
+#include "session/project_session.h"
+#include "support/test_database.h"
+
+class PositionSession
+{
+public:
+    static constexpr int position = 7;
+    static constexpr int otherPosition = 8;
+
+    PositionSession()
+    {
+        empty();
+        database_.exec("insert into projects (project_id, name) overriding system value values (1, 'Проект');"
+                       "insert into objects (object_id, project_id, object) values (1, 1, 'Объект');"
+                       "insert into subobjects (subobject_id, object_id, subobject) values (1, 1, 'Подобъект');"
+                       "insert into positions (position_id, subobject_id, position) values (7, 1, 'Позиция'), "
+                       "(8, 1, 'Другая');");
+        connect();
+        session().projectId = 1;
+        session().currentPositionId = position;
+    }
+    ~PositionSession()
+    {
+        disconnect();
+        session().currentPositionId = -1;
+        session().projectId = -1;
+    }
+    PositionSession(const PositionSession&) = delete;
+    PositionSession& operator=(const PositionSession&) = delete;
+
+    TestDatabase* operator->() { return &database_; }
+
+    void connect()
+    {
+        session().sqlHost = TestServer::host();
+        session().sqlPort = TestServer::port();
+        session().sqlDatabase = database_.name();
+        session().sqlUser = TestServer::user();
+        session().sqlPass = TestServer::password();
+        session().connection.open(database_.conninfo());
+    }
+    /// The session is left without a connection, and with nowhere to reconnect to.
+    void disconnect()
+    {
+        session().connection.finish();
+        session().sqlHost = session().sqlDatabase = QString();
+        session().sqlPort = QStringLiteral("1");
+    }
+
+private:
+    static TestDatabase& shared()
+    {
+        static TestDatabase database;
+        return database;
+    }
+    // Elements and all that hangs on them go with their positions.
+    void empty()
+    {
+        database_.exec("delete from positions; delete from subobjects; delete from objects; delete from projects;"
+                       "delete from cycles; delete from devices; delete from performers; delete from tsg_catalog;"
+                       "delete from states where state_id <> 'exist'; truncate audit_log");
+    }
+
+    TestDatabase& database_ = shared();
+};

@@ -1,0 +1,228 @@
+#include "support/test_database.h"
+
+#include "base/placeholders.h"
+#include "base/text.h"
+
+#include <QCoreApplication>
+#include <QCryptographicHash>
+#include <QFile>
+#include <gtest/gtest.h>
+
+namespace {
+
+// Any number will do, as long as all test programs take the same.
+const int templateLock = 7462;
+const qint64 leftoverSeconds = 3600;
+
+QString variable(const char* name)
+{
+    return QString::fromLocal8Bit(qgetenv(name));
+}
+
+bool succeed(const sql::Result& result, const QString& what)
+{
+    if (result.isTuples() || result.isCommand())
+        return true;
+    ADD_FAILURE() << what.left(2000).toStdString() << "\n" << result.errorMessage().toStdString();
+    return false;
+}
+
+bool run(const sql::Connection& connection, const QString& statement)
+{
+    return succeed(connection.run(statement), statement);
+}
+
+bool exists(const sql::Connection& connection, const QString& database)
+{
+    return connection.run(fill("select 1 from pg_database where datname = '%1'", database)).ntuples() == 1;
+}
+
+QStringList databasesLike(const sql::Connection& connection, const QString& condition)
+{
+    QStringList names;
+    const sql::Result result = connection.run("select datname from pg_database where " + condition);
+    for (int row = 0; row < result.ntuples(); ++row)
+        names.append(result.getvalue(row, 0));
+    return names;
+}
+
+void drop(const sql::Connection& connection, const QString& database)
+{
+    connection.run(fill("drop database if exists %1 with (force)", database));
+}
+
+QString templateName(const QString& script)
+{
+    const QByteArray hash = QCryptographicHash::hash(script.toUtf8(), QCryptographicHash::Sha1);
+    return "terva_template_" + QString::fromLatin1(hash.toHex().left(12));
+}
+
+// Made under another name and renamed when whole, so that an interrupted run
+// leaves no half of a template behind.
+bool makeTemplate(const sql::Connection& server, const QString& name, const QString& script)
+{
+    for (const QString& old : databasesLike(server, "datname like 'terva\\_template\\_%'"))
+        drop(server, old);
+    const QString unfinished = name + "_unfinished";
+    if (!run(server, fill("create database %1 encoding 'UTF8'", unfinished)))
+        return false;
+    {
+        const sql::Connection inside(TestServer::conninfo(unfinished));
+        if (!succeed(inside.runScript(script), "share/database.sql"))
+            return false;
+    }
+    return run(server, fill("alter database %1 rename to %2", unfinished, name));
+}
+
+// A copy does not take the settings of its template with it.
+void copySettings(const sql::Connection& server, const QString& from, const QString& to)
+{
+    const sql::Result settings = server.run(fill(
+        "select split_part(setting, '=', 1), substr(setting, strpos(setting, '=') + 1)"
+        "  from pg_db_role_setting join pg_database on pg_database.oid = setdatabase, unnest(setconfig) as setting"
+        " where datname = '%1' and setrole = 0", from));
+    for (int row = 0; row < settings.ntuples(); ++row)
+        run(server, fill("alter database %1 set %2 to '%3'", to, settings.getvalue(row, 0), settings.getvalue(row, 1)));
+}
+
+void createFromTemplate(const sql::Connection& server, const QString& name)
+{
+    const QString script = TestDatabase::schemaScript();
+    const QString source = templateName(script);
+    run(server, fill("select pg_advisory_lock(%1)", templateLock));
+    if (exists(server, source) || makeTemplate(server, source, script)) {
+        run(server, fill("create database %1 template %2", name, source));
+        copySettings(server, source, name);
+    }
+    run(server, fill("select pg_advisory_unlock(%1)", templateLock));
+}
+
+// What programs that were killed have left.
+void dropLeftovers(const sql::Connection& server)
+{
+    static bool done = false;
+    if (done)
+        return;
+    done = true;
+    const QString idle = "datname like 'terva\\_test\\_%' and not exists"
+                         " (select 1 from pg_stat_activity a where a.datname = pg_database.datname)";
+    for (const QString& name : databasesLike(server, idle)) {
+        if (name.section('_', 2, 2).toLongLong() < secondsNow() - leftoverSeconds)
+            drop(server, name);
+    }
+}
+
+} // namespace
+
+QString TestServer::host()
+{
+    return variable("TERVA_PG_HOST");
+}
+
+QString TestServer::port()
+{
+    return variable("TERVA_PG_PORT");
+}
+
+QString TestServer::user()
+{
+    return variable("TERVA_PG_USER");
+}
+
+QString TestServer::password()
+{
+    return variable("TERVA_PG_PASSWORD");
+}
+
+bool TestServer::isKnown()
+{
+    if (!host().isEmpty() && !port().isEmpty() && !user().isEmpty())
+        return true;
+    ADD_FAILURE() << "This test needs a PostgreSQL server. Start one and tell where it is:\n"
+                     "  tools/pg start --fast && eval \"$(tools/pg env)\"";
+    return false;
+}
+
+QString TestServer::conninfo(const QString& database)
+{
+    return fill("hostaddr=%1 port=%2 dbname=%3 user=%4 password=%5 ", host(), port(), database, user(), password());
+}
+
+TestDatabase::TestDatabase(Content content)
+{
+    if (!TestServer::isKnown())
+        return;
+    const sql::Connection server(TestServer::conninfo("postgres"));
+    if (!server.isOk()) {
+        ADD_FAILURE() << "No connection to the test server: " << server.errorMessage().toStdString();
+        return;
+    }
+    static int number = 0;
+    name_ = fill("terva_test_%1_%2_%3", secondsNow(), QCoreApplication::applicationPid(), ++number);
+    dropLeftovers(server);
+    if (content == Content::Schema)
+        createFromTemplate(server, name_);
+    else
+        run(server, fill("create database %1 template template0 encoding 'UTF8'", name_));
+    if (!connection_.open(conninfo()))
+        ADD_FAILURE() << connection_.errorMessage().toStdString();
+}
+
+TestDatabase::~TestDatabase()
+{
+    if (name_.isEmpty())
+        return;
+    connection_.finish();
+    drop(sql::Connection(TestServer::conninfo("postgres")), name_);
+}
+
+QString TestDatabase::name() const
+{
+    return name_;
+}
+
+QString TestDatabase::conninfo() const
+{
+    return TestServer::conninfo(name_);
+}
+
+sql::Connection& TestDatabase::connection()
+{
+    return connection_;
+}
+
+bool TestDatabase::exec(const QString& script)
+{
+    return succeed(connection_.runScript(script), script);
+}
+
+QString TestDatabase::value(const QString& query)
+{
+    const sql::Result result = connection_.runScript(query);
+    succeed(result, query);
+    return result.getvalue(0, 0);
+}
+
+QVector<QStringList> TestDatabase::rows(const QString& query)
+{
+    const sql::Result result = connection_.runScript(query);
+    succeed(result, query);
+    QVector<QStringList> rows;
+    for (int row = 0; row < result.ntuples(); ++row) {
+        QStringList values;
+        for (int column = 0; column < result.nfields(); ++column)
+            values.append(result.isNull(row, column) ? QString() : result.getvalue(row, column));
+        rows.append(values);
+    }
+    return rows;
+}
+
+QString TestDatabase::schemaScript()
+{
+    QFile file(QStringLiteral(TERVA_SOURCE_DIR "/share/database.sql"));
+    if (!file.open(QIODevice::ReadOnly)) {
+        ADD_FAILURE() << "share/database.sql cannot be read";
+        return {};
+    }
+    return QString::fromUtf8(file.readAll());
+}
