@@ -56,6 +56,18 @@ void readCommon(DxfFields& fields, NcDbEntity& entity, DxfReadContext& context)
         HostAccess::data(entity).extensionDictionary = handleOf(dictionary.front().value);
 }
 
+// The subclass that is written for every entity.
+void dropEmptyCommon(DxfGroups& groups)
+{
+    for (size_t i = 0; i < groups.size(); ++i) {
+        const bool last = i + 1 == groups.size() || groups[i + 1].code == 100;
+        if (last && groups[i].code == 100 && groups[i].value == QLatin1String("AcDbEntity")) {
+            groups.erase(groups.begin() + std::ptrdiff_t(i));
+            return;
+        }
+    }
+}
+
 bool isAttribute(const DxfRecord& part)
 {
     return part.type == QLatin1String("ATTRIB");
@@ -168,6 +180,7 @@ std::unique_ptr<NcDbEntity> readEntity(const DxfEntity& record, DxfReadContext& 
     const DxfGroups verbatim = std::move(HostAccess::data(*entity).foreignGroups);
     keepRest(fields, HostAccess::data(*entity), entity->isA() == NcDbForeignEntity::desc());
     DxfGroups& kept = HostAccess::data(*entity).foreignGroups;
+    dropEmptyCommon(kept);
     kept.insert(kept.end(), verbatim.begin(), verbatim.end());
     return entity;
 }

@@ -8,6 +8,8 @@ namespace {
 constexpr int kInvisible = 1, kConstant = 2;
 // Bits of a multiline text's background.
 constexpr int kFill = 1, kDrawingBackground = 2;
+// Of a ground whose colour nobody told.
+constexpr int kPaperColor = 7;
 const QString kBackground = QStringLiteral("background"), kMText = QStringLiteral("mtext");
 
 void readTextPart(DxfEntityFields& fields, NcDbText& text)
@@ -56,6 +58,13 @@ void writeText(const NcDbEntity& entity, DxfRecordWriter& record, DxfWriteContex
         record.integer(73, text.verticalMode());
 }
 
+// Lines are told apart by the format's code, not by control characters.
+QString withLineCodes(QString contents)
+{
+    contents.replace(QLatin1String("\r\n"), QLatin1String("\\P"));
+    return contents.replace(QLatin1Char('\n'), QLatin1String("\\P"));
+}
+
 std::unique_ptr<NcDbEntity> readMText(DxfEntityFields& fields, DxfReadContext&, const DxfEntity&)
 {
     auto text = std::make_unique<NcDbMText>();
@@ -69,7 +78,7 @@ std::unique_ptr<NcDbEntity> readMText(DxfEntityFields& fields, DxfReadContext&, 
         contents += piece;
     for (const QString& piece : fields.values(1))
         contents += piece;
-    HostAccess::contents(*text) = fromCaretCoding(contents);
+    HostAccess::contents(*text) = withLineCodes(fromCaretCoding(contents));
     const bool turned = fields.has(50);
     const NcGeVector3d direction = fields.vector(11, {1, 0, 0});
     const double fromDirection = NcGeVector3d::kXAxis.angleTo(direction, NcGeVector3d::kZAxis);
@@ -78,6 +87,8 @@ std::unique_ptr<NcDbEntity> readMText(DxfEntityFields& fields, DxfReadContext&, 
     HostAccess::backgroundFill(*text) = background & (kFill | kDrawingBackground);
     HostAccess::useBackgroundColor(*text) = (background & kDrawingBackground) || fields.own().has(kBackground);
     HostAccess::backgroundScale(*text) = fields.real(45, 1.5);
+    fields.drop(72, 1);
+    fields.drop(63, kPaperColor);
     return text;
 }
 
@@ -85,10 +96,7 @@ std::unique_ptr<NcDbEntity> readMText(DxfEntityFields& fields, DxfReadContext&, 
 // not cut.
 void writeContents(const QString& contents, DxfRecordWriter& record)
 {
-    QString text = contents;
-    text.replace(QLatin1String("\r\n"), QLatin1String("\\P"));
-    text.replace(QLatin1Char('\n'), QLatin1String("\\P"));
-    text = toCaretCoding(text);
+    const QString text = toCaretCoding(withLineCodes(contents));
     int at = 0;
     while (text.size() - at > 250) {
         const int size = text.at(at + 249).isHighSurrogate() ? 249 : 250;
@@ -106,7 +114,7 @@ void writeBackground(const NcDbMText& text, DxfRecordWriter& record)
     else if (text.useBackgroundColorOn())
         record.own().entry(kBackground).addInteger(1);
     if (text.backgroundFillOn())
-        record.groups({{63, color.value_or(QStringLiteral("7"))}});
+        record.groups({{63, color.value_or(QString::number(kPaperColor))}});
     if (text.backgroundFillOn() || text.backgroundScaleFactor() != 1.5)
         record.real(45, text.backgroundScaleFactor());
 }
@@ -119,7 +127,7 @@ void writeMText(const NcDbEntity& entity, DxfRecordWriter& record, DxfWriteConte
     record.real(40, text.textHeight());
     record.real(41, text.width());
     record.integer(71, text.attachment());
-    if (!record.keeps("AcDbMText"))
+    if (!record.keepsCode(72))
         record.integer(72, 1);
     writeContents(text.contents(), record);
     if (text.rotation() != 0.0)

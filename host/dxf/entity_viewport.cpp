@@ -19,6 +19,10 @@ std::unique_ptr<NcDbEntity> readViewport(DxfEntityFields& fields, DxfReadContext
     HostAccess::viewTarget(*viewport) = fields.point(17);
     HostAccess::viewHeight(*viewport) = fields.real(45);
     HostAccess::twist(*viewport) = fields.angle(51);
+    fields.drop(68, 1);
+    fields.drop(69, 2);
+    fields.drop(42, 50);
+    fields.drop(71, 1);
     fields.flags(90, kClipped);
     const quint64 clip = fields.handle(340);
     if (clip)

@@ -148,6 +148,13 @@ quint64 DxfFields::handle(int code)
     return value ? handleOf(*value) : 0;
 }
 
+void DxfFields::drop(int code, double plain)
+{
+    const int at = find(code);
+    if (at >= 0 && realOf(items_[size_t(at)].group.value, plain + 1.0) == plain)
+        items_[size_t(at)].taken = true;
+}
+
 int DxfFields::flags(int code, int mask)
 {
     const int at = find(code);

@@ -42,6 +42,8 @@ public:
     // Bits of a group of which only those of `mask` are understood; the group is
     // left to be kept when it has others.
     int flags(int code, int mask);
+    // Takes the group if its value is the one that is written anyway.
+    void drop(int code, double plain);
     // Codes code, code + 10 and code + 20.
     NcGePoint3d point(int code, const NcGePoint3d& fallback = {});
     NcGeVector3d vector(int code, const NcGeVector3d& fallback);

@@ -113,8 +113,6 @@ OwnData::OwnData(const DxfGroups& xdata)
         } else if (group.code == kText) {
             keyword = group.value;
         }
-        if (closes && present)
-            present->append(group);
     }
 }
 

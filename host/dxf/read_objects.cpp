@@ -155,8 +155,11 @@ void readDictionaryHandles(const DxfDocument& document, NcDbDatabase& database)
     const DxfRecord* root = rootOf(document);
     if (!root)
         return;
+    // The entry in the root follows while its owner still is what it says.
+    NcDbObject& groups = *HostAccess::object(drawing.groupDictionary);
+    HostAccess::setHandle(groups, groupDictionaryOf(document));
     HostAccess::setHandle(*HostAccess::object(drawing.namedObjects), recordHandle(*root));
-    HostAccess::setHandle(*HostAccess::object(drawing.groupDictionary), groupDictionaryOf(document));
+    HostAccess::data(groups).owner = drawing.namedObjects;
 }
 
 void readObjects(const DxfDocument& document, NcDbDatabase& database)

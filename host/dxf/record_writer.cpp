@@ -162,11 +162,14 @@ void keepRest(const DxfFields& fields, NcObjectData& data, bool withEmpty)
 DxfRest restOf(const NcObjectData& data)
 {
     DxfRest rest;
+    QString subclass;
     for (const DxfGroup& group : data.foreignGroups) {
         if (group.code == 100)
-            rest.bodies.push_back({group.value, {}});
+            rest.add(subclass = group.value, {});
+        else if (subclass.isEmpty())
+            rest.head.push_back(group);
         else
-            (rest.bodies.empty() ? rest.head : rest.bodies.back().groups).push_back(group);
+            rest.add(subclass, {group});
     }
     return rest;
 }

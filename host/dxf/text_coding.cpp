@@ -19,6 +19,12 @@ bool isHex(const QString& text, int from, int count)
     return true;
 }
 
+// Whether a circumflex before the character would be read as a code.
+bool isCaretPartner(ushort next)
+{
+    return next <= ' ' || (next >= '@' && next <= '_');
+}
+
 QString doubleByteCharacter(int page, int bytes)
 {
     QTextCodec* codec = QTextCodec::codecForName(kDoubleByteCodecs[page - 1]);
@@ -107,8 +113,9 @@ QString toCaretCoding(const QString& text)
 {
     QString result;
     result.reserve(text.size());
-    for (const QChar c : text) {
-        if (c == QLatin1Char('^'))
+    for (int i = 0; i < text.size(); ++i) {
+        const QChar c = text[i];
+        if (c == QLatin1Char('^') && i + 1 < text.size() && isCaretPartner(text[i + 1].unicode()))
             result += QLatin1String("^ ");
         else if (c.unicode() < 0x20)
             result += QLatin1Char('^') + QString(QChar(ushort(c.unicode() + '@')));

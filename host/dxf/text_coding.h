@@ -19,6 +19,7 @@ bool isUtf8(const QByteArray& bytes);
 QString withoutUnicodeEscapes(const QString& text);
 
 // A control character stands in a file as a circumflex and a character ("^J" is
-// a line feed), the circumflex itself as "^ ". Both directions.
+// a line feed), the circumflex itself as "^ " where it could be taken for the
+// begin of such a pair. Both directions.
 QString fromCaretCoding(const QString& text);
 QString toCaretCoding(const QString& text);

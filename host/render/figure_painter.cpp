@@ -41,13 +41,9 @@ private:
         case Figure::Fill: return paintFill(figure, color, picked);
         case Figure::Text:
             return painter_.fillPath(toDevice_.map(textOutline(figure.text)), picked ? style_.selection : color);
-        case Figure::Dot: {
-            const QPointF at = toDevice_.map(figure.polygons.front().front());
-            const double radius = 1.5 * style_.lineWidth;
-            painter_.setPen(Qt::NoPen);
-            painter_.setBrush(picked ? style_.selection : color);
-            painter_.drawEllipse(at, radius, radius);
-        }
+        case Figure::Dot:
+            return paintDot(toDevice_.map(figure.polygons.front().front()), picked ? style_.selection : color,
+                            1.5 * style_.lineWidth);
         }
     }
 
@@ -65,8 +61,17 @@ private:
             painter_.setPen(pen(style_.selection, width + 2.0 * style_.lineWidth));
             painter_.drawPolyline(line);
         }
+        if (line.size() == 2 && line[0] == line[1])
+            return paintDot(line[0], color, 0.75 * style_.lineWidth);
         painter_.setPen(pen(color, width));
         painter_.drawPolyline(line);
+    }
+
+    void paintDot(const QPointF& at, const QColor& color, double radius)
+    {
+        painter_.setPen(Qt::NoPen);
+        painter_.setBrush(color);
+        painter_.drawEllipse(at, radius, radius);
     }
 
     void paintFill(const Figure& figure, const QColor& color, bool picked)

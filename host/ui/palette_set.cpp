@@ -11,6 +11,7 @@
 struct hostUiPaletteSet::Data {
     QPointer<QDockWidget> dock;
     QTabWidget* tabs = nullptr;
+    bool shown = false;
     std::vector<std::unique_ptr<hostQtPalette>> pages;
 
     ~Data() { destroyWindow(); }
@@ -25,6 +26,17 @@ struct hostUiPaletteSet::Data {
     {
         tabs->addTab(page->widget_, page->title_);
         pages.emplace_back(page);
+    }
+
+    void show(bool visible)
+    {
+        // A window of its own opens as large as its forms ask, within reason.
+        if (visible && !shown && dock->isWindow())
+            dock->resize(dock->size().expandedTo(dock->sizeHint()).expandedTo({270, 300}).boundedTo({900, 800}));
+        shown = shown || visible;
+        dock->setVisible(visible);
+        if (visible)
+            dock->raise();
     }
 
     // The main window took its docks along: the pages' widgets are gone.
@@ -165,9 +177,7 @@ void hostUiPaletteSet_Show(hostUiPaletteSet* set, bool visible)
 {
     if (!alive(set))
         return;
-    set->data_->dock->setVisible(visible);
-    if (visible)
-        set->data_->dock->raise();
+    set->data_->show(visible);
 }
 
 bool IsWindowVisible(const hostUiPaletteSet* set)

@@ -437,13 +437,28 @@ TEST_F(Insertion, NameThatBreaksTheStatementStillInsertsTheBlock)
     EXPECT_EQ(ElementDrawing::attributes(drawing.references()[0]).value("element_id"), "1001");
 }
 
+TEST_F(Insertion, EmptyDrawingGetsItsDefinitionsFromTheDeliveredFiles)
+{
+    ElementDrawing empty;
+    host.keyword("Yes").enter().point(10, 20).cancel();
+    run(2);
+    EXPECT_EQ(host.console.count("завершена\n"), 19) << host.console;
+    ASSERT_EQ(empty.references().size(), 1);
+    const ElementBlock block(empty.references()[0]);
+    EXPECT_EQ(block.kind, 2);
+    EXPECT_EQ(QString::number(block.elementId()), database->value("select element_id from ts_elements"));
+    EXPECT_EQ(block.dynProps, ElementBlock(2).dynProps);
+    EXPECT_EQ(empty.faults(), QStringList());
+}
+
 TEST_F(Insertion, MissingDefinitionStillWritesTheRow)
 {
-    NcDbDatabase empty;
-    ncdbHostApplicationServices()->setWorkingDatabase(&empty);
+    const QString moduleDir = session().moduleDir;
+    session().moduleDir = "/nowhere/";
+    const ElementDrawing empty;
     host.keyword("Yes").enter().point(0, 0).cancel();
     run(0);
-    ncdbHostApplicationServices()->setWorkingDatabase(&drawing.database());
+    session().moduleDir = moduleDir;
     EXPECT_EQ(database->value("select count(*) from dm_elements"), "1");
     EXPECT_TRUE(host.console.contains("\n Block dm_def not found in current AcDbDatabase\n"));
 }

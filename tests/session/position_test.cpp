@@ -5,6 +5,7 @@
 
 #include <drawing/application.h>
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -18,12 +19,16 @@ protected:
         SessionTest::SetUp();
         closeAllDocuments();
         NcDbDatabase().saveAs(folder_.filePath("Default.dwt"));
-        addTemplateFolder(folder_.path());
+        QDir::setCurrent(folder_.path()); // where the template is looked for first
         session_.tempDir = folder_.path();
         makeHierarchy();
         ASSERT_TRUE(session_.connect());
     }
-    void TearDown() override { closeAllDocuments(); }
+    void TearDown() override
+    {
+        closeAllDocuments();
+        QDir::setCurrent(before_);
+    }
 
     static NcApDocument* openDrawing(const QString& path) { return ncDocManagerPtr()->findByFileName(path); }
 
@@ -57,6 +62,7 @@ protected:
     }
 
     QByteArray stored_;
+    const QString before_ = QDir::currentPath();
 };
 
 TEST_F(ChoosingAPosition, PathIsBuiltFromTheTemporaryFolder)
@@ -171,14 +177,18 @@ TEST_F(ChoosingAPosition, AnAbsentContentNeverShowsAStaleCopy)
     EXPECT_EQ(openDrawing(session_.drawingPath(1)), nullptr);
 }
 
-TEST_F(ChoosingAPosition, WithoutATemplateNoDocumentIsTouched)
+TEST_F(ChoosingAPosition, ABrokenTemplateTouchesNoDocument)
 {
-    QFile::remove(folder_.filePath("Default.dwt"));
-    closeAllDocuments();
-    if (isOk(ncDocManagerPtr()->appContextNewDocument("Default.dwt")))
-        GTEST_SKIP() << "a template lies beside the programs";
+    ASSERT_TRUE(isOk(ncDocManagerPtr()->appContextNewDocument("Default.dwt")));
+    NcApDocument* other = ncDocManagerPtr()->curDocument();
+    QFile broken(folder_.filePath("Default.dwt"));
+    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
+    broken.write("no drawing");
+    broken.close();
     EXPECT_TRUE(session_.setCurrentPosition(1));
-    EXPECT_EQ(ncDocManagerPtr()->documentCount(), 0);
+    EXPECT_EQ(ncDocManagerPtr()->documentCount(), 1);
+    EXPECT_EQ(property(other, "project"), QString("(absent)"));
+    EXPECT_EQ(property(other, "position_id"), QString("(absent)"));
     EXPECT_EQ(session_.currentPositionName, QString("Позиция 1"));
 }
 

@@ -33,6 +33,7 @@ private:
         Triangle corners;
         std::int32_t place = -1; // in order_; -1: removed
         std::int32_t born = 0;   // the vertex that made it
+        bool indexed = false;
         bool goes = false;
         Circumcircle circle;
     };
@@ -41,6 +42,8 @@ private:
     bool placeOuterTriangle();
     void startStretch(std::int32_t vertex);
     void findPlacesToGo(std::int32_t vertex);
+    void findYoungToGo(std::int32_t vertex);
+    void settle(std::int32_t id, std::int32_t vertex);
     bool wasPassed(const Record& record, std::int32_t vertex) const;
     void removePlaces();
     void removeFrom(std::int32_t place);
@@ -56,10 +59,11 @@ private:
     std::int32_t count_;
     CircleIndex index_;
     std::vector<Record> records_;
-    std::vector<std::int32_t> freeRecords_; // may be used again from the next stretch on
-    std::vector<std::int32_t> goneRecords_;
+    std::vector<std::int32_t> freeRecords_;
+    std::vector<std::int32_t> goneRecords_; // free once the index has forgotten them
     std::vector<std::int32_t> order_; // records as the array holds them
-    std::vector<std::int32_t> open_;  // records that a vertex can still meet
+    std::vector<std::int32_t> young_; // made by the last vertex, not in the index yet
+    std::vector<std::int32_t> open_;  // in the index: a vertex can still meet them
     std::vector<std::int32_t> places_;
     std::vector<Edge> edges_;
     EdgePairs edgePairs_;
@@ -165,7 +169,34 @@ void Sweep::findPlacesToGo(std::int32_t vertex)
         }
         return true;
     });
+    findYoungToGo(vertex);
     std::sort(places_.begin(), places_.end());
+}
+
+// Along a column of points most triangles go with the very next vertex; only
+// those that outlive it are worth a place in the index.
+void Sweep::findYoungToGo(std::int32_t vertex)
+{
+    for (std::int32_t id : young_) {
+        Record& r = record(id);
+        const double dx = at(vertex).x - r.circle.x;
+        const double dy = at(vertex).y - r.circle.y;
+        if (dx * dx + dy * dy <= r.circle.squaredRadius) {
+            r.goes = true;
+            places_.push_back(r.place);
+        } else {
+            settle(id, vertex);
+        }
+    }
+    young_.clear();
+}
+
+void Sweep::settle(std::int32_t id, std::int32_t vertex)
+{
+    if (!index_.add(record(id).circle, id, at(vertex).x))
+        return;
+    record(id).indexed = true;
+    open_.push_back(id);
 }
 
 void Sweep::removePlaces()
@@ -190,7 +221,7 @@ void Sweep::removeFrom(std::int32_t place)
         edges_.push_back({t.c, t.a});
         gone.place = -1;
         gone.goes = false;
-        goneRecords_.push_back(id);
+        (gone.indexed ? goneRecords_ : freeRecords_).push_back(id);
         const std::int32_t moved = order_.back();
         order_.pop_back();
         again = false;
@@ -216,12 +247,11 @@ void Sweep::addTriangle(const Triangle& corners, std::int32_t vertex)
     r.corners = corners;
     r.place = static_cast<std::int32_t>(order_.size());
     r.born = vertex;
+    r.indexed = false;
     r.goes = false;
     order_.push_back(id);
-    const bool hasCircle = circumcircle(at(corners.a), at(corners.b), at(corners.c), &r.circle);
-    const double from = at(std::max(vertex, 0)).x;
-    if (hasCircle && index_.add(r.circle, id, from))
-        open_.push_back(id);
+    if (circumcircle(at(corners.a), at(corners.b), at(corners.c), &r.circle))
+        young_.push_back(id);
 }
 
 void Sweep::collect(std::vector<Triangle>* triangles) const

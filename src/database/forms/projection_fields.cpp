@@ -32,6 +32,7 @@ ProjectionFields addProjectionFields(QBoxLayout* layout, const QString& moduleDi
     auto* text = new QPlainTextEdit;
     text->setObjectName(QStringLiteral("Proj4Text"));
     text->setPlaceholderText(QString::fromLatin1(exampleProjection));
+    text->setToolTip(QStringLiteral("Например: ") + QString::fromLatin1(exampleProjection));
     text->setTabChangesFocus(true);
     setLeastLines(text, 6);
 

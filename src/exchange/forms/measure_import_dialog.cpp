@@ -112,7 +112,7 @@ void MeasureImportDialog::chooseFile()
     for (const ImportTemplate& format : family_.templates)
         filters.append(format.filter);
     QString filter = filters.value(ui_.ImportTemplate->currentIndex());
-    const QString path = QFileDialog::getOpenFileName(this, family_.title, ui_.FileName->text(),
+    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Открыть файл"), ui_.FileName->text(),
                                                       filters.join(QStringLiteral(";;")), &filter);
     if (path.isEmpty())
         return;

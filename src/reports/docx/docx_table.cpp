@@ -106,8 +106,7 @@ QDomNode DocxTable::rowAt(int) const
 
 QDomElement DocxTable::cellAt(int row, int column) const
 {
-    const int cell = docx::cellOfColumn(cellsOf(docx::rowOf(table_, row)), column);
-    return cell < 0 ? QDomElement() : docx::cellOfMergeStart(table_, row, cell);
+    return docx::cellAtGrid(table_, row, column);
 }
 
 QDomElement DocxTable::cellByIndex(const QDomNode& rowNode, int cellIndex) const

@@ -62,11 +62,13 @@ int cellOfColumn(const QVector<QDomElement>& cells, int column)
     return -1;
 }
 
-QDomElement cellOfMergeStart(const QDomElement& table, int row, int cell)
+QDomElement cellAtGrid(const QDomElement& table, int row, int column)
 {
     const QString value = QStringLiteral("w:val");
-    for (; row >= 0; --row) {
-        const QDomElement at = cellOf(rowOf(table, row), cell);
+    const QVector<QDomElement> cells = cellsOf(rowOf(table, row));
+    const int cell = cellOfColumn(cells, column);
+    QDomElement at = cells.value(cell);
+    for (; !at.isNull(); at = cellOf(rowOf(table, --row), cell)) {
         const QDomElement merge
             = cellProperties(at).firstChildElement(QStringLiteral("w:vMerge"));
         if (merge.isNull())

@@ -28,10 +28,11 @@ QDomElement gridSpanOf(const QDomElement& cell);
 /// counts nothing.
 int cellOfColumn(const QVector<QDomElement>& cells, int column);
 
-/// The cell in which the vertical merge that a cell belongs to starts: the same
-/// cell index is looked at in each row above. Null for a w:vMerge whose value is
-/// not "restart", and for one that never starts.
-QDomElement cellOfMergeStart(const QDomElement& table, int row, int cell);
+/// The cell that covers a grid column of a row. For a cell of a vertical merge
+/// the one in which the merge starts: the same cell index is looked at in each
+/// row above. Null for a w:vMerge whose value is not "restart", for one that
+/// never starts, and outside the table.
+QDomElement cellAtGrid(const QDomElement& table, int row, int column);
 
 /// The order in which the format wants the children of w:tcPr and w:pPr.
 const QStringList& cellPropertyOrder();

@@ -5,24 +5,25 @@
 namespace docx {
 namespace {
 
-bool isWrapper(const QDomElement& element)
+bool isWrapper(const QString& name)
 {
     static const QStringList names{QStringLiteral("w:sdt"),       QStringLiteral("w:sdtContent"),
                                    QStringLiteral("w:customXml"), QStringLiteral("w:smartTag"),
                                    QStringLiteral("w:hyperlink"), QStringLiteral("w:ins"),
                                    QStringLiteral("w:moveTo")};
-    return names.contains(element.tagName());
+    return names.contains(name);
 }
 
 /// Calls `visit` for each of ownElements() until it gives false, and gives
-/// false then.
+/// false then. Nodes become elements only where needed: a table of a thousand
+/// rows is walked for every cell.
 template <typename Visit>
-bool visitOwn(const QDomElement& root, const QString& name, Visit& visit)
+bool visitOwn(const QDomNode& root, const QString& wanted, Visit& visit)
 {
-    QDomElement child = root.firstChildElement();
-    for (; !child.isNull(); child = child.nextSiblingElement()) {
-        const bool goOn = child.tagName() == name ? visit(child)
-                                                  : !isWrapper(child) || visitOwn(child, name, visit);
+    for (QDomNode child = root.firstChild(); !child.isNull(); child = child.nextSibling()) {
+        const QString name = child.nodeName();
+        const bool goOn = name == wanted ? visit(child)
+                                         : !isWrapper(name) || visitOwn(child, wanted, visit);
         if (!goOn)
             return false;
     }
@@ -78,8 +79,8 @@ QVector<QDomElement> descendants(const QDomElement& root, const char* name)
 QVector<QDomElement> ownElements(const QDomElement& root, const char* name)
 {
     QVector<QDomElement> found;
-    auto visit = [&found](const QDomElement& element) {
-        found.append(element);
+    auto visit = [&found](const QDomNode& node) {
+        found.append(node.toElement());
         return true;
     };
     visitOwn(root, QString::fromLatin1(name), visit);
@@ -89,10 +90,11 @@ QVector<QDomElement> ownElements(const QDomElement& root, const char* name)
 QDomElement ownElement(const QDomElement& root, const char* name, int place)
 {
     QDomElement found;
-    auto visit = [&found, place](const QDomElement& element) mutable {
-        if (place-- == 0)
-            found = element;
-        return found.isNull();
+    auto visit = [&found, place](const QDomNode& node) mutable {
+        if (place-- > 0)
+            return true;
+        found = node.toElement();
+        return false;
     };
     if (place >= 0)
         visitOwn(root, QString::fromLatin1(name), visit);

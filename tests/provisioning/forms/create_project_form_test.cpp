@@ -5,6 +5,7 @@
 #include "session/forms/palette_refresh.h"
 #include "session/forms/project_file_dialogs.h"
 #include "session/session_fixture.h"
+#include "support/pictures.h"
 
 #include <drawing/application.h>
 #include <script/modal_driver.h>
@@ -329,16 +330,15 @@ TEST_F(Wizard, LooksRight)
     line("Password")->setText("secret");
     press("btn_testconnect");
     typeConnection(name_);
-    form_->show();
-    EXPECT_TRUE(form_->grab().save("/tmp/wizard0.png"));
+    EXPECT_TRUE(takePicture(*form_, "create_project_connection"));
     press("btn_testconnect");
     typeProject();
     for (int page = 1; page < 3; ++page) {
         pages()->setCurrentIndex(page);
-        EXPECT_TRUE(form_->grab().save(fill("/tmp/wizard%1.png", page)));
+        EXPECT_TRUE(takePicture(*form_, page == 1 ? "create_project_data" : "create_project_paths"));
     }
     press("CreateBtn");
-    EXPECT_TRUE(form_->grab().save("/tmp/wizard3.png"));
+    EXPECT_TRUE(takePicture(*form_, "create_project_log"));
 }
 
 } // namespace

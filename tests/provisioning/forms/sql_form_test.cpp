@@ -3,9 +3,9 @@
 
 #include "session/forms/palette_refresh.h"
 #include "session/session_fixture.h"
+#include "support/pictures.h"
 
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -288,12 +288,9 @@ TEST_F(SqlPage, LooksRight)
     SQLForm form;
     button(form, "btn_testconnect")->click();
     form.resize(form.minimumSizeHint().width(), 760);
-    form.show();
-    QCoreApplication::processEvents();
-    EXPECT_TRUE(form.grab().save("/tmp/sql_form.png"));
+    EXPECT_TRUE(takePicture(form, "sql_form"));
     form.resize(form.minimumSizeHint().width(), 300);
-    QCoreApplication::processEvents();
-    EXPECT_TRUE(form.grab().save("/tmp/sql_form_docked.png"));
+    EXPECT_TRUE(takePicture(form, "sql_form_docked"));
 }
 
 } // namespace

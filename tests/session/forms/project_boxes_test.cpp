@@ -4,6 +4,7 @@
 
 #include "session/project_dialogs.h"
 #include "session/session_fixture.h"
+#include "support/pictures.h"
 
 #include <script/modal_driver.h>
 
@@ -152,8 +153,7 @@ TEST(SqlConnectionDialog, LooksRight)
 {
     SQLConnectionDialog dialog;
     dialog.setParameters({"127.0.0.1", "5432", "monitoring", "postgres", "secret"});
-    dialog.show();
-    EXPECT_TRUE(dialog.grab().save("/tmp/sql_connection_dialog.png"));
+    EXPECT_TRUE(takePicture(dialog, "sql_connection_dialog"));
 }
 
 } // namespace

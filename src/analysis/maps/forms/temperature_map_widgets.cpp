@@ -90,7 +90,7 @@ TemperatureMapWidgets::TemperatureMapWidgets(QDialog* dialog)
     auto* all = new QVBoxLayout(dialog);
     all->addLayout(columns, 1);
     all->addLayout(buttons);
-    dialog->resize(900, 560);
+    dialog->resize(1120, 600);
 }
 
 QWidget* TemperatureMapWidgets::placeGroup(QDialog* dialog)
@@ -104,7 +104,7 @@ QWidget* TemperatureMapWidgets::placeGroup(QDialog* dialog)
     BoundStatus = named<QLabel>("BoundStatus", QStringLiteral("Не загружена"));
     MeasData = named<QComboBox>("MeasData");
     MeasData->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    MeasData->setMinimumContentsLength(28);
+    MeasData->setMinimumContentsLength(20);
 
     auto* layout = new QGridLayout(group);
     layout->addWidget(ByPosition, 0, 0, 1, 2);

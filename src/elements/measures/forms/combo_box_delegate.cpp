@@ -21,8 +21,10 @@ QWidget* ComboBoxDelegate::createEditor(QWidget* parent, const QStyleOptionViewI
 void ComboBoxDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
 {
     auto* combo = qobject_cast<QComboBox*>(editor);
-    if (combo)
-        combo->setCurrentIndex(qMax(0, combo->findData(index.data(Qt::UserRole).toInt())));
+    if (!combo)
+        return;
+    const QVariant id = index.data(Qt::UserRole);
+    combo->setCurrentIndex(id.isValid() ? qMax(0, combo->findData(id.toInt())) : 0);
 }
 
 void ComboBoxDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const

@@ -1,0 +1,8 @@
+#pragma once
+
+#include "geometry/point3.h"
+
+// Number of triangles of CGAL's Delaunay triangulation of the points, inserted
+// at once (which sorts them along a space-filling curve); -1 where CGAL is not
+// installed. Apart, since its headers want their own warnings.
+long delaunayTriangles(const geometry::PointList& points);
