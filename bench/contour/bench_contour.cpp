@@ -144,7 +144,7 @@ Measured measure(const BuildInput& input, const BuildParameters& parameters, int
     return result;
 }
 
-// Peak of a process that does nothing but one build.
+// Peak of a process that does one build; what the bench holds itself counts too.
 long peakMegabytes(const BuildInput& input, const BuildParameters& parameters)
 {
     const pid_t child = fork();

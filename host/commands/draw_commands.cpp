@@ -72,7 +72,8 @@ void drawText()
 void erase()
 {
     NcSelectionSet set;
-    if (ncedSSGet(QString(), {}, set) != kPromptNormal)
+    // What was picked before goes first.
+    if (ncedSSGet(QStringLiteral("_I"), {}, set) != kPromptNormal && ncedSSGet(QString(), {}, set) != kPromptNormal)
         return;
     int erased = 0;
     for (const NcDbObjectId& id : set.ids) {

@@ -1,6 +1,7 @@
 #include "active_view.h"
 
 #include <drawing/application.h>
+#include <drawing/host_access.h>
 
 #include <cmath>
 
@@ -8,15 +9,12 @@ namespace {
 
 constexpr double kRoom = 1.06;
 
-NcDbViewportTableRecord* openActive(NcDbDatabase& drawing, NcOpenMode mode)
+// Looked at and set past the openings: what is on the screen is no change of
+// the drawing, and a command may hold the record just now.
+NcDbViewportTableRecord* activeRecord(NcDbDatabase& drawing)
 {
-    NcDbViewportTable* table = nullptr;
-    NcDbViewportTableRecord* record = nullptr;
-    if (!isOk(drawing.getSymbolTable(table, kForRead)))
-        return nullptr;
-    table->getAt(QStringLiteral("*Active"), record, mode);
-    table->close();
-    return record;
+    return HostAccess::objectAs<NcDbViewportTableRecord>(
+        HostAccess::recordId(drawing, HostAccess::data(drawing).viewportTable, QStringLiteral("*Active")));
 }
 
 }  // namespace
@@ -24,25 +22,24 @@ NcDbViewportTableRecord* openActive(NcDbDatabase& drawing, NcOpenMode mode)
 ActiveView activeView(NcDbDatabase& drawing)
 {
     ActiveView view;
-    if (NcDbViewportTableRecord* record = openActive(drawing, kForRead)) {
+    if (const NcDbViewportTableRecord* record = activeRecord(drawing)) {
         view.center = {record->centerPoint().x, record->centerPoint().y};
         view.height = record->height();
         view.width = record->width();
-        record->close();
     }
     return view;
 }
 
 bool setActiveView(NcDbDatabase& drawing, const ActiveView& view)
 {
-    const bool sound = view.height > 0.0 && view.width > 0.0 && std::isfinite(view.height) && std::isfinite(view.width);
-    NcDbViewportTableRecord* record = sound ? openActive(drawing, kForWrite) : nullptr;
+    const bool sound = view.height > 0.0 && view.width > 0.0 && std::isfinite(view.height) && std::isfinite(view.width)
+        && std::isfinite(view.center.x()) && std::isfinite(view.center.y());
+    NcDbViewportTableRecord* record = sound ? activeRecord(drawing) : nullptr;
     if (!record)
         return false;
-    record->setCenterPoint({view.center.x(), view.center.y()});
-    record->setHeight(view.height);
-    record->setWidth(view.width);
-    record->close();
+    HostAccess::center(*record) = {view.center.x(), view.center.y()};
+    HostAccess::height(*record) = view.height;
+    HostAccess::width(*record) = view.width;
     emit HostEvents::instance()->viewChanged();
     return true;
 }

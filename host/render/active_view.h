@@ -13,7 +13,8 @@ struct ActiveView {
 };
 
 NRX_API ActiveView activeView(NcDbDatabase& drawing);
-// Also tells the windows that the view changed. A height or width that is not
+// Also tells the windows that the view changed; the drawing does not count as
+// changed. A height or width that is not
 // above 0 is refused.
 NRX_API bool setActiveView(NcDbDatabase& drawing, const ActiveView& view);
 // The view that shows a part of the world, with a little room around it; the

@@ -11,6 +11,8 @@ bool parseOptions(const QStringList& arguments, Options& options, QString& messa
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Эта справка."));
     const QCommandLineOption batch(QStringLiteral("batch"), QStringLiteral("Исполнить сценарий без окна."),
                                    QStringLiteral("файл"));
+    const QCommandLineOption play(QStringLiteral("play"), QStringLiteral("Исполнить сценарий в окне и закрыть его."),
+                                  QStringLiteral("файл"));
     const QCommandLineOption module(QStringLiteral("module"),
                                     QStringLiteral("Загрузить модуль (по умолчанию terva.nrx рядом с программой)."),
                                     QStringLiteral("файл"));
@@ -22,7 +24,7 @@ bool parseOptions(const QStringList& arguments, Options& options, QString& messa
                                      QStringLiteral("секунды"));
     const QCommandLineOption profile(QStringLiteral("profile"), QStringLiteral("Файл настроек окна."),
                                      QStringLiteral("файл"));
-    parser.addOptions({help, batch, module, noModule, variable, timeout, profile});
+    parser.addOptions({help, batch, play, module, noModule, variable, timeout, profile});
     parser.addPositionalArgument(QStringLiteral("чертежи"), QStringLiteral("Чертежи, которые открыть."),
                                  QStringLiteral("[чертежи...]"));
 
@@ -31,6 +33,7 @@ bool parseOptions(const QStringList& arguments, Options& options, QString& messa
     if (!good || parser.isSet(help))
         return false;
     options.batch = parser.value(batch);
+    options.play = parser.value(play);
     options.modules = parser.values(module);
     options.defaultModule = !parser.isSet(noModule) && options.modules.isEmpty();
     options.drawings = parser.positionalArguments();

@@ -3,6 +3,7 @@
 #include "base/placeholders.h"
 #include "base/text.h"
 
+#include <QBrush>
 #include <cmath>
 
 namespace {
@@ -317,6 +318,11 @@ QVariant MeasureTable::data(const QModelIndex& index, int role) const
     case Qt::CheckStateRole:
         if (content == ImportContent::Status)
             return row.checked ? Qt::Checked : Qt::Unchecked;
+        return {};
+    case Qt::ForegroundRole:
+        // Readable although the cell is dead.
+        if (content == ImportContent::Status && !row.importable)
+            return QBrush(Qt::darkRed);
         return {};
     case Qt::ToolTipRole:
         return content == ImportContent::Status ? QVariant(row.status) : QVariant();

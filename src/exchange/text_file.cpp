@@ -5,16 +5,17 @@
 
 namespace {
 
-constexpr qint64 longestLine = 1 << 20;
+constexpr int longestLine = 1 << 20;
 
 // The next line with its end; a line that is too long is passed and comes empty.
-QByteArray nextLine(QFile& file)
+QByteArray nextLine(QFile& file, QByteArray& buffer)
 {
-    const QByteArray line = file.readLine(longestLine + 1);
+    qint64 size = file.readLine(buffer.data(), buffer.size());
+    const QByteArray line(buffer.constData(), int(qMax(qint64(0), size)));
     if (line.size() < longestLine || line.endsWith('\n'))
         return line;
-    while (!file.atEnd() && !file.readLine(longestLine + 1).endsWith('\n'))
-        ;
+    while (size > 0 && buffer[int(size - 1)] != '\n')
+        size = file.readLine(buffer.data(), buffer.size());
     return {};
 }
 
@@ -44,8 +45,9 @@ QStringList readLines(const QString& path, TextEncoding encoding)
         return lines;
     if (file.peek(3) == "\xEF\xBB\xBF")
         file.read(3);
+    QByteArray buffer(longestLine + 1, Qt::Uninitialized); // a line and the zero behind it
     while (!file.atEnd()) {
-        QByteArray line = nextLine(file);
+        QByteArray line = nextLine(file, buffer);
         dropLineEnd(line);
         lines.append(decoded(line, encoding));
     }

@@ -284,6 +284,16 @@ TEST_F(ProfileCheck, EachCriterionTestsOnlyTheStepsFullyInside)
     EXPECT_EQ(well.gradients, TemperatureLog({{2, -1.0}, {4, 9.0}}));
 }
 
+TEST_F(ProfileCheck, StepsThatEndAtTheBoundsAreInside)
+{
+    setNorms("null", "1", "3");
+    const TSMeasure well = check({{1, -1.0}, {2, -2.0}, {3, -1.0}, {4, -1.0}});
+    EXPECT_EQ(well.outliers, TemperatureLog({{2, -2.0}}));
+    EXPECT_EQ(well.gradients, TemperatureLog({{2, -2.0}, {3, -1.0}}));
+    database()->exec("update positions_attributes set temperature_deep_min = 1.01, temperature_deep_max = 2.99");
+    EXPECT_EQ(check({{1, -1.0}, {2, -2.0}, {3, -1.0}}).validity, quint32(profileNoPrevious));
+}
+
 TEST_F(ProfileCheck, TwoDepthsHaveNoOutlier)
 {
     setNorms("null", "1", "4");
@@ -319,4 +329,14 @@ TEST_F(ProfileCheck, AnswersAreKeptUntilForgotten)
     criteria.forget();
     EXPECT_TRUE(criteria.norms(7).found);
     EXPECT_EQ(criteria.norms(7).settlement, 5.0);
+
+    const QString statement = "select meas from ts_meas where element_id = %1 and cycle_id = %2";
+    EXPECT_EQ(criteria.previous(statement, 1, 1).state, PreviousMeasure::None);
+    store("'1.00:-1.00'", 1);
+    EXPECT_EQ(criteria.previous(statement, 1, 1).state, PreviousMeasure::None);
+    EXPECT_EQ(criteria.previous(statement, 2, 1).state, PreviousMeasure::None) << "another well";
+    criteria.forget();
+    EXPECT_EQ(criteria.previous(statement, 1, 1).state, PreviousMeasure::Found);
+    EXPECT_EQ(criteria.previous(statement, 1, 1).text, "1.00:-1.00");
+    EXPECT_EQ(criteria.previous("select nothing", 9, 9).state, PreviousMeasure::Failed);
 }

@@ -42,7 +42,7 @@ QComboBox* makeCombo(const char* name)
 {
     auto* combo = named(new QComboBox, name);
     combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    combo->setMinimumContentsLength(24);
+    combo->setMinimumContentsLength(10);
     return combo;
 }
 
@@ -149,7 +149,7 @@ QWidget* ImportControls::elementsGroup()
 
 QWidget* ImportControls::forAllGroup()
 {
-    auto* group = new QGroupBox(QStringLiteral("Значения для всех строк"));
+    auto* group = new QGroupBox(QStringLiteral("Для всех строк"));
     forAll_ = new QGridLayout(group);
     CyclesCombo = makeCombo("CyclesCombo");
     DeviceCombo = makeCombo("DeviceCombo");
@@ -194,6 +194,7 @@ QWidget* ImportControls::tabs()
     measuresView = named(new MeasuresView, "measuresView");
     RawInput = named(new QTableView, "RawInput");
     RawInput->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    RawInput->horizontalHeader()->setDefaultSectionSize(140);
     pages->addTab(measuresView, QStringLiteral("Измерения"));
     pages->addTab(RawInput, QStringLiteral("Просмотр"));
     return pages;
@@ -205,6 +206,7 @@ QWidget* ImportControls::bottomRow()
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     SummaryLabel = named(new QLabel, "SummaryLabel");
+    SummaryLabel->setWordWrap(true);
     ImportBtn = makeButton("Импорт", "ImportBtn");
     CopyErrorsBtn = makeButton("Копировать ошибки", "CopyErrorsBtn");
     CloseBtn = makeButton("Закрыть", "CloseBtn");

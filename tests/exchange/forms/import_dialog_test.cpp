@@ -8,6 +8,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QFileDialog>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -296,6 +297,54 @@ TEST_F(ImportDialogs, AFileOfTheFirstFormatSetsTheUsualCodingAndSeparator)
         .press("CloseBtn");
     importThermalWellMeasures();
     EXPECT_TRUE(driver.done()) << driver.report().toStdString();
+}
+
+TEST_F(ImportDialogs, TheFilterOfTheFileDialogChoosesTheFormat)
+{
+    const QByteArray file = "Дата замера;Время замера;№ Объекта;Зав.№ косы;1;2;x;y\n"
+                            "05.01.21;14:15;Т-1;SN-1;-1;-2;9;9\n";
+    driver.expect(wellsTitle).set("ImportTemplate", ownFormat).press("OpenFileBtn");
+    driver.expect("Открыть файл")
+        .call([](QWidget* window) {
+            auto* dialog = qobject_cast<QFileDialog*>(window);
+            if (!dialog || dialog->nameFilters().size() != 3 || dialog->selectedNameFilter() != ownFormat)
+                return QStringLiteral("другие фильтры");
+            dialog->selectNameFilter("РусГеоТех CSV(*.csv)");
+            return QString();
+        })
+        .files({write(file)})
+        .check("ImportTemplate", "РусГеоТех CSV(*.csv)")
+        .step("rows", {"measuresView", "1"})
+        .step("check-cell", {"measuresView", "0", "0", "Не определен исполнитель. "})
+        .set("OperatorCombo", "data:1")
+        .press("BTNOperatorToAll")
+        .step("check-cell", {"measuresView", "0", "0", "Нет данных"})
+        .set("EnvTempSpin", "-20")
+        .press("BTNEnvTempToAll")
+        .step("check-cell", {"measuresView", "0", "0", "OK"})
+        .press("CloseBtn");
+    importThermalWellMeasures();
+    EXPECT_TRUE(driver.done()) << driver.report().toStdString();
+}
+
+TEST_F(ImportDialogs, ADialogAtWorkShowsItsProgressAndStaysOpen)
+{
+    TSImportCmdDialog dialog;
+    dialog.show();
+    child<QComboBox>(dialog, "ImportTemplate")->setCurrentIndex(2);
+    child<QLineEdit>(dialog, "FileName")->setText(write(wellFile));
+    QVector<int> steps;
+    QObject::connect(child<QProgressBar>(dialog, "ReadProgress"), &QProgressBar::valueChanged, &dialog,
+                     [&](int step) {
+                         steps.append(step);
+                         dialog.reject();
+                     });
+    child<QRadioButton>(dialog, "EncodingCP1251")->setChecked(true);
+    child<QRadioButton>(dialog, "EncodingUTF8")->setChecked(true);
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(steps, QVector<int>({1, 2, 3, 4, 0, 1, 2, 3, 4})) << "line by line";
+    dialog.reject();
+    EXPECT_FALSE(dialog.isVisible());
 }
 
 TEST_F(ImportDialogs, AFileDialogThatIsClosedChangesNothing)

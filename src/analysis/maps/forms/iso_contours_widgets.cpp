@@ -1,6 +1,7 @@
 #include "analysis/maps/forms/iso_contours_widgets.h"
 
 #include "analysis/levels/forms/color_map_widget.h"
+#include "session/forms/named_widget.h"
 #include "session/project_session.h"
 
 #include <QCheckBox>
@@ -17,19 +18,6 @@
 #include <array>
 
 namespace {
-
-template <class Widget, class... Arguments>
-Widget* named(const char* name, Arguments&&... arguments)
-{
-    auto* widget = new Widget(std::forward<Arguments>(arguments)...);
-    widget->setObjectName(QString::fromLatin1(name));
-    return widget;
-}
-
-QLabel* label(const char* text)
-{
-    return new QLabel(QString::fromUtf8(text));
-}
 
 QLineEdit* number(const char* name, const char* value)
 {

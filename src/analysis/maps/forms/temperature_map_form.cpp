@@ -48,11 +48,11 @@ public:
 QString modeTitle(Sampling::Mode mode)
 {
     switch (mode) {
-    case Sampling::Elevation: return QStringLiteral("Температура на отметке");
-    case Sampling::Average: return QStringLiteral("Средневзвешенная температура");
+    case Sampling::Elevation: return QStringLiteral("Температура\nна отметке");
+    case Sampling::Average: return QStringLiteral("Средневзвешенная\nтемпература");
     case Sampling::Depth: break;
     }
-    return QStringLiteral("Температура на глубине");
+    return QStringLiteral("Температура\nна глубине");
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "analysis/maps/forms/temperature_map_widgets.h"
 
+#include "session/forms/named_widget.h"
+
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
@@ -15,19 +17,6 @@
 #include <QTableWidget>
 
 namespace {
-
-template <class Widget, class... Arguments>
-Widget* named(const char* name, Arguments&&... arguments)
-{
-    auto* widget = new Widget(std::forward<Arguments>(arguments)...);
-    widget->setObjectName(QString::fromLatin1(name));
-    return widget;
-}
-
-QLabel* label(const char* text)
-{
-    return new QLabel(QString::fromUtf8(text));
-}
 
 // Depths and elevations in metres.
 QDoubleSpinBox* metres(const char* name)
@@ -73,7 +62,9 @@ TemperatureMapWidgets::TemperatureMapWidgets(QDialog* dialog)
 
     auto* columns = new QHBoxLayout;
     columns->addLayout(left);
-    columns->addWidget(tables(dialog), 1);
+    QWidget* shown = tables(dialog);
+    shown->setMinimumWidth(620);
+    columns->addWidget(shown, 1);
 
     ExportCSVBTN = named<QPushButton>("ExportCSVBTN", QStringLiteral("Экспорт в .csv"), dialog);
     CopyClipBTN = named<QPushButton>("CopyClipBTN", QStringLiteral("Экспорт в буфер"), dialog);
