@@ -4,6 +4,7 @@
 #include "reports/docx/docx_template.h"
 #include "reports/docx/xml_walk.h"
 
+#include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QProcess>
@@ -21,6 +22,8 @@ constexpr int columns = 6;
 constexpr double fillBound = 0.5;      // seconds
 constexpr int memoryBound = 200;       // megabytes
 constexpr double advantageBound = 5.0; // times as fast as python-docx
+constexpr double refusalBound = 1.0;   // seconds
+constexpr int refusalMemory = 400;     // megabytes
 constexpr double growthBound = 2.6;    // of time when the files double; 2 is linear
 
 bool missed = false;
@@ -153,6 +156,18 @@ void benchMerge(const QTemporaryDir& folder)
     report("  Terva, peak memory of the process", peakMegabytes(), "MB");
 }
 
+/// Files made to hurt: each must be refused.
+void benchHostile(const QTemporaryDir& folder)
+{
+    runPython({"make-hostile", folder.path()});
+    std::printf("refusing hostile files\n");
+    for (const QString& name : QDir(folder.path()).entryList({"hostile-*.docx"}, QDir::Files)) {
+        const double seconds = best(3, [&] { return !DocxTemplate().open(folder.filePath(name)); });
+        report(qPrintable("  " + name), seconds, "s", seconds < refusalBound);
+    }
+    report("  Terva, peak memory of the process", peakMegabytes(), "MB", peakMegabytes() < refusalMemory);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -162,6 +177,7 @@ int main(int argc, char** argv)
     QGuiApplication application(argc, argv);
     const QTemporaryDir folder;
     benchFill(folder);
+    benchHostile(folder);
     benchMerge(folder);
     return missed ? 1 : 0;
 }

@@ -8,6 +8,9 @@ same_edits.py fill FILE RESULT ROWS WAY  fills it; WAY is "library" (rows and
                                          that it allows)
 same_edits.py merge RESULT FILE ...      appends the bodies with their pictures
 
+same_edits.py make-hostile FOLDER        files that no program should take long
+                                         to refuse
+
 fill and merge print their seconds of the processor, without the start of the interpreter.
 """
 import copy
@@ -17,6 +20,7 @@ import random
 import struct
 import sys
 import time
+import zipfile
 import zlib
 
 import docx
@@ -64,6 +68,39 @@ def make_parts(folder, count):
         document.save(os.path.join(folder, "part%04d.docx" % i))
 
 
+def make_hostile(folder):
+    empty = os.path.join(folder, "empty.docx")
+    docx.Document().save(empty)
+    with zipfile.ZipFile(empty) as old:
+        sound = {entry.filename: old.read(entry) for entry in old.infolist()}
+    head = b'<w:document xmlns:w="w"><w:body>'
+    tail = b"</w:body></w:document>"
+    documents = {
+        "nested": head + b"<w:p>" * 50000 + b"</w:p>" * 50000 + tail,
+        "elements": head + b"<a/>" * 1600000 + tail,
+        "justBelow": head + b"<a/>" * 1400000 + b"<b>" + tail,
+        "attributes": b"<w:document" + b"".join(b' a%d=""' % i for i in range(300000)) + b"/>",
+        "blanks": head + b" " * (63 << 20) + tail[:-3],
+        "entities": b'<!DOCTYPE d [<!ENTITY a "b">]>' + head + b"&a;" * 100000 + tail,
+    }
+    entries = {
+        "entryOf300MB": {"word/media/bomb.bin": bytes(300 << 20)},
+        "entryOf60MB": {"word/media/bomb.bin": bytes(60 << 20), "../x": b""},
+        "entries100000": {"word/e%d" % i: b"" for i in range(100000)},
+    }
+    for name, data in documents.items():
+        write(folder, name, {**sound, "word/document.xml": data})
+    for name, more in entries.items():
+        write(folder, name, {**sound, **more})
+
+
+def write(folder, name, entries):
+    path = os.path.join(folder, "hostile-%s.docx" % name)
+    with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED) as new:
+        for entry, data in entries.items():
+            new.writestr(entry, data)
+
+
 def fill(path, result, rows, way):
     document = docx.Document(path)
     for control in document.element.body.iter(qn("w:sdt")):
@@ -106,7 +143,7 @@ def merge(result, *files):
 
 def main(command, *arguments):
     start = time.process_time()
-    {"make-template": make_template, "make-parts": make_parts,
+    {"make-template": make_template, "make-parts": make_parts, "make-hostile": make_hostile,
      "fill": fill, "merge": merge}[command](*arguments)
     print("%.4f" % (time.process_time() - start))
 

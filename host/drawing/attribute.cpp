@@ -97,6 +97,21 @@ void NcDbAttribute::setFieldLength(int length)
         assign(fieldLength_, length);
 }
 
+namespace {
+
+// Where a text of several lines is held so that it stands like the text of one:
+// 1..3 the top row, 4..6 the middle, 7..9 the bottom.
+int attachmentOf(int horizontal, int vertical)
+{
+    if (horizontal == NcDbText::kTextMiddle)
+        return 5;
+    const int row = vertical == NcDbText::kTextTop ? 0 : vertical == NcDbText::kTextVertMid ? 1 : 2;
+    const int column = horizontal == NcDbText::kTextCenter ? 1 : horizontal == NcDbText::kTextRight ? 2 : 0;
+    return row * 3 + column + 1;
+}
+
+} // namespace
+
 NcStatus NcDbAttribute::convertIntoMTextAttribute(bool on)
 {
     if (!writable())
@@ -111,8 +126,7 @@ NcStatus NcDbAttribute::convertIntoMTextAttribute(bool on)
         mtext_->setLocation(plain ? position_ : alignment_);
         mtext_->setTextHeight(height_);
         mtext_->setRotation(rotation_);
-        // A text of one line that stands on its base line: bottom left.
-        mtext_->setAttachment(7);
+        mtext_->setAttachment(attachmentOf(horizontal_, vertical_));
     }
     changed();
     return NcStatus::Ok;

@@ -41,6 +41,11 @@ NcStatus NcDbEntity::setLayer(const QString& name, bool, bool allowLocked)
     return assign(layer_, layer->getName());
 }
 
+NcStatus NcDbEntity::setLinetype(const QString& name)
+{
+    return name.isEmpty() ? NcStatus::InvalidInput : assign(linetype_, name);
+}
+
 void NcDbEntity::setVisible(bool visible)
 {
     assign(visible_, visible);
@@ -54,6 +59,7 @@ void NcDbEntity::setDatabaseDefaults(NcDbDatabase* database)
     const auto* layer = drawing ? HostAccess::objectAs<NcDbLayerTableRecord>(drawing->clayer()) : nullptr;
     layer_ = layer ? layer->getName() : QStringLiteral("0");
     color_ = NcCmColor();
+    linetype_ = QStringLiteral("ByLayer");
     visible_ = true;
     changed();
 }
@@ -66,6 +72,7 @@ NcStatus NcDbEntity::setPropertiesFrom(const NcDbEntity* other)
         return NcStatus::NotOpenForWrite;
     color_ = other->color_;
     layer_ = other->layer_;
+    linetype_ = other->linetype_;
     visible_ = other->visible_;
     changed();
     return NcStatus::Ok;

@@ -73,6 +73,7 @@ struct NRX_API HostAccess {
 
     // --- tables
     HOST_MEMBER(NcDbLayerTableRecord, color, color_)
+    HOST_MEMBER(NcDbLayerTableRecord, linetype, linetype_)
     HOST_MEMBER(NcDbLayerTableRecord, locked, locked_)
     HOST_MEMBER(NcDbLayerTableRecord, off, off_)
     HOST_MEMBER(NcDbLayerTableRecord, frozen, frozen_)
@@ -112,6 +113,7 @@ struct NRX_API HostAccess {
     // --- entities
     HOST_MEMBER(NcDbEntity, color, color_)
     HOST_MEMBER(NcDbEntity, layer, layer_)
+    HOST_MEMBER(NcDbEntity, linetype, linetype_)
     HOST_MEMBER(NcDbEntity, visible, visible_)
     HOST_MEMBER(NcDbPoint, position, position_)
     HOST_MEMBER(NcDbLine, start, start_)

@@ -34,6 +34,27 @@ NcStatus NcDbPolyline::getBulgeAt(int index, double& bulge) const
     return NcStatus::Ok;
 }
 
+NcStatus NcDbPolyline::getWidthsAt(int index, double& start, double& end) const
+{
+    if (index < 0 || index >= numVerts())
+        return NcStatus::InvalidInput;
+    start = vertices_[size_t(index)].startWidth;
+    end = vertices_[size_t(index)].endWidth;
+    return NcStatus::Ok;
+}
+
+NcStatus NcDbPolyline::setConstantWidth(double width)
+{
+    if (!(width >= 0.0))
+        return NcStatus::InvalidInput;
+    if (!writable())
+        return NcStatus::NotOpenForWrite;
+    for (Vertex& vertex : vertices_)
+        vertex.startWidth = vertex.endWidth = width;
+    changed();
+    return NcStatus::Ok;
+}
+
 void NcDbPolyline::setClosed(bool closed)
 {
     assign(closed_, closed);

@@ -112,6 +112,12 @@ void NcDbLayerTableRecord::setColor(const NcCmColor& color)
     assign(color_, color);
 }
 
+void NcDbLayerTableRecord::setLinetype(const QString& name)
+{
+    if (!name.isEmpty())
+        assign(linetype_, name);
+}
+
 void NcDbLayerTableRecord::setIsLocked(bool locked)
 {
     assign(locked_, locked);

@@ -39,6 +39,13 @@ QString fileName(bool folder)
 using Reader = QString (*)(const NcDbDatabase&);
 const std::pair<const char*, Reader> kDrawingVariables[] = {
     {"CLAYER", layerName},
+    // 1 is the sheet itself, a greater number the view of model space in force.
+    {"CVPORT",
+     [](const NcDbDatabase& d) {
+         const bool sheet = d.currentSpaceId() != HostAccess::data(d).modelSpace
+                            && !HostAccess::isLiving(HostAccess::data(d).currentViewport);
+         return sheet ? QStringLiteral("1") : QStringLiteral("2");
+     }},
     {"DIMTXT", [](const NcDbDatabase& d) { return number(d.dimtxt()); }},
     {"DIMSCALE", [](const NcDbDatabase& d) { return number(d.dimscale()); }},
     {"DWGNAME", [](const NcDbDatabase&) { return fileName(false); }},

@@ -1,5 +1,6 @@
 #include "completion.h"
 
+#include "entity_codec.h"
 #include "fields.h"
 #include "layout_groups.h"
 #include "own_data.h"
@@ -11,7 +12,7 @@
 namespace {
 
 // A typeface that has Cyrillic letters and stands on every machine, or its like.
-const QString kFont = QStringLiteral("arial.ttf");
+const QString kFont = QStringLiteral("arial.ttf"), kTypeface = QStringLiteral("Arial");
 
 DxfRecord object(const char* type, quint64 handle, quint64 owner, const DxfGroups& groups)
 {
@@ -164,9 +165,11 @@ void FileCompletion::ensureTables()
     for (const char* name : {"ByBlock", "ByLayer", "Continuous"})
         ensureRecord(QStringLiteral("LTYPE"), QLatin1String(name), "AcDbLinetypeTableRecord",
                      {{3, {}}, {72, QStringLiteral("65")}, {73, QStringLiteral("0")}, {40, QStringLiteral("0.0")}});
-    ensureRecord(QStringLiteral("STYLE"), QStringLiteral("Standard"), "AcDbTextStyleTableRecord",
-                 {{40, QStringLiteral("0.0")}, {41, QStringLiteral("1.0")}, {50, QStringLiteral("0.0")},
-                  {71, QStringLiteral("0")}, {42, QStringLiteral("2.5")}, {3, kFont}, {4, {}}});
+    for (const char* name : {"Standard", kTextStyle})
+        ensureRecord(QStringLiteral("STYLE"), QLatin1String(name), "AcDbTextStyleTableRecord",
+                     {{40, QStringLiteral("0.0")}, {41, QStringLiteral("1.0")}, {50, QStringLiteral("0.0")},
+                      {71, QStringLiteral("0")}, {42, QStringLiteral("2.5")}, {3, kFont}, {4, {}},
+                      {1001, QStringLiteral("ACAD")}, {1000, kTypeface}, {1071, QStringLiteral("34")}});
     for (const QString& name : {QStringLiteral("ACAD"), QString(QLatin1String(ownApplication()))})
         ensureRecord(QStringLiteral("APPID"), name, "AcDbRegAppTableRecord", {});
     ensureRecord(QStringLiteral("DIMSTYLE"), QStringLiteral("Standard"), "AcDbDimStyleTableRecord", {});

@@ -1,5 +1,6 @@
 #include "drawing_reader.h"
 
+#include "long_data.h"
 #include "reader_parts.h"
 #include "upgrade.h"
 
@@ -43,6 +44,7 @@ void takeHandles(DxfFields& fields, NcObjectData& data)
 void fillDrawing(NcDbDatabase& database, DxfDocument document)
 {
     upgradeDocument(document);
+    restoreLongData(document);
     quint64 greatest = 0;
     if (needsNewHandles(document, greatest))
         HostAccess::reserveHandle(database, greatest);

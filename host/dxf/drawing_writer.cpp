@@ -39,10 +39,12 @@ QByteArray drawingText(const NcDbDatabase& database)
     const FileCompletion completion(database);
     DxfWriteContext context(database, completion.nextHandle());
     context.isDead = [&](quint64 handle) { return completion.isDead(handle); };
-    FileParts parts{database, HostAccess::data(database), completion, context};
+    FileParts parts{database, HostAccess::data(database), completion, context, {}};
     DxfWriter header, tables, blocks, entities, objects;
     writeBlocksAndEntities(parts, blocks, entities);
     writeTables(parts, tables);
+    for (const DxfWriter* section : {&entities, &blocks, &tables})
+        parts.longData.insert(parts.longData.end(), section->longData.begin(), section->longData.end());
     writeObjects(parts, objects);
     writeHeader(parts, header);
     DxfWriter classes, rest;

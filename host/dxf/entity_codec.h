@@ -95,6 +95,9 @@ void writeEntity(const NcDbEntity& entity, quint64 handle, quint64 owner, bool p
 // Handles as the record gives them, 0 for none.
 quint64 recordHandle(const DxfRecord& record);
 
+// The style of texts of which nobody told another.
+extern const char* const kTextStyle;
+
 // Rows of the table, by subject.
 std::vector<EntityCodec> curveCodecs();
 std::vector<EntityCodec> polylineCodecs();

@@ -48,6 +48,9 @@ void readCommon(DxfFields& fields, NcDbEntity& entity, DxfReadContext& context)
     fields.handle(330);
     fields.enter("AcDbEntity");
     HostAccess::layer(entity) = fields.word(8, QStringLiteral("0"));
+    const QString linetype = fields.word(6);
+    if (!linetype.isEmpty())
+        HostAccess::linetype(entity) = linetype;
     HostAccess::color(entity) = readColor(fields);
     HostAccess::visible(entity) = fields.integer(60) == 0;
     context.paper = fields.integer(67) == 1;
@@ -182,6 +185,8 @@ std::unique_ptr<NcDbEntity> readEntity(const DxfEntity& record, DxfReadContext& 
     DxfGroups& kept = HostAccess::data(*entity).foreignGroups;
     dropEmptyCommon(kept);
     kept.insert(kept.end(), verbatim.begin(), verbatim.end());
+    if (!verbatim.empty())
+        kept = flatGroups(restOf(HostAccess::data(*entity)));
     return entity;
 }
 
@@ -210,6 +215,8 @@ void writeEntity(const NcDbEntity& entity, quint64 handle, quint64 owner, bool p
     if (paper)
         record.integer(67, 1);
     record.text(8, entity.layer());
+    if (entity.linetype().compare(QLatin1String("ByLayer"), Qt::CaseInsensitive) != 0)
+        record.text(6, entity.linetype());
     writeColor(entity.color(), record);
     if (!entity.isVisible())
         record.integer(60, 1);

@@ -12,6 +12,20 @@ constexpr int kFill = 1, kDrawingBackground = 2;
 constexpr int kPaperColor = 7;
 const QString kBackground = QStringLiteral("background"), kMText = QStringLiteral("mtext");
 
+// A text without a style has the standard one, which ours is not.
+void takeStyle(DxfEntityFields& fields, const char* subclass, NcDbEntity& text)
+{
+    if (!fields.has(7))
+        HostAccess::data(text).foreignGroups = {{100, QLatin1String(subclass)}, {7, QStringLiteral("Standard")}};
+    fields.drop(7, QLatin1String(kTextStyle));
+}
+
+void writeStyle(DxfRecordWriter& record)
+{
+    if (!record.keepsCode(7))
+        record.text(7, QLatin1String(kTextStyle));
+}
+
 void readTextPart(DxfEntityFields& fields, NcDbText& text)
 {
     fields.enter("AcDbText");
@@ -22,6 +36,7 @@ void readTextPart(DxfEntityFields& fields, NcDbText& text)
     HostAccess::rotation(text) = fields.angle(50);
     HostAccess::widthFactor(text) = fields.real(41, 1.0);
     HostAccess::horizontal(text) = fields.integer(72);
+    takeStyle(fields, "AcDbText", text);
 }
 
 void writeTextPart(const NcDbText& text, DxfRecordWriter& record)
@@ -30,6 +45,7 @@ void writeTextPart(const NcDbText& text, DxfRecordWriter& record)
     record.point(10, text.position());
     record.real(40, text.height());
     record.text(1, text.textString());
+    writeStyle(record);
     if (text.rotation() != 0.0)
         record.angle(50, text.rotation());
     if (text.widthFactor() != 1.0)
@@ -87,6 +103,7 @@ std::unique_ptr<NcDbEntity> readMText(DxfEntityFields& fields, DxfReadContext&, 
     HostAccess::backgroundFill(*text) = background & (kFill | kDrawingBackground);
     HostAccess::useBackgroundColor(*text) = (background & kDrawingBackground) || fields.own().has(kBackground);
     HostAccess::backgroundScale(*text) = fields.real(45, 1.5);
+    takeStyle(fields, "AcDbMText", *text);
     fields.drop(72, 1);
     fields.drop(63, kPaperColor);
     return text;
@@ -130,6 +147,7 @@ void writeMText(const NcDbEntity& entity, DxfRecordWriter& record, DxfWriteConte
     if (!record.keepsCode(72))
         record.integer(72, 1);
     writeContents(text.contents(), record);
+    writeStyle(record);
     if (text.rotation() != 0.0)
         record.angle(50, text.rotation());
     writeBackground(text, record);
@@ -220,6 +238,10 @@ void writeAttribute(const NcDbEntity& entity, DxfRecordWriter& record, DxfWriteC
 }
 
 }  // namespace
+
+// Some programs take a style's name for that of a typeface: this one has
+// Cyrillic letters there.
+const char* const kTextStyle = "unicode";
 
 std::vector<EntityCodec> textCodecs()
 {

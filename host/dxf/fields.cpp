@@ -155,6 +155,13 @@ void DxfFields::drop(int code, double plain)
         items_[size_t(at)].taken = true;
 }
 
+void DxfFields::drop(int code, const QString& plain)
+{
+    const int at = find(code);
+    if (at >= 0 && items_[size_t(at)].group.value.trimmed() == plain)
+        items_[size_t(at)].taken = true;
+}
+
 int DxfFields::flags(int code, int mask)
 {
     const int at = find(code);

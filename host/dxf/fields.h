@@ -44,6 +44,7 @@ public:
     int flags(int code, int mask);
     // Takes the group if its value is the one that is written anyway.
     void drop(int code, double plain);
+    void drop(int code, const QString& plain);
     // Codes code, code + 10 and code + 20.
     NcGePoint3d point(int code, const NcGePoint3d& fallback = {});
     NcGeVector3d vector(int code, const NcGeVector3d& fallback);

@@ -19,6 +19,9 @@ void readLayer(DxfEntityFields& fields, NcDbDatabase& database, const DxfRecord&
         const int rgb = fields.integer(420);
         color.setRGB((rgb >> 16) & 255, (rgb >> 8) & 255, rgb & 255);
     }
+    const QString linetype = fields.word(6);
+    if (!linetype.isEmpty())
+        HostAccess::linetype(*layer) = linetype;
     HostAccess::frozen(*layer) = flags & kFrozen;
     HostAccess::locked(*layer) = flags & kLocked;
     HostAccess::off(*layer) = index < 0;

@@ -122,6 +122,20 @@ void DxfRecordWriter::writeExtension(const QString& application, const DxfGroups
     out_.groups(groups);
 }
 
+void DxfRecordWriter::writeOwn()
+{
+    if (own_.isEmpty())
+        return;
+    DxfGroups groups = own_.groups();
+    if (isTooLong(groups)) {
+        out_.longData.push_back({handle_, std::move(groups)});
+        OwnData shortForm;
+        shortForm.entry(QStringLiteral("elsewhere")).addInteger(1);
+        groups = shortForm.groups();
+    }
+    writeExtension(QLatin1String(ownApplication()), groups);
+}
+
 void DxfRecordWriter::finish()
 {
     if (finished_)
@@ -139,18 +153,13 @@ void DxfRecordWriter::finish()
         for (const auto& xdata : kept_->xdata)
             writeExtension(xdata.first, xdata.second);
     }
-    if (!own_.isEmpty())
-        writeExtension(QLatin1String(ownApplication()), own_.groups());
+    writeOwn();
 }
 
 void keepRest(const DxfFields& fields, NcObjectData& data, bool withEmpty)
 {
     const DxfRest rest = fields.rest(withEmpty);
-    data.foreignGroups = rest.head;
-    for (const DxfRest::Body& body : rest.bodies) {
-        data.foreignGroups.push_back({100, body.subclass});
-        data.foreignGroups.insert(data.foreignGroups.end(), body.groups.begin(), body.groups.end());
-    }
+    data.foreignGroups = flatGroups(rest);
     for (const DxfGroup& group : rest.xdata) {
         if (group.code == 1001)
             data.xdata.push_back({group.value.trimmed(), {}});
@@ -172,4 +181,14 @@ DxfRest restOf(const NcObjectData& data)
             rest.add(subclass, {group});
     }
     return rest;
+}
+
+DxfGroups flatGroups(const DxfRest& rest)
+{
+    DxfGroups groups = rest.head;
+    for (const DxfRest::Body& body : rest.bodies) {
+        groups.push_back({100, body.subclass});
+        groups.insert(groups.end(), body.groups.begin(), body.groups.end());
+    }
+    return groups;
 }

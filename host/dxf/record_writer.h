@@ -50,6 +50,7 @@ public:
 private:
     void writeKept(const DxfGroups& groups);
     void endSubclass();
+    void writeOwn();
     void writeExtension(const QString& application, const DxfGroups& groups);
 
     DxfWriter& out_;
@@ -72,3 +73,5 @@ extern const char* const kKeptVerbatim;
 // record that is not understood at all its empty subclasses are kept too.
 void keepRest(const DxfFields& fields, NcObjectData& data, bool withEmpty = false);
 DxfRest restOf(const NcObjectData& data);
+// Groups as in NcObjectData::foreignGroups, those of a subclass together.
+DxfGroups flatGroups(const DxfRest& rest);

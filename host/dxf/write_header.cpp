@@ -79,6 +79,8 @@ void writeKnown(const FileParts& parts, HeaderWriter& header)
         header.variable("$INSUNITS").integer(70, 6);
     if (!has(drawing, "$MEASUREMENT"))
         header.variable("$MEASUREMENT").integer(70, 1);
+    if (!has(drawing, "$TEXTSTYLE"))
+        header.variable("$TEXTSTYLE").text(7, QLatin1String(kTextStyle));
     if (!has(drawing, "$LUNITS"))
         header.variable("$LUNITS").integer(70, 2);
     writeExtents(parts, header);

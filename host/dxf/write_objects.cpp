@@ -80,17 +80,34 @@ void writeOwn(const NcDbObject& object, FileParts& parts)
         writeDrawOrder(static_cast<const NcDbSortentsTable&>(object), parts);
 }
 
+// Their dictionary is entered among the root's entries.
+DxfRecords longRecords(FileParts& parts, DxfGroups& entries)
+{
+    if (parts.longData.empty())
+        return {};
+    std::vector<quint64> handles;
+    for (size_t i = 0; i <= parts.longData.size(); ++i)
+        handles.push_back(parts.context.newHandle());
+    entries.push_back({3, longDataKey()});
+    entries.push_back({350, handleText(handles.front())});
+    return longDataRecords(parts.longData, parts.drawing.namedObjects.handle(), handles);
+}
+
 }  // namespace
 
 void writeObjects(FileParts& parts, DxfWriter& out)
 {
     const NcDatabaseData& drawing = parts.drawing;
+    DxfGroups entries = parts.completion.rootEntries();
+    const DxfRecords longData = longRecords(parts, entries);
     beginSection(parts.context.out, "OBJECTS");
-    writeDictionary(drawing.namedObjects, 0, parts.completion.rootEntries(), parts);
+    writeDictionary(drawing.namedObjects, 0, entries, parts);
     writeDictionary(drawing.groupDictionary, drawing.namedObjects.handle(), {}, parts);
     for (const auto& entry : drawing.objects)
         writeOwn(*entry.second, parts);
     for (const DxfRecord& record : parts.completion.objects())
+        parts.context.out.record(record);
+    for (const DxfRecord& record : longData)
         parts.context.out.record(record);
     endSection(parts.context.out);
     out = std::move(parts.context.out);

@@ -26,8 +26,7 @@ void writeLayer(const NcDbSymbolTableRecord& record, quint64 table, FileParts& p
     out.integer(62, layer.isOff() ? -index : index);
     if (color.method() == NcCmColor::kByColor)
         out.integer(420, (color.red() << 16) | (color.green() << 8) | color.blue());
-    if (!out.keepsCode(6))
-        out.text(6, QStringLiteral("Continuous"));
+    out.text(6, layer.linetype());
     if (!out.keepsCode(370))
         out.integer(370, -3);
     if (!out.keepsCode(390) && parts.completion.plotStyle())

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "fields.h"
+#include "long_data.h"
 
 #include <QByteArray>
 #include <functional>
@@ -24,6 +25,9 @@ public:
     void record(const DxfRecord& record);
 
     const QByteArray& bytes() const { return bytes_; }
+
+    // Left for the section of objects.
+    std::vector<DxfLongData> longData;
 
 private:
     QByteArray bytes_;

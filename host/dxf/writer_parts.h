@@ -9,6 +9,7 @@ struct FileParts {
     const NcDatabaseData& drawing;
     const FileCompletion& completion;
     DxfWriteContext& context;
+    std::vector<DxfLongData> longData;
 };
 
 // What a kept table's record or head is written with: the owner of the table.

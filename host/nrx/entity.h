@@ -27,12 +27,16 @@ public:
     virtual NcStatus setLayer(const QString& name, bool withSubentities = true, bool allowLocked = false);
     QString layer() const { return layer_; }
 
+    // By name; "ByLayer" takes the layer's, "ByBlock" that of the reference.
+    QString linetype() const { return linetype_; }
+    NcStatus setLinetype(const QString& name);
+
     bool isVisible() const { return visible_; }
     void setVisible(bool visible);
 
-    // The working database's current layer, colour by layer.
+    // The working database's current layer, colour and line type by layer.
     void setDatabaseDefaults(NcDbDatabase* database = nullptr);
-    // Layer, colour and visibility of another entity.
+    // Layer, colour, line type and visibility of another entity.
     NcStatus setPropertiesFrom(const NcDbEntity* other);
 
     virtual NcStatus transformBy(const NcGeMatrix3d& matrix) = 0;
@@ -44,6 +48,7 @@ public:
 private:
     NcCmColor color_;
     QString layer_ = QStringLiteral("0");
+    QString linetype_ = QStringLiteral("ByLayer");
     bool visible_ = true;
 };
 
@@ -124,6 +129,9 @@ class NRX_API NcDbPolyline : public NcDbEntity {
                          double startWidth = 0.0, double endWidth = 0.0);
     NcStatus getPointAt(int index, NcGePoint3d& p) const;
     NcStatus getBulgeAt(int index, double& bulge) const;
+    NcStatus getWidthsAt(int index, double& start, double& end) const;
+    // The same width along the whole line.
+    NcStatus setConstantWidth(double width);
     int numVerts() const { return int(vertices_.size()); }
     bool isClosed() const { return closed_; }
     void setClosed(bool closed);

@@ -60,6 +60,9 @@ public:
     NcDbLayerTableRecord();
     void setColor(const NcCmColor& color);
     NcCmColor color() const { return color_; }
+    // By name.
+    QString linetype() const { return linetype_; }
+    void setLinetype(const QString& name);
     bool isLocked() const { return locked_; }
     void setIsLocked(bool locked);
     bool isOff() const { return off_; }
@@ -69,6 +72,7 @@ public:
 
 private:
     NcCmColor color_;
+    QString linetype_ = QStringLiteral("Continuous");
     bool locked_ = false, off_ = false, frozen_ = false;
 };
 

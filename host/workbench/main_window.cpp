@@ -209,18 +209,19 @@ void MainWindow::runCommandByName(const QString& name)
 {
     pending_ = name;
     pendingTries_ = 0;
-    const auto attempt = std::make_shared<std::function<void()>>();
-    *attempt = [this, attempt] {
-        if (activeCommand().isEmpty()) {
-            runLine(std::exchange(pending_, QString()));
-        } else if (++pendingTries_ <= kMostTries) {
-            prompts_.cancel();
-            QTimer::singleShot(kTryMilliseconds, this, [attempt] { (*attempt)(); });
-        } else {
-            prompts_.console().line(QStringLiteral("Сначала завершите команду, которая выполняется."));
-        }
-    };
-    QTimer::singleShot(0, this, [attempt] { (*attempt)(); });
+    QTimer::singleShot(0, this, &MainWindow::runPending);
+}
+
+void MainWindow::runPending()
+{
+    if (activeCommand().isEmpty()) {
+        runLine(std::exchange(pending_, QString()));
+    } else if (++pendingTries_ <= kMostTries) {
+        prompts_.cancel();
+        QTimer::singleShot(kTryMilliseconds, this, &MainWindow::runPending);
+    } else {
+        prompts_.console().line(QStringLiteral("Сначала завершите команду, которая выполняется."));
+    }
 }
 
 QString MainWindow::playScript(const QString& path, const QVector<QPair<QString, QString>>& variables,

@@ -45,6 +45,7 @@ private:
     DrawingView* currentView() const;
     DrawingView* viewOf(NcApDocument* document) const;
 
+    void runPending();
     void newDrawing();
     void chooseDrawing();
     bool saveDrawing(NcApDocument* document, bool askName);

@@ -5,6 +5,7 @@
 #include "base/placeholders.h"
 #include "base/text.h"
 #include "elements/element_layers.h"
+#include "hostkit/block_reference.h"
 #include "hostkit/console.h"
 #include "hostkit/model_space.h"
 
@@ -41,26 +42,10 @@ NcDbEvalVariant variantOf(int propertyType, const QString& text)
     }
 }
 
-template <class Visit>
-void forEachAttribute(const NcDbBlockReference& reference, NcOpenMode mode, Visit visit)
+int kindOfReference(NcDbObjectId reference)
 {
-    const std::unique_ptr<NcDbObjectIterator> ids(reference.attributeIterator());
-    for (; !ids->done(); ids->step()) {
-        const Opened<NcDbAttribute> attribute(ids->objectId(), mode);
-        if (attribute)
-            visit(*attribute);
-    }
-}
-
-QString definitionName(NcDbObjectId definition)
-{
-    const Opened<NcDbBlockTableRecord> record(definition, kForRead);
-    return record ? record->getName() : QString();
-}
-
-int kindOfReference(const NcDbDynBlockReference& dynamic)
-{
-    const QString name = dynamic.isDynamicBlock() ? definitionName(dynamic.dynamicBlockTableRecord()) : QString();
+    const QString name =
+        NcDbDynBlockReference(reference).isDynamicBlock() ? definitionNameOf(reference) : QString();
     return name.isEmpty() ? noKind : kindByBlockName(name);
 }
 
@@ -121,8 +106,7 @@ void ElementBlock::fillFromReference(NcDbObjectId id, const StateColors* colors)
     const Opened<NcDbBlockReference> reference(id, kForRead);
     if (!reference)
         return;
-    const NcDbDynBlockReference dynamic(id);
-    const int found = kindOfReference(dynamic);
+    const int found = kindOfReference(id);
     if (found == noKind)
         return;
     stateColors = colors ? *colors : readStateColors();
@@ -137,7 +121,7 @@ void ElementBlock::fillFromReference(NcDbObjectId id, const StateColors* colors)
     stateId = stateColors.key(colorIndex, QStringLiteral("exist"));
     forEachAttribute(*reference, kForRead,
                      [this](const NcDbAttribute& a) { setAttribute(a.tag(), a.textString()); });
-    for (const NcDbDynBlockReferenceProperty& property : dynamic.getBlockProperties())
+    for (const NcDbDynBlockReferenceProperty& property : NcDbDynBlockReference(id).getBlockProperties())
         setDynProp(property.propertyName(), printedForm(property.value()));
 }
 

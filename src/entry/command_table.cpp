@@ -3,7 +3,12 @@
 #include "analysis/levels/forms/map_legend_form.h"
 #include "analysis/maps/forms/temperature_map_command.h"
 #include "database/forms/create_project_form.h"
+#include "drawing/alignment/alignment.h"
+#include "drawing/alignment/attribute_mask.h"
+#include "drawing/alignment/forms/alignment_commands.h"
 #include "drawing/forms/insertion_commands.h"
+#include "drawing/forms/sync_commands.h"
+#include "drawing/renumber.h"
 #include "entry/about_form.h"
 #include "entry/help.h"
 #include "entry/not_available.h"
@@ -45,8 +50,8 @@ const std::array<Command, kCommandCount> kCommands = {{
     {"TERVA_SAVEPROJECT", None, None, kPlain, saveProject},
     {"TERVA_SAVEPROJECT_AS", None, None, kPlain, saveProjectAs},
     {"TERVA_PROJECT_EXPLORER", None, None, kPlain, notBuilt},
-    {"TERVA_SYNC_DWG_DB", None, None, kPlain, notBuilt},
-    {"TERVA_SYNC_DB_DWG", Guard::C2, Guard::P2, kPlain, notBuilt},
+    {"TERVA_SYNC_DWG_DB", None, None, kPlain, drawingToDatabaseCommand},
+    {"TERVA_SYNC_DB_DWG", Guard::C2, Guard::P2, kPlain, syncPositionToDrawing},
     {"TERVA_ELEMENT_LIST", None, None, kPlain, notBuilt},
     {"TERVA_INSERT_DM", None, Guard::P3, kPlain, insertCommand<0>},
     {"TERVA_INSERT_DMT", None, Guard::P3, kPlain, insertCommand<11>},
@@ -83,11 +88,11 @@ const std::array<Command, kCommandCount> kCommands = {{
     {"TERVA_MAP_LEGEND", None, None, kPlain, insertMapLegend},
     {"TERVA_EGE", Guard::C1, None, kPlain, notBuilt},
     {"TERVA_OBJECT_INSPECTOR", None, None, kOnSelection, notBuilt},
-    {"TERVA_ALIGN_BY_UCS", Guard::C2, None, kPlain, notBuilt},
-    {"TERVA_ALIGN_LABELS_BY_UCS", Guard::C2, None, kPlain, notBuilt},
-    {"TERVA_ALIGN_BY_VP", Guard::C2, None, kPlain, notBuilt},
+    {"TERVA_ALIGN_BY_UCS", Guard::C2, None, kPlain, alignByUcs},
+    {"TERVA_ALIGN_LABELS_BY_UCS", Guard::C2, None, kPlain, alignLabelsByUcs},
+    {"TERVA_ALIGN_BY_VP", Guard::C2, None, kPlain, alignByViewport},
     {"TERVA_REPORTS", None, None, kPlain, notBuilt},
-    {"TERVA_MASK_ATTRIBUTES", None, None, kPlain, notBuilt},
+    {"TERVA_MASK_ATTRIBUTES", None, None, kPlain, maskAttributes},
     {"TERVA_ABOUT", None, None, kPlain, about},
     {"TERVA_POSITION_PROPS", None, Guard::P1, kPlain, notBuilt},
     {"TERVA_SETTLEMENTS", Guard::C2, Guard::P2, kPlain, notBuilt},
@@ -96,11 +101,11 @@ const std::array<Command, kCommandCount> kCommands = {{
     {"TERVA_POSITION_ADD_CONTOUR", None, Guard::P1, kPlain, notBuilt},
     {"TERVA_POSITION_DRAW", None, Guard::P1, kPlain, notBuilt},
     {"TERVA_POSITION_SUMMARY", Guard::C2, None, kPlain, notBuilt},
-    {"TERVA_GET_UCS", Guard::C3, None, kPlain, notBuilt},
-    {"TERVA_SET_UCS", Guard::C3, None, kPlain, notBuilt},
-    {"TERVA_RENUM", None, None, kPlain, notBuilt},
-    {"TERVA_DWG_TO_PG", Guard::C2, Guard::P2, kPlain, notBuilt},
-    {"TERVA_DWG_BACKGROUND", None, None, kPlain, notBuilt},
+    {"TERVA_GET_UCS", Guard::C3, None, kPlain, storeUcsCommand},
+    {"TERVA_SET_UCS", Guard::C3, None, kPlain, applyUcsCommand},
+    {"TERVA_RENUM", None, None, kPlain, renumberElements},
+    {"TERVA_DWG_TO_PG", Guard::C2, Guard::P2, kPlain, exportPlanCommand},
+    {"TERVA_DWG_BACKGROUND", None, None, kPlain, prepareBackgroundCommand},
     {"TERVA_DEF_LINES_PROFILE", Guard::C2, Guard::P2, kPlain, notBuilt},
     {"TERVA_ELEMENT_INSPECTIONS", None, None, kPlain, notBuilt},
     {"TERVA_ELEMENT_MEASURES", None, None, kPlain, notBuilt},

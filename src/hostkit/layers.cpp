@@ -31,6 +31,24 @@ bool setLayerLocked(const QString& name, bool locked)
     return true;
 }
 
+QStringList layerNames()
+{
+    NcDbLayerTable* opened = nullptr;
+    if (!isOk(workingDatabase()->getSymbolTable(opened, kForRead)))
+        return {};
+    const Opened<NcDbLayerTable> table(opened);
+    QStringList names;
+    const std::unique_ptr<NcDbSymbolTableIterator> records(table->newIterator());
+    for (; !records->done(); records->step()) {
+        NcDbObjectId id;
+        records->getRecordId(id);
+        const Opened<NcDbLayerTableRecord> layer(id, kForRead);
+        if (layer)
+            names.append(layer->getName());
+    }
+    return names;
+}
+
 LayerUnlock::LayerUnlock(const QString& name)
     : name_(name)
 {

@@ -17,6 +17,21 @@ Opened<NcDbBlockTableRecord> openModelSpace(NcOpenMode mode)
     return Opened<NcDbBlockTableRecord>(space);
 }
 
+std::optional<NcDbObjectIdArray> entitiesOfModelSpace()
+{
+    const Opened<NcDbBlockTableRecord> space = openModelSpace(kForRead);
+    if (!space)
+        return {};
+    NcDbObjectIdArray ids;
+    const std::unique_ptr<NcDbBlockTableRecordIterator> entities(space->newIterator());
+    for (entities->start(); !entities->done(); entities->step()) {
+        NcDbObjectId id;
+        if (isOk(entities->getEntityId(id)))
+            ids.push_back(id);
+    }
+    return ids;
+}
+
 NcDbObjectId appendToModelSpace(std::unique_ptr<NcDbEntity> entity)
 {
     const Opened<NcDbBlockTableRecord> space = openModelSpace(kForWrite);

@@ -4,12 +4,18 @@
 #include "hostkit/opened.h"
 
 #include <memory>
+#include <optional>
 
 /// The drawing that is active; never null in a command.
 NcDbDatabase* workingDatabase();
 
 /// Model space of the working drawing; empty when it is held elsewhere.
 Opened<NcDbBlockTableRecord> openModelSpace(NcOpenMode mode);
+
+/// What stands in model space, in the order of creation; nothing when it is
+/// held elsewhere. Model space is closed again, so that it can be added to
+/// while the list is gone through.
+std::optional<NcDbObjectIdArray> entitiesOfModelSpace();
 
 /// Hands the entity over to model space and closes it. The null id when the
 /// drawing did not take it; the entity is then gone.

@@ -41,7 +41,13 @@ bool ProjectSession::saveProjection()
                          "(9999,'TERVA',9999,'%1') where srid=9999")
         : QStringLiteral("insert into spatial_ref_sys (srid, auth_name, auth_srid, proj4text) values "
                          "(9999,'TERVA',9999,'%1')");
-    return run(fill(statement, proj4Text)).isCommand();
+    if (!run(fill(statement, proj4Text)).isCommand())
+        return false;
+    // The server keeps a coordinate system in mind for the life of a
+    // connection: without a new one, transformations go on with the old text.
+    if (known)
+        connection.open(buildConnInfo());
+    return true;
 }
 
 bool ProjectSession::updateGeometry()

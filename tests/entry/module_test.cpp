@@ -1,7 +1,9 @@
 // The module as the host sees it: one file, one entry point.
+#include "entry/about_form.h"
 #include "entry/help.h"
 #include "entry/palette_sets.h"
 #include "support/console_capture.h"
+#include "support/pictures.h"
 
 #include <drawing/application.h>
 #include <drawing/module_host.h>
@@ -9,6 +11,7 @@
 
 #include <QCoreApplication>
 #include <QDesktopServices>
+#include <QLabel>
 #include <QLibrary>
 #include <gtest/gtest.h>
 
@@ -107,6 +110,15 @@ TEST(Help, OpensTheManualInTheBrowser)
     QDesktopServices::unsetUrlHandler(QStringLiteral("https"));
     EXPECT_EQ(catcher.opened.path(), QStringLiteral("/books/tervagmn-rukovodstvo-polzovatelia"));
     EXPECT_EQ(catcher.opened, manualAddress());
+}
+
+TEST(About, PictureOfNameAndVersion)
+{
+    AboutForm form;
+    const auto* text = form.findChild<QLabel*>(QStringLiteral("AboutText"));
+    ASSERT_NE(text, nullptr);
+    EXPECT_TRUE(text->text().contains(QStringLiteral("Терва")));
+    EXPECT_TRUE(takePicture(form, QStringLiteral("AboutForm")));
 }
 
 #include "module_test.moc"

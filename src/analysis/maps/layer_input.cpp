@@ -68,20 +68,3 @@ std::optional<PickedBorder> askForBorder(const QString& prompt)
         return PickedBorder{verticesOf(*polyline), polyline->layer()};
     return std::nullopt;
 }
-
-QStringList layerNames()
-{
-    QStringList names;
-    NcDbLayerTable* opened = nullptr;
-    if (!isOk(workingDatabase()->getSymbolTable(opened, kForRead)))
-        return names;
-    const Opened<NcDbLayerTable> table(opened);
-    const std::unique_ptr<NcDbSymbolTableIterator> walk(table->newIterator());
-    for (; !walk->done(); walk->step()) {
-        NcDbObjectId id;
-        walk->getRecordId(id);
-        if (const Opened<NcDbLayerTableRecord> layer(id, kForRead); layer)
-            names << layer->getName();
-    }
-    return names;
-}

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "geometry/point3.h"
+#include "hostkit/layers.h"
 
 #include <nrx/database.h>
 
@@ -24,6 +25,3 @@ struct PickedBorder {
 // Asks for a line with the prompt; nothing when the user leaves it or picks
 // something else.
 std::optional<PickedBorder> askForBorder(const QString& prompt);
-
-// Names of the layers of the drawing, in the table's order.
-QStringList layerNames();

@@ -31,7 +31,8 @@ void breakPage(MergedDocument* merged)
     }
     QDomElement pageBreak = make(document, "w:br");
     pageBreak.setAttribute(QStringLiteral("w:type"), QStringLiteral("page"));
-    body.appendChild(make(document, "w:p")).appendChild(make(document, "w:r")).appendChild(pageBreak);
+    QDomNode paragraph = body.appendChild(make(document, "w:p"));
+    paragraph.appendChild(make(document, "w:r")).appendChild(pageBreak);
 }
 
 /// The declarations of a later file's root that the merged root binds

@@ -76,9 +76,9 @@ void addDrawing(const QDomElement& run, const QString& relationId, const QString
     add(inlined, "wp:extent", {{"cx", width}, {"cy", height}});
     add(inlined, "wp:docPr",
         {{"id", QString::number(nextDrawingId())}, {"name", QStringLiteral("Picture")}});
-    const QDomElement graphic
-        = add(inlined, "a:graphic",
-              {{"xmlns:a", QStringLiteral("http://schemas.openxmlformats.org/drawingml/2006/main")}});
+    const QString drawingNamespace
+        = QStringLiteral("http://schemas.openxmlformats.org/drawingml/2006/main");
+    const QDomElement graphic = add(inlined, "a:graphic", {{"xmlns:a", drawingNamespace}});
     addPicture(add(graphic, "a:graphicData", {{"uri", pictureNamespace()}}), relationId, width,
                height);
 }

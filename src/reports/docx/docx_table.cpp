@@ -54,7 +54,8 @@ QString colorName(int red, int green, int blue)
 
 QDomElement appendElement(QDomElement parent, const char* name)
 {
-    return parent.appendChild(parent.ownerDocument().createElement(QLatin1String(name))).toElement();
+    const QDomElement made = parent.ownerDocument().createElement(QLatin1String(name));
+    return parent.appendChild(made).toElement();
 }
 
 void appendEmptyRun(const QDomElement& paragraph)

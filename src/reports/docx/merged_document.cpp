@@ -4,8 +4,6 @@
 #include "reports/docx/xml_tree.h"
 #include "reports/docx/xml_walk.h"
 
-#include <algorithm>
-
 namespace docx {
 namespace {
 
@@ -50,8 +48,8 @@ void MergedDocument::readNumbers(const PackageReader& first)
         relationCounter_ = qMax(relationCounter_, numberOf(id) + 1);
     }
     drawingIds_ = drawingIds(first, parts_.document);
-    if (!drawingIds_.isEmpty())
-        drawingCounter_ = qMax(qint64(0), *std::max_element(drawingIds_.begin(), drawingIds_.end())) + 1;
+    for (const qint64 id : drawingIds_)
+        drawingCounter_ = qMax(drawingCounter_, id + 1);
 }
 
 void MergedDocument::readContentTypes()

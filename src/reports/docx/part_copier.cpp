@@ -113,8 +113,8 @@ QString PartCopier::declaredType(const QString& sourceName) const
         const QString type = child.attribute(QStringLiteral("ContentType"));
         if (child.attribute(QStringLiteral("PartName")).compare(partName, Qt::CaseInsensitive) == 0)
             return type;
-        if (isNamed(child, "Default")
-            && child.attribute(QStringLiteral("Extension")).compare(suffix, Qt::CaseInsensitive) == 0)
+        const QString extension = child.attribute(QStringLiteral("Extension"));
+        if (isNamed(child, "Default") && extension.compare(suffix, Qt::CaseInsensitive) == 0)
             bySuffix = type;
     }
     return bySuffix;

@@ -11,7 +11,7 @@ namespace docx {
 struct XmlBounds {
     static constexpr int bytes = 64 * 1024 * 1024;
     static constexpr int depth = 256;
-    static constexpr int nodes = 3000000; ///< elements, attributes, texts
+    static constexpr int nodes = 1500000; ///< elements, attributes, texts
     static constexpr int attributesOfElement = 256;
 };
 

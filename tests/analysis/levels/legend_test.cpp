@@ -1,4 +1,6 @@
 // The legend in the drawing, through its command.
+#include "analysis/levels/forms/level_map_selector_form.h"
+#include "support/pictures.h"
 #include "analysis/levels/forms/map_legend_form.h"
 #include "hostkit/model_space.h"
 #include "support/session_database.h"
@@ -121,4 +123,12 @@ TEST_F(Legend, LiesAlongTheUserCoordinateSystem)
     EXPECT_NEAR(table->direction().y, 1.0, 1e-12);
     EXPECT_EQ(table->textString(0, 0), QStringLiteral("Величина вертикальных перемещений, мм"));
     EXPECT_EQ(table->numRows(), 18);
+}
+
+TEST_F(Legend, PictureOfTheFormAndTheSelector)
+{
+    MapLegendForm form;
+    EXPECT_TRUE(takePicture(form, QStringLiteral("MapLegendForm")));
+    LeveMapSelectorForm selector(LevelMap::Temperature);
+    EXPECT_TRUE(takePicture(selector, QStringLiteral("LeveMapSelectorForm")));
 }

@@ -1,4 +1,6 @@
 // The form, the isocontour dialog and the command as a whole.
+#include "analysis/maps/forms/state_filter_form.h"
+#include "support/pictures.h"
 #include "analysis/levels/level_map.h"
 #include "analysis/maps/forms/iso_contours_cmd_dialog.h"
 #include "analysis/maps/forms/temperature_map_command.h"
@@ -440,4 +442,22 @@ TEST_F(TemperatureMap, WithoutAnyContourTheDialogKeepsItsBorderControls)
     BorderAnswer answer{NcDbObjectId()};
     buildTemperatureMap();
     EXPECT_TRUE(driver.done()) << driver.report();
+}
+
+TEST_F(TemperatureMap, TheStateFilterReturnsWhatIsChecked)
+{
+    StateFilterForm form({QStringLiteral("lost")});
+    EXPECT_EQ(form.chosenStates(), QStringList{QStringLiteral("lost")});
+    child<QPushButton>(form, "SelectAllBtn")->click();
+    EXPECT_EQ(form.chosenStates(), (QStringList{QStringLiteral("exist"), QStringLiteral("lost")}));
+    child<QPushButton>(form, "SelectNoneBtn")->click();
+    EXPECT_TRUE(form.chosenStates().isEmpty());
+    EXPECT_EQ(stateNotes({}), QStringLiteral("Все"));
+    EXPECT_EQ(stateNotes({QStringLiteral("lost")}), QStringLiteral("Утрачен"));
+}
+
+TEST_F(TemperatureMap, PictureOfTheStateFilter)
+{
+    StateFilterForm form({QStringLiteral("exist")});
+    EXPECT_TRUE(takePicture(form, QStringLiteral("StateFilterForm")));
 }

@@ -76,6 +76,7 @@ private:
     void layer(const NcDbSymbolTableRecord& record)
     {
         const auto& layer = static_cast<const NcDbLayerTableRecord&>(record);
+        add(QStringLiteral("linetype ") + layer.linetype());
         add(QStringLiteral("layer %1 %2 color %3 %4%5%6").arg(handle(layer.objectId()), layer.getName(), color(layer.color()))
                 .arg(layer.isLocked()).arg(layer.isOff()).arg(layer.isFrozen()));
     }
@@ -133,6 +134,7 @@ private:
     {
         add(QStringLiteral("%1 %2 layer %3 color %4 visible %5").arg(QLatin1String(entity.isA()->name()),
             handle(entity.objectId()), entity.layer(), color(entity.color())).arg(entity.isVisible()));
+        add(QStringLiteral("linetype ") + entity.linetype());
         for (const auto& xdata : HostAccess::data(entity).xdata) {
             add(QStringLiteral("xdata ") + xdata.first);
             addGroups(xdata.second);

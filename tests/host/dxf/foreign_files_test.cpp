@@ -231,6 +231,22 @@ TEST_F(ForeignFile, whatAnErasedEntityOwnedGoesWithIt)
     expectSound({saved(QStringLiteral("erased.dxf"))});
 }
 
+// A text without a style has the standard one of its own drawing.
+TEST_F(ForeignFile, textKeepsItsStyle)
+{
+    resave(QStringLiteral("ez-R12_with_trash_beyond_EOF.dxf"));
+    HostAccess::addEntity(model(), std::make_unique<NcDbText>(NcGePoint3d(), QStringLiteral("наш"), 2.5));
+    ASSERT_EQ(drawing.saveAs(saved(QStringLiteral("ours.dxf"))), NcStatus::Ok);
+    const DxfDocument ours = documentOf(saved(QStringLiteral("ours.dxf")));
+    ASSERT_EQ(ours.entities.size(), 2u);
+    EXPECT_EQ(firstValue(ours.entities[1].main.groups, 7), QStringLiteral("unicode"));
+    resave(QStringLiteral("ez-ASCII_R12.dxf"));
+    const DxfDocument theirs = documentOf(saved(QStringLiteral("ez-ASCII_R12.dxf")));
+    const DxfRecord& text = theirs.blocks.back().entities.at(0).main;
+    EXPECT_EQ(text.type, QStringLiteral("TEXT"));
+    EXPECT_EQ(firstValue(text.groups, 7).toUpper(), QStringLiteral("STANDARD"));
+}
+
 TEST(TextOfFiles, cyrillicOfOldCodePage)
 {
     const QByteArray bytes = "  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1009\n  9\n$DWGCODEPAGE\n  3\nANSI_1251\n  0\nENDSEC\n"

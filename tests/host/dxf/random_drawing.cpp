@@ -122,6 +122,8 @@ private:
         HostAccess::layer(*entity) = layerName();
         HostAccess::color(*entity) = color();
         HostAccess::visible(*entity) = whole(0, 5) != 0;
+        if (coin())
+            HostAccess::linetype(*entity) = coin() ? QStringLiteral("ByBlock") : QStringLiteral("Continuous");
         if (whole(0, 6) == 0)
             HostAccess::data(*entity).xdata.push_back({QStringLiteral("ACAD"), {{1000, word().left(20).simplified()}, {1040, QStringLiteral("1.5")}}});
         return HostAccess::addEntity(record(owner), std::move(entity));

@@ -137,6 +137,33 @@ TEST_F(ReferenceFile, tableIsShownByLinesAndTexts)
     EXPECT_EQ(blockCount(read), 3);
 }
 
+// Extension data beside an entity may take 16 kilobytes at most.
+TEST_F(ReferenceFile, longTableStandsInARecordOfItsOwn)
+{
+    auto table = std::make_unique<NcDbTable>();
+    table->setSize(120, 6);
+    for (int row = 0; row < 120; ++row)
+        table->setTextString(row, row % 6, QStringLiteral("Строка таблицы %1 «длинная»").arg(row));
+    const NcDbObjectId id = HostAccess::addEntity(model(drawing), std::move(table));
+    const QByteArray text = save();
+    EXPECT_TRUE(text.contains("TERVA_DATA"));
+    const int entities = text.indexOf("\nENTITIES\n");
+    const int data = text.indexOf("\n1001\nTERVA\n", entities);
+    EXPECT_GT(data, 0);
+    EXPECT_LT(text.indexOf("\n  0\n", data) - data, 500);
+    expectSound({path()});
+    NcDbDatabase read;
+    ASSERT_EQ(read.readDwgFile(path()), NcStatus::Ok);
+    const auto* found = HostAccess::objectAs<NcDbTable>({&read, id.handle()});
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(found->textString(119, 5), QStringLiteral("Строка таблицы 119 «длинная»"));
+    EXPECT_EQ(blockCount(read), 3);
+    ASSERT_EQ(read.saveAs(path()), NcStatus::Ok);
+    QFile again(path());
+    ASSERT_TRUE(again.open(QIODevice::ReadOnly));
+    EXPECT_EQ(again.readAll().count("TERVA_DATA"), 1);
+}
+
 TEST_F(ReferenceFile, emptyGroupIsNotWritten)
 {
     auto& dictionary = *HostAccess::objectAs<NcDbDictionary>(HostAccess::data(drawing).groupDictionary);

@@ -3,6 +3,8 @@
 
 #include <commands/host_commands.h>
 #include <drawing/application.h>
+#include <render/active_view.h>
+#include <script/watchdog.h>
 
 #include <QApplication>
 #include <QCheckBox>
@@ -210,7 +212,39 @@ TEST_F(ScriptRunnerTest, TheDrawingIsCounted)
           "command CIRCLE\npoint 5,5\nreal 2\n"
           "count 3\ncount 2 class=NcDbLine\ncount >=1 layer=0\ncount 0 class=NcDbText\n"
           "command SELECT\nselect class=NcDbLine\nexpect \"Выбрано объектов: 2\"\n"
-          "command ERASE\nselect 7,5\nexpect \"Удалено объектов: 1\"\ncount 2");
+          "command ERASE\nexpect \"Удалено объектов: 2\"\ncount 1\n"
+          "command ERASE\nselect 7,5\nexpect \"Удалено объектов: 1\"\ncount 0");
+}
+
+TEST_F(ScriptRunnerTest, ColoursAreChosenInTheHostsDialog)
+{
+    addHostCommand(QStringLiteral("INDEX"), [](const QStringList&) {
+        int index = 7;
+        const bool chosen = ncedSetColorDialog(index, false);
+        ncutPrintf(L"\nномер %d %d", index, int(chosen));
+    });
+    addHostCommand(QStringLiteral("TRUECOLOR"), [](const QStringList&) {
+        NcCmColor color = NcCmColor::fromIndex(3);
+        const bool chosen = ncedSetColorDialogTrueColor(color);
+        ncutPrintf(L"\nцвет %d,%d,%d %d", color.red(), color.green(), color.blue(), int(chosen));
+    });
+    plays("command INDEX\ndialog \"Выбор цвета\"\ncheck colorValue 7\ncolor 5\nexpect \"номер 5 1\"");
+    plays("command INDEX\ndialog \"Выбор цвета\"\nclose\nexpect \"номер 7 0\"");
+    plays("command TRUECOLOR\ndialog \"Выбор цвета\"\ncolor 10,20,30\nexpect \"цвет 10,20,30 1\"");
+    plays("command TRUECOLOR\ndialog *\npress Другой…\ndialog \"Другой цвет\"\ncolor 1,2,3\npress OK\nexpect \"цвет 1,2,3 1\"");
+}
+
+TEST_F(ScriptRunnerTest, CommandsThatModulesQueueAreTheHosts)
+{
+    addHostCommand(QStringLiteral("QUEUE"), [](const QStringList&) {
+        ncedCommand({QStringLiteral("_.zoom"), QStringLiteral("_Center"), QStringLiteral("10,20"), QStringLiteral("50")});
+        ncDocManagerPtr()->sendStringToExecute(ncDocManagerPtr()->curDocument(), QStringLiteral("_regen\n"));
+    });
+    plays("command QUEUE");
+    const ActiveView view = activeView(*ncDocManagerPtr()->curDocument()->database());
+    EXPECT_EQ(view.center, QPointF(10, 20));
+    EXPECT_EQ(view.height, 50.0);
+    EXPECT_FALSE(runner.console().text().contains(QStringLiteral("Неизвестная"))) << runner.console().text().toStdString();
 }
 
 TEST_F(ScriptRunnerTest, FilesAreChecked)
@@ -322,4 +356,18 @@ TEST_F(ScriptRunnerTest, AMissingFileIsAFailureWithoutALine)
 {
     EXPECT_FALSE(runner.playFile(QStringLiteral("/нет/такого.txt")));
     EXPECT_EQ(runner.failure()->line, 0);
+}
+
+TEST(Watchdog, BitesWhenTheBeatsStopAndNotBefore)
+{
+    std::atomic<int> bites{0};
+    Watchdog watchdog([&] { ++bites; });
+    watchdog.setLimit(300);
+    for (int i = 0; i < 8; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        watchdog.beat();
+    }
+    EXPECT_EQ(bites, 0);
+    std::this_thread::sleep_for(std::chrono::milliseconds(900));
+    EXPECT_EQ(bites, 1);
 }

@@ -91,9 +91,9 @@ void ColorMapWidget::build()
     colorTable_ = new QTableWidget(RowCount, 0, this);
     colorTable_->setObjectName(QStringLiteral("ColorTable"));
     colorTable_->setVerticalHeaderLabels({QStringLiteral("От"), QStringLiteral("До"), QStringLiteral("Цвет")});
-    colorTable_->horizontalHeader()->setDefaultSectionSize(56);
+    colorTable_->horizontalHeader()->setMinimumSectionSize(56);
     colorTable_->verticalHeader()->setDefaultSectionSize(24);
-    colorTable_->setMinimumHeight(130);
+    colorTable_->setFixedHeight(130);
     levelMin_ = limitSpin(this, QStringLiteral("LevelMin"));
     levelMax_ = limitSpin(this, QStringLiteral("LevelMax"));
     levelCount_ = new QSpinBox(this);
@@ -211,6 +211,7 @@ void ColorMapWidget::showRanges()
         colorTable_->setItem(MaxRow, column, boundItem(range.max));
         colorTable_->setItem(ColorRow, column, colorItem(range.color));
     }
+    colorTable_->resizeColumnsToContents();
 }
 
 void ColorMapWidget::editCell(QTableWidgetItem* item)

@@ -1,0 +1,24 @@
+// Graphs in pixels: what of their points has to be drawn.
+#pragma once
+
+#include "charts/plotter/plotter.h"
+
+#include <QPolygonF>
+#include <functional>
+
+using PixelOf = std::function<QPointF(double x, double y)>;
+
+struct GraphStrokes {
+    QVector<QPolygonF> lines; ///< split where a number is missing, thinned where pixels hold many
+    QPolygonF points;         ///< every finite point, one a pixel
+    int finitePoints = 0;
+};
+
+/// Points of two columns in pixels. Thinning leaves the picture as it is: of
+/// consecutive points in one column (or row) of pixels the first, the extreme
+/// ones and the last stay.
+GraphStrokes strokesOf(const QVector<double>& xs, const QVector<double>& ys, const PixelOf& pixelOf,
+                       const QSize& picture);
+
+/// The colours of graphs without one of their own, in their order.
+QColor rowColor(int index);

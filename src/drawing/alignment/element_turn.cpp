@@ -1,0 +1,49 @@
+#include "drawing/alignment/element_turn.h"
+
+#include "base/text.h"
+
+#include <cmath>
+
+namespace {
+
+struct LabelVector {
+    const char* x;
+    const char* y;
+};
+
+const LabelVector labelVectors[] = {
+    {"Положение1 X", "Положение1 Y"},
+    {"Положение2 X", "Положение2 Y"},
+    {"Заглубление X", "Заглубление Y"},
+};
+
+const QString markerAngle = QStringLiteral("Угол1");
+
+void turnMarker(ElementBlock& element, const ElementTurn& turn)
+{
+    if (!element.hasDynProp(markerAngle))
+        return;
+    const double kept = element.dynProps.value(markerAngle).toDouble() + element.blockRotation - turn.angle;
+    element.setDynProp(markerAngle,
+                       turn.marker == ElementTurn::Marker::Keep ? fixed(kept, 6) : QStringLiteral("0.0"));
+}
+
+void turnVector(ElementBlock& element, const LabelVector& vector, double by, double scale)
+{
+    if (!element.hasDynProp(vector.x) || !element.hasDynProp(vector.y))
+        return;
+    const double x = element.dynProps.value(vector.x).toDouble();
+    const double y = element.dynProps.value(vector.y).toDouble();
+    element.setDynProp(vector.x, fixed((x * std::cos(by) - y * std::sin(by)) * scale, 4));
+    element.setDynProp(vector.y, fixed((x * std::sin(by) + y * std::cos(by)) * scale, 4));
+}
+
+} // namespace
+
+void turnElement(ElementBlock& element, const ElementTurn& turn)
+{
+    turnMarker(element, turn);
+    for (const LabelVector& vector : labelVectors)
+        turnVector(element, vector, element.blockRotation - turn.angle, turn.labelScale);
+    element.blockRotation = turn.angle;
+}

@@ -1,0 +1,63 @@
+#include "drawing/alignment/forms/name_choice.h"
+
+#include <nrx/application.h>
+#include <nrx/palettes.h>
+
+#include <QComboBox>
+#include <QInputDialog>
+
+namespace {
+
+void prepare(QInputDialog& box, const QString& title, const QString& label, const QStringList& names)
+{
+    box.setWindowTitle(title);
+    box.setLabelText(label);
+    box.setComboBoxItems(names);
+}
+
+// Follows which item an edited text was made of.
+class ItemInHand
+{
+public:
+    explicit ItemInHand(QInputDialog& box)
+    {
+        auto* list = box.findChild<QComboBox*>();
+        if (!list)
+            return;
+        // Enter must not add the edited text as an item of its own.
+        list->setInsertPolicy(QComboBox::NoInsert);
+        QObject::connect(list, qOverload<int>(&QComboBox::currentIndexChanged), &box,
+                         [this](int index) { index_ = index >= 0 ? index : index_; });
+    }
+    int index() const { return index_; }
+
+private:
+    int index_ = 0;
+};
+
+} // namespace
+
+std::optional<QString> chooseName(const QString& title, const QString& label, const QStringList& names)
+{
+    QWinWidget owner(ndsw_ncadMainWnd());
+    owner.showCentered();
+    QInputDialog box(&owner);
+    prepare(box, title, label, names);
+    if (box.exec() != QDialog::Accepted || names.isEmpty())
+        return {};
+    return box.textValue();
+}
+
+std::optional<UcsChoice> chooseAndEditName(const QString& title, const QString& label, const QStringList& names)
+{
+    QWinWidget owner(ndsw_ncadMainWnd());
+    owner.showCentered();
+    QInputDialog box(&owner);
+    prepare(box, title, label, names);
+    box.setComboBoxEditable(true);
+    const ItemInHand inHand(box);
+    if (box.exec() != QDialog::Accepted || box.textValue().trimmed().isEmpty())
+        return {};
+    const int equal = names.indexOf(box.textValue());
+    return UcsChoice{equal >= 0 ? equal : inHand.index(), box.textValue()};
+}

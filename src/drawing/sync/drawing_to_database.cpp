@@ -1,0 +1,24 @@
+#include "drawing/sync/drawing_to_database.h"
+
+#include "drawing/sync/drawing_owner.h"
+#include "drawing/sync/drawing_scan.h"
+#include "drawing/sync/missing_rows.h"
+#include "drawing/sync/mode_prompt.h"
+#include "drawing/sync/stored_drawing.h"
+#include "session/project_session.h"
+
+void syncDrawingToDatabase(const SyncQuestions& questions)
+{
+    if (!session().requirePosition() || !drawingIsAccepted(questions))
+        return;
+    const std::optional<SyncMode> mode = askSyncMode();
+    if (!mode)
+        return;
+    DrawingScan scan(*mode);
+    if (!scan.run())
+        return;
+    if (*mode == SyncMode::Position)
+        offerMissingRows(scan.rows(), questions);
+    if (*mode == SyncMode::File)
+        storeActiveDrawing(questions);
+}

@@ -1,0 +1,127 @@
+#include "drawing/sync/row_comparator.h"
+
+#include "base/placeholders.h"
+#include "base/text.h"
+#include "hostkit/console.h"
+#include "hostkit/error_markers.h"
+#include "hostkit/model_space.h"
+
+namespace {
+
+// A row of a type that nobody knows has no kind, so its record holds no name.
+struct RowElement {
+    int id = -1;
+    QString name;
+    ElementBlock element;
+};
+
+// Unused rows of the registry have an empty block name: no kind has it.
+int kindOfType(const QString& typeId)
+{
+    const QString blockName = blockNameByTypeId(typeId);
+    return blockName.isEmpty() ? noKind : kindByBlockName(blockName);
+}
+
+// Attributes that mirror numbers of the row; the kinds of other families lack them.
+void setFamilyAttributes(ElementBlock& element, const sql::Result& rows, int row, FamilyKey family)
+{
+    if (family == FamilyKey::Rp)
+        element.setAttribute(QStringLiteral("rp_z"), fixed(element.z, 2));
+    if (family != FamilyKey::Tsg)
+        return;
+    element.setAttribute(QStringLiteral("h"), fixed(rows.toDouble(row, 8), 2));
+    element.setAttribute(QStringLiteral("de"), fixed(rows.toDouble(row, 9), 2));
+    element.setAttribute(QStringLiteral("z"), fixed(element.z, 2));
+}
+
+RowElement elementOfRow(const sql::Result& rows, int row, FamilyKey family, const StateColors& colors)
+{
+    RowElement made{rows.toInt(row, 0), rows.getvalue(row, 2),
+                    ElementBlock(kindOfType(rows.getvalue(row, 1)), colors)};
+    ElementBlock& element = made.element;
+    element.setAttribute(QStringLiteral("element_id"), QString::number(made.id));
+    element.setAttribute(QStringLiteral("name"), made.name);
+    element.x = rows.toDouble(row, 5);
+    element.y = rows.toDouble(row, 6);
+    element.z = rows.toDouble(row, 7);
+    setFamilyAttributes(element, rows, row, family);
+    // The burial depth of a thermostabiliser moves the fields behind it. The
+    // marker's rotation follows from the block's and the properties.
+    const int rotation = family == FamilyKey::Tsg ? 10 : 9;
+    element.blockRotation = rows.toDouble(row, rotation);
+    element.scale = rows.isNull(row, rotation + 2) ? 1.0 : rows.toDouble(row, rotation + 2);
+    element.parseProps(rows.getvalue(row, rotation + 3));
+    element.setState(rows.getvalue(row, 3));
+    return made;
+}
+
+// The block may be of another kind of the family than the row.
+NcDbObjectId findBlock(const Family& family, const RowElement& row)
+{
+    if (row.element.kind == noKind)
+        return {};
+    for (const int kind : family.kinds) {
+        const QString& blockName = kinds()[size_t(kind)].blockName;
+        const NcDbObjectId found =
+            findBlockReference(blockName, QStringLiteral("element_id"), QString::number(row.id));
+        if (!found.isNull())
+            return found;
+    }
+    return {};
+}
+
+NcGePoint3d placeOf(const ElementBlock& element)
+{
+    return {element.x, element.y, element.z};
+}
+
+void insertMissing(const RowElement& row, const RowTexts& texts)
+{
+    say(fill(texts.notFound, row.id, row.name));
+    row.element.insertBlock();
+    addErrorCircle(placeOf(row.element), 10.0);
+}
+
+void replaceOther(NcDbObjectId found, RowElement& row, const ElementBlock& drawn)
+{
+    say(fill("\n Определения блоков с ID=%1,не совпадают (Чертеж:%2, БД:%3) Будет выполнена замена.", row.id,
+             drawn.blockName, row.element.blockName));
+    addErrorCircle(placeOf(row.element), 10.0);
+    addErrorCircle(placeOf(row.element), 9.0);
+    row.element.replaceBlock(found);
+}
+
+void overwrite(NcDbObjectId found, const RowElement& row, const ElementBlock& drawn, const RowTexts& texts)
+{
+    const QString drawnName = drawn.attributes.value(QStringLiteral("name"));
+    if (drawnName != row.name) {
+        say(fill(texts.differentNames, row.id, drawnName, row.name));
+        addErrorCircle(placeOf(row.element), 10.0);
+    }
+    row.element.applyToBlock(found);
+}
+
+void bringRow(const Family& family, RowElement& row, const StateColors& colors)
+{
+    const RowTexts& texts = rowTexts(family.key);
+    const NcDbObjectId found = findBlock(family, row);
+    if (found.isNull()) {
+        insertMissing(row, texts);
+        return;
+    }
+    const ElementBlock drawn(found, colors);
+    if (drawn.kind != row.element.kind)
+        replaceOther(found, row, drawn);
+    else
+        overwrite(found, row, drawn, texts);
+}
+
+} // namespace
+
+void bringRows(const Family& family, const sql::Result& rows, const StateColors& colors)
+{
+    for (int row = 0; rows.isTuples() && row < rows.ntuples(); ++row) {
+        RowElement element = elementOfRow(rows, row, family.key, colors);
+        bringRow(family, element, colors);
+    }
+}

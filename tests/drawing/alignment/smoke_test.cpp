@@ -1,0 +1,1 @@
+#include "drawing/alignment/alignment.h"

@@ -1,0 +1,300 @@
+// The window, worked by mouse and keyboard.
+#include <workbench/command_table.h>
+#include <workbench/layers_panel.h>
+#include <workbench/main_window.h>
+
+#include <commands/host_commands.h>
+#include <render/active_view.h>
+#include <script/modal_driver.h>
+
+#include <QDockWidget>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+namespace {
+
+class MainWindowTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        registerHostCommands();
+        closeAllDocuments();
+        window = std::make_unique<MainWindow>(folder.filePath(QStringLiteral("p.ini")));
+        window->show();
+        openStartDocument();
+        QTest::qWait(10);
+    }
+
+    void TearDown() override
+    {
+        closeAllDocuments();
+        window.reset();
+    }
+
+    DrawingView* view() { return window->findChild<DrawingView*>(); }
+    QLineEdit* edit() { return window->findChild<QLineEdit*>(QStringLiteral("commandEdit")); }
+    QString history() { return window->findChild<QPlainTextEdit*>(QStringLiteral("commandHistory"))->toPlainText(); }
+    QString prompt() { return window->findChild<QLabel*>(QStringLiteral("commandPrompt"))->text(); }
+
+    // A view of 100 units over the whole height, about the origin.
+    void showHundred()
+    {
+        ActiveView active;
+        active.height = 100.0;
+        active.width = 100.0 * view()->width() / view()->height();
+        setActiveView(*view()->document().database(), active);
+    }
+
+    QPoint pixel(double x, double y)
+    {
+        const double scale = view()->height() / 100.0;
+        return QPoint(qRound(view()->width() / 2.0 + x * scale), qRound(view()->height() / 2.0 - y * scale));
+    }
+
+    void move(double x, double y, Qt::MouseButtons buttons = Qt::NoButton)
+    {
+        QMouseEvent event(QEvent::MouseMove, pixel(x, y), Qt::NoButton, buttons, Qt::NoModifier);
+        QCoreApplication::sendEvent(view(), &event);
+    }
+
+    void click(double x, double y, Qt::KeyboardModifiers keys = {})
+    {
+        move(x, y);
+        QTest::mouseClick(view(), Qt::LeftButton, keys, pixel(x, y));
+    }
+
+    // Runs a command whose prompts are answered by these steps, one a prompt.
+    void run(const QString& line, std::vector<std::function<void()>> steps)
+    {
+        int at = 0;
+        QTimer timer;
+        QObject::connect(&timer, &QTimer::timeout, [&] {
+            if (prompt() != QStringLiteral("Команда:") && at < int(steps.size()))
+                steps[size_t(at++)]();
+        });
+        timer.start(5);
+        window->runLine(line);
+        EXPECT_EQ(at, int(steps.size()));
+    }
+
+    void type(const QString& text)
+    {
+        edit()->setText(text);
+        QTest::keyClick(edit(), Qt::Key_Return);
+    }
+
+    int count(const char* className)
+    {
+        int met = 0;
+        NcDbBlockTableRecord* space = nullptr;
+        ncdbOpenObject(space, view()->document().database()->currentSpaceId(), kForRead);
+        const std::unique_ptr<NcDbBlockTableRecordIterator> at(space->newIterator());
+        for (at->start(); !at->done(); at->step()) {
+            NcDbEntity* entity = nullptr;
+            at->getEntity(entity, kForRead);
+            met += qstrcmp(entity->isA()->name(), className) == 0;
+            entity->close();
+        }
+        space->close();
+        return met;
+    }
+
+    QTemporaryDir folder;
+    std::unique_ptr<MainWindow> window;
+};
+
+}  // namespace
+
+TEST_F(MainWindowTest, PointsArePickedInTheDrawing)
+{
+    showHundred();
+    run(QStringLiteral("LINE"), {[&] { click(-20, 10); }, [&] { click(20, 10); },
+                                 [&] { QTest::mouseClick(view(), Qt::RightButton); }});
+    EXPECT_EQ(count("NcDbLine"), 1);
+    EXPECT_TRUE(history().contains(QStringLiteral("Команда: LINE\nПервая точка: -"))) << history().toStdString();
+    EXPECT_EQ(prompt(), QStringLiteral("Команда:"));
+}
+
+TEST_F(MainWindowTest, AnswersAreTypedAndRefusedWhenTheyDoNotFit)
+{
+    run(QStringLiteral("circle"), {[&] { type(QStringLiteral("5,5")); }, [&] { type(QStringLiteral("много")); },
+                                   [&] { type(QStringLiteral("2.5")); }});
+    EXPECT_EQ(count("NcDbCircle"), 1);
+    EXPECT_TRUE(history().contains(QStringLiteral("Такой ответ не подходит.")));
+}
+
+TEST_F(MainWindowTest, WordsBehindACommandAnswerItsPrompts)
+{
+    window->runLine(QStringLiteral("CIRCLE 1,1 3"));
+    EXPECT_EQ(count("NcDbCircle"), 1);
+}
+
+TEST_F(MainWindowTest, EscEndsACommand)
+{
+    run(QStringLiteral("LINE"), {[&] { QTest::keyClick(view(), Qt::Key_Escape); }});
+    run(QStringLiteral("LINE"), {[&] { QTest::keyClick(edit(), Qt::Key_Escape); }});
+    EXPECT_EQ(count("NcDbLine"), 0);
+    EXPECT_TRUE(history().contains(QStringLiteral("*Отмена*")));
+}
+
+TEST_F(MainWindowTest, AnUnknownCommandIsSaid)
+{
+    window->runLine(QStringLiteral("NOSUCH"));
+    EXPECT_TRUE(history().contains(QStringLiteral("Неизвестная команда: NOSUCH")));
+}
+
+TEST_F(MainWindowTest, AClickPicksAndEscForgets)
+{
+    showHundred();
+    window->runLine(QStringLiteral("CIRCLE 0,0 20"));
+    window->runLine(QStringLiteral("CIRCLE 30,0 5"));
+    view()->grab();
+    click(20, 0);
+    EXPECT_EQ(view()->document().pickfirst().size(), 1u);
+    click(35, 0);
+    EXPECT_EQ(view()->document().pickfirst().size(), 2u);
+    click(20, 0, Qt::ShiftModifier);
+    EXPECT_EQ(view()->document().pickfirst().size(), 1u);
+    QTest::keyClick(view(), Qt::Key_Escape);
+    EXPECT_TRUE(view()->document().pickfirst().empty());
+}
+
+TEST_F(MainWindowTest, AWindowPicksWhatLiesInsideOrWhatItTouches)
+{
+    showHundred();
+    window->runLine(QStringLiteral("CIRCLE 0,0 5"));
+    window->runLine(QStringLiteral("CIRCLE 10,0 20"));
+    view()->grab();
+    const auto drag = [&](double x1, double y1, double x2, double y2) {
+        setPickfirst({});
+        QTest::mousePress(view(), Qt::LeftButton, {}, pixel(x1, y1));
+        move(x2, y2, Qt::LeftButton);
+        QTest::mouseRelease(view(), Qt::LeftButton, {}, pixel(x2, y2));
+        return view()->document().pickfirst().size();
+    };
+    EXPECT_EQ(drag(-8, 8, 8, -8), 1u);
+    EXPECT_EQ(drag(8, -8, -8, 8), 2u);
+}
+
+TEST_F(MainWindowTest, ASelectionIsGatheredUntilEnter)
+{
+    showHundred();
+    window->runLine(QStringLiteral("CIRCLE 0,0 5"));
+    window->runLine(QStringLiteral("CIRCLE 20,0 5"));
+    view()->grab();
+    run(QStringLiteral("ERASE"), {[&] {
+            click(5, 0);
+            click(25, 0);
+            QTest::keyClick(view(), Qt::Key_Return);
+        }});
+    EXPECT_EQ(count("NcDbCircle"), 0);
+    EXPECT_TRUE(history().contains(QStringLiteral("Удалено объектов: 2")));
+}
+
+TEST_F(MainWindowTest, TheWheelZoomsAboutTheCursorAndTheMiddleButtonPans)
+{
+    showHundred();
+    const auto now = [&] { return activeView(*view()->document().database()); };
+    const QPoint at = pixel(20, 10);
+    QWheelEvent wheel(at, view()->mapToGlobal(at), {}, QPoint(0, 120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                      false);
+    QCoreApplication::sendEvent(view(), &wheel);
+    EXPECT_NEAR(now().height, 80.0, 1e-6);
+    EXPECT_NEAR(now().center.x(), 4.0, 0.1);
+    showHundred();
+    QTest::mousePress(view(), Qt::MiddleButton, {}, pixel(0, 0));
+    move(10, 0, Qt::MiddleButton);
+    QTest::mouseRelease(view(), Qt::MiddleButton, {}, pixel(10, 0));
+    EXPECT_NEAR(now().center.x(), -10.0, 0.2);
+    EXPECT_FALSE(view()->document().isModified()) << "looking at a drawing does not change it";
+}
+
+TEST_F(MainWindowTest, AMenuEndsThePromptThatWaits)
+{
+    run(QStringLiteral("LINE"), {[&] { window->runCommandByName(QStringLiteral("CIRCLE")); }});
+    EXPECT_TRUE(activeCommand().isEmpty());
+    QTimer::singleShot(200, [&] { type(QStringLiteral("1,1")); });
+    QTimer::singleShot(300, [&] { type(QStringLiteral("2")); });
+    QTest::qWait(500);
+    EXPECT_EQ(count("NcDbCircle"), 1);
+    EXPECT_EQ(count("NcDbLine"), 0);
+}
+
+TEST_F(MainWindowTest, DrawingsStandInTabs)
+{
+    auto* tabs = window->findChild<QTabWidget*>(QStringLiteral("documentTabs"));
+    EXPECT_EQ(tabs->count(), 1);
+    window->runLine(QStringLiteral("NEW \"\""));
+    ASSERT_EQ(tabs->count(), 2);
+    EXPECT_EQ(tabs->currentIndex(), 1);
+    tabs->setCurrentIndex(0);
+    EXPECT_EQ(ncDocManagerPtr()->curDocument(), ncDocManagerPtr()->document(0));
+    window->runLine(QStringLiteral("CIRCLE 0,0 5"));
+    EXPECT_TRUE(tabs->tabText(0).endsWith(QLatin1Char('*')));
+    ModalDriver driver;
+    driver.expect("Терва").textContains("Сохранить изменения чертежа").press("Отмена");
+    emit tabs->tabCloseRequested(0);
+    EXPECT_EQ(tabs->count(), 2);
+    driver.expect("Терва").press("Не сохранять");
+    emit tabs->tabCloseRequested(0);
+    EXPECT_EQ(tabs->count(), 1);
+    EXPECT_TRUE(driver.done()) << driver.report().toStdString();
+}
+
+TEST_F(MainWindowTest, LayersAreSwitchedInTheirPanel)
+{
+    window->runLine(QStringLiteral("LAYER Создать Карта"));
+    auto* layers = window->findChild<LayersPanel*>();
+    QTest::qWait(100);
+    ASSERT_EQ(layers->rowCount(), 2);
+    ASSERT_EQ(layers->item(1, 3)->text(), QStringLiteral("Карта"));
+    layers->item(1, 0)->setCheckState(Qt::Unchecked);
+    layers->item(1, 1)->setCheckState(Qt::Checked);
+    NcDbLayerTable* table = nullptr;
+    NcDbLayerTableRecord* layer = nullptr;
+    ASSERT_TRUE(isOk(view()->document().database()->getSymbolTable(table, kForRead)));
+    ASSERT_TRUE(isOk(table->getAt(QStringLiteral("Карта"), layer, kForRead)));
+    EXPECT_TRUE(layer->isOff());
+    EXPECT_TRUE(layer->isLocked());
+    layer->close();
+    table->close();
+}
+
+TEST_F(MainWindowTest, CoordinatesFollowTheCursorInTheUserSystem)
+{
+    showHundred();
+    window->runLine(QStringLiteral("UCS Точки 10,0 10,10"));
+    move(10, 20);
+    const QString text = window->findChild<QLabel*>(QStringLiteral("coordinates"))->text();
+    const QStringList parts = text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    ASSERT_EQ(parts.size(), 4);
+    EXPECT_NEAR(parts[1].toDouble(), 20.0, 0.2);
+    EXPECT_NEAR(parts[3].toDouble(), 0.0, 0.2);
+}
+
+TEST_F(MainWindowTest, AScriptPlaysInTheWindow)
+{
+    QFile file(folder.filePath(QStringLiteral("s.txt")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("command CIRCLE\npoint 0,0\nreal 5\ncount 1\nwindow mainWindow\nset commandEdit \"слово\"\n");
+    file.close();
+    EXPECT_EQ(window->playScript(file.fileName(), {}, 2.0).toStdString(), "");
+    EXPECT_EQ(edit()->text(), QStringLiteral("слово"));
+    EXPECT_TRUE(history().contains(QStringLiteral("Радиус: 5")));
+}
+
+TEST(CommandTable, RowsAreReadAndNonsenseIsPassedOver)
+{
+    const auto rows = parseMenuTable(QStringLiteral("# заголовок;a;b\nПроект;TERVA_X;Открыть…\r\nПроект;-;\nбез полей\n;A;B\nПроект;;B\n"));
+    ASSERT_EQ(rows.size(), 2);
+    EXPECT_EQ(rows[0].command, QStringLiteral("TERVA_X"));
+    EXPECT_EQ(rows[0].caption, QStringLiteral("Открыть…"));
+    EXPECT_TRUE(rows[1].command.isEmpty());
+}

@@ -1,0 +1,1 @@
+CREATE ROLE ${ROLE} LOGIN PASSWORD 'пароль';

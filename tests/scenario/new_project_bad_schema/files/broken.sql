@@ -1,0 +1,1 @@
+create table t (a integer); selekt 1;
