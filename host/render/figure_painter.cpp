@@ -1,6 +1,10 @@
 #include "figure_painter.h"
 
+#include <QLineF>
+
 namespace {
+
+constexpr double kRimOfHeight = 0.3;
 
 class FigurePainter {
 public:
@@ -40,7 +44,7 @@ private:
         case Figure::Line: return paintLine(figure, color, picked);
         case Figure::Fill: return paintFill(figure, color, picked);
         case Figure::Text:
-            return painter_.fillPath(toDevice_.map(textOutline(figure.text)), picked ? style_.selection : color);
+            return paintText(figure.text, picked ? style_.selection : color);
         case Figure::Dot:
             return paintDot(toDevice_.map(figure.polygons.front().front()), picked ? style_.selection : color,
                             1.5 * style_.lineWidth);
@@ -65,6 +69,16 @@ private:
             return paintDot(line[0], color, 0.75 * style_.lineWidth);
         painter_.setPen(pen(color, width));
         painter_.drawPolyline(line);
+    }
+
+    // A rim in the colour of the paper keeps a text readable over lines and hatches.
+    void paintText(const FigureText& text, const QColor& color)
+    {
+        const QPainterPath outline = toDevice_.map(textOutline(text));
+        const QTransform toPaper = text.placing * toDevice_;
+        const double height = QLineF(toPaper.map(QPointF(0, 0)), toPaper.map(QPointF(0, 1))).length();
+        painter_.strokePath(outline, pen(style_.paper, kRimOfHeight * height));
+        painter_.fillPath(outline, color);
     }
 
     void paintDot(const QPointF& at, const QColor& color, double radius)

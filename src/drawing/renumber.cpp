@@ -56,11 +56,11 @@ void describe(NcDbObjectId id)
     });
 }
 
-// The kind for upper benchmarks came later and is not served.
+// The youngest kind of benchmarks, rp_vr_def, is not served.
 bool isServed(int kind)
 {
-    constexpr int upperBenchmark = 21;
-    return familyOfKind(kind) && kind != upperBenchmark;
+    constexpr int notServed = 21;
+    return familyOfKind(kind) && kind != notServed;
 }
 
 bool loadRows(const Family& family, QVector<NumberedRow>& rows)
@@ -96,9 +96,8 @@ QVector<DrawnBlock> blocksOfKind(int kind, const StateColors& colors)
     return blocks;
 }
 
-// Both lists by id. The first pair's names are not compared: users renumber
-// right after they have mended that one by hand. A pair of two ids would write
-// a name over a foreign row.
+// Both lists by id. The names of the first pair are deliberately not compared.
+// A pair of two different ids would write a name over a foreign row.
 bool agree(const QVector<NumberedRow>& rows, const QVector<DrawnBlock>& blocks)
 {
     if (rows.size() != blocks.size())

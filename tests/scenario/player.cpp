@@ -39,7 +39,7 @@ void addVerbs(ScriptRunner& runner, const sql::Connection& connection, Relay& re
         const sql::Result result = connection.runScript(words.value(0));
         return result.isTuples() || result.isCommand() ? QString() : result.errorMessage();
     });
-    runner.addVerb(QStringLiteral("rows"), [&connection](const QStringList& words) {
+    runner.addVerb(QStringLiteral("database"), [&connection](const QStringList& words) {
         return differenceOfRows(connection, words.value(0), words.mid(1));
     });
     runner.addVerb(QStringLiteral("server"), [&relay](const QStringList& words) {

@@ -183,7 +183,7 @@ TEST(Scenarios, EachLooksAtSomething)
     for (const QString& name : scenarioNames()) {
         const QString script = readText(scenarioFolder(name) + QStringLiteral("/scenario.script"), {});
         bool looks = QFile::exists(scenarioFolder(name) + QStringLiteral("/rows.txt"));
-        for (const char* check : {"\nexpect ", "\ncheck ", "\ncontains ", "\ntext ", "\ncount ", "\nrows ", "\nfile-contains "})
+        for (const char* check : {"\nexpect ", "\ncheck ", "\ncontains ", "\ntext ", "\ncount ", "\ndatabase ", "\nfile-contains "})
             looks = looks || script.contains(QLatin1String(check));
         EXPECT_TRUE(looks) << name.toStdString();
     }

@@ -34,6 +34,10 @@ public:
     {
         return reply([&](PromptReply& r) { r.point = NcGePoint3d(x, y, z); });
     }
+    ScriptedPrompts& pick(NcDbObjectId entity)
+    {
+        return reply([&](PromptReply& r) { r.entity = entity; });
+    }
     ScriptedPrompts& enter()
     {
         return reply([](PromptReply& r) { r.status = kPromptEmpty; });
@@ -51,6 +55,7 @@ public:
     }
 
     QStringList asked; ///< the prompts
+    QStringList words; ///< keywords of the prompts that have any, as "local/global ..."
     QString console;   ///< all that was printed
     bool allAnswersUsed() const { return next_ == replies_.size(); }
     bool ranDry() const { return dry_; } ///< more was asked than answered
@@ -58,6 +63,11 @@ public:
     PromptReply ask(const PromptRequest& request) override
     {
         asked.append(request.prompt);
+        QStringList pairs;
+        for (const PromptRequest::Word& word : request.keywords)
+            pairs.append(word.local + QLatin1Char('/') + word.global);
+        if (!pairs.isEmpty())
+            words.append(pairs.join(QLatin1Char(' ')));
         if (next_ >= replies_.size()) {
             dry_ = true;
             return {};

@@ -41,7 +41,7 @@ public:
         layout_ = layoutOf(contents_, ranges_, size_, above ? key.size() : QSizeF());
         if (layout_.step == LayoutStep::Nothing)
             return record_;
-        const QPointF keyCorner = above ? layout_.keyAbove.topLeft() : layInside(key);
+        const QPointF keyCorner = above ? layAbove() : layInside(key);
         paint();
         if (layout_.step < LayoutStep::NoKey && !key.isEmpty() && (!above || !layout_.keyAbove.isNull()))
             paintKey(key, keyCorner);
@@ -52,6 +52,9 @@ public:
 private:
     void chooseColors();
     void layWith(const InnerMargins& margins);
+    InnerMargins layFirst();
+    PixelCover place(const QRectF& free);
+    QPointF layAbove();
     QPointF layInside(KeyBox& key);
     InnerMargins marginsForLabels() const;
     void collectStrokes();
@@ -214,53 +217,66 @@ void Drawing::coverPictures(PixelCover& cover) const
         cover.add(textBox(text));
 }
 
-QPointF Drawing::layInside(KeyBox& key)
+// The layout without a key inside; gives the margins that the labels want.
+InnerMargins Drawing::layFirst()
 {
     layWith(InnerMargins());
-    const InnerMargins forLabels = marginsForLabels();
+    const InnerMargins margins = marginsForLabels();
     if (!labels_.isEmpty())
-        layWith(forLabels);
-    const bool hasKey = !key.isEmpty() && layout_.step < LayoutStep::NoKey;
-    if (hasKey)
-        key = KeyBox(contents_, colors_, layout_.frame.size() - QSizeF(10.0, 10.0));
-    LabelRoom room{layout_.frame.adjusted(1.0, 1.0, -1.0, -1.0), coverOfGraphs(), PixelCover(size_)};
-    record_.labelsLeftOut = placeLabels(labels_, room);
-    const QPointF corner = insideCorner(layout_.frame, key.size(), contents_.key.position);
-    const QRectF box(corner, key.size());
-    coverPictures(room.curves);
-    if (!hasKey || (room.curves.taken(box) == 0 && room.labels.taken(box) == 0))
-        return corner;
+        layWith(margins);
+    return margins;
+}
 
-    // The key would cover data: the data give way, to the side that costs less.
-    InnerMargins margins = forLabels;
+// Places the labels; gives the pixels that are taken then.
+PixelCover Drawing::place(const QRectF& free)
+{
+    LabelRoom room{free, coverOfGraphs(), PixelCover(size_)};
+    record_.labelsLeftOut = placeLabels(labels_, room);
+    for (const ValueLabel& label : labels_)
+        room.curves.add(label.box);
+    coverPictures(room.curves);
+    return room.curves;
+}
+
+QPointF Drawing::layAbove()
+{
+    layFirst();
+    place(layout_.frame.adjusted(1.0, 1.0, -1.0, -1.0));
+    return layout_.keyAbove.topLeft();
+}
+
+QPointF Drawing::layInside(KeyBox& key)
+{
+    InnerMargins margins = layFirst();
     QRectF free = layout_.frame.adjusted(1.0, 1.0, -1.0, -1.0);
-    const double byHeight = (key.size().height() + 8.0) / layout_.frame.height();
-    const double byWidth = (key.size().width() + 8.0) / layout_.frame.width();
-    if (byHeight <= byWidth && contents_.key.position == KeyPosition::InsideBottomRight) {
-        margins.bottom += key.size().height() + 8.0;
-        free.setBottom(box.top() - 1.0);
-    } else if (byHeight <= byWidth) {
-        margins.top += key.size().height() + 8.0;
-        free.setTop(box.bottom() + 1.0);
-    } else {
-        margins.right += key.size().width() + 8.0;
+    const PixelCover taken = place(free);
+    if (key.isEmpty() || layout_.step >= LayoutStep::NoKey)
+        return QPointF();
+    key = KeyBox(contents_, colors_, layout_.frame.size() - QSizeF(10.0, 10.0));
+    const QRectF box(insideCorner(layout_.frame, key.size(), contents_.key.position), key.size());
+    if (taken.taken(box) == 0)
+        return box.topLeft();
+
+    // The key would cover data: they give way, to the side that costs less.
+    const QSizeF room = key.size() + QSizeF(8.0, 8.0);
+    const bool sideways = room.width() / layout_.frame.width() < room.height() / layout_.frame.height();
+    if (sideways) {
+        margins.right += room.width();
         free.setRight(box.left() - 1.0);
+    } else if (contents_.key.position == KeyPosition::InsideBottomRight) {
+        margins.bottom += room.height();
+        free.setBottom(box.top() - 1.0);
+    } else {
+        margins.top += room.height();
+        free.setTop(box.bottom() + 1.0);
     }
     layWith(margins);
-    LabelRoom smaller{free, coverOfGraphs(), PixelCover(size_)};
-    record_.labelsLeftOut = placeLabels(labels_, smaller);
-    return corner;
+    place(free);
+    return box.topLeft();
 }
 
 void Drawing::paint()
 {
-    if (isAbove(contents_.key.position)) {
-        layWith(InnerMargins());
-        if (!labels_.isEmpty())
-            layWith(marginsForLabels());
-        LabelRoom room{layout_.frame.adjusted(1.0, 1.0, -1.0, -1.0), coverOfGraphs(), PixelCover(size_)};
-        record_.labelsLeftOut = placeLabels(labels_, room);
-    }
     record_.canvas = layout_.frame;
     record_.data = layout_.data;
     painter_.save();

@@ -75,8 +75,6 @@ QPen penOf(const LineGraph& graph, const QColor& color)
     return pen;
 }
 
-// A line of many strokes is drawn piece by piece: joining thousands of steep
-// strokes into one outline costs far more than drawing them.
 void paintLine(QPainter& painter, const QPolygonF& line, const QPen& pen, const QRectF& frame)
 {
     QwtPlotCurve curve;
@@ -113,7 +111,7 @@ void paintGraph(QPainter& painter, const LineGraph& graph, const QColor& color, 
 void paintSample(QPainter& painter, const LineGraph& graph, const QColor& color, const QRectF& box)
 {
     GraphStrokes sample;
-    sample.lines.append(QPolygonF{QPointF(box.left(), box.center().y()), QPointF(box.right(), box.center().y())});
+    sample.lines.append(QVector<QPointF>{{box.left(), box.center().y()}, {box.right(), box.center().y()}});
     sample.points.append(box.center());
     painter.save();
     paintGraph(painter, graph, color, sample, box);

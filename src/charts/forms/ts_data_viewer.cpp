@@ -1,0 +1,112 @@
+#include "charts/forms/ts_data_viewer.h"
+
+#include "base/text.h"
+#include "elements/measures/family_measures.h"
+
+#include <QHeaderView>
+#include <QLabel>
+#include <QSplitter>
+#include <QStandardItemModel>
+#include <QTableView>
+#include <QVBoxLayout>
+
+namespace {
+
+QStandardItem* numberItem(double number)
+{
+    auto* item = new QStandardItem(fixed(number, 2));
+    item->setEditable(false);
+    item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    return item;
+}
+
+} // namespace
+
+TSDataViewer::TSDataViewer(QWidget* parent)
+    : QDialog(parent)
+    , model_(new QStandardItemModel(this))
+    , table_(new QTableView)
+    , picture_(new QLabel)
+{
+    setObjectName(QStringLiteral("TSDataViewer"));
+    model_->setHorizontalHeaderLabels({QStringLiteral("Глубина, м"), QStringLiteral("Температура, °C")});
+    table_->setObjectName(QStringLiteral("DataView"));
+    table_->setModel(model_);
+    table_->verticalHeader()->hide();
+    picture_->setObjectName(QStringLiteral("ChartLabel"));
+    picture_->setScaledContents(true);
+    picture_->setAlignment(Qt::AlignCenter);
+    // The picture follows the label, never the label the picture.
+    picture_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    picture_->setMinimumSize(120, 90);
+    chart_.setPictureSize(400, 300);
+    buildLayout();
+}
+
+void TSDataViewer::buildLayout()
+{
+    auto* parts = new QSplitter(Qt::Horizontal);
+    parts->addWidget(table_);
+    parts->addWidget(picture_);
+    parts->setStretchFactor(0, 0);
+    parts->setStretchFactor(1, 1);
+    parts->setChildrenCollapsible(false);
+    parts->setSizes({220, 480});
+    connect(parts, &QSplitter::splitterMoved, this, &TSDataViewer::renderPicture);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(parts);
+    resize(720, 460);
+}
+
+void TSDataViewer::setMeasure(const TSMeasure& measure)
+{
+    setWindowTitle(QStringLiteral("Просмотр данных измерения: ") + measure.elementName);
+    const TemperatureCurve profile = logOf(measure.profile);
+    fillTable(profile);
+    hasProfile_ = !profile.empty();
+    if (hasProfile_) {
+        plot(measure, profile);
+        return;
+    }
+    picture_->clear();
+    picture_->setText(QStringLiteral("Нет данных для отображения"));
+}
+
+void TSDataViewer::fillTable(const TemperatureCurve& profile)
+{
+    model_->removeRows(0, model_->rowCount());
+    for (const auto& [depth, temperature] : profile)
+        model_->appendRow({numberItem(depth), numberItem(temperature)});
+    table_->resizeColumnsToContents();
+}
+
+void TSDataViewer::plot(const TSMeasure& measure, const TemperatureCurve& profile)
+{
+    chart_.setPictureSize(picture_->width(), picture_->height());
+    chart_.setProfile(profile);
+    chart_.addMarks(measure.outliers, measure.gradients);
+    chart_.addDepthBounds(measure.depthFrom, measure.depthTo);
+    chart_.addMeans(measure.mean, measure.previousMean);
+    renderPicture();
+}
+
+void TSDataViewer::renderPicture()
+{
+    if (!hasProfile_)
+        return;
+    chart_.setPictureSize(picture_->width(), picture_->height());
+    picture_->setPixmap(chart_.render(picture_->devicePixelRatioF()));
+}
+
+void TSDataViewer::resizeEvent(QResizeEvent* event)
+{
+    QDialog::resizeEvent(event);
+    renderPicture();
+}
+
+// The layout settles the label's size when the dialog is shown.
+void TSDataViewer::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    renderPicture();
+}

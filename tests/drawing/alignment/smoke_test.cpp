@@ -1,1 +1,0 @@
-#include "drawing/alignment/alignment.h"

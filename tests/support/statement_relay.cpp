@@ -1,0 +1,196 @@
+#include "support/statement_relay.h"
+
+#include "support/test_database.h"
+
+#include <QByteArray>
+#include <QtEndian>
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int kPollTime = 20; // ms; how long the end of the relay may take
+
+sockaddr_in address(const QString& host, int port)
+{
+    sockaddr_in made{};
+    made.sin_family = AF_INET;
+    made.sin_port = htons(quint16(port));
+    inet_pton(AF_INET, host.toUtf8().constData(), &made.sin_addr);
+    return made;
+}
+
+bool sendAll(int socket, const QByteArray& bytes)
+{
+    for (int sent = 0; sent < bytes.size();) {
+        const ssize_t part = send(socket, bytes.constData() + sent, size_t(bytes.size() - sent), MSG_NOSIGNAL);
+        if (part <= 0)
+            return false;
+        sent += int(part);
+    }
+    return true;
+}
+
+bool receive(int socket, QByteArray& bytes)
+{
+    char buffer[65536];
+    const ssize_t part = recv(socket, buffer, sizeof buffer, 0);
+    if (part > 0)
+        bytes.append(buffer, int(part));
+    return part > 0;
+}
+
+quint32 number(const QByteArray& bytes, int at)
+{
+    return qFromBigEndian<quint32>(bytes.constData() + at);
+}
+
+// One client and its server, message by message.
+class Conversation
+{
+public:
+    Conversation(int client, int server) : client_(client), server_(server)
+    {
+        const int on = 1;
+        setsockopt(client_, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
+        setsockopt(server_, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
+    }
+    ~Conversation()
+    {
+        close(client_);
+        close(server_);
+    }
+    int client() const { return client_; }
+    int server() const { return server_; }
+
+    bool fromClient()
+    {
+        if (!receive(client_, asked_))
+            return false;
+        if (!started_ && !answerEncryption())
+            return true;
+        const bool sent = sendAll(server_, asked_);
+        asked_.clear();
+        return sent;
+    }
+
+    // Calls answered() behind every message that ends a statement's answer;
+    // false from it ends the conversation.
+    template <class Answered>
+    bool fromServer(Answered answered)
+    {
+        if (!receive(server_, told_))
+            return false;
+        while (told_.size() >= 5 && quint32(told_.size()) >= 1 + number(told_, 1)) {
+            const QByteArray message = told_.left(int(1 + number(told_, 1)));
+            told_.remove(0, message.size());
+            if (!sendAll(client_, message))
+                return false;
+            if (message[0] != 'Z')
+                continue;
+            // The first one says that the connection stands.
+            if (greeted_ && !answered())
+                return false;
+            greeted_ = true;
+        }
+        return true;
+    }
+
+private:
+    // A client asks for encryption before anything else; it is declined, since
+    // messages could not be told apart. True once the start message is there.
+    bool answerEncryption()
+    {
+        while (asked_.size() >= 8 && number(asked_, 0) == 8
+               && (number(asked_, 4) == 80877103u || number(asked_, 4) == 80877104u)) {
+            asked_.remove(0, 8);
+            sendAll(client_, "N");
+        }
+        started_ = !asked_.isEmpty();
+        return started_;
+    }
+
+    int client_;
+    int server_;
+    bool started_ = false;
+    bool greeted_ = false;
+    QByteArray asked_;
+    QByteArray told_;
+};
+
+} // namespace
+
+StatementRelay::StatementRelay()
+    : listener_(socket(AF_INET, SOCK_STREAM, 0))
+{
+    sockaddr_in here = address(host(), 0);
+    socklen_t size = sizeof here;
+    bind(listener_, reinterpret_cast<sockaddr*>(&here), size);
+    listen(listener_, 8);
+    getsockname(listener_, reinterpret_cast<sockaddr*>(&here), &size);
+    port_ = ntohs(here.sin_port);
+    thread_ = std::thread([this] { serve(); });
+}
+
+StatementRelay::~StatementRelay()
+{
+    stop_ = true;
+    thread_.join();
+    close(listener_);
+}
+
+QString StatementRelay::host()
+{
+    return QStringLiteral("127.0.0.1");
+}
+
+QString StatementRelay::port() const
+{
+    return QString::number(port_);
+}
+
+void StatementRelay::cutAfter(int statements)
+{
+    count_ = 0;
+    cut_ = false;
+    limit_ = statements;
+}
+
+void StatementRelay::serve()
+{
+    std::unique_ptr<Conversation> talk;
+    const auto answered = [this] {
+        const bool last = ++count_ == limit_ && !cut_;
+        cut_ = cut_ || last;
+        return !last;
+    };
+    while (!stop_) {
+        pollfd sockets[3] = {{listener_, POLLIN, 0}, {talk ? talk->client() : -1, POLLIN, 0},
+                             {talk ? talk->server() : -1, POLLIN, 0}};
+        if (poll(sockets, 3, kPollTime) <= 0)
+            continue;
+        bool goesOn = true;
+        if (talk && sockets[1].revents)
+            goesOn = talk->fromClient();
+        if (talk && goesOn && sockets[2].revents)
+            goesOn = talk->fromServer(answered);
+        if (!goesOn)
+            talk.reset();
+        if (sockets[0].revents) {
+            const int client = accept(listener_, nullptr, nullptr);
+            const int server = socket(AF_INET, SOCK_STREAM, 0);
+            const sockaddr_in there = address(TestServer::host(), TestServer::port().toInt());
+            if (connect(server, reinterpret_cast<const sockaddr*>(&there), sizeof there) != 0) {
+                close(server);
+                close(client);
+                continue;
+            }
+            talk = std::make_unique<Conversation>(client, server);
+        }
+    }
+}
