@@ -5,7 +5,7 @@
 
 void registerHostCommands()
 {
-    for (const auto* rows : {&fileCommands(), &viewCommands(), &drawCommands(), &layerCommands()})
+    for (const auto* rows : {&fileCommands(), &viewCommands(), &drawCommands(), &layerCommands(), &sheetCommands()})
         for (const HostCommandRow& row : *rows)
             addHostCommand(QString::fromLatin1(row.name), [run = row.run](const QStringList& words) {
                 const TypedAnswers answers(words);

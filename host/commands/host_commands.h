@@ -5,6 +5,7 @@
 //   EXPORT path [Window corner corner] [Size width height] [Paper White|Black]
 //   ZOOM [Extents|Center point height|Window corner corner]   REGEN   UCS
 //   LAYER [Make name|Current name|On name|Off name|coLor name colour]
+//   SPACE [Model|Paper]   MVIEW corner corner centre scale
 //   LINE  PLINE  CIRCLE  TEXT   ERASE   SELECT   SCREENSHOT path
 #pragma once
 
@@ -26,6 +27,7 @@ const std::vector<HostCommandRow>& fileCommands();
 const std::vector<HostCommandRow>& viewCommands();
 const std::vector<HostCommandRow>& drawCommands();
 const std::vector<HostCommandRow>& layerCommands();
+const std::vector<HostCommandRow>& sheetCommands();
 
 // --- what they share
 

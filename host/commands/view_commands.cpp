@@ -67,13 +67,42 @@ void regenerate()
     emit HostEvents::instance()->viewChanged();
 }
 
+// Gives the current system a name of the drawing.
+void nameUcs()
+{
+    NcDbDatabase* drawing = currentDrawing();
+    QString name;
+    NcDbUCSTable* table = nullptr;
+    if (!drawing || !askText(QStringLiteral("\nИмя системы координат: "), name)
+        || !isOk(drawing->getSymbolTable(table, kForWrite)))
+        return;
+    NcGeMatrix3d matrix;
+    NcGePoint3d origin;
+    NcGeVector3d x, y, z;
+    ncedGetCurrentUCS(matrix);
+    matrix.getCoordSystem(origin, x, y, z);
+    auto record = std::make_unique<NcDbUCSTableRecord>();
+    record->setName(name);
+    record->setOrigin(origin);
+    record->setXAxis(x);
+    record->setYAxis(y);
+    NcDbObjectId id;
+    if (isOk(table->add(id, record.get())))
+        record.release()->close();
+    else
+        sayLine(QStringLiteral("Имя не принято: ") + name);
+    table->close();
+}
+
 void setUcs()
 {
-    const QString word = askKeyword(QStringLiteral("\nСистема координат [Мировая/Точки] <Мировая>: "),
-                                    QStringLiteral("Мировая Точки _ World Points"));
+    const QString word = askKeyword(QStringLiteral("\nСистема координат [Мировая/Точки/Сохранить] <Мировая>: "),
+                                    QStringLiteral("Мировая Точки Сохранить _ World Points Save"));
     NcGeMatrix3d matrix;
     if (word.isNull())
         return;
+    if (word == QLatin1String("Save"))
+        return nameUcs();
     if (word == QLatin1String("Points")) {
         NcGePoint3d origin, along;
         if (!askPoint(QStringLiteral("\nНачало координат: "), origin)

@@ -71,13 +71,16 @@ private:
         painter_.drawPolyline(line);
     }
 
-    // A rim in the colour of the paper keeps a text readable over lines and hatches.
+    // On light paper a rim of its colour keeps a text readable over lines and
+    // hatches; on a dark view it would only thicken the letters.
     void paintText(const FigureText& text, const QColor& color)
     {
         const QPainterPath outline = toDevice_.map(textOutline(text));
-        const QTransform toPaper = text.placing * toDevice_;
-        const double height = QLineF(toPaper.map(QPointF(0, 0)), toPaper.map(QPointF(0, 1))).length();
-        painter_.strokePath(outline, pen(style_.paper, kRimOfHeight * height));
+        if (onLight_) {
+            const QTransform toPaper = text.placing * toDevice_;
+            const double height = QLineF(toPaper.map(QPointF(0, 0)), toPaper.map(QPointF(0, 1))).length();
+            painter_.strokePath(outline, pen(style_.paper, kRimOfHeight * height));
+        }
         painter_.fillPath(outline, color);
     }
 

@@ -26,6 +26,17 @@ double viewHeight(NcDbDatabase& drawing)
     return height;
 }
 
+// What is on screen: model space, or the sheet that the user turned to.
+DisplayList currentSpace(const NcDbDatabase& drawing)
+{
+    NcDbBlockTableRecord* space = nullptr;
+    if (!isOk(ncdbOpenObject(space, drawing.currentSpaceId(), kForRead)))
+        return recordDrawing(drawing);
+    const QString name = space->getName();
+    space->close();
+    return recordDrawing(drawing, name);
+}
+
 QString definitionName(NcDbObjectId reference)
 {
     NcDbBlockTableRecord* block = nullptr;
@@ -82,7 +93,7 @@ NcDbObjectId pickEntityAt(const NcGePoint3d& world, double tolerance)
     NcDbDatabase* drawing = workingDrawing();
     if (!drawing)
         return {};
-    const DisplayList list = recordDrawing(*drawing);
+    const DisplayList list = currentSpace(*drawing);
     return list.hit({world.x, world.y}, tolerance > 0.0 ? tolerance : viewHeight(*drawing) / 200.0);
 }
 
@@ -101,7 +112,7 @@ NcDbObjectId pickEntityByText(const QString& text)
 NcDbObjectIdArray pickAll()
 {
     NcDbDatabase* drawing = workingDrawing();
-    return drawing ? recordDrawing(*drawing).sources() : NcDbObjectIdArray();
+    return drawing ? currentSpace(*drawing).sources() : NcDbObjectIdArray();
 }
 
 NcDbObjectIdArray pickInWindow(const NcGePoint3d& from, const NcGePoint3d& to)
@@ -110,7 +121,7 @@ NcDbObjectIdArray pickInWindow(const NcGePoint3d& from, const NcGePoint3d& to)
     NcDbDatabase* drawing = workingDrawing();
     if (!drawing || !ncdbUcs2Wcs(from, first) || !ncdbUcs2Wcs(to, second))
         return {};
-    return recordDrawing(*drawing).inside(QRectF(QPointF(first.x, first.y), QPointF(second.x, second.y)).normalized());
+    return currentSpace(*drawing).inside(QRectF(QPointF(first.x, first.y), QPointF(second.x, second.y)).normalized());
 }
 
 bool parseEntityQuery(const QStringList& words, EntityQuery& query, QString& error)

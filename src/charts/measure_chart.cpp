@@ -2,6 +2,8 @@
 
 #include "charts/chart_series.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr double fontSize = 8.0;
@@ -45,14 +47,15 @@ ValueBounds MeasureChart::widenExtents(const TimeSeries& series)
     ValueBounds bounds;
     if (series.isEmpty())
         return bounds;
+    // A value that is no number compares as neither and changes nothing.
     for (double value : series) {
-        bounds.smallest = qMin(bounds.smallest, value);
-        bounds.largest = qMax(bounds.largest, value);
+        bounds.smallest = std::min(bounds.smallest, value);
+        bounds.largest = std::max(bounds.largest, value);
     }
-    minimumX_ = qMin(minimumX_, double(series.firstKey().toMSecsSinceEpoch()));
-    maximumX_ = qMax(maximumX_, double(series.lastKey().toMSecsSinceEpoch()));
-    minimumY_ = qMin(minimumY_, bounds.smallest);
-    maximumY_ = qMax(maximumY_, bounds.largest);
+    minimumX_ = std::min(minimumX_, double(series.firstKey().toMSecsSinceEpoch()));
+    maximumX_ = std::max(maximumX_, double(series.lastKey().toMSecsSinceEpoch()));
+    minimumY_ = std::min(minimumY_, bounds.smallest);
+    maximumY_ = std::max(maximumY_, bounds.largest);
     return bounds;
 }
 

@@ -51,6 +51,8 @@ void takeSetting(ScenarioSettings& settings, const QString& line)
         settings.missing.append(value);
     else if (word == QLatin1String("lacks"))
         settings.lacking.append(value);
+    else if (word == QLatin1String("mode"))
+        settings.modes.append(value);
     else if (line == QLatin1String("database empty"))
         settings.database = ScenarioSettings::Database::Empty;
     else if (line == QLatin1String("database none"))

@@ -23,6 +23,7 @@ struct ScenarioSettings
     QStringList unchanged;
     QStringList missing;
     QStringList lacking; ///< a path and a text each
+    QStringList modes; ///< octal rights and a path each
     /// Lines that say nothing known.
     QStringList unknown;
 };

@@ -38,6 +38,10 @@ public:
     {
         return reply([&](PromptReply& r) { r.entity = entity; });
     }
+    ScriptedPrompts& entity(NcDbObjectId id)
+    {
+        return reply([&](PromptReply& r) { r.entity = id; });
+    }
     ScriptedPrompts& enter()
     {
         return reply([](PromptReply& r) { r.status = kPromptEmpty; });
@@ -53,6 +57,9 @@ public:
         actions_.last() = action;
         return *this;
     }
+
+    /// Forgets the answers that nobody asked for.
+    void dropUnused() { replies_.resize(next_); }
 
     QStringList asked; ///< the prompts
     QStringList words; ///< keywords of the prompts that have any, as "local/global ..."

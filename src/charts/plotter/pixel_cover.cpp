@@ -4,7 +4,12 @@
 #include <cmath>
 
 PixelCover::PixelCover(const QSize& size)
-    : grid_(QPoint(), size)
+    : PixelCover(size, QRectF(QPointF(), QSizeF(size)))
+{
+}
+
+PixelCover::PixelCover(const QSize& size, const QRectF& region)
+    : grid_(QRect(QPoint(), size) & region.toAlignedRect())
     , wordsInRow_((size.width() + 63) / 64)
     , words_(wordsInRow_ * size.height(), 0)
 {

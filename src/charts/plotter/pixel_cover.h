@@ -9,6 +9,8 @@ class PixelCover
 {
 public:
     explicit PixelCover(const QSize& size);
+    /// Of a picture of the size only what lies in the region.
+    PixelCover(const QSize& size, const QRectF& region);
 
     void add(const QRectF& box);
     /// All pixels that a line of this width touches, near enough.

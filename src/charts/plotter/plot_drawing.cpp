@@ -1,6 +1,5 @@
 #include "charts/plotter/plot_drawing.h"
 
-#include "base/text.h"
 #include "charts/plotter/plot_font.h"
 #include "charts/plotter/plot_graph_painter.h"
 #include "charts/plotter/plot_layout.h"
@@ -53,12 +52,14 @@ private:
     void chooseColors();
     void layWith(const InnerMargins& margins);
     InnerMargins layFirst();
-    PixelCover place(const QRectF& free);
+    void place(const QRectF& free);
+    bool isFree(const QRectF& box) const;
     QPointF layAbove();
     QPointF layInside(KeyBox& key);
+    InnerMargins marginsForSymbols() const;
     InnerMargins marginsForLabels() const;
     void collectStrokes();
-    PixelCover coverOfGraphs() const;
+    PixelCover coverOfGraphs(const QRectF& region) const;
     void collectLabels();
     void coverPictures(PixelCover& cover) const;
     QRectF textBox(const PlotText& text) const;
@@ -113,13 +114,14 @@ void Drawing::collectStrokes()
     for (const LineGraph& graph : contents_.graphs) {
         const PlotAxisKey axis = graph.axis;
         strokes_.append(strokesOf(contents_.store.values(graph.xColumn), contents_.store.values(graph.yColumn),
-                                  [this, axis](double x, double y) { return layout_.pixelOf(x, y, axis); }, size_));
+                                  [this, axis](double x, double y) { return layout_.pixelOf(x, y, axis); }, size_,
+                                  pixelsOfPoints(graph.symbolSize)));
     }
 }
 
-PixelCover Drawing::coverOfGraphs() const
+PixelCover Drawing::coverOfGraphs(const QRectF& region) const
 {
-    PixelCover cover(size_);
+    PixelCover cover(size_, region);
     for (int i = 0; i < strokes_.size(); ++i) {
         const LineGraph& graph = contents_.graphs[i];
         const double half = graph.symbol == PlotSymbol::None ? 0.0 : pixelsOfPoints(graph.symbolSize) / 2.0;
@@ -137,9 +139,9 @@ PixelCover Drawing::coverOfGraphs() const
     return cover;
 }
 
+// Once for all layouts: only their points move.
 void Drawing::collectLabels()
 {
-    labels_.clear();
     for (const GraphLabels& wanted : contents_.labels) {
         const QVector<double>& xs = contents_.store.values(wanted.xColumn);
         const QVector<double>& ys = contents_.store.values(wanted.yColumn);
@@ -149,40 +151,51 @@ void Drawing::collectLabels()
         label.boxFrame = wanted.boxFrame;
         label.axis = wanted.axis;
         const bool inverted = wanted.axis == PlotAxisKey::Primary ? contents_.y.inverted : contents_.secondaryY.inverted;
+        labels_.reserve(labels_.size() + xs.size());
         for (int i = 0; i < qMin(xs.size(), ys.size()); ++i) {
             if (!std::isfinite(xs[i]) || !std::isfinite(ys[i]))
                 continue;
-            label.point = layout_.pixelOf(xs[i], ys[i], wanted.axis);
-            if (!layout_.frame.adjusted(-1.0, -1.0, 1.0, 1.0).contains(label.point))
-                continue;
-            label.text = general(ys[i]);
+            label.x = xs[i];
+            label.value = ys[i];
             label.below = (ys[i] < 0.0) != inverted;
             labels_.append(label);
         }
     }
 }
 
+// Enough that the symbols of points at the ranges' ends are whole.
+InnerMargins Drawing::marginsForSymbols() const
+{
+    double largest = 0.0;
+    for (const LineGraph& graph : contents_.graphs) {
+        if (graph.symbol != PlotSymbol::None && graph.symbolSize >= 1.5)
+            largest = qMax(largest, pixelsOfPoints(graph.symbolSize) / 2.0 + 2.0);
+    }
+    return {largest, largest, largest, largest};
+}
+
 // Enough for the labels above the highest and below the lowest points, and for
 // half a label beside the first and the last one.
 InnerMargins Drawing::marginsForLabels() const
 {
+    const bool crowded = labels_.size() > labelCrowd;
     double above = 0.0, below = 0.0, widest = 0.0, height = 0.0;
     for (const ValueLabel& label : labels_) {
-        const QSizeF size = labelSize(label.text, label.fontSize);
+        const QSizeF size = labelSize(crowded ? QStringLiteral("00.000") : labelText(label.value), label.fontSize);
         (label.below ? below : above) += size.width() + 4.0;
         widest = qMax(widest, size.width());
         height = qMax(height, size.height());
     }
     if (labels_.isEmpty())
-        return InnerMargins();
+        return marginsForSymbols();
     const double room = layout_.frame.width();
     const auto stack = [&](double widths) {
         if (widths == 0.0)
-            return 4.0;
-        const double levels = labels_.size() > labelCrowd ? 1.0 : qBound(1.0, std::ceil(widths / room), deepestStack);
+            return marginsForSymbols().top;
+        const double levels = crowded ? 1.0 : qBound(1.0, std::ceil(widths / room), deepestStack);
         return qMin(levels * (height + 1.0) + 8.0, layout_.frame.height() * 0.25);
     };
-    const double side = qMin(widest / 2.0 + 2.0, room * 0.15);
+    const double side = qMin(widest / 2.0 + 5.0, room * 0.15);
     return {side, stack(above), side, stack(below)};
 }
 
@@ -190,8 +203,8 @@ void Drawing::layWith(const InnerMargins& margins)
 {
     layout_.lay(contents_, ranges_, margins);
     collectStrokes();
-    collectLabels();
-    record_.labelsLeftOut = 0;
+    for (ValueLabel& label : labels_)
+        label.point = layout_.pixelOf(label.x, label.value, label.axis);
 }
 
 QPointF insideCorner(const QRectF& frame, const QSizeF& size, KeyPosition position)
@@ -220,22 +233,31 @@ void Drawing::coverPictures(PixelCover& cover) const
 // The layout without a key inside; gives the margins that the labels want.
 InnerMargins Drawing::layFirst()
 {
-    layWith(InnerMargins());
+    collectLabels();
     const InnerMargins margins = marginsForLabels();
-    if (!labels_.isEmpty())
-        layWith(margins);
+    layWith(margins);
     return margins;
 }
 
-// Places the labels; gives the pixels that are taken then.
-PixelCover Drawing::place(const QRectF& free)
+void Drawing::place(const QRectF& free)
 {
-    LabelRoom room{free, coverOfGraphs(), PixelCover(size_)};
+    if (labels_.isEmpty())
+        return;
+    const bool crowded = labels_.size() > labelCrowd;
+    LabelRoom room{free, coverOfGraphs(crowded ? QRectF() : layout_.frame), PixelCover(size_)};
     record_.labelsLeftOut = placeLabels(labels_, room);
-    for (const ValueLabel& label : labels_)
-        room.curves.add(label.box);
-    coverPictures(room.curves);
-    return room.curves;
+}
+
+// Whether no graph, label, picture or text stands in the box.
+bool Drawing::isFree(const QRectF& box) const
+{
+    PixelCover cover = coverOfGraphs(box);
+    for (const ValueLabel& label : labels_) {
+        if (label.placed)
+            cover.add(label.box);
+    }
+    coverPictures(cover);
+    return cover.taken(box) == 0;
 }
 
 QPointF Drawing::layAbove()
@@ -249,12 +271,12 @@ QPointF Drawing::layInside(KeyBox& key)
 {
     InnerMargins margins = layFirst();
     QRectF free = layout_.frame.adjusted(1.0, 1.0, -1.0, -1.0);
-    const PixelCover taken = place(free);
+    place(free);
     if (key.isEmpty() || layout_.step >= LayoutStep::NoKey)
         return QPointF();
     key = KeyBox(contents_, colors_, layout_.frame.size() - QSizeF(10.0, 10.0));
     const QRectF box(insideCorner(layout_.frame, key.size(), contents_.key.position), key.size());
-    if (taken.taken(box) == 0)
+    if (isFree(box))
         return box.topLeft();
 
     // The key would cover data: they give way, to the side that costs less.
@@ -384,17 +406,19 @@ void Drawing::paintLabels()
 {
     painter_.setRenderHint(QPainter::Antialiasing, true);
     for (const ValueLabel& label : labels_) {
-        if (!label.leader)
+        if (!label.placed || !label.leader)
             continue;
         QColor faint = label.color;
-        faint.setAlpha(110);
-        painter_.setPen(QPen(faint, 0.6));
+        faint.setAlpha(140);
+        painter_.setPen(QPen(faint, 0.7));
         const bool above = label.box.center().y() < label.point.y();
         painter_.drawLine(label.point, QPointF(qBound(label.box.left() + 2.0, label.point.x(), label.box.right() - 2.0),
                                                above ? label.box.bottom() : label.box.top()));
     }
     painter_.setRenderHint(QPainter::Antialiasing, false);
     for (const ValueLabel& label : labels_) {
+        if (!label.placed)
+            continue;
         const QFont font = plotFont(label.fontSize);
         painter_.setFont(font);
         painter_.setPen(label.color);
@@ -443,7 +467,7 @@ void Drawing::paintAxes()
 {
     painter_.setPen(Qt::black);
     painter_.setBrush(Qt::NoBrush);
-    painter_.drawRect(layout_.frame.adjusted(0.0, 0.0, -1.0, -1.0));
+    painter_.drawRect(layout_.frame);
     for (const PlotScale* scale : {layout_.x.get(), layout_.y.get(), layout_.secondary.get()}) {
         if (scale)
             scale->drawWith(painter_);

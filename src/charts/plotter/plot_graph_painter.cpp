@@ -10,6 +10,9 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <cmath>
+#include <ctime>
+#include <cstdio>
+static void tick(const char* w){ static clock_t b=0; clock_t n=clock(); fprintf(stderr,"%s %.1f ms\n", w, (n-b)*1e-3); b=n;}
 #include <memory>
 
 namespace {
@@ -88,13 +91,14 @@ void paintLine(QPainter& painter, const QPolygonF& line, const QPen& pen, const 
 void paintGraph(QPainter& painter, const LineGraph& graph, const QColor& color, const GraphStrokes& strokes,
                 const QRectF& frame)
 {
-    const ExactCurves exact;
+    const ExactCurves exact;tick("start");
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, true);
     if (graph.lineWidth > 0.0) {
         for (const QPolygonF& line : strokes.lines)
             paintLine(painter, line, penOf(graph, color), frame);
     }
+    tick("lines");
     if (const std::unique_ptr<QwtSymbol> symbol = symbolOf(graph, color)) {
         QPolygonF inside;
         const QRectF near = frame.adjusted(-20.0, -20.0, 20.0, 20.0);
@@ -104,7 +108,7 @@ void paintGraph(QPainter& painter, const LineGraph& graph, const QColor& color, 
         }
         symbol->setCachePolicy(inside.size() > stamped ? QwtSymbol::Cache : QwtSymbol::NoCache);
         symbol->drawSymbols(&painter, inside);
-    }
+ fprintf(stderr,"n %d\n",inside.size());   }tick("symbols");
     painter.restore();
 }
 

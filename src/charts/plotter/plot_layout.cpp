@@ -99,7 +99,8 @@ private:
         layout_.xTitle = layout_.yTitle = layout_.secondaryTitle = AxisTitle();
         if (layout_.step >= LayoutStep::NoAxisLabels)
             return;
-        const double width = layout_.picture.width() - 2.0 * edge, height = layout_.picture.height() - 2.0 * edge;
+        const double width = layout_.picture.width() - 2.0 * edge;
+        const double height = layout_.picture.height() - 2.0 * edge - keyDepth();
         layout_.xTitle = AxisTitle(contents_.x.label, contents_.x.labelFontSize, width);
         layout_.yTitle = AxisTitle(contents_.y.label, contents_.y.labelFontSize, height);
         if (contents_.hasSecondaryY)
@@ -108,9 +109,13 @@ private:
 
     double topMargin() const
     {
-        const double half = hasTicks() ? tickHeight() / 2.0 : 0.0;
-        const bool key = layout_.step < LayoutStep::NoKey && !keySize_.isEmpty();
-        return edge + qMax(half, key ? keySize_.height() + 4.0 : 0.0);
+        return edge + qMax(hasTicks() ? tickHeight() / 2.0 : 0.0, keyDepth());
+    }
+
+    // What a key above the plot takes of the height.
+    double keyDepth() const
+    {
+        return layout_.step < LayoutStep::NoKey && !keySize_.isEmpty() ? keySize_.height() + 4.0 : 0.0;
     }
 
     double bottomMargin() const
@@ -150,10 +155,10 @@ private:
         layout_.keyAbove = QRectF(QPointF(std::round(qMax(edge, left)), edge), keySize_);
     }
 
-    // About the frame's middle, but never out of the picture.
-    static double centred(double middle, double length, double whole)
+    // About the frame's middle, but never out of the picture or over the key.
+    static double centred(double middle, double length, double whole, double first = edge)
     {
-        return qMax(edge, qMin(middle - length / 2.0, whole - edge - length));
+        return qMax(first, qMin(middle - length / 2.0, whole - edge - length));
     }
 
     void placeTitles()
@@ -163,11 +168,13 @@ private:
         const QSizeF x = layout_.xTitle.size(), y = layout_.yTitle.size(), second = layout_.secondaryTitle.size();
         layout_.xTitleBox = QRectF(QPointF(centred(frame.center().x(), x.width(), picture.width()),
                                            picture.height() - edge - x.height()), x);
-        layout_.yTitleBox = QRectF(edge, centred(frame.center().y(), y.width(), picture.height()), y.height(),
+        const double top = edge + keyDepth();
+        layout_.yTitleBox = QRectF(edge, centred(frame.center().y(), y.width(), picture.height(), top), y.height(),
                                    y.width());
         layout_.secondaryTitleBox
             = QRectF(picture.width() - edge - second.height(),
-                     centred(frame.center().y(), second.width(), picture.height()), second.height(), second.width());
+                     centred(frame.center().y(), second.width(), picture.height(), top), second.height(),
+                     second.width());
     }
 
     const PlotContents& contents_;
@@ -209,7 +216,10 @@ void PlotLayout::lay(const PlotContents& contents, const PlotRanges& ranges, con
     }
     if (y)
         y->lay(data.top(), data.bottom(), frame.left());
-    if (secondary)
+    if (secondary) {
+        // Beside the frame the axis needs a line of its own.
+        secondary->enableComponent(QwtAbstractScaleDraw::Backbone, contents.secondaryY.automaticSpacing);
         secondary->lay(data.top(), data.bottom(),
                        frame.right() + (contents.secondaryY.automaticSpacing ? axisSpacing : 0.0));
+    }
 }

@@ -17,6 +17,10 @@ PlotRange shownRange(const PlotAxis& axis, bool anyData, double dataFrom, double
     const double limit = dates ? lastDate : lastNumber;
     double from = std::isfinite(axis.minimum) ? axis.minimum : dataFrom;
     double to = std::isfinite(axis.maximum) ? axis.maximum : dataTo;
+    if (anyData && std::isinf(axis.minimum) && axis.maximum == -axis.minimum) {
+        to = qMax(std::abs(dataFrom), std::abs(dataTo));
+        from = -to;
+    }
     if (!anyData && !std::isfinite(axis.minimum))
         from = std::isfinite(axis.maximum) ? to - 1.0 : 0.0;
     if (!anyData && !std::isfinite(axis.maximum))

@@ -27,6 +27,7 @@ PlotScale::PlotScale(Alignment side, const PlotRange& range, bool inverted)
     , inverted_(inverted)
 {
     setAlignment(side);
+    enableComponent(Backbone, false); // the frame stands there
     setTickLength(QwtScaleDiv::MinorTick, 3.0);
     setTickLength(QwtScaleDiv::MediumTick, 3.0);
     setTickLength(QwtScaleDiv::MajorTick, 5.0);

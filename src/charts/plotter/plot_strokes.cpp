@@ -58,12 +58,13 @@ void close(QPolygonF& run, QVector<QPolygonF>& lines)
 } // namespace
 
 GraphStrokes strokesOf(const QVector<double>& xs, const QVector<double>& ys, const PixelOf& pixelOf,
-                       const QSize& picture)
+                       const QSize& picture, double symbol)
 {
     GraphStrokes strokes;
     const int count = qMin(xs.size(), ys.size());
     const bool many = count > crowd;
     PixelCover seen(many ? picture : QSize(1, 1));
+    const double half = qMax(1.0, std::floor(symbol)) / 2.0;
     QPolygonF run;
     for (int i = 0; i < count; ++i) {
         if (!std::isfinite(xs[i]) || !std::isfinite(ys[i])) {
@@ -74,11 +75,11 @@ GraphStrokes strokesOf(const QVector<double>& xs, const QVector<double>& ys, con
         const QPointF exact = pixelOf(xs[i], ys[i]);
         const QPointF at(qBound(-farAway, exact.x(), farAway), qBound(-farAway, exact.y(), farAway));
         run.append(at);
-        const QRectF pixel(std::floor(at.x()), std::floor(at.y()), 1.0, 1.0);
-        if (many && seen.isFull(pixel))
+        const QRectF stamp(at.x() - half, at.y() - half, 2.0 * half, 2.0 * half);
+        if (many && seen.isFull(stamp))
             continue;
         if (many)
-            seen.add(pixel);
+            seen.add(stamp);
         strokes.points.append(at);
     }
     close(run, strokes.lines);

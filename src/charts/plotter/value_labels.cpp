@@ -1,5 +1,6 @@
 #include "charts/plotter/value_labels.h"
 
+#include "base/text.h"
 #include "charts/plotter/plot_font.h"
 
 #include <QFontMetricsF>
@@ -69,6 +70,7 @@ QVector<Candidate> candidates(const QSizeF& size, bool below)
 
 void search(ValueLabel& label, LabelRoom& room)
 {
+    label.text = labelText(label.value);
     const QSizeF size = labelSize(label.text, label.fontSize);
     double best = std::numeric_limits<double>::infinity();
     for (const Candidate& candidate : candidates(size, label.below)) {
@@ -87,7 +89,30 @@ void search(ValueLabel& label, LabelRoom& room)
     }
 }
 
+bool isUnreadable(const PixelCover& others, const QRectF& box)
+{
+    return 2.0 * others.taken(box) > box.width() * box.height();
+}
+
+// The label at its own point. False when it could not be read there; first a
+// short text stands for all, as making texts is what takes the time.
+bool setAtPoint(ValueLabel& label, LabelRoom& room)
+{
+    static const QString shortText = QStringLiteral("0.00");
+    const QSizeF least = labelSize(shortText, label.fontSize);
+    if (isUnreadable(room.labels, pushedInto(boxAt(label, least, label.below, 0.0, 0.0), room.frame)))
+        return false;
+    label.text = labelText(label.value);
+    label.box = pushedInto(boxAt(label, labelSize(label.text, label.fontSize), label.below, 0.0, 0.0), room.frame);
+    return !isUnreadable(room.labels, label.box);
+}
+
 } // namespace
+
+QString labelText(double value)
+{
+    return general(value);
+}
 
 QSizeF labelSize(const QString& text, double fontSize)
 {
@@ -98,20 +123,19 @@ QSizeF labelSize(const QString& text, double fontSize)
 int placeLabels(QVector<ValueLabel>& labels, LabelRoom& room)
 {
     const bool crowded = labels.size() > labelCrowd;
-    QVector<ValueLabel> placed;
+    const QRectF near = room.frame.adjusted(-3.0, -3.0, 3.0, 3.0);
+    int leftOut = 0;
     for (ValueLabel& label : labels) {
-        if (!crowded) {
+        label.placed = near.contains(label.point);
+        if (!label.placed)
+            continue;
+        if (!crowded)
             search(label, room);
-        } else {
-            label.box = pushedInto(boxAt(label, labelSize(label.text, label.fontSize), label.below, 0.0, 0.0),
-                                   room.frame);
-            if (room.labels.isFull(label.box))
-                continue;
-        }
-        room.labels.add(label.box);
-        placed.append(label);
+        else
+            label.placed = setAtPoint(label, room);
+        leftOut += label.placed ? 0 : 1;
+        if (label.placed)
+            room.labels.add(label.box);
     }
-    const int leftOut = labels.size() - placed.size();
-    labels = placed;
     return leftOut;
 }

@@ -5,8 +5,10 @@
 #include "charts/plotter/plotter.h"
 
 struct ValueLabel {
-    QString text;
+    double x = 0.0, value = 0.0;
     QPointF point;
+    bool placed = false;
+    QString text; ///< made when the label is placed
     QRectF box;
     QColor color;
     double fontSize = 8.0;
@@ -15,6 +17,7 @@ struct ValueLabel {
     PlotAxisKey axis = PlotAxisKey::Primary;
     bool below = false; ///< the side away from the x axis
 };
+Q_DECLARE_TYPEINFO(ValueLabel, Q_MOVABLE_TYPE);
 
 /// What stands in the way of labels: taken pixels of curves and symbols, and
 /// the room that labels must not leave.
@@ -24,16 +27,18 @@ struct LabelRoom {
     PixelCover labels;
 };
 
-/// Gives each label a box, in their order: at its point on its own side, or
+/// Gives each label whose point lies in the frame a box, in their order: at its point on its own side, or
 /// further out, shifted sideways, or on the other side where others or the
 /// curve are in the way. Where there is no free place the least bad one is
-/// taken. Labels are only left out where more than `crowd` stand on the plot
-/// and the place is wholly covered by others: nothing could be read there.
-/// Gives the number of those left out.
+/// taken. Of more than labelCrowd of them each is set at its point, and left
+/// out where more than half of its place is taken by others: it could not be
+/// read there, nor could they. Gives the number of those left out so.
 int placeLabels(QVector<ValueLabel>& labels, LabelRoom& room);
 
-/// From how many labels on they are set at their points without a search.
 constexpr int labelCrowd = 400;
+
+/// What a label says.
+QString labelText(double value);
 
 /// Width and height of a value in this size of letters.
 QSizeF labelSize(const QString& text, double fontSize);

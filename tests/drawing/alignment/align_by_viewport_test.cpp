@@ -78,7 +78,6 @@ TEST_F(AlignByViewport, TheBoundaryItselfIsInside)
     const NcDbObjectId nearEdge = insert(2, 3, {10, 70 + 5e-7});
     const NcDbObjectId off = insert(2, 4, {110 + 2e-6, 0});
     // The ray from the middle of a square runs through its corner.
-    window().setGeometry({100, 100, 0}, 50, 50);
     HostAccess::width(window()) = 50;
     const NcDbObjectId middle = insert(2, 5, {10, 20});
     host.pick(viewport).keyword("Drawing");

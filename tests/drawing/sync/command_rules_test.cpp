@@ -48,6 +48,7 @@ TEST_F(SyncCommand, EndsWithoutATypedKeyword)
 {
     addRow(marks, 1, "М");
     addBlock(0, 1, "М", 5, 6);
+    ensureErrorLayer();
     addErrorCircle({1, 1, 0}, 3);
     host.enter().cancel();
     syncDrawingToDatabase({});

@@ -2,6 +2,8 @@
 // A position with rows, a drawing with blocks, and what a synchronisation asks
 // and prints.
 
+#include "base/placeholders.h"
+#include "base/text.h"
 #include "drawing/sync/database_to_drawing.h"
 #include "drawing/sync/drawing_to_database.h"
 #include "elements/element_block.h"
@@ -65,18 +67,19 @@ protected:
         block.y = y;
         block.z = z;
         EXPECT_TRUE(block.insertBlock());
-        return entitiesOfModelSpace()->back();
+        return entities().back();
     }
     static NcDbObjectId addBlock(int kind, int id, const QString& name, double x = 0, double y = 0, double z = 0)
     {
         return addBlock(kind, QString::number(id), name, x, y, z);
     }
+    static NcDbObjectIdArray entities() { return entitiesOfModelSpace().value_or(NcDbObjectIdArray()); }
     static QString attribute(NcDbObjectId id, const QString& tag) { return ElementDrawing::attributes(id).value(tag); }
     /// Shapes on the error layer: "circle R X,Y,Z" and "line X,Y..X,Y", sorted.
     QStringList markers() const
     {
         QStringList shapes;
-        for (const NcDbObjectId& id : *entitiesOfModelSpace()) {
+        for (const NcDbObjectId& id : entities()) {
             const auto* entity = HostAccess::objectAs<NcDbEntity>(id);
             if (entity->layer() != errorLayerName())
                 continue;
@@ -111,11 +114,11 @@ protected:
                 int kind = -1, double x = 100, double y = 200)
     {
         const int made = kind == -1 ? family.kinds.first() : kind;
-        database->exec(QString("insert into %1 (element_id, type_id, element_name, state_id, position_id, x, y, z, h, "
-                               "block_rotation, marker_rotation, scale) values (%2, '%3', '%4', 'exist', %5, %6, %7, "
-                               "3, 4, 0, 0, 1); insert into %8 (element_id, props) values (%2, '%9')")
-                           .arg(family.elements).arg(id).arg(kinds()[size_t(made)].typeId, name).arg(position).arg(x)
-                           .arg(y).arg(family.dynprops, ElementBlock(made, StateColors()).propsText()));
+        database->exec(fill("insert into %1 (element_id, type_id, element_name, state_id, position_id, x, y, z, h, "
+                            "block_rotation, marker_rotation, scale) values (%2, '%3', '%4', 'exist', %5, %6, %7, "
+                            "3, 4, 0, 0, 1); insert into %8 (element_id, props) values (%2, '%9')",
+                            family.elements, id, kinds()[size_t(made)].typeId, name, position, fixed(x, 9),
+                            fixed(y, 9), family.dynprops, ElementBlock(made, StateColors()).propsText()));
     }
     QString cell(const Family& family, int id, const QString& column)
     {
@@ -136,6 +139,7 @@ protected:
         host.keyword(keyword);
         syncDrawingToDatabase({[this](const QString& text) { return answer(warned, text); },
                                [this](const QString& text) { return answer(asked, text); }});
+        host.dropUnused();
     }
     void toDrawing(unsigned mask = allFamiliesMask)
     {

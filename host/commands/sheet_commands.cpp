@@ -1,0 +1,76 @@
+// The sheet of a drawing and its windows onto the model.
+#include "host_commands.h"
+
+#include <drawing/application.h>
+#include <drawing/host_access.h>
+
+#include <cmath>
+
+namespace {
+
+bool isOnSheet(const NcDbDatabase& drawing)
+{
+    return drawing.currentSpaceId() != HostAccess::data(drawing).modelSpace;
+}
+
+void turnToSpace()
+{
+    NcDbDatabase* drawing = currentDrawing();
+    const QString word = drawing ? askKeyword(QStringLiteral("\nПространство [Модель/Лист] <Модель>: "),
+                                              QStringLiteral("Модель Лист _ Model Paper"))
+                                 : QString();
+    if (word.isNull())
+        return;
+    NcDatabaseData& data = HostAccess::data(*drawing);
+    data.currentSpace = word == QLatin1String("Paper") ? data.paperSpace : data.modelSpace;
+    ++data.changeCount;
+    setCurrentViewport(*drawing, {});
+}
+
+// The window takes the current coordinate system, and its X axis runs along the sheet.
+NcDbViewport* makeWindow(const NcGePoint3d& from, const NcGePoint3d& to, const NcGePoint3d& seen, double scale)
+{
+    NcGeMatrix3d ucs;
+    ncedGetCurrentUCS(ucs);
+    NcGePoint3d origin;
+    NcGeVector3d x, y, z;
+    ucs.getCoordSystem(origin, x, y, z);
+    const double angle = std::atan2(x.y, x.x);
+    const double height = std::fabs(to.y - from.y);
+    auto* window = new NcDbViewport;
+    window->setGeometry({(from.x + to.x) / 2, (from.y + to.y) / 2, 0}, std::fabs(to.x - from.x), height);
+    window->setTwistAngle(-angle);
+    window->setView({seen.x * std::cos(angle) + seen.y * std::sin(angle),
+                     -seen.x * std::sin(angle) + seen.y * std::cos(angle)},
+                    height / scale);
+    window->setUcs(origin, x, y);
+    return window;
+}
+
+void addWindow()
+{
+    NcDbDatabase* drawing = currentDrawing();
+    if (!drawing)
+        return;
+    if (!isOnSheet(*drawing))
+        return sayLine(QStringLiteral("Видовой экран создаётся на листе."));
+    // The sheet is not drawn in the user's coordinate system.
+    NcGePoint3d from, to, seen;
+    double scale = 1.0;
+    if (ncedGetPoint(nullptr, QStringLiteral("\nПервый угол: "), from) != kPromptNormal
+        || ncedGetPoint(&from, QStringLiteral("\nВторой угол: "), to) != kPromptNormal
+        || !askPoint(QStringLiteral("\nТочка модели в центре: "), seen)
+        || ncedGetReal(QStringLiteral("\nМасштаб <1>: "), scale) == kPromptCancel)
+        return;
+    if (from.x == to.x || from.y == to.y || !(scale > 0.0))
+        return sayLine(QStringLiteral("Размеры и масштаб должны быть больше нуля."));
+    appendToSpace(makeWindow(from, to, seen, scale));
+}
+
+}  // namespace
+
+const std::vector<HostCommandRow>& sheetCommands()
+{
+    static const std::vector<HostCommandRow> rows = {{"SPACE", turnToSpace}, {"MVIEW", addWindow}};
+    return rows;
+}

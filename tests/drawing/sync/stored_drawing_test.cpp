@@ -1,0 +1,246 @@
+// Storing the drawing itself: the position's own document and another one.
+#include "drawing/sync/stored_drawing.h"
+
+#include "drawing/sync/tree_sync.h"
+#include "session/working_drawing.h"
+#include "sync_fixture.h"
+
+#include <drawing/application.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+namespace {
+
+const QString question = "Активный документ не совпадает с документом позиции\n  Выполнить его замену в базе данных";
+
+class StoredDrawing : public ::testing::Test
+{
+protected:
+    StoredDrawing()
+    {
+        session().tempDir = folder.path();
+        session().currentFileId = -1;
+    }
+    ~StoredDrawing() override
+    {
+        closeAllDocuments();
+        session().tempDir.clear();
+        session().currentFileId = -1;
+    }
+    static QString path() { return session().drawingPath(PositionSession::position); }
+    // A document with one line of this length, saved under the path.
+    static NcApDocument* document(const QString& path, double length)
+    {
+        ncDocManagerPtr()->appContextNewDocument(QString());
+        addLine(length);
+        NcApDocument* made = ncDocManagerPtr()->curDocument();
+        if (!path.isEmpty())
+            ncDocManagerPtr()->saveDocumentAs(made, path);
+        return made;
+    }
+    static void addLine(double length)
+    {
+        appendToModelSpace(std::make_unique<NcDbLine>(NcGePoint3d(), NcGePoint3d(length, 0, 0)));
+    }
+    void store()
+    {
+        host.console.clear();
+        storeActiveDrawing({{}, [this](const QString& text) {
+                                asked.append(text);
+                                return yes;
+                            }});
+    }
+    QByteArray stored()
+    {
+        return QByteArray::fromHex(
+            database->value("select encode(content, 'hex') from positions_files where position_id = 7").toLatin1());
+    }
+    static QByteArray bytes(const QString& path)
+    {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path;
+        return file.readAll();
+    }
+    QStringList copies() const { return QDir(folder.path()).entryList({"positionID7.dwg.*"}); }
+    // The lengths of the lines of a drawing.
+    static QStringList lines(const QByteArray& drawing)
+    {
+        QTemporaryDir place;
+        QFile file(place.filePath("drawing.dwg"));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(drawing);
+        file.close();
+        NcDbDatabase side(false);
+        EXPECT_TRUE(isOk(side.readDwgFile(file.fileName())));
+        QStringList lengths;
+        auto* space = HostAccess::objectAs<NcDbBlockTableRecord>(HostAccess::data(side).modelSpace);
+        for (const NcDbObjectId& id : HostAccess::entities(*space)) {
+            if (const auto* line = HostAccess::objectAs<NcDbLine>(id))
+                lengths << QString::number(line->endPoint().x);
+        }
+        return lengths;
+    }
+
+    PositionSession database;
+    ScriptedPrompts host;
+    QTemporaryDir folder;
+    QStringList asked;
+    bool yes = false;
+};
+
+} // namespace
+
+TEST_F(StoredDrawing, SavesStoresAndKeepsThePositionsOwnDocument)
+{
+    document(path(), 5);
+    addLine(6);
+    store();
+    EXPECT_EQ(host.console, "Обновление чертежа в БД.\n");
+    EXPECT_EQ(asked, QStringList());
+    EXPECT_EQ(lines(stored()), (QStringList{"5", "6"})) << "what was not saved yet is stored too";
+    EXPECT_EQ(stored(), bytes(path()));
+    ASSERT_EQ(copies().size(), 1);
+    EXPECT_EQ(bytes(folder.filePath(copies()[0])), stored());
+    bool isBase31 = false;
+    const qint64 stamp = copies()[0].mid(QString("positionID7.dwg.").size()).toLongLong(&isBase31, 31);
+    EXPECT_TRUE(isBase31);
+    EXPECT_NEAR(double(stamp), double(secondsNow()), 60.0);
+    EXPECT_EQ(QString::number(session().currentFileId), database->value("select file_id from positions_files"));
+
+    addLine(7);
+    store();
+    EXPECT_EQ(lines(stored()), (QStringList{"5", "6", "7"}));
+    EXPECT_EQ(database->value("select count(*) from positions_files"), "1");
+}
+
+TEST_F(StoredDrawing, WritesWhetherTheRowCameOrWentMeanwhile)
+{
+    document(path(), 5);
+    database->exec("insert into positions_files (file_id, position_id) values (40, 7)");
+    store();
+    EXPECT_EQ(lines(stored()), QStringList("5"));
+    session().currentFileId = 40;
+    database->exec("delete from positions_files");
+    store();
+    EXPECT_EQ(lines(stored()), QStringList("5"));
+    EXPECT_EQ(QString::number(session().currentFileId), database->value("select file_id from positions_files"));
+}
+
+TEST_F(StoredDrawing, LeavesAllAsItIsWhenAnotherDocumentIsNotToReplaceIt)
+{
+    document(path(), 5);
+    document(folder.filePath("other.dwg"), 8);
+    store();
+    EXPECT_EQ(asked, QStringList(question));
+    EXPECT_EQ(stored(), QByteArray());
+    EXPECT_EQ(ncDocManagerPtr()->documentCount(), 2);
+}
+
+TEST_F(StoredDrawing, PutsAnotherDocumentInThePositionsPlaceAndKeepsTheOldOne)
+{
+    document(path(), 5);
+    addLine(6);
+    const QString other = folder.filePath("other.dwg");
+    document(other, 8);
+    addLine(9);
+    yes = true;
+    store();
+    EXPECT_EQ(host.console, "Обновление чертежа в БД.\n");
+    ASSERT_EQ(copies().size(), 1);
+    EXPECT_EQ(lines(bytes(folder.filePath(copies()[0]))), (QStringList{"5", "6"}));
+    EXPECT_EQ(lines(stored()), (QStringList{"8", "9"}));
+    EXPECT_EQ(bytes(other), stored());
+    EXPECT_EQ(bytes(path()), stored());
+    EXPECT_EQ(ncDocManagerPtr()->curDocument()->fileName(), QDir::cleanPath(path()));
+    EXPECT_EQ(ncDocManagerPtr()->documentCount(), 2) << "the other document stays open";
+}
+
+TEST_F(StoredDrawing, TakesADocumentThatWasNeverSaved)
+{
+    document(QString(), 8);
+    const QString name = ncDocManagerPtr()->curDocument()->fileName();
+    ASSERT_FALSE(QDir::isAbsolutePath(name));
+    yes = true;
+    store();
+    EXPECT_EQ(host.console, "Обновление чертежа в БД.\n\n Не удается прочитать файл " + path());
+    EXPECT_EQ(lines(stored()), QStringList("8"));
+    EXPECT_TRUE(QFile::exists(folder.filePath(name)));
+    EXPECT_FALSE(QFile::exists(name)) << "nothing is written to wherever the program was started";
+    EXPECT_EQ(ncDocManagerPtr()->curDocument()->fileName(), QDir::cleanPath(path()));
+}
+
+TEST_F(StoredDrawing, EndsWhenTheDrawingCannotBeSaved)
+{
+    document(path(), 5);
+    store();
+    const QByteArray before = stored();
+    addLine(6);
+    ASSERT_TRUE(QFile::rename(folder.path(), folder.path() + ".away"));
+    store();
+    EXPECT_EQ(host.console, "Обновление чертежа в БД.\n\n Не удается создать файл " + QDir::cleanPath(path()));
+    EXPECT_EQ(stored(), before);
+    ASSERT_TRUE(QFile::rename(folder.path() + ".away", folder.path()));
+    store();
+    EXPECT_EQ(lines(stored()), (QStringList{"5", "6"}));
+}
+
+TEST_F(StoredDrawing, EndsWhenTheServerRefusesSoThatNothingIsReplacedUnkept)
+{
+    document(path(), 5);
+    store();
+    const QByteArray before = stored();
+    addLine(6);
+    document(folder.filePath("other.dwg"), 8);
+    yes = true;
+    database->exec("alter table positions_files rename to hidden");
+    store();
+    database->exec("alter table hidden rename to positions_files");
+    EXPECT_TRUE(host.console.endsWith("\nОшибка: чертеж " + path() + " не записан в базу данных\n")) << host.console;
+    EXPECT_EQ(stored(), before);
+    EXPECT_EQ(lines(bytes(path())), (QStringList{"5", "6"}));
+
+    store();
+    EXPECT_EQ(lines(stored()), QStringList("8")) << "the next run does it";
+}
+
+TEST_F(StoredDrawing, TellsAFileThatEndsEarly)
+{
+    // The system's own files say nothing of their size beforehand.
+    ASSERT_TRUE(QFile::link("/proc/self/status", path()));
+    document(folder.filePath("other.dwg"), 8);
+    yes = true;
+    store();
+    EXPECT_EQ(host.console, "Обновление чертежа в БД.\n\n Ошибка чтения  " + path());
+    EXPECT_EQ(stored(), QByteArray());
+}
+
+TEST_F(StoredDrawing, ComparesCleanedAbsolutePaths)
+{
+    const QString one = folder.filePath("a.dwg");
+    EXPECT_TRUE(isSameFile(one, one));
+    EXPECT_TRUE(isSameFile(folder.path() + "/./sub/../a.dwg", one)) << "also while there is no such file";
+    EXPECT_FALSE(isSameFile(one, folder.filePath("b.dwg"))) << "neither of two missing files is the other";
+    EXPECT_TRUE(isSameFile(QDir::current().relativeFilePath(one), one));
+}
+
+TEST_F(StoredDrawing, TheTreeOpensADrawingWhenThereIsNone)
+{
+    addTemplateFolder(QCoreApplication::applicationDirPath());
+    database->exec("insert into ts_elements (element_id, type_id, element_name, state_id, position_id, x, y, z) values "
+                   "(5, 'ts', 'Т', 'exist', 8, 1, 2, 3)");
+    syncNodeToDrawing(1, SyncLevel::Object, 1);
+    ASSERT_EQ(ncDocManagerPtr()->documentCount(), 1);
+    EXPECT_FALSE(host.console.contains("Error set layer"));
+    // Markers of several actions add up.
+    ensureErrorLayer();
+    addErrorCircle({1, 1, 0}, 3);
+    syncNodeToDrawing(1, SyncLevel::Object, 2);
+    EXPECT_EQ(ncDocManagerPtr()->documentCount(), 1);
+    NcSelectionSet set;
+    ASSERT_EQ(ncedSSGet("X", {{8, errorLayerName()}}, set), kPromptNormal);
+    EXPECT_EQ(set.ids.size(), 2u);
+    EXPECT_FALSE(findBlockReference("ts_def", "element_id", "5").isNull());
+}

@@ -1,0 +1,197 @@
+// Whatever cuts a run short, the next one ends where an undisturbed one would.
+#include "drawing/renumber.h"
+#include "drawing/sync/stored_drawing.h"
+#include "support/statement_relay.h"
+#include "sync_fixture.h"
+
+#include <functional>
+
+namespace {
+
+constexpr int mostStatements = 500;
+
+// A position with something of everything in all families.
+class World
+{
+public:
+    explicit World(StatementRelay& relay)
+    {
+        drawing.addAllKinds();
+        for (const Family& family : families())
+            fillFamily(family);
+        database->exec(rows_);
+        session().sqlPort = relay.port();
+        session().connection.open(session().buildConnInfo());
+        relay.cutAfter(-1);
+    }
+
+    void toDatabase(const QString& keyword)
+    {
+        host.keyword(keyword);
+        const auto yes = [](const QString&) { return true; };
+        syncDrawingToDatabase({yes, yes});
+        host.dropUnused();
+    }
+    void renumber()
+    {
+        host.entity(third).integer(1);
+        renumberElements();
+        host.dropUnused();
+    }
+    // Rows, and blocks in their order; markers tell of one run and are left out.
+    QStringList state()
+    {
+        QStringList lines;
+        for (const Family& family : families()) {
+            for (const QStringList& row : database->rows("select * from " + family.elements + " left join "
+                                                         + family.dynprops + " using (element_id) order by 1"))
+                lines << row.join(" | ");
+        }
+        for (const NcDbObjectId& id : drawing.references())
+            lines << blockText(id);
+        return lines;
+    }
+    QStringList rowNames()
+    {
+        QStringList names;
+        for (const QStringList& row : database->rows("select element_name from dm_elements order by element_id"))
+            names << row;
+        return names;
+    }
+
+    PositionSession database;
+    ElementDrawing drawing;
+    ScriptedPrompts host;
+    NcDbObjectId third;
+
+private:
+    void fillFamily(const Family& family)
+    {
+        const int kind = family.kinds.first();
+        const QString prefix = family.elements;
+        for (int id = 1; id <= 3; ++id) {
+            addRow(family, id, prefix + QString::number(id), 7);
+            addBlock(kind, id, prefix + QString::number(id), 10 * id);
+            third = family.key == FamilyKey::Dm ? drawing.references().last() : third;
+        }
+        if (family.key == FamilyKey::Dm)
+            return; // marks are in step, for renumbering
+        addRow(family, 4, "без блока", 7);
+        addRow(family, 5, "чужая", 8);
+        addBlock(kind, 5, "чужая", 50);
+        addBlock(kind, 2, "копия", 60);
+        addBlock(kind, 77, "без строки", 70);
+    }
+    void addRow(const Family& family, int id, const QString& name, int position)
+    {
+        // The first block is of another kind than its row.
+        const int kind = id == 1 ? family.kinds.last() : family.kinds.first();
+        rows_ += fill("insert into %1 (element_id, type_id, element_name, state_id, position_id, x, y, z, h, "
+                      "block_rotation, scale) values (%2, '%3', '%4', 'exist', %5, 1, 2, 3, 4, 0.25, 2);"
+                      "insert into %6 (element_id, props) values (%2, '%7');",
+                      family.elements, id, kinds()[size_t(kind)].typeId, name, position, family.dynprops,
+                      ElementBlock(kind, StateColors()).propsText());
+    }
+    // Turned and scaled as the rows are: a replaced block keeps both from the
+    // drawing, so that only a second run would bring the row's.
+    static void addBlock(int kind, int id, const QString& name, double x)
+    {
+        ElementBlock block(kind, StateColors());
+        block.setAttribute("element_id", QString::number(id));
+        block.setAttribute("name", name);
+        block.x = x;
+        block.blockRotation = 0.25;
+        block.scale = 2;
+        EXPECT_TRUE(block.insertBlock());
+    }
+    static QString blockText(NcDbObjectId id)
+    {
+        const ElementBlock block(id, StateColors());
+        const auto& reference = ElementDrawing::reference(id);
+        QStringList words{block.blockName, fixed(block.x, 6), fixed(block.y, 6), fixed(block.z, 6),
+                          fixed(block.blockRotation, 6), fixed(block.scale, 6), QString::number(reference.colorIndex()),
+                          reference.layer(), block.propsText()};
+        for (auto it = block.attributes.begin(); it != block.attributes.end(); ++it)
+            words << it.key() + "=" + it.value();
+        return words.join(" | ");
+    }
+
+    QString rows_;
+};
+
+using Action = std::function<void(World&)>;
+
+// Runs the action cut short after every statement in turn, and then once more.
+void checkEveryCut(const Action& action)
+{
+    StatementRelay relay;
+    QStringList expected;
+    {
+        World world(relay);
+        action(world);
+        expected = world.state();
+    }
+    int cuts = 0;
+    for (int statement = 1; statement < mostStatements; ++statement) {
+        World world(relay);
+        relay.cutAfter(statement);
+        action(world);
+        if (!relay.hasCut())
+            break;
+        ++cuts;
+        EXPECT_EQ(world.drawing.faults(), QStringList()) << statement;
+        relay.cutAfter(-1);
+        action(world);
+        ASSERT_EQ(world.state(), expected) << "cut after statement " << statement;
+    }
+    EXPECT_GT(cuts, 10);
+    EXPECT_LT(cuts, mostStatements - 1);
+}
+
+} // namespace
+
+TEST(CutConnection, DrawingToDatabaseByPosition)
+{
+    checkEveryCut([](World& world) { world.toDatabase("Position"); });
+}
+
+TEST(CutConnection, DrawingToDatabaseByDrawing)
+{
+    checkEveryCut([](World& world) { world.toDatabase("Drawing"); });
+}
+
+TEST(CutConnection, DatabaseToDrawing)
+{
+    checkEveryCut([](World&) {
+        if (session().requirePosition())
+            syncPositionToDrawing();
+    });
+}
+
+// Renumbering the second time would move on: either nothing happened or all.
+TEST(CutConnection, RenumberingHappensWholeOrNotAtAll)
+{
+    StatementRelay relay;
+    const QStringList before{"dm_elements1", "dm_elements2", "dm_elements3"};
+    const QStringList after{"dm_elements2", "dm_elements3", "dm_elements1"};
+    int cuts = 0;
+    for (int statement = 1; statement < mostStatements; ++statement) {
+        World world(relay);
+        relay.cutAfter(statement);
+        world.renumber();
+        if (!relay.hasCut()) {
+            EXPECT_EQ(world.rowNames(), after);
+            break;
+        }
+        ++cuts;
+        session().connection.open(session().buildConnInfo());
+        const bool done = world.host.console.endsWith("\nПеренумеровано!");
+        EXPECT_EQ(world.rowNames(), done ? after : before) << statement;
+        if (done)
+            continue;
+        relay.cutAfter(-1);
+        world.renumber();
+        EXPECT_EQ(world.rowNames(), after) << statement << world.host.console;
+    }
+    EXPECT_GE(cuts, 8);
+}
