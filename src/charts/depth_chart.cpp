@@ -67,11 +67,13 @@ void TSDataChartJK::setRanges()
 {
     double smallest = infinity, largest = -infinity;
     for (const auto& [depth, temperature] : *profile_) {
+        if (!std::isfinite(temperature))
+            continue; // a missing one has no part in the range
         smallest = std::min(smallest, temperature);
         largest = std::max(largest, temperature);
     }
     const double top = profile_->begin()->first, bottom = profile_->rbegin()->first;
-    const double side = std::max(std::abs(smallest), std::abs(largest));
+    const double side = smallest > largest ? 0.0 : std::max(std::abs(smallest), std::abs(largest));
     const double pad = bottom - top == 0.0 ? 1.0 : 0.05 * (bottom - top);
     plotter_.setX(-side, side);
     plotter_.setY(top - pad, bottom + pad);

@@ -1,6 +1,7 @@
 #include "charts/measure_chart.h"
 
 #include "charts/chart_series.h"
+#include "charts/epoch_times.h"
 
 #include <algorithm>
 
@@ -67,15 +68,12 @@ void MeasureChart::setRangesFromExtents()
 
 void MeasureChart::addColumns(const TimeSeries& series, const ChartSeries& row)
 {
-    QVector<double> times, values;
-    times.reserve(series.size());
+    QVector<double> values;
     values.reserve(series.size());
-    for (auto measure = series.begin(); measure != series.end(); ++measure) {
-        times.append(double(measure.key().toMSecsSinceEpoch()));
-        values.append(measure.value() * row.factor);
-    }
+    for (double value : series)
+        values.append(value * row.factor);
     LineGraph graph;
-    graph.xColumn = store_->addColumn(times, QStringLiteral("Дата"));
+    graph.xColumn = store_->addColumn(epochTimes(series.keys()), QStringLiteral("Дата"));
     graph.yColumn = store_->addColumn(values, row.valueColumn);
     graph.symbol = PlotSymbol::FilledOctagon;
     graph.symbolSize = row.full ? 4.0 : 1.0;

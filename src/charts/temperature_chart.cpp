@@ -94,8 +94,10 @@ void TSTemperatureChartJK::widenExtents(const QVector<TemperatureCurve>& curves)
 {
     for (const TemperatureCurve& curve : curves) {
         for (const auto& [elevation, temperature] : curve) {
-            minimumX_ = std::min(minimumX_, temperature);
-            maximumX_ = std::max(maximumX_, temperature);
+            if (std::isfinite(temperature)) { // a missing one has no part in the range
+                minimumX_ = std::min(minimumX_, temperature);
+                maximumX_ = std::max(maximumX_, temperature);
+            }
             minimumY_ = std::min(minimumY_, elevation);
             maximumY_ = std::max(maximumY_, elevation);
         }

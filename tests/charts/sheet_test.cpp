@@ -1,6 +1,7 @@
 // Every chart on real measurements and on edge cases, as pictures: kept where
 // TERVA_CHART_SHEET says, for docs/charts and for looking at. Of each picture
 // the record is asked whether anything covers anything.
+#include "charts/message_count.h"
 #include "charts/picture_rules.h"
 #include "charts/real_series.h"
 #include "charts/sample_charts.h"
@@ -16,7 +17,9 @@ class Sheet : public ::testing::TestWithParam<SampleChart>
 TEST_P(Sheet, NothingIsCutOffAndTheKeyCoversNoData)
 {
     const SampleChart& sample = GetParam();
+    const MessageCount messages;
     const DrawnChart drawn = sample.draw();
+    EXPECT_EQ(messages.texts(), QStringList());
     ASSERT_FALSE(drawn.picture.isNull());
     const QString folder = qEnvironmentVariable("TERVA_CHART_SHEET");
     if (!folder.isEmpty()) {

@@ -79,8 +79,8 @@ public:
         return sent;
     }
 
-    // Calls answered() behind every message that ends a statement's answer;
-    // false from it ends the conversation.
+    // Calls answered() at every message that ends a statement's answer; false
+    // from it ends the conversation behind that message.
     template <class Answered>
     bool fromServer(Answered answered)
     {
@@ -89,14 +89,13 @@ public:
         while (told_.size() >= 5 && quint32(told_.size()) >= 1 + number(told_, 1)) {
             const QByteArray message = told_.left(int(1 + number(told_, 1)));
             told_.remove(0, message.size());
-            if (!sendAll(client_, message))
+            // The first one says that the connection stands. It is counted
+            // before the client can go on.
+            const bool ends = message[0] == 'Z';
+            const bool goesOn = !ends || !greeted_ || answered();
+            greeted_ = greeted_ || ends;
+            if (!sendAll(client_, message) || !goesOn)
                 return false;
-            if (message[0] != 'Z')
-                continue;
-            // The first one says that the connection stands.
-            if (greeted_ && !answered())
-                return false;
-            greeted_ = true;
         }
         return true;
     }

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QSplitter>
 #include <QStandardItemModel>
+#include <QStyle>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -38,7 +39,7 @@ TSDataViewer::TSDataViewer(QWidget* parent)
     picture_->setAlignment(Qt::AlignCenter);
     // The picture follows the label, never the label the picture.
     picture_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
-    picture_->setMinimumSize(120, 90);
+    picture_->setMinimumSize(280, 200);
     chart_.setPictureSize(400, 300);
     buildLayout();
 }
@@ -51,11 +52,11 @@ void TSDataViewer::buildLayout()
     parts->setStretchFactor(0, 0);
     parts->setStretchFactor(1, 1);
     parts->setChildrenCollapsible(false);
-    parts->setSizes({220, 480});
+    parts->setSizes({220, 480}); // the table takes what it needs
     connect(parts, &QSplitter::splitterMoved, this, &TSDataViewer::renderPicture);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(parts);
-    resize(720, 460);
+    resize(760, 460);
 }
 
 void TSDataViewer::setMeasure(const TSMeasure& measure)
@@ -78,6 +79,9 @@ void TSDataViewer::fillTable(const TemperatureCurve& profile)
     for (const auto& [depth, temperature] : profile)
         model_->appendRow({numberItem(depth), numberItem(temperature)});
     table_->resizeColumnsToContents();
+    // Both columns are to be seen, with room for the scroll bar.
+    const int bar = table_->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    table_->setMinimumWidth(table_->horizontalHeader()->length() + bar + 2 * table_->frameWidth() + 4);
 }
 
 void TSDataViewer::plot(const TSMeasure& measure, const TemperatureCurve& profile)

@@ -93,6 +93,14 @@ bool strokesOf(const HatchPattern& pattern, double unit, const QRectF& box, Stro
     return true;
 }
 
+// On whole pixels: a dot over the corners of four would hardly be seen.
+QRect dotAt(const QPointF& middle, double ratio)
+{
+    const int side = qMax(1, int(std::lround(ratio)));
+    return QRect(int(std::floor(middle.x() - (side - 1) / 2.0)), int(std::floor(middle.y() - (side - 1) / 2.0)), side,
+                 side);
+}
+
 void paint(QImage& image, const Strokes& strokes, const HatchLook& look)
 {
     QPainter painter(&image);
@@ -105,8 +113,7 @@ void paint(QImage& image, const Strokes& strokes, const HatchLook& look)
     painter.setBrush(look.lines);
     for (const QLineF& stroke : strokes) {
         if (stroke.length() < 1e-6)
-            painter.fillRect(QRectF(stroke.p1() - QPointF(0.5, 0.5) * look.ratio, QSizeF(look.ratio, look.ratio)),
-                             look.lines);
+            painter.fillRect(dotAt(stroke.p1(), look.ratio), look.lines);
         else
             painter.drawLine(stroke);
     }

@@ -10,14 +10,12 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <cmath>
-#include <ctime>
-#include <cstdio>
-static void tick(const char* w){ static clock_t b=0; clock_t n=clock(); fprintf(stderr,"%s %.1f ms\n", w, (n-b)*1e-3); b=n;}
 #include <memory>
 
 namespace {
 
-// So many symbols are stamped from one picture instead of drawn each.
+// So many symbols are stamped from one picture instead of drawn each, so many
+// strokes are a surface.
 constexpr int stamped = 2000;
 
 // Curves look better where their points really are than on whole pixels; the
@@ -80,8 +78,11 @@ QPen penOf(const LineGraph& graph, const QColor& color)
 
 void paintLine(QPainter& painter, const QPolygonF& line, const QPen& pen, const QRectF& frame)
 {
+    // Smooth edges and widths of strokes side by side are not seen, and are slow.
+    const bool surface = line.size() >= stamped;
+    painter.setRenderHint(QPainter::Antialiasing, !surface);
     QwtPlotCurve curve;
-    curve.setPen(pen);
+    curve.setPen(surface ? QPen(pen.color(), 1.0) : pen);
     curve.setSamples(line);
     curve.drawSeries(&painter, QwtScaleMap(), QwtScaleMap(), frame, 0, line.size() - 1);
 }
@@ -91,14 +92,14 @@ void paintLine(QPainter& painter, const QPolygonF& line, const QPen& pen, const 
 void paintGraph(QPainter& painter, const LineGraph& graph, const QColor& color, const GraphStrokes& strokes,
                 const QRectF& frame)
 {
-    const ExactCurves exact;tick("start");
+    const ExactCurves exact;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, true);
     if (graph.lineWidth > 0.0) {
         for (const QPolygonF& line : strokes.lines)
             paintLine(painter, line, penOf(graph, color), frame);
     }
-    tick("lines");
+    painter.setRenderHint(QPainter::Antialiasing, true);
     if (const std::unique_ptr<QwtSymbol> symbol = symbolOf(graph, color)) {
         QPolygonF inside;
         const QRectF near = frame.adjusted(-20.0, -20.0, 20.0, 20.0);
@@ -108,7 +109,7 @@ void paintGraph(QPainter& painter, const LineGraph& graph, const QColor& color, 
         }
         symbol->setCachePolicy(inside.size() > stamped ? QwtSymbol::Cache : QwtSymbol::NoCache);
         symbol->drawSymbols(&painter, inside);
- fprintf(stderr,"n %d\n",inside.size());   }tick("symbols");
+    }
     painter.restore();
 }
 

@@ -14,6 +14,7 @@ struct KeyEntry {
 class KeyBox
 {
 public:
+    KeyBox() = default;
     /// Lays the entries out as the layout says: a column that is too high is
     /// broken into several, a row that is too wide into several, a title that
     /// is wider than the room is cut with an ellipsis.

@@ -185,6 +185,16 @@ private:
 
 } // namespace
 
+void InnerMargins::shrinkTo(double width, double height)
+{
+    const double across = qMin(1.0, qMax(0.0, width) / qMax(1e-6, left + right));
+    const double down = qMin(1.0, qMax(0.0, height) / qMax(1e-6, top + bottom));
+    left *= across;
+    right *= across;
+    top *= down;
+    bottom *= down;
+}
+
 bool isAbove(KeyPosition position)
 {
     return position == KeyPosition::AboveRight || position == KeyPosition::AboveMiddle;
@@ -204,9 +214,9 @@ PlotLayout layoutOf(const PlotContents& contents, const PlotRanges& ranges, cons
 
 void PlotLayout::lay(const PlotContents& contents, const PlotRanges& ranges, const InnerMargins& margins)
 {
-    data = frame.adjusted(margins.left, margins.top, -margins.right, -margins.bottom);
-    if (data.width() < 0.3 * frame.width() || data.height() < 0.3 * frame.height())
-        data = frame;
+    InnerMargins fitting = margins;
+    fitting.shrinkTo(0.75 * frame.width(), 0.75 * frame.height());
+    data = frame.adjusted(fitting.left, fitting.top, -fitting.right, -fitting.bottom);
     xMap = mapOn(data.left(), data.right(), ranges.x, contents.x.inverted);
     yMap = mapOn(data.bottom(), data.top(), ranges.y, contents.y.inverted);
     secondaryMap = mapOn(data.bottom(), data.top(), ranges.secondaryY, contents.secondaryY.inverted);

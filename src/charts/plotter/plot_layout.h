@@ -12,6 +12,9 @@ enum class LayoutStep { Everything, NoKey, NoAxisLabels, NoTicks, Nothing };
 /// and for a key that would cover the data.
 struct InnerMargins {
     double left = 0.0, top = 0.0, right = 0.0, bottom = 0.0;
+
+    /// Makes both of a direction smaller by one factor, if they are wider together.
+    void shrinkTo(double width, double height);
 };
 
 struct PlotLayout {

@@ -76,7 +76,7 @@ GraphStrokes strokesOf(const QVector<double>& xs, const QVector<double>& ys, con
         const QPointF at(qBound(-farAway, exact.x(), farAway), qBound(-farAway, exact.y(), farAway));
         run.append(at);
         const QRectF stamp(at.x() - half, at.y() - half, 2.0 * half, 2.0 * half);
-        if (many && seen.isFull(stamp))
+        if (many && 4.0 * seen.taken(stamp) >= 3.0 * 4.0 * half * half)
             continue;
         if (many)
             seen.add(stamp);

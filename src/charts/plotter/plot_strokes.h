@@ -17,7 +17,7 @@ struct GraphStrokes {
 /// Points of two columns in pixels. Thinning leaves the picture as it is: of
 /// consecutive points in one column (or row) of pixels the first, the extreme
 /// ones and the last stay; of very many points those whose symbols, `symbol`
-/// pixels wide, would lie on others alone go.
+/// pixels wide, would hardly be seen beside the others go.
 GraphStrokes strokesOf(const QVector<double>& xs, const QVector<double>& ys, const PixelOf& pixelOf,
                        const QSize& picture, double symbol);
 

@@ -110,6 +110,8 @@ QPixmap Plotter::grabPixelImage(const QSize& size, double ratio)
 
 bool Plotter::writeSvg(QIODevice* device, const QSize& size)
 {
+    if (!device || !device->isWritable())
+        return false;
     const QSize shown = usable(size);
     QSvgGenerator svg;
     svg.setOutputDevice(device);

@@ -123,7 +123,7 @@ QSizeF labelSize(const QString& text, double fontSize)
 int placeLabels(QVector<ValueLabel>& labels, LabelRoom& room)
 {
     const bool crowded = labels.size() > labelCrowd;
-    const QRectF near = room.frame.adjusted(-3.0, -3.0, 3.0, 3.0);
+    const QRectF near = room.points.adjusted(-3.0, -3.0, 3.0, 3.0);
     int leftOut = 0;
     for (ValueLabel& label : labels) {
         label.placed = near.contains(label.point);

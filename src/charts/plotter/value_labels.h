@@ -22,12 +22,13 @@ Q_DECLARE_TYPEINFO(ValueLabel, Q_MOVABLE_TYPE);
 /// What stands in the way of labels: taken pixels of curves and symbols, and
 /// the room that labels must not leave.
 struct LabelRoom {
+    QRectF points; ///< points outside of it have no label
     QRectF frame;
     PixelCover curves;
     PixelCover labels;
 };
 
-/// Gives each label whose point lies in the frame a box, in their order: at its point on its own side, or
+/// Gives each label a box, in their order: at its point on its own side, or
 /// further out, shifted sideways, or on the other side where others or the
 /// curve are in the way. Where there is no free place the least bad one is
 /// taken. Of more than labelCrowd of them each is set at its point, and left

@@ -13,8 +13,8 @@ struct ViewportFrame {
     double scale = 1.0;           ///< units of the sheet to a unit of the model
 };
 
-/// From the sheet to the world through the viewport's view. The identity is
-/// no answer: nothing when the viewport has no view.
+/// From the sheet to the world through the viewport's view; nothing for a
+/// viewport that shows nothing.
 std::optional<NcGeMatrix3d> sheetToModel(const NcDbViewport& viewport);
 
 /// Asks for a viewport on the command line. Nothing, with its message, when

@@ -1,12 +1,23 @@
 #include "exchange/forms/ts_import_dialog.h"
 
 #include "base/text.h"
+#include "charts/forms/ts_data_viewer.h"
 #include "elements/measures/forms/button_delegate.h"
 #include "exchange/forms/measures_view.h"
-#include "exchange/forms/profile_view.h"
 
 #include <QDoubleSpinBox>
 #include <QPushButton>
+
+namespace {
+
+void showMeasure(const TSMeasure& measure, QWidget* parent)
+{
+    TSDataViewer viewer(parent);
+    viewer.setMeasure(measure);
+    viewer.exec();
+}
+
+} // namespace
 
 TSImportCmdDialog::TSImportCmdDialog(QWidget* parent)
     : MeasureImportDialog(*importFamily(FamilyKey::Ts), parent)
@@ -33,5 +44,5 @@ void TSImportCmdDialog::addProfileButtons()
         if (family().columns[column].content == ImportContent::Profile)
             controls().measuresView->setItemDelegateForColumn(column, buttons);
     }
-    connect(buttons, &ButtonDelegate::btnClicked, this, [this](TSMeasure* measure) { showProfile(*measure, this); });
+    connect(buttons, &ButtonDelegate::btnClicked, this, [this](TSMeasure* measure) { showMeasure(*measure, this); });
 }

@@ -223,6 +223,7 @@ TEST_F(SyncCommand, CountsItsStatements)
     // the states; then the row, its update and its properties a block.
     EXPECT_EQ(relay.statements(), 1 + 2 * familyCount + 1 + 3 * 20);
 
+
     relay.cutAfter(-1);
     toDrawing();
     EXPECT_EQ(relay.statements(), 1 + 1 + familyCount);

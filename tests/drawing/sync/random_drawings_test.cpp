@@ -251,7 +251,6 @@ TEST_P(Edited, EndInStepAfterBothSynchronisations)
 TEST_P(Spoiled, GivesItsReportAndHarmsNoRow)
 {
     addRows();
-    QString console;
     for (int i = 0; i < 200; ++i) {
         int fault = below(FaultCount);
         // Blocks that end the scan come late in some drawings and not at all in others.

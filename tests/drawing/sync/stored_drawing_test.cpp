@@ -3,6 +3,7 @@
 
 #include "drawing/sync/tree_sync.h"
 #include "session/working_drawing.h"
+#include "support/statement_relay.h"
 #include "sync_fixture.h"
 
 #include <drawing/application.h>
@@ -204,6 +205,45 @@ TEST_F(StoredDrawing, EndsWhenTheServerRefusesSoThatNothingIsReplacedUnkept)
 
     store();
     EXPECT_EQ(lines(stored()), QStringList("8")) << "the next run does it";
+}
+
+// The command checks the connection before it comes to the file.
+TEST_F(StoredDrawing, EndsTheSameWhereverTheConnectionWasCut)
+{
+    StatementRelay relay;
+    session().sqlPort = relay.port();
+    const auto storeAfterCheck = [this] {
+        ASSERT_TRUE(session().checkConnection());
+        store();
+    };
+    yes = true;
+    int cuts = 0;
+    for (const bool own : {true, false}) {
+        for (int statement = 1; statement < 10; ++statement) {
+            database->exec("delete from positions_files");
+            session().currentFileId = -1;
+            ASSERT_TRUE(session().connection.open(session().buildConnInfo()));
+            const QString other = folder.filePath("other.dwg");
+            document(path(), 5);
+            if (!own)
+                document(other, 8);
+            relay.cutAfter(statement);
+            storeAfterCheck();
+            const bool wasCut = relay.hasCut();
+            relay.cutAfter(-1);
+            if (wasCut)
+                storeAfterCheck();
+            cuts += wasCut ? 1 : 0;
+            EXPECT_EQ(lines(stored()), QStringList(own ? "5" : "8")) << own << statement;
+            EXPECT_EQ(bytes(path()), stored()) << own << statement;
+            EXPECT_EQ(ncDocManagerPtr()->curDocument()->fileName(), QDir::cleanPath(path())) << own << statement;
+            while (ncDocManagerPtr()->documentCount() > 0)
+                ncDocManagerPtr()->closeDocument(ncDocManagerPtr()->document(0));
+            QFile::remove(path());
+            QFile::remove(other);
+        }
+    }
+    EXPECT_GE(cuts, 3 + 5) << "check, store, copy; check, store, copy, replace, fetch";
 }
 
 TEST_F(StoredDrawing, TellsAFileThatEndsEarly)

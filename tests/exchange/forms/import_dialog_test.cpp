@@ -385,12 +385,11 @@ TEST_F(ImportDialogs, TheButtonOfAProfileShowsIt)
     auto* view = child<QTableView>(dialog, "measuresView");
     const QModelIndex cell = view->model()->index(0, 6);
     view->scrollTo(cell);
-    driver.expect("Просмотр")
-        .text("T.1 05.01.2021 12:00")
+    driver.expect("Просмотр данных измерения: T.1")
         .step("rows", {"DataView", "3"})
         .step("check-cell", {"DataView", "1", "0", "2.00"})
         .step("check-cell", {"DataView", "1", "1", "-1.10"})
-        .press("Закрыть");
+        .close();
     const QPointF middle = view->visualRect(cell).center();
     for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
         QMouseEvent event(type, middle, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);

@@ -8,11 +8,16 @@
 
 namespace {
 
+constexpr int namesWidth = 30;
+
 void prepare(QInputDialog& box, const QString& title, const QString& label, const QStringList& names)
 {
     box.setWindowTitle(title);
     box.setLabelText(label);
     box.setComboBoxItems(names);
+    // Room for the title and for names longer than the first.
+    if (auto* list = box.findChild<QComboBox*>())
+        list->setMinimumContentsLength(namesWidth);
 }
 
 // Follows which item an edited text was made of.
