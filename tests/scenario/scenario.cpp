@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QRegularExpression>
 
 namespace {
 
@@ -104,6 +105,17 @@ QString readText(const QString& path, const Variables& variables)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? expand(QString::fromUtf8(file.readAll()), variables) : QString();
+}
+
+QString readStatements(const QString& path, const Variables& variables)
+{
+    static const QRegularExpression include(QStringLiteral("^-- include (\\S+)$"),
+                                            QRegularExpression::MultilineOption);
+    QString text = readText(path, variables);
+    for (auto found = include.match(text); found.hasMatch(); found = include.match(text))
+        text.replace(found.capturedStart(), found.capturedLength(),
+                     readText(scenarioFolder(QStringLiteral("common")) + QLatin1Char('/') + found.captured(1), variables));
+    return text;
 }
 
 bool layFiles(const QString& name, const QString& folder, const Variables& variables)

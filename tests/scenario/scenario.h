@@ -36,6 +36,9 @@ bool wantsPlayer(const QString& name);
 QString expand(QString text, const Variables& variables);
 /// The whole of a text file, expanded; empty when there is none.
 QString readText(const QString& path, const Variables& variables);
+/// The same of a file of statements, in which a line "-- include wells.sql"
+/// stands for a file of common/.
+QString readStatements(const QString& path, const Variables& variables);
 
 /// Lays the files of the scenario, and of what all share, into the user's folder.
 bool layFiles(const QString& name, const QString& folder, const Variables& variables);

@@ -53,7 +53,7 @@ protected:
         nameThings();
         ASSERT_TRUE(folder_.isValid());
         ASSERT_TRUE(layFiles(GetParam(), folder_.path(), variables_));
-        const QString before = readText(own("before.sql"), variables_);
+        const QString before = readStatements(own("before.sql"), variables_);
         if (!before.isEmpty() && database_) {
             ASSERT_TRUE(database_->exec(before));
         }
