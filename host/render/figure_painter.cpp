@@ -5,6 +5,18 @@
 namespace {
 
 constexpr double kRimOfHeight = 0.3;
+constexpr int kLeastGrayOnDark = 115;
+
+// Pure blue is nearly as dark as a dark ground; white is mixed in until it shows.
+QColor readableOnDark(const QColor& color)
+{
+    const int gray = qGray(color.rgb());
+    if (gray >= kLeastGrayOnDark)
+        return color;
+    const double white = double(kLeastGrayOnDark - gray) / (255 - gray);
+    const auto mixed = [white](int channel) { return qRound(channel + white * (255 - channel)); };
+    return {mixed(color.red()), mixed(color.green()), mixed(color.blue()), color.alpha()};
+}
 
 class FigurePainter {
 public:
@@ -34,7 +46,9 @@ private:
             return style_.paper;
         if (figure.foreground)
             return onLight_ ? QColor(Qt::black) : QColor(Qt::white);
-        return figure.color;
+        // Fills and the lines of patterns keep the colour that the legend shows.
+        const bool keeps = onLight_ || figure.kind == Figure::Fill || figure.thin;
+        return keeps ? figure.color : readableOnDark(figure.color);
     }
 
     void paintShape(const Figure& figure, const QColor& color)

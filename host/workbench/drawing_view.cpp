@@ -8,11 +8,12 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
-const QColor kGround(30, 36, 42);
-const QColor kCursor(200, 205, 210);
+const QColor kDarkGround(30, 36, 42), kLightGround(252, 252, 250);
+const QColor kDarkCursor(200, 205, 210), kLightCursor(70, 75, 80);
 constexpr int kPickPixels = 6;
 constexpr int kDragPixels = 4;
 constexpr double kWheelStep = 1.25;
@@ -27,6 +28,7 @@ DrawingView::DrawingView(Document& document, QWidget* parent) : QWidget(parent),
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::BlankCursor);
     setMinimumSize(200, 150);
+    setLightGround(false);
     HostAccess::data(*document.database()).listeners.push_back(this);
     connect(HostEvents::instance(), &HostEvents::viewChanged, this, &DrawingView::takeView);
     connect(HostEvents::instance(), &HostEvents::pickfirstModified, this, &DrawingView::redraw);
@@ -46,6 +48,13 @@ void DrawingView::setMode(Mode mode, const std::optional<NcGePoint3d>& base)
     base_ = base;
     windowFrom_.reset();
     update();
+}
+
+void DrawingView::setLightGround(bool light)
+{
+    ground_ = light ? kLightGround : kDarkGround;
+    cursorColor_ = light ? kLightCursor : kDarkCursor;
+    redraw();
 }
 
 void DrawingView::objectChanged(NcDbObjectId)
@@ -94,9 +103,21 @@ void DrawingView::zoomExtents()
     setView(all.center, all.height);
 }
 
+void DrawingView::zoomIfEmpty()
+{
+    const QRectF box = recordDrawing(*document_.database()).box();
+    const QRectF visible = toScreen().inverted().mapRect(QRectF(rect()));
+    const bool meet = box.left() <= visible.right() && visible.left() <= box.right() && box.top() <= visible.bottom()
+        && visible.top() <= box.bottom();
+    if (!box.isNull() && !meet)
+        zoomExtents();
+}
+
 void DrawingView::resizeEvent(QResizeEvent*)
 {
     setView(view_.center, view_.height);
+    if (!std::exchange(placed_, true))
+        zoomIfEmpty();
 }
 
 QTransform DrawingView::toScreen() const
@@ -137,10 +158,10 @@ void DrawingView::paintScene()
     }
     if (scene_.size() != size())
         scene_ = QPixmap(size());
-    scene_.fill(kGround);
+    scene_.fill(ground_);
     QPainter painter(&scene_);
     PaintStyle style;
-    style.paper = kGround;
+    style.paper = ground_;
     style.lineWidth = 1.2;
     style.thinWidth = 0.8;
     style.selected.insert(document_.pickfirst().begin(), document_.pickfirst().end());
@@ -158,7 +179,7 @@ void DrawingView::paintAxes(QPainter& painter) const
     HostAccess::data(*document_.database()).ucs.getCoordSystem(origin, axes[0], axes[1], axes[2]);
     const QPointF corner(28, height() - 28);
     const char* names[] = {"X", "Y"};
-    painter.setPen(QPen(kCursor, 1.4));
+    painter.setPen(QPen(cursorColor_, 1.4));
     for (int i = 0; i < 2; ++i) {
         const QPointF end = corner + 34.0 * QPointF(axes[i].x, -axes[i].y);
         painter.drawLine(corner, end);
@@ -172,7 +193,7 @@ void DrawingView::paintCursor(QPainter& painter) const
     if (!cursor_)
         return;
     const QPoint at = *cursor_;
-    painter.setPen(QPen(kCursor, 1));
+    painter.setPen(QPen(cursorColor_, 1));
     if (mode_ != PickEntity && mode_ != PickEntities) {
         painter.drawLine(0, at.y(), width(), at.y());
         painter.drawLine(at.x(), 0, at.x(), height());
@@ -180,7 +201,7 @@ void DrawingView::paintCursor(QPainter& painter) const
     if (mode_ != PickPoint)
         painter.drawRect(QRect(at - QPoint(kPickPixels, kPickPixels), QSize(2 * kPickPixels, 2 * kPickPixels)));
     if (mode_ == PickPoint && base_) {
-        painter.setPen(QPen(kCursor, 1, Qt::DashLine));
+        painter.setPen(QPen(cursorColor_, 1, Qt::DashLine));
         painter.drawLine(toScreen().map(QPointF(base_->x, base_->y)), QPointF(at));
     }
     if (windowFrom_) {

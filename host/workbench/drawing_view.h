@@ -23,7 +23,11 @@ public:
     enum Mode { Select, PickPoint, PickEntity, PickEntities };
     // `base` (in the world): a line is drawn from it to the cursor.
     void setMode(Mode mode, const std::optional<NcGePoint3d>& base = {});
+    // Dark at first; on a light ground the drawing looks as on paper.
+    void setLightGround(bool light);
     void zoomExtents();
+    // Shows the whole drawing when the view that came with it shows nothing of it.
+    void zoomIfEmpty();
 
 signals:
     void cursorMoved(const NcGePoint3d& world);
@@ -62,9 +66,11 @@ private:
     NcGePoint3d worldPoint(const QPoint& at) const;
 
     Document& document_;
+    QColor ground_, cursorColor_;
     DisplayList list_;
     QPixmap scene_;
     bool listOld_ = true, sceneOld_ = true;
+    bool placed_ = false;   // the widget has had its first size
     ActiveView view_;
     Mode mode_ = Select;
     std::optional<NcGePoint3d> base_;

@@ -5,11 +5,21 @@
 #include <ui/color_dialog.h>
 
 #include <QHeaderView>
+#include <QPainter>
 #include <algorithm>
 
 namespace {
 
 enum Column { ColumnOn, ColumnLock, ColumnColor, ColumnName, ColumnCount };
+
+// A frame tells a white layer from an empty cell.
+QIcon colorSwatch(const QColor& color)
+{
+    QPixmap swatch(24, 14);
+    swatch.fill(Qt::gray);
+    QPainter(&swatch).fillRect(swatch.rect().adjusted(1, 1, -1, -1), color);
+    return swatch;
+}
 
 }  // namespace
 
@@ -25,6 +35,7 @@ LayersPanel::LayersPanel(QWidget* parent) : QTableWidget(0, ColumnCount, parent)
     verticalHeader()->hide();
     verticalHeader()->setDefaultSectionSize(22);
     setShowGrid(false);
+    setIconSize({24, 14});
     setSelectionBehavior(SelectRows);
     setEditTriggers(NoEditTriggers);
     later_.setSingleShot(true);
@@ -92,7 +103,7 @@ void LayersPanel::fillRow(int row, NcDbObjectId id)
     }
     item(row, ColumnOn)->setCheckState(layer->isOff() ? Qt::Unchecked : Qt::Checked);
     item(row, ColumnLock)->setCheckState(layer->isLocked() ? Qt::Checked : Qt::Unchecked);
-    item(row, ColumnColor)->setBackground(figureColor(layer->color()).color);
+    item(row, ColumnColor)->setIcon(colorSwatch(figureColor(layer->color()).color));
     item(row, ColumnName)->setText(layer->getName());
     QFont font = item(row, ColumnName)->font();
     font.setBold(drawing_->clayer() == id);

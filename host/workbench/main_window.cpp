@@ -48,7 +48,8 @@ MainWindow::MainWindow(const QString& profile)
     connectHost();
     setMainWindow(this);
     setPromptBackend(&prompts_);
-    restoreGeometry(settings_->value(QStringLiteral("geometry")).toByteArray());
+    if (!restoreGeometry(settings_->value(QStringLiteral("geometry")).toByteArray()))
+        setWindowState(Qt::WindowMaximized);
     restoreState(settings_->value(QStringLiteral("state")).toByteArray());
 }
 
@@ -136,6 +137,7 @@ void MainWindow::addDocument(NcApDocument* opened)
     if (!document || viewOf(document))
         return;
     auto* view = new DrawingView(*document);
+    view->setLightGround(lightGround_->isChecked());
     connectView(view);
     tabs_->addTab(view, QFileInfo(document->fileName()).fileName());
     showTitles();
@@ -203,6 +205,12 @@ void MainWindow::runLine(const QString& line)
         prompts_.console().line(QStringLiteral("Сначала завершите команду, которая выполняется."));
     else if (activeCommand().isEmpty())
         prompts_.console().line(QString());
+}
+
+void MainWindow::greet()
+{
+    prompts_.console().line(QStringLiteral("Терва готова. Проект открывается в меню «Проект», команды стоят в меню или "
+                                           "набираются здесь по имени; Esc отменяет, Enter завершает."));
 }
 
 void MainWindow::runCommandByName(const QString& name)

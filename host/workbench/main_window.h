@@ -23,6 +23,8 @@ public:
     // Ends what is going on and runs the command.
     void runCommandByName(const QString& name);
     bool openDrawing(const QString& path);
+    // The first line of the command line: what to do next.
+    void greet();
     // Plays a script in this window. Empty when all went as written.
     QString playScript(const QString& path, const QVector<QPair<QString, QString>>& variables, double stepTimeout);
 
@@ -65,6 +67,7 @@ private:
     QLabel* hint_ = nullptr;
     QMenu* recent_ = nullptr;
     QMenu* panels_ = nullptr;
+    QAction* lightGround_ = nullptr;
     QList<QMenu*> commandMenus_;
     QString pending_;       // a command that waits for another one to end
     int pendingTries_ = 0;

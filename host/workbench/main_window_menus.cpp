@@ -11,6 +11,8 @@
 
 namespace {
 
+const QString kLightGroundKey = QStringLiteral("lightGround");
+
 QStringList hostCommandNames()
 {
     QStringList names;
@@ -52,6 +54,15 @@ void MainWindow::buildViewMenu()
     }, QKeySequence(Qt::Key_F3));
     menu->addAction(QStringLiteral("&Перерисовать"), this, [] { emit HostEvents::instance()->viewChanged(); },
                     QKeySequence(Qt::Key_F5));
+    lightGround_ = menu->addAction(QStringLiteral("&Светлый фон"));
+    lightGround_->setObjectName(QStringLiteral("lightGround"));
+    lightGround_->setCheckable(true);
+    lightGround_->setChecked(settings_->value(kLightGroundKey, true).toBool());
+    connect(lightGround_, &QAction::toggled, this, [this](bool light) {
+        settings_->setValue(kLightGroundKey, light);
+        for (DrawingView* view : findChildren<DrawingView*>())
+            view->setLightGround(light);
+    });
     panels_ = menu->addMenu(QStringLiteral("П&анели"));
     connect(panels_, &QMenu::aboutToShow, this, [this] {
         panels_->clear();

@@ -13,6 +13,9 @@ bool parseOptions(const QStringList& arguments, Options& options, QString& messa
                                    QStringLiteral("файл"));
     const QCommandLineOption play(QStringLiteral("play"), QStringLiteral("Исполнить сценарий в окне и закрыть его."),
                                   QStringLiteral("файл"));
+    const QCommandLineOption start(QStringLiteral("start"),
+                                   QStringLiteral("Исполнить сценарий в окне и оставить окно открытым."),
+                                   QStringLiteral("файл"));
     const QCommandLineOption module(QStringLiteral("module"),
                                     QStringLiteral("Загрузить модуль (по умолчанию terva.nrx рядом с программой)."),
                                     QStringLiteral("файл"));
@@ -24,7 +27,7 @@ bool parseOptions(const QStringList& arguments, Options& options, QString& messa
                                      QStringLiteral("секунды"));
     const QCommandLineOption profile(QStringLiteral("profile"), QStringLiteral("Файл настроек окна."),
                                      QStringLiteral("файл"));
-    parser.addOptions({help, batch, play, module, noModule, variable, timeout, profile});
+    parser.addOptions({help, batch, play, start, module, noModule, variable, timeout, profile});
     parser.addPositionalArgument(QStringLiteral("чертежи"), QStringLiteral("Чертежи, которые открыть."),
                                  QStringLiteral("[чертежи...]"));
 
@@ -34,6 +37,7 @@ bool parseOptions(const QStringList& arguments, Options& options, QString& messa
         return false;
     options.batch = parser.value(batch);
     options.play = parser.value(play);
+    options.start = parser.value(start);
     options.modules = parser.values(module);
     options.defaultModule = !parser.isSet(noModule) && options.modules.isEmpty();
     options.drawings = parser.positionalArguments();

@@ -9,6 +9,7 @@
 struct Options {
     QString batch;                              // script to play without a window
     QString play;                               // script to play in the window, which then closes
+    QString start;                              // script to play in the window, which then stays
     QStringList modules;                        // given with --module
     QVector<QPair<QString, QString>> variables; // of the script
     QStringList drawings;                       // to open

@@ -16,13 +16,21 @@ int runWorkbench(const Options& options, const std::function<bool()>& loadModule
         return 2;
     for (const QString& drawing : options.drawings)
         window.openDrawing(drawing);
-    openStartDocument();
-    if (!options.play.isEmpty())
-        QTimer::singleShot(0, &window, [&] {
-            const QString wrong = window.playScript(options.play, options.variables, options.stepTimeout);
-            if (!wrong.isEmpty())
-                std::fprintf(stderr, "%s\n", wrong.toUtf8().constData());
-            QCoreApplication::exit(wrong.isEmpty() ? 0 : 1);
-        });
+    if (options.start.isEmpty())
+        openStartDocument();
+    const auto play = [&](const QString& script) {
+        const QString wrong = window.playScript(script, options.variables, options.stepTimeout);
+        if (!wrong.isEmpty())
+            std::fprintf(stderr, "%s\n", wrong.toUtf8().constData());
+        return wrong.isEmpty();
+    };
+    QTimer::singleShot(0, &window, [&] {
+        window.greet();
+        if (!options.start.isEmpty())
+            play(options.start);
+        openStartDocument();   // if the script opened none
+        if (!options.play.isEmpty())
+            QCoreApplication::exit(play(options.play) ? 0 : 1);
+    });
     return QApplication::exec();
 }

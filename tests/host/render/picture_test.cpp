@@ -77,6 +77,28 @@ TEST_F(PictureTest, ColourSevenFollowsThePaper)
     expectColor(dark, 0.01, 0.01, Qt::black);
 }
 
+// Pure blue on a dark ground can hardly be read; a fill keeps what the legend shows.
+TEST_F(PictureTest, LinesShowOnADarkGround)
+{
+    scene.add(square(0, 0, 10), QStringLiteral("0"), 5);
+    scene.add(new NcDbLine({20, 5, 0}, {30, 5, 0}), QStringLiteral("0"), 5);
+    const auto painted = [this](const QColor& paper) {
+        QImage image(300, 100, QImage::Format_RGB32);
+        image.fill(paper);
+        QPainter painter(&image);
+        PaintStyle style;
+        style.paper = paper;
+        style.lineWidth = 8.0;
+        paintFigures(recordDrawing(scene.drawing), painter, fitWindow(QRectF(0, 0, 30, 10), QRectF(image.rect())), style);
+        return image;
+    };
+    const QImage dark = painted(QColor(30, 36, 42));
+    expectColor(dark, 1.0 / 6.0, 0.5, QColor(0, 0, 255));
+    EXPECT_GE(qGray(dark.pixel(250, 50)), 110);
+    EXPECT_GT(dark.pixelColor(250, 50).blue(), dark.pixelColor(250, 50).red());
+    expectColor(painted(Qt::white), 5.0 / 6.0, 0.5, QColor(0, 0, 255));
+}
+
 TEST_F(PictureTest, AWindowShowsThatPartAlone)
 {
     scene.add(square(0, 0, 10), QStringLiteral("0"), 1);

@@ -248,6 +248,56 @@ TEST_F(MainWindowTest, DrawingsStandInTabs)
     EXPECT_TRUE(driver.done()) << driver.report().toStdString();
 }
 
+// A drawing written without a window comes with a view of nothing.
+TEST_F(MainWindowTest, ADrawingFarFromItsViewIsShownWhole)
+{
+    const QString path = folder.filePath(QStringLiteral("far.dxf"));
+    for (const char* line : {"CIRCLE 330000,5080000 5", "ZOOM Центр 0,0 10"})
+        window->runLine(QString::fromUtf8(line));
+    ASSERT_TRUE(isOk(ncDocManagerPtr()->saveDocumentAs(ncDocManagerPtr()->curDocument(), path)));
+    closeAllDocuments();
+    ASSERT_TRUE(window->openDrawing(path));
+    QTest::qWait(10);
+    const ActiveView active = activeView(*view()->document().database());
+    EXPECT_NEAR(active.center.x(), 330000.0, 1.0);
+    EXPECT_NEAR(active.center.y(), 5080000.0, 1.0);
+    EXPECT_LT(active.height, 30.0);
+}
+
+TEST_F(MainWindowTest, ADrawingKeepsTheViewItCameWith)
+{
+    const QString path = folder.filePath(QStringLiteral("near.dxf"));
+    for (const char* line : {"CIRCLE 0,0 500", "ZOOM Центр 400,300 100"})
+        window->runLine(QString::fromUtf8(line));
+    ASSERT_TRUE(isOk(ncDocManagerPtr()->saveDocumentAs(ncDocManagerPtr()->curDocument(), path)));
+    closeAllDocuments();
+    ASSERT_TRUE(window->openDrawing(path));
+    QTest::qWait(10);
+    const ActiveView active = activeView(*view()->document().database());
+    EXPECT_NEAR(active.center.x(), 400.0, 1e-6);
+    EXPECT_NEAR(active.height, 100.0, 1e-6);
+}
+
+TEST_F(MainWindowTest, TheGroundIsLightOrDarkAndRemembered)
+{
+    auto* light = window->findChild<QAction*>(QStringLiteral("lightGround"));
+    const auto corner = [this] { return view()->grab().toImage().pixelColor(view()->width() - 3, 3).lightness(); };
+    ASSERT_TRUE(light->isChecked());
+    EXPECT_GT(corner(), 200);
+    light->trigger();
+    EXPECT_LT(corner(), 60);
+    closeAllDocuments();
+    window.reset();
+    window = std::make_unique<MainWindow>(folder.filePath(QStringLiteral("p.ini")));
+    EXPECT_FALSE(window->findChild<QAction*>(QStringLiteral("lightGround"))->isChecked());
+}
+
+TEST_F(MainWindowTest, TheFirstLineSaysWhatToDo)
+{
+    window->greet();
+    EXPECT_TRUE(history().contains(QStringLiteral("меню «Проект»")));
+}
+
 TEST_F(MainWindowTest, LayersAreSwitchedInTheirPanel)
 {
     window->runLine(QStringLiteral("LAYER Создать Карта"));
