@@ -1,3 +1,4 @@
+// One program a step: TERVA_FUZZ_STEP names it (fuzzOpen or fuzzMerge).
 #include "docx_fuzz.h"
 
 #include <QGuiApplication>
@@ -15,8 +16,7 @@ extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
-    const QString fault
-        = fuzzMerge(QByteArray(reinterpret_cast<const char*>(bytes), int(size)));
+    const QString fault = TERVA_FUZZ_STEP(QByteArray(reinterpret_cast<const char*>(bytes), int(size)));
     if (!fault.isEmpty()) {
         std::fprintf(stderr, "%s\n", qPrintable(fault));
         std::abort();
