@@ -1,7 +1,6 @@
 // Hatch patterns and their pictures.
 #include "charts/hatch/hatch_picture.h"
-
-#include "charts/message_count.h"
+#include "support/message_count.h"
 
 #include <QDir>
 #include <QElapsedTimer>

@@ -1,11 +1,11 @@
 // The adapter itself: ranges, ticks, titles, the key, files.
-#include "charts/message_count.h"
 #include "charts/picture_rules.h"
 #include "charts/plotter/markup_text.h"
 #include "charts/plotter/pixel_cover.h"
 #include "charts/plotter/plot_font.h"
 #include "charts/plotter/plot_ranges.h"
 #include "charts/plotter/plot_ticks.h"
+#include "support/message_count.h"
 
 #include <QBuffer>
 #include <QDateTime>

@@ -1,10 +1,10 @@
 // Every chart on real measurements and on edge cases, as pictures: kept where
 // TERVA_CHART_SHEET says, for docs/charts and for looking at. Of each picture
 // the record is asked whether anything covers anything.
-#include "charts/message_count.h"
 #include "charts/picture_rules.h"
 #include "charts/real_series.h"
 #include "charts/sample_charts.h"
+#include "support/message_count.h"
 
 #include <gtest/gtest.h>
 

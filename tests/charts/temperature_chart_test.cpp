@@ -119,6 +119,17 @@ TEST_F(TemperatureChart, WithoutElevationsTheZonesReachTheRangesEnds)
     expectZone(record.rectangles[0], -6.8, -3.0, 100.0, 110.0, QColor(220, 255, 220));
 }
 
+TEST_F(TemperatureChart, TheSecondTemperatureAloneHasTheWarmZone)
+{
+    const PlotRecord& record = plot({infinity, -1.0, infinity, infinity, 101.0});
+    ASSERT_EQ(record.rectangles.size(), 1);
+    expectZone(record.rectangles[0], -1.0, 6.8, 101.0, 110.0, QColor(255, 220, 220));
+    EXPECT_FALSE(graph("T_h"));
+    EXPECT_TRUE(graph("T_b_f"));
+    EXPECT_FALSE(graph("H_1"));
+    EXPECT_TRUE(graph("H_2"));
+}
+
 TEST_F(TemperatureChart, NoZoneBetweenTemperaturesInTheWrongOrder)
 {
     EXPECT_EQ(plot({-1.0, -1.0, infinity, infinity, infinity}).rectangles.size(), 2);
@@ -283,9 +294,13 @@ TEST_F(TemperatureChart, TheDepthAxisRunsDownAtTheRight)
     EXPECT_EQ(chart.plotter().contents().store.values(chart.plotter().contents().graphs.last().xColumn),
               QVector<double>({0.0, 0.0, 0.0}));
     EXPECT_LT(record.secondaryY.tickBoxes.first().top(), record.secondaryY.tickBoxes.last().top());
-    EXPECT_FALSE(chart.plotter().contents().secondaryY.automaticSpacing);
-    EXPECT_FALSE(chart.plotter().contents().secondaryY.grid);
-    EXPECT_EQ(int(chart.plotter().contents().secondaryY.drawMode2), 15);
+    const PlotAxis& second = chart.plotter().contents().secondaryY;
+    EXPECT_FALSE(second.automaticSpacing);
+    EXPECT_FALSE(second.grid);
+    EXPECT_FALSE(second.zeroAxis);
+    EXPECT_EQ(second.drawMode0, AxisDrawing::None);
+    EXPECT_EQ(second.drawMode1, AxisDrawing::None);
+    EXPECT_EQ(int(second.drawMode2), 15);
 }
 
 TEST_F(TemperatureChart, WithoutDepthsThereIsNoDepthAxis)

@@ -12,6 +12,8 @@ QPixmap pngPixmap(const QByteArray& bytes, PixelBudget* budget)
     if (!buffer.open(QIODevice::ReadOnly))
         return QPixmap();
     QImageReader reader(&buffer, "PNG");
+    if (!reader.canRead()) // else the decoder complains on the console
+        return QPixmap();
     const QSize size = reader.size();
     const qint64 pixels = qint64(size.width()) * size.height();
     if (!size.isValid() || pixels > budget->left)

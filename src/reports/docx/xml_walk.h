@@ -20,10 +20,15 @@ QDomElement nextElement(const QDomElement& root, const QDomElement& at, bool ins
 /// Calls `visit` for each element under `root`, itself not included. The
 /// visitor may change attributes, not the structure.
 template <typename Visit>
-void forEachElement(const QDomElement& root, Visit visit)
+void forEachElement(const QDomElement& root, Visit&& visit)
 {
-    for (QDomElement at = nextElement(root, root); !at.isNull(); at = nextElement(root, at))
-        visit(at);
+    for (QDomNode child = root.firstChild(); !child.isNull(); child = child.nextSibling()) {
+        if (!child.isElement())
+            continue;
+        const QDomElement element = child.toElement();
+        visit(element);
+        forEachElement(element, visit);
+    }
 }
 
 /// The first element of the name under `root` at any depth, null if none.

@@ -3,6 +3,7 @@
 #include "package_checker.h"
 
 #include "reports/docx/docx_merger.h"
+#include "support/message_count.h"
 
 #include <QDir>
 #include <gtest/gtest.h>
@@ -76,6 +77,25 @@ TEST(DocxMerger, refusesAnExistingOutputAtOnce)
     ASSERT_TRUE(QDir().mkdir(folder / "dir.docx"));
     EXPECT_FALSE(DocxMerger(inputs).merge(folder / "dir.docx", true));
     EXPECT_FALSE(DocxMerger(inputs).merge(folder / "no folder/out.docx", true));
+}
+
+TEST(DocxMerger, tellsTheLogWhyItRefuses)
+{
+    Folder folder;
+    const QStringList inputs{passport(folder, "1.docx", "a"), passport(folder, "2.docx", "b")};
+    writeFile(folder / "out.docx", "earlier");
+    writeFile(folder / "bad.docx", "no package");
+    ASSERT_TRUE(QDir().mkdir(folder / "dir.docx"));
+    const QString unreachable = folder / "no folder/out.docx";
+    const MessageCount log;
+    DocxMerger(inputs).merge(folder / "out.docx", false);
+    DocxMerger(inputs).merge(folder / "dir.docx", true);
+    DocxMerger(inputs).merge(unreachable, true);
+    DocxMerger(inputs.mid(0, 1)).merge(unreachable, true);
+    DocxMerger({folder / "bad.docx", inputs[0]}).merge(unreachable, true);
+    const QString notCopied = "DocxMerger: Failed to copy first file to \"" + unreachable + "\"";
+    EXPECT_EQ(log.texts(), QStringList({"DocxMerger: Output file already exists and overwrite is false",
+                                        "DocxMerger: Failed to remove existing file", notCopied, notCopied, notCopied}));
 }
 
 TEST(DocxMerger, refusesAnOutputThatIsTheFirstInput)
@@ -386,6 +406,25 @@ TEST(DocxMerger, keepsAPartThatDoesNotParse)
                               .relationship("rId1", "header", "header1.xml")
                               .entry("word/header1.xml", "<broken")
                               .write(folder / "2.docx");
-    ASSERT_TRUE(DocxMerger({passport(folder, "1.docx", "a"), later}).merge(folder / "out.docx", false));
+    const QString first = passport(folder, "1.docx", "a");
+    const MessageCount log;
+    ASSERT_TRUE(DocxMerger({first, later}).merge(folder / "out.docx", false));
+    ASSERT_EQ(log.texts().size(), 1);
+    const QString told = "DocxMerger: Failed to parse XML part \"word/header1.xml\" \"";
+    EXPECT_TRUE(log.texts().first().startsWith(told)) << log.texts().first();
+    EXPECT_GT(log.texts().first().size(), told.size() + 1) << "and what the parser says";
     EXPECT_EQ(unpacked(folder / "out.docx")["word/header_merged_1.xml"], "<broken");
+}
+
+TEST(DocxMerger, tellsTheLogOfAPartThatIsNotThere)
+{
+    Folder folder;
+    const QString first = passport(folder, "1.docx", "a");
+    const QString later = DocxMaker(paragraph(run("b")) + "<w:sectPr><w:headerReference r:id=\"rId1\"/></w:sectPr>")
+                              .relationship("rId1", "header", "gone.xml")
+                              .write(folder / "2.docx");
+    const MessageCount log;
+    ASSERT_TRUE(DocxMerger({first, later}).merge(folder / "out.docx", false));
+    EXPECT_EQ(log.texts().value(0), "DocxMerger: Failed to open source part \"word/gone.xml\"");
+    EXPECT_EQ(findFaults(folder / "out.docx"), QStringList());
 }

@@ -2,6 +2,7 @@
 #include "docx_maker.h"
 
 #include "reports/docx/docx_template.h"
+#include "support/message_count.h"
 
 #include <gtest/gtest.h>
 
@@ -160,9 +161,12 @@ TEST(DocxTemplateFill, loadsAPictureAndRefusesWhatIsNone)
     ASSERT_TRUE(docx.open(DocxMaker(paragraph(pictureControl("p", "rId5")))
                               .image("rId5", "media/a.png", imageBytes("PNG"))
                               .write(folder / "a.docx")));
-    EXPECT_FALSE(docx.setTag("p", folder / "none.png"));
     writeFile(folder / "text.png", "no picture");
-    EXPECT_FALSE(docx.setTag("p", folder / "text.png"));
+    for (const char* name : {"none.png", "text.png"}) {
+        const MessageCount log;
+        EXPECT_FALSE(docx.setTag("p", folder / name));
+        EXPECT_EQ(log.texts(), QStringList("Failed to load image:  \"" + folder / name + "\""));
+    }
     EXPECT_FALSE(docx.m_rels_image.contains("p"));
     ASSERT_TRUE(docx.save(folder / "b.docx"));
     EXPECT_EQ(relationship(folder / "b.docx", "rId5")["Target"], "media/a.png");

@@ -2,6 +2,7 @@
 #include "docx_maker.h"
 
 #include "reports/docx/docx_template.h"
+#include "support/message_count.h"
 
 #include <gtest/gtest.h>
 #include <zlib.h>
@@ -129,6 +130,21 @@ TEST(DocxTemplateOpen, closesWhatWasOpenAndCanBeUsedAgain)
     EXPECT_FALSE(docx.save(folder / "c.docx"));
     EXPECT_TRUE(docx.document.isNull());
     docx.close();
+}
+
+TEST(DocxTemplateOpen, namesTheImageThatIsNotThere)
+{
+    Folder folder;
+    DocxTemplate docx;
+    for (const char* target : {"media/gone.png", "/word/media/a.png", "file:///c:/a.png"}) {
+        const QString path = DocxMaker()
+                                 .image("rId3", "media/a.png", imageBytes("PNG"))
+                                 .relationship("rId4", "image", target)
+                                 .write(folder / "a.docx");
+        const MessageCount log;
+        EXPECT_FALSE(docx.open(path));
+        EXPECT_EQ(log.texts(), QStringList(QString("Failed to open image file:  \"word/%1\"").arg(target)));
+    }
 }
 
 TEST(DocxTemplateOpen, isClosedAfterAFailedOpen)

@@ -3,6 +3,7 @@
 #include "package_checker.h"
 
 #include "reports/docx/docx_template.h"
+#include "support/message_count.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -136,17 +137,30 @@ TEST(DocxTemplateSave, writesAPictureOfAControlWithoutABlipAndSaysSo)
     ASSERT_TRUE(docx.open(DocxMaker(paragraph(control("p", "<w:picture/>", run("x"))))
                               .write(folder / "a.docx")));
     ASSERT_TRUE(docx.setTag("p", redPicture(folder)));
-    static QString log;
-    log.clear();
-    const auto old = qInstallMessageHandler(
-        [](QtMsgType, const QMessageLogContext&, const QString& text) { log += text + "\n"; });
-    const bool saved = docx.save(folder / "b.docx");
-    qInstallMessageHandler(old);
-    ASSERT_TRUE(saved);
-    EXPECT_TRUE(log.contains("Warning: a:blip element not found for tag \"p\"")) << log;
-    EXPECT_TRUE(log.contains("Adding new image file: \"word/media/tag_image_p_0.png\" for tag \"p\""));
-    EXPECT_TRUE(log.contains("Successfully saved image for tag \"p\""));
+    const MessageCount log;
+    ASSERT_TRUE(docx.save(folder / "b.docx"));
+    EXPECT_EQ(log.texts(),
+              QStringList({"Warning: a:blip element not found for tag \"p\"",
+                           "Adding new image file: \"word/media/tag_image_p_0.png\" for tag \"p\"",
+                           "Successfully saved image for tag \"p\""}));
     EXPECT_TRUE(unpacked(folder / "b.docx").contains("word/media/tag_image_p_0.png"));
+}
+
+TEST(DocxTemplateSave, tellsTheLogOfEachNewPicture)
+{
+    Folder folder;
+    DocxTemplate docx;
+    ASSERT_TRUE(docx.open(twoPictures().write(folder / "a.docx")));
+    ASSERT_TRUE(docx.setTag("a", redPicture(folder)));
+    ASSERT_EQ(docx.addImage(QPixmap(4, 4)), "rId_auto_2");
+    const MessageCount log;
+    ASSERT_TRUE(docx.save(folder / "b.docx"));
+    EXPECT_EQ(log.texts(),
+              QStringList({"Updated r:embed for tag \"a\" to \"rId_tag_a_0\"",
+                           "Adding new image file: \"word/media/tag_image_a_0.png\" for tag \"a\"",
+                           "Successfully saved image for tag \"a\"",
+                           "Adding new image file: \"word/media/image_auto_2.png\" for rId \"rId_auto_2\"",
+                           "Successfully saved image for rId \"rId_auto_2\""}));
 }
 
 TEST(DocxTemplateSave, addsPicturesForTheBody)
@@ -301,10 +315,16 @@ TEST(DocxTemplateSave, writesNothingWhenTheTemplateIsDamagedMeanwhile)
     DocxTemplate docx;
     const QString path = DocxMaker(paragraph(run("new"))).entry("word/x.bin", QByteArray(100000, 'x')).write(folder / "a.docx");
     ASSERT_TRUE(docx.open(path));
+    ASSERT_FALSE(docx.addImage(QPixmap(4, 4)).isEmpty());
     QFile file(path);
     ASSERT_TRUE(file.resize(200));
     writeFile(folder / "b.docx", "earlier");
+    const MessageCount log;
     EXPECT_FALSE(docx.save(folder / "b.docx"));
+    EXPECT_TRUE(docx.relationsXml.isEmpty());
+    EXPECT_TRUE(docx.contentTypesXml.isEmpty());
+    EXPECT_EQ(log.texts().filter("Failed"), QStringList({"Failed to open relationships file",
+                                                         "Failed to open [Content_Types].xml"}));
     EXPECT_EQ(readFile(folder / "b.docx"), "earlier");
     EXPECT_EQ(folder.files(), QStringList({"a.docx", "b.docx"}));
 }

@@ -1,4 +1,4 @@
-// Counts what Qt and the plotting library write to the console meanwhile.
+// Keeps what this program and its libraries write to the debug log meanwhile.
 #pragma once
 
 #include <QStringList>
