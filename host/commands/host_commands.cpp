@@ -13,13 +13,6 @@ void registerHostCommands()
             });
 }
 
-void openStartDocument()
-{
-    NcApDocManager* documents = ncDocManagerPtr();
-    if (documents->documentCount() == 0 && !isOk(documents->appContextNewDocument(QStringLiteral("Default.dwt"))))
-        documents->appContextNewDocument(QString());
-}
-
 void sayLine(const QString& text)
 {
     printToConsole(text + QLatin1Char('\n'));

@@ -15,8 +15,6 @@
 
 // Registers them; more than once does no harm.
 NRX_API void registerHostCommands();
-// A new drawing when none is open, from "Default.dwt" if it is there.
-NRX_API void openStartDocument();
 
 // The list of commands of each area: a name and what it does.
 struct HostCommandRow {

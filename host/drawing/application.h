@@ -57,6 +57,8 @@ private:
 NRX_API void setPickfirst(const NcDbObjectIdArray& ids);
 // Folders where templates are looked for, after the path itself.
 NRX_API void addTemplateFolder(const QString& folder);
+// A new drawing when none is open, from "Default.dwt" if it is there.
+NRX_API void openStartDocument();
 // Closes all documents, forgets pick-first sets and folders: for tests.
 NRX_API void closeAllDocuments();
 

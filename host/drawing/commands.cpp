@@ -104,6 +104,9 @@ CommandOutcome Commands::run(const QStringList& words)
     const CommandInfo info = module ? module->info : own->info;
     if (!running_.isEmpty() && !(info.flags & kTransparent))
         return CommandOutcome::Busy;
+    // Modules rely on a drawing; the user may have closed the last one.
+    if (module && !ncdbHostApplicationServices()->workingDatabase())
+        openStartDocument();
     // What the user picked before goes only to a command that asked for it.
     if (module && !(info.flags & kUsePickSet) && running_.isEmpty() && Documents::instance().current()
         && !Documents::instance().current()->pickfirst().empty())

@@ -252,6 +252,13 @@ void addTemplateFolder(const QString& folder)
     Documents::instance().addTemplateFolder(folder);
 }
 
+void openStartDocument()
+{
+    NcApDocManager* documents = ncDocManagerPtr();
+    if (documents->documentCount() == 0 && !isOk(documents->appContextNewDocument(QStringLiteral("Default.dwt"))))
+        documents->appContextNewDocument(QString());
+}
+
 void closeAllDocuments()
 {
     Documents::instance().forgetAll();

@@ -141,6 +141,20 @@ void MainWindow::addDocument(NcApDocument* opened)
     connectView(view);
     tabs_->addTab(view, QFileInfo(document->fileName()).fileName());
     showTitles();
+    if (!document->isUntitled())
+        QTimer::singleShot(0, this, &MainWindow::closeUntouchedStart);
+}
+
+// The empty drawing that the program starts with gives way to the first file.
+void MainWindow::closeUntouchedStart()
+{
+    if (!activeCommand().isEmpty()) {
+        QTimer::singleShot(kTryMilliseconds, this, &MainWindow::closeUntouchedStart);
+        return;
+    }
+    Document& first = static_cast<DrawingView*>(tabs_->widget(0))->document();
+    if (tabs_->count() == 2 && first.isUntitled() && !first.isModified())
+        ncDocManagerPtr()->closeDocument(&first);
 }
 
 void MainWindow::connectView(DrawingView* view)

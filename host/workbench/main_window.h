@@ -44,6 +44,7 @@ private:
     void showTitles();
     void showCursor(const NcGePoint3d& world);
     void connectView(DrawingView* view);
+    void closeUntouchedStart();
     DrawingView* currentView() const;
     DrawingView* viewOf(NcApDocument* document) const;
 

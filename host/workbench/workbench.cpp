@@ -3,6 +3,7 @@
 #include "main_window.h"
 
 #include <commands/host_commands.h>
+#include <drawing/application.h>
 
 #include <QApplication>
 #include <QTimer>

@@ -4,6 +4,7 @@
 #include <workbench/main_window.h>
 
 #include <commands/host_commands.h>
+#include <drawing/application.h>
 #include <render/active_view.h>
 #include <script/modal_driver.h>
 
@@ -276,6 +277,25 @@ TEST_F(MainWindowTest, ADrawingKeepsTheViewItCameWith)
     const ActiveView active = activeView(*view()->document().database());
     EXPECT_NEAR(active.center.x(), 400.0, 1e-6);
     EXPECT_NEAR(active.height, 100.0, 1e-6);
+}
+
+TEST_F(MainWindowTest, TheEmptyDrawingOfTheStartGivesWayToAFile)
+{
+    const QString path = folder.filePath(QStringLiteral("a.dxf"));
+    window->runLine(QStringLiteral("CIRCLE 0,0 5"));
+    ASSERT_TRUE(isOk(ncDocManagerPtr()->saveDocumentAs(ncDocManagerPtr()->curDocument(), path)));
+    closeAllDocuments();
+    openStartDocument();
+    ASSERT_TRUE(window->openDrawing(path));
+    QTest::qWait(50);
+    ASSERT_EQ(ncDocManagerPtr()->documentCount(), 1);
+    EXPECT_EQ(QFileInfo(ncDocManagerPtr()->curDocument()->fileName()).fileName(), QStringLiteral("a.dxf"));
+    closeAllDocuments();
+    openStartDocument();
+    window->runLine(QStringLiteral("CIRCLE 0,0 5"));
+    ASSERT_TRUE(window->openDrawing(path));
+    QTest::qWait(50);
+    EXPECT_EQ(ncDocManagerPtr()->documentCount(), 2) << "what was drawn on stays";
 }
 
 TEST_F(MainWindowTest, TheGroundIsLightOrDarkAndRemembered)
