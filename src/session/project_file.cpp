@@ -1,5 +1,6 @@
 #include "session/project_file.h"
 
+#include "base/xml_text.h"
 #include "session/project_session.h"
 
 #include <QDomDocument>
@@ -40,6 +41,11 @@ QDomElement addElement(QDomElement& parent, const char* name)
     return element;
 }
 
+void setAttribute(QDomElement& element, const QString& name, const QString& value)
+{
+    element.setAttribute(name, storableInXml(value));
+}
+
 struct NamedValue {
     const char* name;
     QString value;
@@ -48,8 +54,10 @@ struct NamedValue {
 void addGroup(QDomElement& root, const char* name, const QVector<NamedValue>& values)
 {
     QDomElement group = addElement(root, name);
-    for (const NamedValue& entry : values)
-        addElement(group, entry.name).setAttribute(valueAttribute, entry.value);
+    for (const NamedValue& entry : values) {
+        QDomElement element = addElement(group, entry.name);
+        setAttribute(element, valueAttribute, entry.value);
+    }
 }
 
 void addNumbering(QDomElement& root, const ProjectSession& session)
@@ -58,7 +66,7 @@ void addNumbering(QDomElement& root, const ProjectSession& session)
     for (const NumberingElement& row : numberingElements) {
         const Enumerator& numbering = session.*row.inUse;
         QDomElement element = addElement(current, row.name);
-        element.setAttribute(QStringLiteral("Prefix"), numbering.prefix);
+        setAttribute(element, QStringLiteral("Prefix"), numbering.prefix);
         element.setAttribute(QStringLiteral("Counter"), QString::number(numbering.counter));
         element.setAttribute(QStringLiteral("Trailing"), QString::number(numbering.trailing));
     }
@@ -69,8 +77,8 @@ void addStateFilter(QDomElement& root, const QMap<QString, QString>& filter)
     QDomElement group = addElement(root, "StateFilter");
     for (auto state = filter.begin(); state != filter.end(); ++state) {
         QDomElement element = addElement(group, "State");
-        element.setAttribute(QStringLiteral("Name"), state.key());
-        element.setAttribute(QStringLiteral("Description"), state.value());
+        setAttribute(element, QStringLiteral("Name"), state.key());
+        setAttribute(element, QStringLiteral("Description"), state.value());
     }
 }
 

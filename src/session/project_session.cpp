@@ -2,7 +2,6 @@
 #include "session/project_session.h"
 
 #include "hostkit/console.h"
-#include "session/connection_parameters.h"
 
 #include <QDir>
 #include <nrx/application.h>

@@ -112,6 +112,20 @@ TEST_F(LoadingAProject, GoesItsWholeRoad)
     EXPECT_TRUE(ncDocManagerPtr()->findByFileName(session_.drawingPath(1)));
 }
 
+TEST_F(LoadingAProject, WithoutAPositionTheNumberingOfTheFileStands)
+{
+    saved_.currentPositionId = -1;
+    int counter = 20;
+    for (Enumerator ProjectSession::*numbering : enumeratorsInUse) {
+        saved_.*numbering = {QString::number(counter) + "/", counter, 4};
+        ++counter;
+    }
+    load();
+    EXPECT_TRUE(console_.text().endsWith(loaded())) << console_.text();
+    for (int i = 0; i < enumeratorCount; ++i)
+        EXPECT_EQ(session_.*enumeratorsInUse[i], saved_.*enumeratorsInUse[i]) << i;
+}
+
 TEST_F(LoadingAProject, AnEmptyPathDoesNothing)
 {
     session_.loadProject(QString());

@@ -140,6 +140,21 @@ TEST(ProjectFileReading, GivesBackWhatWasWritten)
     EXPECT_EQ(file->stateFilter, session.stateFilter);
 }
 
+TEST(ProjectFileReading, KeepsLineBreaksAndSurvivesWhatXmlCannotHold)
+{
+    ProjectSession session;
+    session.projectName = "две\nстроки\tи\r\nеще 𝄞";
+    session.projectOwner = QString("мягкий") + QChar(0x0b) + "перенос" + QChar(0x1f) + QChar(0xfffe);
+    session.stateFilter = {{QString("a") + QChar(0x01), "А"}};
+    session.dmEnumerator.prefix = QString("Д") + QChar(0xd800);
+    const auto file = read(QString::fromUtf8(projectFileText(session)));
+    ASSERT_TRUE(file) << "a file that we wrote can be opened";
+    EXPECT_EQ(file->projectName, session.projectName);
+    EXPECT_EQ(file->projectOwner, QString("мягкийперенос"));
+    EXPECT_EQ(file->stateFilter.keys(), QStringList{"a"});
+    EXPECT_EQ(file->enumerators[0].prefix, QString("Д"));
+}
+
 TEST(ProjectFileReading, MissingElementsGiveDefaults)
 {
     const auto file = read("<anything/>");

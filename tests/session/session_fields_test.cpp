@@ -20,6 +20,10 @@ TEST(SessionFields, StartWithTheirDefaults)
     EXPECT_EQ(fresh.defaultHost, QString("127.0.0.1"));
     EXPECT_EQ(fresh.defaultPort, QString("5432"));
     EXPECT_EQ(fresh.defaultUser, QString("postgres"));
+    EXPECT_EQ(fresh.defaultPositionId, -1);
+    EXPECT_EQ(fresh.defaultFileId, -1);
+    EXPECT_EQ(fresh.defaultBaseCycleId, -1);
+    EXPECT_EQ(fresh.defaultCurrentCycleId, -1);
     EXPECT_EQ(fresh.defaultTypeId, 1);
     EXPECT_EQ(fresh.numberPattern.pattern(), QString("^[+-]?\\d*(\\.\\d*)?"));
     EXPECT_EQ(fresh.projectId, -1);
@@ -28,12 +32,45 @@ TEST(SessionFields, StartWithTheirDefaults)
     EXPECT_EQ(fresh.importColumns, (std::array<int, 12>{{0, 2, 1, -1, -1, -1, -1, -1, -1, 0, 1, 2}}));
     EXPECT_EQ(fresh.currentFileId, -1);
     EXPECT_EQ(fresh.currentPositionId, -1);
+    EXPECT_EQ(fresh.currentSubobjectId, -1);
+    EXPECT_EQ(fresh.currentObjectId, -1);
+    EXPECT_EQ(fresh.currentPositionItem, nullptr);
+    EXPECT_EQ(fresh.baseCycleId, -1);
+    EXPECT_EQ(fresh.currentCycleId, -1);
+    EXPECT_FALSE(fresh.inspectorOn);
+    EXPECT_FALSE(fresh.connection.isOpen());
     EXPECT_EQ(fresh.deformationColormapId, -2);
     EXPECT_EQ(fresh.temperatureColormapId, -3);
     EXPECT_EQ(fresh.dynamicTemperatureColormapId, -3);
     EXPECT_FALSE(fresh.connected);
     EXPECT_TRUE(fresh.auditEnabled);
     EXPECT_FALSE(fresh.superuser);
+}
+
+TEST(SessionFields, TextsAndListsStartEmpty)
+{
+    const ProjectSession fresh;
+    for (QString ProjectSession::*text :
+         {&ProjectSession::projectCode, &ProjectSession::projectName, &ProjectSession::projectOwner,
+          &ProjectSession::projectLocation, &ProjectSession::workDir, &ProjectSession::tempDir,
+          &ProjectSession::sqlHost, &ProjectSession::sqlPort, &ProjectSession::sqlDatabase, &ProjectSession::sqlUser,
+          &ProjectSession::sqlPass, &ProjectSession::currentDrawingPath, &ProjectSession::currentPositionName,
+          &ProjectSession::currentSubobjectName, &ProjectSession::currentObjectName, &ProjectSession::projectFile,
+          &ProjectSession::exportPath, &ProjectSession::proj4Text})
+        EXPECT_EQ(fresh.*text, QString());
+    EXPECT_TRUE(fresh.cycles.isEmpty() && fresh.cycleOrder.isEmpty());
+    EXPECT_TRUE(fresh.predictions.isEmpty() && fresh.predictionOrder.isEmpty());
+    EXPECT_TRUE(fresh.states.isEmpty() && fresh.stateColors.isEmpty() && fresh.stateFilter.isEmpty());
+}
+
+TEST(SessionFields, TheNumberPatternTakesDecimalFields)
+{
+    // As a validator anchors it.
+    const QRegularExpression whole(QRegularExpression::anchoredPattern(ProjectSession().numberPattern.pattern()));
+    for (const char* good : {"", "-", "+.5", "1.", "-12.25", "007"})
+        EXPECT_TRUE(whole.match(good).hasMatch()) << good;
+    for (const char* bad : {"1,5", "1e3", "1.2.3", "--1", " 1", "inf"})
+        EXPECT_FALSE(whole.match(bad).hasMatch()) << bad;
 }
 
 TEST(SessionFields, NumberingInUseStartsAsTheDefaults)

@@ -1,5 +1,6 @@
 #include "reports/docx/cell_picture.h"
 
+#include "base/xml_text.h"
 #include "reports/docx/drawing_ids.h"
 #include "reports/docx/word_document.h"
 #include "reports/docx/xml_walk.h"
@@ -119,7 +120,7 @@ bool putPicture(const QDomElement& cell, const QString& relationId, const QSize&
             run.removeChild(old);
     }
     declareRelationships(run.ownerDocument());
-    addDrawing(run, withoutInvalidCharacters(relationId), QString::number(width),
+    addDrawing(run, storableInXml(relationId), QString::number(width),
                QString::number(height));
     return true;
 }

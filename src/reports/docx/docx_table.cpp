@@ -1,5 +1,6 @@
 #include "reports/docx/docx_table.h"
 
+#include "base/xml_text.h"
 #include "reports/docx/cell_picture.h"
 #include "reports/docx/drawing_ids.h"
 #include "reports/docx/table_grid.h"
@@ -227,7 +228,7 @@ bool DocxTable::setParagraphProperty(int row, int column0, const QString& elemen
         return false;
     const QDomElement properties = paragraphProperties(docx::firstParagraph(cell));
     docx::childInOrder(properties, elementName, docx::paragraphPropertyOrder())
-        .setAttribute(attribute, docx::withoutInvalidCharacters(value));
+        .setAttribute(attribute, storableInXml(value));
     return true;
 }
 
@@ -242,7 +243,7 @@ bool DocxTable::setCellShading(QDomElement cell, const QString& color)
         return false;
     QDomElement shading = docx::childInOrder(docx::makeCellProperties(cell),
                                              QStringLiteral("w:shd"), docx::cellPropertyOrder());
-    shading.setAttribute(QStringLiteral("w:fill"), docx::withoutInvalidCharacters(color));
+    shading.setAttribute(QStringLiteral("w:fill"), storableInXml(color));
     shading.setAttribute(valueAttribute(), QStringLiteral("clear"));
     shading.setAttribute(QStringLiteral("w:color"), QStringLiteral("auto"));
     return true;

@@ -1,5 +1,7 @@
 #include "reports/docx/xml_walk.h"
 
+#include "base/xml_text.h"
+
 #include <QDomDocument>
 
 namespace docx {
@@ -34,11 +36,6 @@ bool isBlank(QChar c)
 {
     return c == QLatin1Char(' ') || c == QLatin1Char('\t') || c == QLatin1Char('\n')
            || c == QLatin1Char('\r');
-}
-
-bool isValidCharacter(ushort c)
-{
-    return c == '\t' || c == '\n' || c == '\r' || (c >= 0x20 && c < 0xfffe);
 }
 
 } // namespace
@@ -118,25 +115,9 @@ QDomElement childInOrder(QDomElement parent, const QString& name, const QStringL
     return made;
 }
 
-QString withoutInvalidCharacters(const QString& text)
-{
-    QString valid;
-    valid.reserve(text.size());
-    for (int i = 0; i < text.size(); ++i) {
-        const QChar c = text.at(i);
-        if (c.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate()) {
-            valid += c;
-            valid += text.at(++i);
-        } else if (!c.isSurrogate() && isValidCharacter(c.unicode())) {
-            valid += c;
-        }
-    }
-    return valid;
-}
-
 void setText(QDomElement textElement, const QString& text)
 {
-    const QString valid = withoutInvalidCharacters(text);
+    const QString valid = storableInXml(text);
     const QDomText node = textElement.ownerDocument().createTextNode(valid);
     const QDomNode old = textElement.firstChild();
     if (old.isNull())

@@ -49,10 +49,6 @@ QDomElement ownElement(const QDomElement& root, const char* name, int place = 0)
 /// sibling that follows it in that order. A name outside the list goes last.
 QDomElement childInOrder(QDomElement parent, const QString& name, const QStringList& order);
 
-/// Copies what can stand in XML: control characters, lone surrogates and
-/// non-characters are dropped.
-QString withoutInvalidCharacters(const QString& text);
-
 /// Puts `text` in the place of the first child of a `w:t`; blanks at its ends
 /// are marked as meant, else Word cuts them off.
 void setText(QDomElement textElement, const QString& text);
