@@ -5,6 +5,6 @@
 // registers the commands.
 void initialiseModule(void* packet);
 
-// Removes the commands, the palette sets and the editor reactor. The project
-// is neither saved nor closed.
+// Removes the commands and destroys the palette sets. The project is neither
+// saved nor closed.
 void unloadModule();

@@ -1,11 +1,7 @@
 // Guards print their own wording and let nothing else happen.
 #include "entry/command_table.h"
 #include "entry/guards.h"
-#include "session/project_session.h"
-#include "support/console_capture.h"
-#include "support/test_database.h"
-
-#include <gtest/gtest.h>
+#include "session/session_fixture.h"
 
 namespace {
 
@@ -47,16 +43,6 @@ protected:
     ConsoleCapture console;
 };
 
-void useDatabase(TestDatabase& database)
-{
-    ProjectSession& s = session();
-    s.sqlHost = TestServer::host();
-    s.sqlPort = TestServer::port();
-    s.sqlDatabase = database.name();
-    s.sqlUser = TestServer::user();
-    s.sqlPass = TestServer::password();
-}
-
 } // namespace
 
 TEST_F(Guards, ConnectionGuardsHaveTheirOwnWordings)
@@ -82,7 +68,7 @@ TEST_F(Guards, PositionGuardsAskTheSessionAlone)
 TEST_F(Guards, ALiveDatabaseSatisfiesTheConnectionGuards)
 {
     TestDatabase database;
-    useDatabase(database);
+    pointAt(session(), database.name());
     for (const Wording& row : kConnectionWordings)
         EXPECT_TRUE(passes(row.guard));
     EXPECT_EQ(console.text(), QString());
@@ -98,7 +84,7 @@ TEST_F(Guards, TheConnectionIsCheckedBeforeThePosition)
 TEST_F(Guards, WithAConnectionThePositionIsAskedFor)
 {
     TestDatabase database;
-    useDatabase(database);
+    pointAt(session(), database.name());
     runCommand({"ANY", Guard::C2, Guard::P2, 1, note});
     EXPECT_EQ(console.text(), QString::fromUtf8(guardMessage(Guard::P2)));
     EXPECT_FALSE(g_ran);

@@ -1,8 +1,9 @@
 // The module as the host sees it: one file, one entry point.
 #include "entry/about_form.h"
 #include "entry/help.h"
+#include "entry/module.h"
 #include "entry/palette_sets.h"
-#include "support/console_capture.h"
+#include "session/session_fixture.h"
 #include "support/pictures.h"
 
 #include <drawing/application.h>
@@ -13,6 +14,8 @@
 #include <QDesktopServices>
 #include <QLabel>
 #include <QLibrary>
+#include <QLineEdit>
+#include <QTabWidget>
 #include <gtest/gtest.h>
 
 namespace {
@@ -64,6 +67,42 @@ TEST(Module, IgnoresOtherMessages)
     EXPECT_FALSE(hasCommand(QStringLiteral("TERVA_ABOUT")));
 }
 
+TEST(Module, TellsOfAConnectionThatTheSessionAlreadyKnows)
+{
+    TestDatabase database;
+    pointAt(session(), database.name());
+    ConsoleCapture console;
+    initialiseModule(nullptr);
+    EXPECT_EQ(console.text(), QStringLiteral("\nСоединение с базой данных выполнено"));
+    EXPECT_TRUE(hasCommand(QStringLiteral("TERVA_AUDIT_LOG")));
+
+    unloadModule();
+    EXPECT_FALSE(hasCommand(QStringLiteral("TERVA_AUDIT_LOG")));
+    EXPECT_TRUE(session().connection.isOk()) << "the session keeps its connection to its own end";
+    session().connection.finish();
+    session().connected = false;
+    session().sqlHost = session().sqlPort = session().sqlDatabase = session().sqlUser = session().sqlPass = QString();
+}
+
+TEST(Module, UnloadingDestroysThePaletteSetsInTheirOrderAndOnlyOnce)
+{
+    ConsoleCapture console;
+    togglePaletteSet(PaletteSlot::ProjectSettings);
+    togglePaletteSet(PaletteSlot::Sample);
+    QStringList gone;
+    for (PaletteSlot slot : {PaletteSlot::ProjectSettings, PaletteSlot::Sample}) {
+        QWidget* window = paletteSet(slot)->window();
+        QObject::connect(window, &QObject::destroyed,
+                         [&gone, title = window->windowTitle()] { gone << title; });
+    }
+    paletteSet(PaletteSlot::ProjectSettings)->window()->close(); // hidden, and destroyed all the same
+    unloadModule();
+    unloadModule();
+    EXPECT_EQ(gone, (QStringList{"Test Qt Palette Set", "Параметры проекта"}));
+    EXPECT_EQ(paletteSet(PaletteSlot::Sample), nullptr);
+    EXPECT_EQ(paletteSet(PaletteSlot::ProjectSettings), nullptr);
+}
+
 TEST(Palettes, AreShownHiddenAndShownAgainByTheirCommand)
 {
     ConsoleCapture console;
@@ -72,7 +111,12 @@ TEST(Palettes, AreShownHiddenAndShownAgainByTheirCommand)
     hostUiPaletteSet* set = paletteSet(PaletteSlot::Sample);
     ASSERT_NE(set, nullptr);
     EXPECT_TRUE(IsWindowVisible(set));
-    EXPECT_EQ(hostUiPaletteSet_GetPaletteCount(set), 2);
+    EXPECT_EQ(set->window()->windowTitle(), QStringLiteral("Test Qt Palette Set"));
+    const auto* tabs = set->window()->findChild<QTabWidget*>();
+    ASSERT_NE(tabs, nullptr);
+    ASSERT_EQ(tabs->count(), 2);
+    EXPECT_EQ(tabs->tabText(0), QStringLiteral("Test Qt Palette1"));
+    EXPECT_EQ(tabs->tabText(1), QStringLiteral("Another Qt Palette1"));
     togglePaletteSet(PaletteSlot::Sample);
     EXPECT_FALSE(IsWindowVisible(set));
 
@@ -98,7 +142,16 @@ TEST(Palettes, TheProjectSettingsHoldTheSqlPage)
     hostUiPaletteSet* set = paletteSet(PaletteSlot::ProjectSettings);
     ASSERT_NE(set, nullptr);
     EXPECT_NE(set->window()->findChild<QWidget*>(QStringLiteral("btn_testconnect")), nullptr);
+    const auto* database = set->window()->findChild<QLineEdit*>(QStringLiteral("Database"));
+    ASSERT_NE(database, nullptr);
+    session().sqlDatabase = QStringLiteral("first");
     refreshAllPaletteSets();
+    EXPECT_EQ(database->text(), QStringLiteral("first"));
+    session().sqlDatabase = QStringLiteral("second");
+    togglePaletteSet(PaletteSlot::ProjectSettings);
+    EXPECT_EQ(database->text(), QStringLiteral("second")) << "its command refreshes before it hides";
+    EXPECT_FALSE(IsWindowVisible(set));
+    session().sqlDatabase.clear();
     destroyPaletteSets();
 }
 
