@@ -82,7 +82,8 @@ struct ElementBlock {
     double markerRotation() const;
     /// False for a kind without a family and when there is no such row.
     bool loadFromDatabase(int elementId);
-    /// Writes what the drawing owns (neither z nor h), then the properties.
+    /// Writes what the drawing owns (neither z nor h), then the properties, also
+    /// when the first was refused. False when either fails.
     bool updateRow() const;
     /// Writes all columns but the state, the position only when it is set.
     bool updateRowFull() const;

@@ -182,7 +182,9 @@ bool ElementBlock::updateRow() const
     values += placement(*this);
     values += QString::number(id);
     values += family()->elements;
-    return session().run(fill(updateShort, values)).isCommand() && writeProps();
+    // The label is written even when the row is refused.
+    const bool written = session().run(fill(updateShort, values)).isCommand();
+    return writeProps() && written;
 }
 
 bool ElementBlock::updateRowFull() const

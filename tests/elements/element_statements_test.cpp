@@ -3,6 +3,7 @@
 
 #include "support/position_session.h"
 #include "support/scripted_prompts.h"
+#include "support/statement_relay.h"
 
 #include <gtest/gtest.h>
 
@@ -74,12 +75,19 @@ TEST_F(Statements, PropertiesOfAnUpdatedRowHaveNoBlankBeforeTheCondition)
 TEST_F(Statements, ShortUpdate)
 {
     const ElementBlock element = stored(8);
-    refuse("rp_elements");
+    StatementRelay relay;
+    session().sqlPort = relay.port();
+    ASSERT_TRUE(session().connection.open(session().buildConnInfo()));
+    relay.refuse(1);
     EXPECT_FALSE(element.updateRow());
-    EXPECT_EQ(lastStatement(),
-              "UPDATE rp_elements SET (type_id, element_name, x, y, block_rotation, marker_rotation,scale) = "
-              "('rp_gl','Э',1.000000000,2.000000000,0.500000000,0.500000000,7.000000000) WHERE element_id = "
-                  + QString::number(element.elementId()));
+    const QString id = QString::number(element.elementId());
+    EXPECT_EQ(relay.texts(),
+              (QStringList{"UPDATE rp_elements SET (type_id, element_name, x, y, block_rotation, marker_rotation,scale)"
+                           " = ('rp_gl','Э',1.000000000,2.000000000,0.500000000,0.500000000,7.000000000) WHERE "
+                           "element_id = " + id,
+                           "UPDATE rp_dynprops SET props = '" + element.propsText() + "'WHERE element_id = " + id}))
+        << "the properties follow a refused row too";
+    session().connection.finish();
 }
 
 TEST_F(Statements, FullUpdate)

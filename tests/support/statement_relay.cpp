@@ -68,15 +68,25 @@ public:
     int client() const { return client_; }
     int server() const { return server_; }
 
-    bool fromClient()
+    // Calls asked() with every statement's text, which it may change at its
+    // length.
+    template <class Asked>
+    bool fromClient(Asked asked)
     {
         if (!receive(client_, asked_))
             return false;
         if (!started_ && !answerEncryption())
             return true;
-        const bool sent = sendAll(server_, asked_);
-        asked_.clear();
-        return sent;
+        for (int size = messageSize(); size > 0; size = messageSize()) {
+            QByteArray message = asked_.left(size);
+            asked_.remove(0, size);
+            if (introduced_)
+                handOver(message, asked);
+            introduced_ = true;
+            if (!sendAll(server_, message))
+                return false;
+        }
+        return true;
     }
 
     // Calls answered() at every message that ends a statement's answer; false
@@ -114,9 +124,33 @@ private:
         return started_;
     }
 
+    // Of the first whole message that waits; 0 when there is none. The one that
+    // introduces the client has no letter before its length.
+    int messageSize() const
+    {
+        const int letter = introduced_ ? 1 : 0;
+        if (asked_.size() < letter + 4)
+            return 0;
+        const int size = letter + int(number(asked_, letter));
+        return asked_.size() >= size ? size : 0;
+    }
+    // A statement comes alone, or behind the name of what it prepares.
+    template <class Asked>
+    static void handOver(QByteArray& message, Asked asked)
+    {
+        if (message[0] != 'P' && message[0] != 'Q')
+            return;
+        const int from = message[0] == 'P' ? message.indexOf('\0', 5) + 1 : 5;
+        QByteArray text = message.mid(from, message.indexOf('\0', from) - from);
+        const int size = text.size();
+        asked(text);
+        message.replace(from, size, text);
+    }
+
     int client_;
     int server_;
     bool started_ = false;
+    bool introduced_ = false;
     bool greeted_ = false;
     QByteArray asked_;
     QByteArray told_;
@@ -155,9 +189,44 @@ QString StatementRelay::port() const
 
 void StatementRelay::cutAfter(int statements)
 {
+    startAnew();
+    limit_ = statements;
+}
+
+void StatementRelay::refuse(int statement)
+{
+    startAnew();
+    refused_ = statement;
+}
+
+void StatementRelay::startAnew()
+{
+    const std::lock_guard<std::mutex> lock(textsGuard_);
+    texts_.clear();
     count_ = 0;
     cut_ = false;
-    limit_ = statements;
+    limit_ = -1;
+    refused_ = -1;
+}
+
+QStringList StatementRelay::texts() const
+{
+    const std::lock_guard<std::mutex> lock(textsGuard_);
+    return texts_;
+}
+
+bool StatementRelay::hasRefused() const
+{
+    return refused_ > 0 && texts().size() >= refused_;
+}
+
+// No statement begins with the sign that replaces the first letter.
+void StatementRelay::passOn(QByteArray& statement)
+{
+    const std::lock_guard<std::mutex> lock(textsGuard_);
+    texts_.append(QString::fromUtf8(statement));
+    if (texts_.size() == refused_)
+        statement.replace(0, 1, "#");
 }
 
 void StatementRelay::serve()
@@ -175,7 +244,7 @@ void StatementRelay::serve()
             continue;
         bool goesOn = true;
         if (talk && sockets[1].revents)
-            goesOn = talk->fromClient();
+            goesOn = talk->fromClient([this](QByteArray& statement) { passOn(statement); });
         if (talk && goesOn && sockets[2].revents)
             goesOn = talk->fromServer(answered);
         if (!goesOn)

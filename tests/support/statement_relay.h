@@ -1,10 +1,12 @@
 #pragma once
-// Stands between a client and the server, counts the statements that were
-// answered and cuts the connection after one of them.
+// Stands between a client and the server, keeps the statements that were asked,
+// counts those that were answered, and cuts the connection after one of them or
+// has the server refuse one.
 
-#include <QString>
+#include <QStringList>
 #include <atomic>
 #include <memory>
+#include <mutex>
 #include <thread>
 
 class StatementRelay
@@ -22,11 +24,19 @@ public:
     /// Starts counting from 0. After the answer to the n-th statement both
     /// sides are closed, once; a later connection works again. -1: never.
     void cutAfter(int statements);
-    /// Answered since cutAfter().
-    int statements() const { return count_; }
     bool hasCut() const { return cut_; }
+    /// Starts counting from 0. The n-th statement reaches the server spoiled and
+    /// is refused; the connection stands. -1: never.
+    void refuse(int statement);
+    bool hasRefused() const;
+    /// Answered since counting began.
+    int statements() const { return count_; }
+    /// Asked since counting began, as the client sent them.
+    QStringList texts() const;
 
 private:
+    void startAnew();
+    void passOn(QByteArray& statement);
     void serve();
 
     int listener_ = -1;
@@ -35,5 +45,8 @@ private:
     std::atomic<int> limit_{-1};
     std::atomic<bool> cut_{false};
     std::atomic<bool> stop_{false};
+    std::atomic<int> refused_{-1};
+    mutable std::mutex textsGuard_;
+    QStringList texts_;
     std::thread thread_;
 };

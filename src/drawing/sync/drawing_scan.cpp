@@ -119,16 +119,18 @@ void DrawingScan::write(ElementBlock& block, int id, const Family& family, bool 
         report(block, fill(duplicateIdText(family.key, mode_), id), ErrorMarker::IdDuplicate);
         return;
     }
-    if (rows.seenNames.contains(name)) {
+    // Without its row a block's name says nothing of the row's: it is neither
+    // written nor taken for another's. The next run does it.
+    if (rowKnown && rows.seenNames.contains(name)) {
         report(block, fill(auditTexts(family.key).duplicateName, name), ErrorMarker::NameDuplicate);
         return;
     }
     rows.seenIds.insert(id);
-    rows.seenNames.insert(name);
-    // What follows the number in the attribute is no part of the key.
-    block.setAttribute(QStringLiteral("element_id"), QString::number(id));
-    // A row that could not be read keeps its name: the next run writes it.
-    if (rowKnown)
+    if (rowKnown) {
+        rows.seenNames.insert(name);
+        // What follows the number in the attribute is no part of the key.
+        block.setAttribute(QStringLiteral("element_id"), QString::number(id));
         block.updateRow();
+    }
     say(fill("Обрабатываем блок %1 \n", name));
 }

@@ -168,12 +168,12 @@ TEST_F(SyncCommand, WithoutTheConnectionFlagTheBlocksNameGoesIntoTheRow)
     session().connected = false;
     EXPECT_TRUE(DrawingScan(SyncMode::Position).run());
     EXPECT_EQ(cell(marks, 1, "element_name"), "Имя блока");
-    // The id is converted all the same.
+    // Blocks of no family pass then; ids of the others are converted all the same.
+    addBlock(6, "", "");
+    EXPECT_TRUE(DrawingScan(SyncMode::Position).run());
     addBlock(0, "нет", "М");
     EXPECT_FALSE(DrawingScan(SyncMode::Position).run());
     EXPECT_TRUE(host.console.contains("блок без числового element_id: 'dm_def'"));
-    // Blocks of no family then pass.
-    session().connected = true;
 }
 
 TEST_F(SyncCommand, ADoubledKeyInTheDatabaseEndsTheListThere)
@@ -208,6 +208,69 @@ TEST_F(SyncCommand, CannotBeginWhileModelSpaceIsHeld)
     EXPECT_EQ(host.console, "\nАнализ чертежа:\n\nerror opening model_space");
 }
 
+// Of two blocks the first has a row that cannot be read just then; the second's
+// row bears the name that the first has in the drawing.
+TEST_F(SyncCommand, DoesNotTakeTheNameOfABlockWithAnUnreadRowForAnothers)
+{
+    StatementRelay relay;
+    session().sqlPort = relay.port();
+    ASSERT_TRUE(session().connection.open(session().buildConnInfo()));
+    addRow(marks, 1, "А");
+    addRow(marks, 2, "Б");
+    addBlock(0, 1, "Б", 10, 0);
+    addBlock(0, 2, "Б", 20, 0);
+    yes = true;
+    const int firstRow = 1 + 2 * familyCount + 1 + 1;
+    relay.refuse(firstRow);
+    toDatabase("Position");
+    ASSERT_TRUE(relay.texts()[firstRow - 1].endsWith("where element_id = 1"));
+    EXPECT_EQ(host.console, "\nАнализ чертежа:\nОбрабатываем блок Б \nОбрабатываем блок Б \n");
+    EXPECT_EQ(asked, QStringList()) << "no row is missed";
+    EXPECT_EQ(cell(marks, 1, "x"), "100");
+    EXPECT_EQ(cell(marks, 2, "x"), "20");
+    session().connection.finish();
+}
+
+// Names go into statements as they are, so an apostrophe has the row refused.
+TEST_F(SyncCommand, ARefusedRowIsNotToldAndItsLabelIsWrittenAllTheSame)
+{
+    addRow(marks, 1, "О''Нил");
+    ElementBlock drawn(0, StateColors());
+    drawn.setAttribute("element_id", "1");
+    drawn.setDynProp("Длина полки", "8.5");
+    ASSERT_TRUE(drawn.insertBlock());
+    toDatabase("Position");
+    EXPECT_EQ(host.console, "\nАнализ чертежа:\nОбрабатываем блок О'Нил \n");
+    EXPECT_EQ(asked, QStringList());
+    EXPECT_EQ(cell(marks, 1, "x"), "100");
+    EXPECT_TRUE(cell(marks, 1, "props").contains("Длина полки:8.5"));
+}
+
+TEST_F(SyncCommand, AsksTheServerToTheLetterAndInThisOrder)
+{
+    StatementRelay relay;
+    session().sqlPort = relay.port();
+    ASSERT_TRUE(session().connection.open(session().buildConnInfo()));
+    for (const Family& family : families()) {
+        addRow(family, 31, "1");
+        addRow(family, 9, "2");
+    }
+    QStringList lists, deletions;
+    for (const char* table : {"dm", "ts", "tss", "ggs", "tsg", "igs", "rp"}) {
+        const QString all = QString("SELECT element_id, element_name FROM %1_elements").arg(table);
+        lists << all + " WHERE position_id=7" << all;
+    }
+    for (const char* table : {"dm", "ts", "tss", "rp", "ggs", "igs", "tsg"})
+        deletions << QString("DELETE FROM %1_elements WHERE element_id in (9,31)").arg(table);
+    yes = true;
+    relay.cutAfter(-1);
+    toDatabase("Position");
+    QStringList expected = QStringList() << lists << "select state_id, colorindex from states" << deletions;
+    EXPECT_EQ(relay.texts().mid(1), expected) << "behind the check of the connection";
+    EXPECT_EQ(asked.size(), familyCount);
+    session().connection.finish();
+}
+
 TEST_F(SyncCommand, CountsItsStatements)
 {
     StatementRelay relay;
@@ -222,7 +285,6 @@ TEST_F(SyncCommand, CountsItsStatements)
     // The check of the connection, two lists of ids a family, the colours of
     // the states; then the row, its update and its properties a block.
     EXPECT_EQ(relay.statements(), 1 + 2 * familyCount + 1 + 3 * 20);
-
 
     relay.cutAfter(-1);
     toDrawing();

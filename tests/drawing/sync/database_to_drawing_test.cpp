@@ -205,6 +205,37 @@ TEST_P(DatabaseToDrawing, SurvivesARowOfNothingButItsKey)
 
 INSTANTIATE_TEST_SUITE_P(Families, DatabaseToDrawing, allFamilyKeys, familyName<::testing::TestParamInfo<FamilyKey>>);
 
+TEST_F(RowsToDrawing, AreReadByTheseStatements)
+{
+    const QString head = "select element_id, type_id, element_name, state_id, position_id, x, y,z, h,";
+    const QString tail = "block_rotation,marker_rotation,scale, props from ";
+    const QString positions = "left join positions using(position_id) ";
+    const QString subobjects = "left join subobjects using (subobject_id) ";
+    const QString objects = "left join objects using (object_id) ";
+    const QString projects = "left join projects using (project_id) ";
+    const struct {
+        SyncLevel level;
+        QString blank, scope;
+    } levels[] = {
+        {SyncLevel::Position, "", positions + "where position_id =12"},
+        {SyncLevel::Subobject, "", positions + subobjects + "where subobject_id =12"},
+        {SyncLevel::Object, " ", positions + subobjects + objects + "where object_id =12"},
+        {SyncLevel::Project, " ", positions + subobjects + objects + projects + "where project_id =12"},
+    };
+    for (const auto& at : levels) {
+        for (const char* name : {"dm", "ts", "rp", "ggs", "igs", "tss"}) {
+            const Family& family = *std::find_if(families().begin(), families().end(), [name](const Family& f) {
+                return f.elements == QString(name) + "_elements";
+            });
+            EXPECT_EQ(rowStatement(family, 12, at.level),
+                      head + tail + name + "_elements " + at.blank + "left join " + name
+                          + "_dynprops using (element_id) " + at.scope);
+        }
+        EXPECT_EQ(rowStatement(family(FamilyKey::Tsg), 12, at.level),
+                  head + "e," + tail + "tsg_elements join tsg_dynprops using (element_id) " + at.scope);
+    }
+}
+
 TEST_F(RowsToDrawing, GoThroughTheFamiliesInTheirOrder)
 {
     toDrawing();

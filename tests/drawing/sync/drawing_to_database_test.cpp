@@ -47,13 +47,14 @@ TEST_P(DrawingToDatabase, WinsFieldByField)
     drawn.scale = 2;
     drawn.colorIndex = 3;
     drawn.setDynProp("Длина полки", "8.5");
+    const bool turns = drawn.setDynProp("Угол1", "6.2");
     ASSERT_TRUE(drawn.insertBlock());
     toDatabase("Position");
 
     for (const Column& column : winners)
         EXPECT_EQ(cell(family(), 31, column.name), column.after) << column.name;
     EXPECT_EQ(cell(family(), 31, "type_id"), kinds()[size_t(lastKind())].typeId);
-    EXPECT_EQ(cell(family(), 31, "marker_rotation"), "0.5");
+    EXPECT_EQ(cell(family(), 31, "marker_rotation"), turns ? "0.416814693" : "0.5");
     EXPECT_EQ(cell(family(), 31, "props"), ElementBlock(drawing.references()[0]).propsText());
     EXPECT_TRUE(cell(family(), 31, "props").contains("Длина полки:8.5"));
     if (GetParam() == FamilyKey::Tsg) {
@@ -159,6 +160,22 @@ TEST_P(DrawingToDatabase, AsksAboutRowsWithoutABlockInPositionModeOnly)
     toDatabase("Position");
     EXPECT_FALSE(host.console.contains("Пропускаем"));
     EXPECT_EQ(ids(family()), "31,50");
+    EXPECT_EQ(database->value("select string_agg(element_id::text, ',' order by element_id) from "
+                              + family().dynprops), "31,50") << "what hangs on the rows goes with them";
+}
+
+TEST_P(DrawingToDatabase, DoesNotTellARefusedDeletion)
+{
+    addRow(family(), 9, "А");
+    addRow(family(), 31, "Б");
+    database->exec("create table holds (element_id integer references " + family().elements
+                   + "); insert into holds values (31)");
+    yes = true;
+    toDatabase("Position");
+    database->exec("drop table holds");
+    EXPECT_EQ(asked.size(), 1);
+    EXPECT_EQ(host.console, "\nАнализ чертежа:\n");
+    EXPECT_EQ(ids(family()), "9,31") << "all or none of a family";
 }
 
 TEST_P(DrawingToDatabase, WritesNoRowInFileMode)

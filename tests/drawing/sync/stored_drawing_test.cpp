@@ -130,6 +130,23 @@ TEST_F(StoredDrawing, WritesWhetherTheRowCameOrWentMeanwhile)
     EXPECT_EQ(QString::number(session().currentFileId), database->value("select file_id from positions_files"));
 }
 
+TEST_F(StoredDrawing, IsWrittenAndReadByTheseStatements)
+{
+    StatementRelay relay;
+    session().sqlPort = relay.port();
+    ASSERT_TRUE(session().connection.open(session().buildConnInfo()));
+    const QString copy = "select content from positions_files  where position_id=$1::integer";
+    document(path(), 5);
+    relay.cutAfter(-1);
+    store();
+    store();
+    EXPECT_EQ(relay.texts(), (QStringList{"insert into positions_files (position_id, content) values "
+                                          "($1::integer,$2::bytea) returning file_id", copy,
+                                          "update positions_files set content = $2::bytea  where "
+                                          "position_id=$1::integer", copy}));
+    session().connection.finish();
+}
+
 TEST_F(StoredDrawing, LeavesAllAsItIsWhenAnotherDocumentIsNotToReplaceIt)
 {
     document(path(), 5);

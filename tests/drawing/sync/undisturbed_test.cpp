@@ -74,7 +74,9 @@ private:
         const bool full = family.key == FamilyKey::Dm || family.key == FamilyKey::Ts;
         for (int id = 1; id <= (full ? 3 : 1); ++id) {
             addRow(family, id, prefix + QString::number(id), 7);
-            addBlock(kind, id, prefix + QString::number(id), 10 * id);
+            // The second and the third well bear each other's name.
+            const int named = family.key == FamilyKey::Ts && id > 1 ? 5 - id : id;
+            addBlock(kind, id, prefix + QString::number(named), 10 * id);
             third = family.key == FamilyKey::Dm ? drawing.references().last() : third;
         }
         if (family.key == FamilyKey::Dm)
@@ -126,8 +128,18 @@ private:
 
 using Action = std::function<void(World&)>;
 
-// Runs the action cut short after every statement in turn, and then once more.
-void checkEveryCut(const Action& action)
+struct Disturbance {
+    std::function<void(StatementRelay&, int)> set; ///< at the n-th statement; -1: never
+    std::function<bool(const StatementRelay&)> happened;
+};
+
+const Disturbance cut{[](StatementRelay& relay, int statement) { relay.cutAfter(statement); },
+                      [](const StatementRelay& relay) { return relay.hasCut(); }};
+const Disturbance refusal{[](StatementRelay& relay, int statement) { relay.refuse(statement); },
+                          [](const StatementRelay& relay) { return relay.hasRefused(); }};
+
+// Runs the action disturbed at every statement in turn, and then once more.
+void checkEvery(const Disturbance& disturbance, const Action& action)
 {
     StatementRelay relay;
     QStringList expected;
@@ -136,44 +148,62 @@ void checkEveryCut(const Action& action)
         action(world);
         expected = world.state();
     }
-    int cuts = 0;
+    int times = 0;
     for (int statement = 1; statement < mostStatements; ++statement) {
         World world(relay);
-        relay.cutAfter(statement);
+        disturbance.set(relay, statement);
         action(world);
-        if (!relay.hasCut())
+        if (!disturbance.happened(relay))
             break;
-        ++cuts;
+        ++times;
         EXPECT_EQ(world.drawing.faults(), QStringList()) << statement;
-        relay.cutAfter(-1);
+        disturbance.set(relay, -1);
         action(world);
         const QStringList state = world.state();
-        ASSERT_EQ(state.size(), expected.size()) << "cut after statement " << statement;
+        ASSERT_EQ(state.size(), expected.size()) << "disturbed at statement " << statement;
         for (int line = 0; line < state.size(); ++line)
-            ASSERT_EQ(state[line], expected[line]) << "cut after statement " << statement;
+            ASSERT_EQ(state[line], expected[line]) << "disturbed at statement " << statement;
     }
-    EXPECT_GE(cuts, 9);
-    EXPECT_LT(cuts, mostStatements - 1);
+    EXPECT_GE(times, 9);
+    EXPECT_LT(times, mostStatements - 1);
+}
+
+void bringPosition(World&)
+{
+    if (session().requirePosition())
+        syncPositionToDrawing();
 }
 
 } // namespace
 
 TEST(CutConnection, DrawingToDatabaseByPosition)
 {
-    checkEveryCut([](World& world) { world.toDatabase("Position"); });
+    checkEvery(cut, [](World& world) { world.toDatabase("Position"); });
 }
 
 TEST(CutConnection, DrawingToDatabaseByDrawing)
 {
-    checkEveryCut([](World& world) { world.toDatabase("Drawing"); });
+    checkEvery(cut, [](World& world) { world.toDatabase("Drawing"); });
 }
 
 TEST(CutConnection, DatabaseToDrawing)
 {
-    checkEveryCut([](World&) {
-        if (session().requirePosition())
-            syncPositionToDrawing();
-    });
+    checkEvery(cut, bringPosition);
+}
+
+TEST(RefusedStatement, DrawingToDatabaseByPosition)
+{
+    checkEvery(refusal, [](World& world) { world.toDatabase("Position"); });
+}
+
+TEST(RefusedStatement, DrawingToDatabaseByDrawing)
+{
+    checkEvery(refusal, [](World& world) { world.toDatabase("Drawing"); });
+}
+
+TEST(RefusedStatement, DatabaseToDrawing)
+{
+    checkEvery(refusal, bringPosition);
 }
 
 // Renumbering the second time would move on: either nothing happened or all.
