@@ -72,7 +72,7 @@ ImportControls::ImportControls(QDialog* dialog)
     ReadProgress->setValue(0);
     layout->addWidget(ReadProgress);
     layout->addWidget(bottomRow());
-    dialog->resize(1280, 760);
+    dialog->resize(1240, 700);
 }
 
 QWidget* ImportControls::fileGroup()
@@ -120,11 +120,11 @@ QWidget* ImportControls::separatorGroup()
     SeparatorSemi->setChecked(true);
     layout->addWidget(SeparatorSemi, 0, 0);
     layout->addWidget(SeparatorComma, 1, 0);
-    layout->addWidget(SeparatorTab, 0, 1);
-    layout->addWidget(SeparatorSpace, 1, 1);
-    layout->addWidget(SeparatorCustom, 0, 2);
-    layout->addWidget(CustomSepValue, 1, 2);
-    layout->setRowStretch(2, 1);
+    layout->addWidget(SeparatorTab, 2, 0);
+    layout->addWidget(SeparatorSpace, 0, 1);
+    layout->addWidget(SeparatorCustom, 1, 1);
+    layout->addWidget(CustomSepValue, 2, 1);
+    layout->setRowStretch(3, 1);
     return group;
 }
 

@@ -78,6 +78,8 @@ TEST_F(ImportDialogs, EachFamilyHasItsTitleFormatAndColumns)
         EXPECT_TRUE(view->horizontalHeader()->stretchLastSection());
         EXPECT_EQ(child<QLabel>(*c.dialog, "SummaryLabel")->text(),
                   "Всего: 0 | Без данных: 0 | Верифицированных: 0");
+        EXPECT_LE(c.dialog->minimumSizeHint().width(), 1280) << "fits a small laptop's screen";
+        EXPECT_LE(c.dialog->minimumSizeHint().height(), 720);
     }
 }
 
