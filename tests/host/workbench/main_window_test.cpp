@@ -91,6 +91,19 @@ protected:
         QTest::keyClick(edit(), Qt::Key_Return);
     }
 
+    // How a drawing made by these commands is shown once saved and opened again.
+    ActiveView reopenedView(const QStringList& lines)
+    {
+        const QString path = folder.filePath(QStringLiteral("reopened.dxf"));
+        for (const QString& line : lines)
+            window->runLine(line);
+        EXPECT_TRUE(isOk(ncDocManagerPtr()->saveDocumentAs(ncDocManagerPtr()->curDocument(), path)));
+        closeAllDocuments();
+        EXPECT_TRUE(window->openDrawing(path));
+        QTest::qWait(10);
+        return activeView(*view()->document().database());
+    }
+
     int count(const char* className)
     {
         int met = 0;
@@ -252,14 +265,7 @@ TEST_F(MainWindowTest, DrawingsStandInTabs)
 // A drawing written without a window comes with a view of nothing.
 TEST_F(MainWindowTest, ADrawingFarFromItsViewIsShownWhole)
 {
-    const QString path = folder.filePath(QStringLiteral("far.dxf"));
-    for (const char* line : {"CIRCLE 330000,5080000 5", "ZOOM Центр 0,0 10"})
-        window->runLine(QString::fromUtf8(line));
-    ASSERT_TRUE(isOk(ncDocManagerPtr()->saveDocumentAs(ncDocManagerPtr()->curDocument(), path)));
-    closeAllDocuments();
-    ASSERT_TRUE(window->openDrawing(path));
-    QTest::qWait(10);
-    const ActiveView active = activeView(*view()->document().database());
+    const ActiveView active = reopenedView({"CIRCLE 330000,5080000 5", "ZOOM Центр 0,0 10"});
     EXPECT_NEAR(active.center.x(), 330000.0, 1.0);
     EXPECT_NEAR(active.center.y(), 5080000.0, 1.0);
     EXPECT_LT(active.height, 30.0);
@@ -267,14 +273,7 @@ TEST_F(MainWindowTest, ADrawingFarFromItsViewIsShownWhole)
 
 TEST_F(MainWindowTest, ADrawingKeepsTheViewItCameWith)
 {
-    const QString path = folder.filePath(QStringLiteral("near.dxf"));
-    for (const char* line : {"CIRCLE 0,0 500", "ZOOM Центр 400,300 100"})
-        window->runLine(QString::fromUtf8(line));
-    ASSERT_TRUE(isOk(ncDocManagerPtr()->saveDocumentAs(ncDocManagerPtr()->curDocument(), path)));
-    closeAllDocuments();
-    ASSERT_TRUE(window->openDrawing(path));
-    QTest::qWait(10);
-    const ActiveView active = activeView(*view()->document().database());
+    const ActiveView active = reopenedView({"CIRCLE 0,0 500", "ZOOM Центр 400,300 100"});
     EXPECT_NEAR(active.center.x(), 400.0, 1e-6);
     EXPECT_NEAR(active.height, 100.0, 1e-6);
 }
