@@ -11,6 +11,7 @@
 #include <nrx/editor.h>
 
 #include <algorithm>
+#include <optional>
 
 namespace {
 
@@ -83,10 +84,14 @@ bool loadRows(const Family& family, QVector<NumberedRow>& rows)
     return true;
 }
 
-QVector<DrawnBlock> blocksOfKind(int kind, const StateColors& colors)
+// Nothing when model space cannot be opened.
+std::optional<QVector<DrawnBlock>> blocksOfKind(int kind, const StateColors& colors)
 {
+    const auto entities = entitiesOfModelSpace();
+    if (!entities)
+        return std::nullopt;
     QVector<DrawnBlock> blocks;
-    for (const NcDbObjectId& id : entitiesOfModelSpace().value_or(NcDbObjectIdArray())) {
+    for (const NcDbObjectId& id : *entities) {
         const ElementBlock block(id, colors);
         if (block.kind == kind)
             blocks.append({id, block.elementId(), block.attributes.value(QStringLiteral("name"))});
@@ -155,7 +160,12 @@ void renumber(int kind, int selected)
     if (!loadRows(*familyOfKind(kind), rows))
         return;
     const StateColors colors = readStateColors();
-    const QVector<DrawnBlock> blocks = blocksOfKind(kind, colors);
+    const auto drawn = blocksOfKind(kind, colors);
+    if (!drawn) {
+        say(notDone);
+        return;
+    }
+    const QVector<DrawnBlock>& blocks = *drawn;
     int number = 0;
     if (!agree(rows, blocks) || !askNumber(number))
         return;

@@ -159,6 +159,17 @@ TEST_P(Renumber, CountsBlocksOfThePickedKindAgainstRowsOfTheFamily)
 
 INSTANTIATE_TEST_SUITE_P(Families, Renumber, allFamilyKeys, familyName<::testing::TestParamInfo<FamilyKey>>);
 
+TEST_P(RenumberCommand, SaysThatItIsNotDoneWhenModelSpaceCannotBeOpened)
+{
+    NcDbBlockTableRecord* space = nullptr;
+    const NcDbObjectId id = ncdbHostApplicationServices()->workingDatabase()->currentSpaceId();
+    ASSERT_TRUE(isOk(ncdbOpenObject(space, id, kForWrite)));
+    const QString told = run(0, 1);
+    space->close();
+    EXPECT_EQ(told, "\nКомманда не выполнена!");
+    EXPECT_EQ(namesInDatabase(), "М1 М2 М3");
+}
+
 TEST_P(RenumberCommand, EndsSilentlyWhenNothingIsPicked)
 {
     host.cancel();
