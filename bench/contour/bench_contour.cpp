@@ -53,10 +53,7 @@ double medianMs(int runs, Work work)
     return median(times);
 }
 
-PointList smooth(std::size_t n)
-{
-    return samples::smoothField(1, static_cast<int>(n), 1000.0);
-}
+PointList smooth(std::size_t n) { return samples::smoothField(1, static_cast<int>(n), 1000.0); }
 
 PointList noise(std::size_t n)
 {
@@ -123,15 +120,14 @@ Measured measure(const BuildInput& input, const BuildParameters& parameters, int
         std::map<BuildStep, double> started;
         const double start = clockMs(CLOCK_PROCESS_CPUTIME_ID);
         const double startElapsed = clockMs(CLOCK_MONOTONIC);
-        const contour::BuildResult built
-            = buildContours(input, parameters, [&](BuildStep step, double done) {
-                  const double now = clockMs(CLOCK_PROCESS_CPUTIME_ID);
-                  if (done == 0.0)
-                      started.emplace(step, now);
-                  else if (done == 1.0)
-                      steps[step].push_back(now - started[step]);
-                  return true;
-              });
+        const contour::BuildResult built = buildContours(input, parameters, [&](BuildStep step, double done) {
+            const double now = clockMs(CLOCK_PROCESS_CPUTIME_ID);
+            if (done == 0.0)
+                started.emplace(step, now);
+            else if (done == 1.0)
+                steps[step].push_back(now - started[step]);
+            return true;
+        });
         whole.push_back(clockMs(CLOCK_PROCESS_CPUTIME_ID) - start);
         elapsed.push_back(clockMs(CLOCK_MONOTONIC) - startElapsed);
         result.lines = built.contours.lines.size();
@@ -162,9 +158,9 @@ long peakMegabytes(const BuildInput& input, const BuildParameters& parameters)
 
 void printHead(const char* title)
 {
-    std::printf("\n%s\n%8s %8s %8s %8s %8s %8s | %8s %8s %6s %6s | %9s %8s | %7s %6s\n", title,
-                "points", "prepare", "triang.", "lines", "smooth", "rings", "whole", "elapsed",
-                "growth", "MB", "plain", "CGAL", "lines", "rings");
+    std::printf("\n%s\n%8s %8s %8s %8s %8s %8s | %8s %8s %6s %6s | %9s %8s | %7s %6s\n", title, "points", "prepare",
+                "triang.", "lines", "smooth", "rings", "whole", "elapsed", "growth", "MB", "plain", "CGAL", "lines",
+                "rings");
 }
 
 void benchKind(const char* title, PointList (*points)(std::size_t), bool smoothLines,
@@ -181,8 +177,8 @@ void benchKind(const char* title, PointList (*points)(std::size_t), bool smoothL
         const Measured ours = measure(input, parameters, n > 50000 ? 5 : 9);
         const double cgal = medianMs(5, [&] { delaunayTriangles(*input.points); });
         std::printf("%8zu", input.points->size());
-        for (BuildStep step : {BuildStep::Prepare, BuildStep::Triangulate, BuildStep::Isolines,
-                               BuildStep::Lines, BuildStep::Rings})
+        for (BuildStep step :
+             {BuildStep::Prepare, BuildStep::Triangulate, BuildStep::Isolines, BuildStep::Lines, BuildStep::Rings})
             std::printf(" %8.1f", ours.steps.at(step));
         std::printf(" | %8.1f %8.1f", ours.whole, ours.elapsed);
         if (lastSize > 0.0)
@@ -209,10 +205,8 @@ int main()
                 "medians; \"elapsed\" is by the wall clock. Targets: 60 ms at 10000 points, 1000 ms\n"
                 "and 500 MB at 100000. The plain statement is run up to %zu points.\n",
                 kMostForPlain);
-    benchKind("Random places, smooth field, lines as traced", smooth, false,
-              {1000, 3000, 10000, 30000, 100000});
-    benchKind("The same, lines smoothed (the dialog's defaults)", smooth, true,
-              {1000, 3000, 10000, 30000, 100000});
+    benchKind("Random places, smooth field, lines as traced", smooth, false, {1000, 3000, 10000, 30000, 100000});
+    benchKind("The same, lines smoothed (the dialog's defaults)", smooth, true, {1000, 3000, 10000, 30000, 100000});
     benchKind("Random places, every value random: as many lines as can be", noise, false,
               {1000, 3000, 10000, 30000, 100000});
     benchKind("Square grid, all circles tie", grid, false, {1000, 3000, 10000, 30000, 100000});

@@ -15,8 +15,5 @@ long delaunayTriangles(const geometry::PointList& points)
     return static_cast<long>(triangulation.number_of_faces());
 }
 #else
-long delaunayTriangles(const geometry::PointList&)
-{
-    return -1;
-}
+long delaunayTriangles(const geometry::PointList&) { return -1; }
 #endif

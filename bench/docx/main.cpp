@@ -30,8 +30,7 @@ bool missed = false;
 
 void report(const char* what, double value, const char* unit, bool within = true)
 {
-    std::printf("%-58s %9s %s%s\n", what, qPrintable(QString::number(value, 'f', 3)), unit,
-                within ? "" : "   MISSED");
+    std::printf("%-58s %9s %s%s\n", what, qPrintable(QString::number(value, 'f', 3)), unit, within ? "" : "   MISSED");
     std::fflush(stdout);
     missed = missed || !within;
 }

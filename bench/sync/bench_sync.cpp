@@ -44,8 +44,7 @@ void require(bool within, const QString& what)
 }
 
 // A position of so many elements, spread over all families.
-class Position
-{
+class Position {
 public:
     explicit Position(int elements) : elements_(elements)
     {

@@ -97,7 +97,7 @@ void select()
     sayLine(QStringLiteral("Выбрано объектов: ") + QString::number(set.ids.size()));
 }
 
-}  // namespace
+} // namespace
 
 const std::vector<HostCommandRow>& drawCommands()
 {

@@ -7,10 +7,7 @@
 
 namespace {
 
-void sayFailed(const QString& what, const QString& path)
-{
-    sayLine(what + QStringLiteral(": ") + path);
-}
+void sayFailed(const QString& what, const QString& path) { sayLine(what + QStringLiteral(": ") + path); }
 
 void newDrawing()
 {
@@ -67,7 +64,8 @@ void closeDrawing()
 bool askWindow(QRectF& window)
 {
     NcGePoint3d first, second;
-    if (!askPoint(QStringLiteral("\nПервый угол: "), first) || !askPoint(QStringLiteral("\nВторой угол: "), second, &first))
+    if (!askPoint(QStringLiteral("\nПервый угол: "), first)
+        || !askPoint(QStringLiteral("\nВторой угол: "), second, &first))
         return false;
     window = QRectF(QPointF(first.x, first.y), QPointF(second.x, second.y)).normalized();
     return window.width() > 0.0 && window.height() > 0.0;
@@ -86,7 +84,8 @@ bool askPixels(QSize& pixels)
 void exportDrawing()
 {
     const QString prompt = QStringLiteral("\nВыполнить или [Рамка/Точек/Белый/Черный/Лист/Маленький] <Выполнить>: ");
-    const QString words = QStringLiteral("Рамка Точек Белый Черный Лист Маленький _ Window Size White Black Layout Small");
+    const QString words =
+        QStringLiteral("Рамка Точек Белый Черный Лист Маленький _ Window Size White Black Layout Small");
     QString path;
     PictureOptions options;
     NcDbDatabase* drawing = currentDrawing();
@@ -112,13 +111,13 @@ void exportDrawing()
     sayLine(wrong.isEmpty() ? QStringLiteral("Записан файл ") + QFileInfo(path).fileName() : wrong);
 }
 
-}  // namespace
+} // namespace
 
 const std::vector<HostCommandRow>& fileCommands()
 {
     static const std::vector<HostCommandRow> rows = {
-        {"NEW", newDrawing},   {"OPEN", openDrawing},   {"SAVE", saveDrawing}, {"SAVEAS", saveDrawingAs},
-        {"CLOSE", closeDrawing}, {"EXPORT", exportDrawing},
+        {"NEW", newDrawing},       {"OPEN", openDrawing},   {"SAVE", saveDrawing},
+        {"SAVEAS", saveDrawingAs}, {"CLOSE", closeDrawing}, {"EXPORT", exportDrawing},
     };
     return rows;
 }

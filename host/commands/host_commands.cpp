@@ -13,10 +13,7 @@ void registerHostCommands()
             });
 }
 
-void sayLine(const QString& text)
-{
-    printToConsole(text + QLatin1Char('\n'));
-}
+void sayLine(const QString& text) { printToConsole(text + QLatin1Char('\n')); }
 
 QString askKeyword(const QString& prompt, const QString& keywords)
 {
@@ -28,10 +25,7 @@ QString askKeyword(const QString& prompt, const QString& keywords)
     return status == kPromptNormal ? answer : QString();
 }
 
-bool askText(const QString& prompt, QString& text)
-{
-    return ncedGetString(true, prompt, text) == kPromptNormal;
-}
+bool askText(const QString& prompt, QString& text) { return ncedGetString(true, prompt, text) == kPromptNormal; }
 
 bool askPoint(const QString& prompt, NcGePoint3d& world, const NcGePoint3d* base)
 {
@@ -41,10 +35,7 @@ bool askPoint(const QString& prompt, NcGePoint3d& world, const NcGePoint3d* base
     return ncedGetPoint(base ? &start : nullptr, prompt, point) == kPromptNormal && ncdbUcs2Wcs(point, world);
 }
 
-bool askNumber(const QString& prompt, double& value)
-{
-    return ncedGetReal(prompt, value) == kPromptNormal;
-}
+bool askNumber(const QString& prompt, double& value) { return ncedGetReal(prompt, value) == kPromptNormal; }
 
 NcDbDatabase* currentDrawing()
 {

@@ -37,7 +37,8 @@ void changeLayer(NcDbObjectId id, const QString& word)
     if (word == QLatin1String("Lock") || word == QLatin1String("Unlock"))
         layer->setIsLocked(word == QLatin1String("Lock"));
     int index = 7;
-    if (word == QLatin1String("Paint") && ncedGetInt(QStringLiteral("\nНомер цвета (1-255): "), index) == kPromptNormal) {
+    if (word == QLatin1String("Paint")
+        && ncedGetInt(QStringLiteral("\nНомер цвета (1-255): "), index) == kPromptNormal) {
         if (index >= 1 && index <= 255)
             layer->setColor(NcCmColor::fromIndex(index));
         else
@@ -50,8 +51,9 @@ void layer()
 {
     NcDbDatabase* drawing = currentDrawing();
     const QString word = drawing
-        ? askKeyword(QStringLiteral("\nСлой [Создать/Текущий/Вкл/Откл/Запереть/Отпереть/Цвет]: "),
-                     QStringLiteral("Создать Текущий Вкл Откл Запереть Отпереть Цвет _ Make Current On Off Lock Unlock Paint"))
+        ? askKeyword(
+            QStringLiteral("\nСлой [Создать/Текущий/Вкл/Откл/Запереть/Отпереть/Цвет]: "),
+            QStringLiteral("Создать Текущий Вкл Откл Запереть Отпереть Цвет _ Make Current On Off Lock Unlock Paint"))
         : QString();
     QString name;
     if (word.isEmpty() || !askText(QStringLiteral("\nИмя слоя: "), name))
@@ -70,7 +72,7 @@ void layer()
     }
 }
 
-}  // namespace
+} // namespace
 
 const std::vector<HostCommandRow>& layerCommands()
 {

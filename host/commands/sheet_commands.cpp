@@ -8,10 +8,7 @@
 
 namespace {
 
-bool isOnSheet(const NcDbDatabase& drawing)
-{
-    return drawing.currentSpaceId() != HostAccess::data(drawing).modelSpace;
-}
+bool isOnSheet(const NcDbDatabase& drawing) { return drawing.currentSpaceId() != HostAccess::data(drawing).modelSpace; }
 
 void turnToSpace()
 {
@@ -40,9 +37,9 @@ NcDbViewport* makeWindow(const NcGePoint3d& from, const NcGePoint3d& to, const N
     auto* window = new NcDbViewport;
     window->setGeometry({(from.x + to.x) / 2, (from.y + to.y) / 2, 0}, std::fabs(to.x - from.x), height);
     window->setTwistAngle(-angle);
-    window->setView({seen.x * std::cos(angle) + seen.y * std::sin(angle),
-                     -seen.x * std::sin(angle) + seen.y * std::cos(angle)},
-                    height / scale);
+    window->setView(
+        {seen.x * std::cos(angle) + seen.y * std::sin(angle), -seen.x * std::sin(angle) + seen.y * std::cos(angle)},
+        height / scale);
     window->setUcs(origin, x, y);
     return window;
 }
@@ -67,7 +64,7 @@ void addWindow()
     appendToSpace(makeWindow(from, to, seen, scale));
 }
 
-}  // namespace
+} // namespace
 
 const std::vector<HostCommandRow>& sheetCommands()
 {

@@ -27,7 +27,8 @@ void zoomCenter(NcDbDatabase& drawing)
     if (!askPoint(QStringLiteral("\nЦентр вида: "), center))
         return;
     if (ncedGetReal(QStringLiteral("\nВысота вида <") + QString::number(view.height, 'f', 2) + QStringLiteral(">: "),
-                    height) == kPromptCancel)
+                    height)
+        == kPromptCancel)
         return;
     if (!(height > 0.0))
         return sayLine(QStringLiteral("Высота вида должна быть больше нуля."));
@@ -40,7 +41,8 @@ void zoomCenter(NcDbDatabase& drawing)
 void zoomWindow(NcDbDatabase& drawing)
 {
     NcGePoint3d first, second;
-    if (!askPoint(QStringLiteral("\nПервый угол: "), first) || !askPoint(QStringLiteral("\nВторой угол: "), second, &first))
+    if (!askPoint(QStringLiteral("\nПервый угол: "), first)
+        || !askPoint(QStringLiteral("\nВторой угол: "), second, &first))
         return;
     const QRectF window = QRectF(QPointF(first.x, first.y), QPointF(second.x, second.y)).normalized();
     setActiveView(drawing, viewOf(window, activeView(drawing)));
@@ -62,10 +64,7 @@ void zoom()
         zoomExtents(*drawing);
 }
 
-void regenerate()
-{
-    emit HostEvents::instance()->viewChanged();
-}
+void regenerate() { emit HostEvents::instance()->viewChanged(); }
 
 // Gives the current system a name of the drawing.
 void nameUcs()
@@ -129,12 +128,15 @@ void screenshot()
         sayLine(QStringLiteral("Снимок не записан: ") + path);
 }
 
-}  // namespace
+} // namespace
 
 const std::vector<HostCommandRow>& viewCommands()
 {
     static const std::vector<HostCommandRow> rows = {
-        {"ZOOM", zoom}, {"REGEN", regenerate}, {"UCS", setUcs}, {"SCREENSHOT", screenshot},
+        {"ZOOM", zoom},
+        {"REGEN", regenerate},
+        {"UCS", setUcs},
+        {"SCREENSHOT", screenshot},
     };
     return rows;
 }

@@ -11,7 +11,7 @@ QPointer<QWidget>& mainWindow()
     return window;
 }
 
-}  // namespace
+} // namespace
 
 HostEvents* HostEvents::instance()
 {
@@ -19,12 +19,6 @@ HostEvents* HostEvents::instance()
     return &events;
 }
 
-void setMainWindow(QWidget* window)
-{
-    mainWindow() = window;
-}
+void setMainWindow(QWidget* window) { mainWindow() = window; }
 
-QWidget* ndsw_ncadMainWnd()
-{
-    return mainWindow();
-}
+QWidget* ndsw_ncadMainWnd() { return mainWindow(); }

@@ -18,14 +18,14 @@ public:
 
 signals:
     void documentOpened(NcApDocument* document);
-    void documentActivated(NcApDocument* document);  // null when the last one was closed
+    void documentActivated(NcApDocument* document); // null when the last one was closed
     void documentClosing(NcApDocument* document);
     void documentSaved(NcApDocument* document);
     void commandStarted(const QString& name);
     void commandEnded(const QString& name);
     void pickfirstModified();
     void commandsChanged();
-    void viewChanged();  // the record "*Active" or the user coordinate system was set
+    void viewChanged(); // the record "*Active" or the user coordinate system was set
 };
 
 // Parent of all dialogs; null in batch work.

@@ -22,25 +22,13 @@ NcDbAttributeDefinition* NcDbAttributeDefinition::cast(NcDbObject* object)
     return object && object->isKindOf(desc()) ? static_cast<NcDbAttributeDefinition*>(object) : nullptr;
 }
 
-void NcDbAttributeDefinition::setTag(const QString& tag)
-{
-    assign(tag_, tag);
-}
+void NcDbAttributeDefinition::setTag(const QString& tag) { assign(tag_, tag); }
 
-void NcDbAttributeDefinition::setPrompt(const QString& prompt)
-{
-    assign(prompt_, prompt);
-}
+void NcDbAttributeDefinition::setPrompt(const QString& prompt) { assign(prompt_, prompt); }
 
-void NcDbAttributeDefinition::setConstant(bool on)
-{
-    assign(constant_, on);
-}
+void NcDbAttributeDefinition::setConstant(bool on) { assign(constant_, on); }
 
-void NcDbAttributeDefinition::setInvisible(bool on)
-{
-    assign(invisible_, on);
-}
+void NcDbAttributeDefinition::setInvisible(bool on) { assign(invisible_, on); }
 
 NcDbEntity* NcDbAttribute::clone() const
 {
@@ -81,15 +69,9 @@ NcStatus NcDbAttribute::transformBy(const NcGeMatrix3d& matrix)
     return status;
 }
 
-void NcDbAttribute::setTag(const QString& tag)
-{
-    assign(tag_, tag);
-}
+void NcDbAttribute::setTag(const QString& tag) { assign(tag_, tag); }
 
-void NcDbAttribute::setInvisible(bool on)
-{
-    assign(invisible_, on);
-}
+void NcDbAttribute::setInvisible(bool on) { assign(invisible_, on); }
 
 void NcDbAttribute::setFieldLength(int length)
 {

@@ -31,7 +31,7 @@ std::vector<quint64> handlesAt(const Map& map, const Key& key)
     return handles;
 }
 
-}  // namespace
+} // namespace
 
 void AttributeIndex::clear()
 {

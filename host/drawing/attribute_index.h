@@ -29,14 +29,11 @@ public:
     struct Key {
         quint64 definition;
         QString tag, value;
-        bool operator==(const Key& o) const
-        {
-            return definition == o.definition && tag == o.tag && value == o.value;
-        }
+        bool operator==(const Key& o) const { return definition == o.definition && tag == o.tag && value == o.value; }
     };
 
 private:
-    using Ordered = std::map<quint64, quint64>;  // handle by order of creation
+    using Ordered = std::map<quint64, quint64>; // handle by order of creation
     struct Entry {
         quint64 definition = 0, sequence = 0;
         bool inModelSpace = false;

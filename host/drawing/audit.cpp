@@ -5,7 +5,8 @@
 void AuditReport::add(AuditFinding::Rule rule, NcDbObjectId object, const QString& text)
 {
     findings_.push_back(
-        {rule, object, text + QStringLiteral(" [") + QString::number(object.handle(), 16).toUpper() + QLatin1Char(']')});
+        {rule, object,
+         text + QStringLiteral(" [") + QString::number(object.handle(), 16).toUpper() + QLatin1Char(']')});
 }
 
 std::vector<AuditFinding> audit(const NcDbDatabase& database)
@@ -58,7 +59,7 @@ void auditGroup(AuditReport& report, const NcDbGroup& group)
         report.add(AuditFinding::EmptyGroup, group.objectId(), QStringLiteral("Группа пуста"));
 }
 
-}  // namespace
+} // namespace
 
 void auditGroups(AuditReport& report)
 {

@@ -15,7 +15,8 @@ void auditRules(AuditReport& report, const NcDbBlockTableRecord& block, const Dy
                        QStringLiteral("Правило динамического блока называет чужой объект"));
         if (missing(binding.parameter) || missing(binding.second))
             report.add(AuditFinding::DynamicProperty, block.objectId(),
-                       QStringLiteral("Правило динамического блока называет неизвестный параметр: ") + binding.parameter);
+                       QStringLiteral("Правило динамического блока называет неизвестный параметр: ")
+                           + binding.parameter);
     }
 }
 
@@ -46,7 +47,7 @@ bool isFound(const NcDbDatabase& database, const NcDbBlockReference& reference, 
     return true;
 }
 
-}  // namespace
+} // namespace
 
 void auditDynamicBlocks(AuditReport& report)
 {
@@ -54,8 +55,8 @@ void auditDynamicBlocks(AuditReport& report)
         if (const DynamicDefinition* definition = HostAccess::dynamic(block).get())
             auditRules(report, block, *definition);
     });
-    forEachLiving<NcDbBlockReference>(
-        report.database(), [&](const NcDbBlockReference& reference) { auditValues(report, reference); });
+    forEachLiving<NcDbBlockReference>(report.database(),
+                                      [&](const NcDbBlockReference& reference) { auditValues(report, reference); });
 }
 
 void auditIndex(AuditReport& report)
@@ -76,6 +77,7 @@ void auditIndex(AuditReport& report)
         const AttributeIndex& index = report.drawing().index;
         if (index.references(id.handle()).size() != anywhere[id]
             || index.find(id.handle(), QString(), QString()).size() != inModelSpace[id])
-            report.add(AuditFinding::StaleIndex, id, QStringLiteral("Указатель вставок блока устарел: ") + block.getName());
+            report.add(AuditFinding::StaleIndex, id,
+                       QStringLiteral("Указатель вставок блока устарел: ") + block.getName());
     });
 }

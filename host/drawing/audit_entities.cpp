@@ -6,10 +6,7 @@
 
 namespace {
 
-bool isFinite(const NcGePoint3d& p)
-{
-    return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
-}
+bool isFinite(const NcGePoint3d& p) { return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z); }
 
 // Of a class that has no extents, or without the points that make them.
 bool isEmpty(const NcDbEntity& entity)
@@ -136,7 +133,7 @@ bool reaches(const NcDbBlockTableRecord& from, NcDbObjectId wanted, std::set<NcD
     return false;
 }
 
-}  // namespace
+} // namespace
 
 void auditEntities(AuditReport& report)
 {
@@ -147,8 +144,8 @@ void auditEntities(AuditReport& report)
 
 void auditReferences(AuditReport& report)
 {
-    forEachLiving<NcDbBlockReference>(
-        report.database(), [&](const NcDbBlockReference& reference) { auditReference(report, reference); });
+    forEachLiving<NcDbBlockReference>(report.database(),
+                                      [&](const NcDbBlockReference& reference) { auditReference(report, reference); });
     forEachLiving<NcDbBlockTableRecord>(report.database(), [&](const NcDbBlockTableRecord& block) {
         std::set<NcDbObjectId> visited;
         if (!block.isLayout() && reaches(block, block.objectId(), visited))

@@ -6,7 +6,7 @@
 
 class AuditReport {
 public:
-    explicit AuditReport(const NcDbDatabase& database) : database_(database) {}
+    explicit AuditReport(const NcDbDatabase& database) : database_(database) { }
     const NcDbDatabase& database() const { return database_; }
     const NcDatabaseData& drawing() const { return HostAccess::data(database_); }
     void add(AuditFinding::Rule rule, NcDbObjectId object, const QString& text);

@@ -32,7 +32,7 @@ void expect(AuditReport& report, NcDbObjectId id, const char* what)
         report.add(AuditFinding::MissingTable, id, QStringLiteral("Нет обязательного объекта: ") + QLatin1String(what));
 }
 
-}  // namespace
+} // namespace
 
 void auditTables(AuditReport& report)
 {
@@ -46,8 +46,7 @@ void auditTables(AuditReport& report)
     expect<NcDbBlockTableRecord>(report, drawing.paperSpace, "*Paper_Space");
     expect<NcDbBlockTableRecord>(report, drawing.currentSpace, "CurrentSpace");
     expect<NcDbLayerTableRecord>(report, drawing.currentLayer, "CLAYER");
-    expect<NcDbLayerTableRecord>(report, HostAccess::recordId(report.database(), drawing.layerTable, QStringLiteral("0")),
-                                 "0");
-    forEachLiving<NcDbSymbolTable>(report.database(),
-                                   [&](const NcDbSymbolTable& table) { auditNames(report, table); });
+    expect<NcDbLayerTableRecord>(report,
+                                 HostAccess::recordId(report.database(), drawing.layerTable, QStringLiteral("0")), "0");
+    forEachLiving<NcDbSymbolTable>(report.database(), [&](const NcDbSymbolTable& table) { auditNames(report, table); });
 }

@@ -40,10 +40,7 @@ NcDbBlockTableRecordIterator* NcDbBlockTableRecord::newIterator() const
     return iterator;
 }
 
-bool NcDbBlockTableRecord::isAnonymous() const
-{
-    return name_.startsWith(QLatin1Char('*')) && !layout_;
-}
+bool NcDbBlockTableRecord::isAnonymous() const { return name_.startsWith(QLatin1Char('*')) && !layout_; }
 
 NcDbObjectIdArray NcDbBlockTableRecord::getBlockReferenceIds() const
 {

@@ -33,7 +33,7 @@ void changeAttributes(const NcDbObjectIdArray& ids, const Change& change)
     }
 }
 
-}  // namespace
+} // namespace
 
 NcStatus NcDbBlockReference::setColorIndex(int index, bool withSubentities)
 {
@@ -54,8 +54,7 @@ NcStatus NcDbBlockReference::setLayer(const QString& name, bool withSubentities,
 {
     const NcStatus status = NcDbEntity::setLayer(name, withSubentities, allowLocked);
     if (isOk(status) && withSubentities)
-        changeAttributes(attributes_,
-                         [&](NcDbAttribute& attribute) { attribute.setLayer(name, true, allowLocked); });
+        changeAttributes(attributes_, [&](NcDbAttribute& attribute) { attribute.setLayer(name, true, allowLocked); });
     return status;
 }
 

@@ -3,13 +3,10 @@
 
 #include <nrx/object.h>
 
-#define NCRX_DEFINE(Class, Parent)                          \
-    const NcRxClass* Class::desc()                          \
-    {                                                       \
-        static const NcRxClass described(#Class, Parent::desc()); \
-        return &described;                                  \
-    }                                                       \
-    const NcRxClass* Class::isA() const                     \
-    {                                                       \
-        return Class::desc();                               \
-    }
+#define NCRX_DEFINE(Class, Parent)                                                                                     \
+    const NcRxClass* Class::desc()                                                                                     \
+    {                                                                                                                  \
+        static const NcRxClass described(#Class, Parent::desc());                                                      \
+        return &described;                                                                                             \
+    }                                                                                                                  \
+    const NcRxClass* Class::isA() const { return Class::desc(); }

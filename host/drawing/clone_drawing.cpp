@@ -8,7 +8,8 @@ namespace {
 class Cloner {
 public:
     Cloner(NcDbDatabase& target, NcDbIdMapping& mapping, bool replace)
-        : target_(target), mapping_(mapping), replace_(replace) {}
+        : target_(target), mapping_(mapping), replace_(replace)
+    { }
 
     NcDbObjectId block(const NcDbBlockTableRecord& source);
     NcDbObjectId layer(const NcDbLayerTableRecord& source);
@@ -33,9 +34,9 @@ private:
 void dropReferences(NcDbObject& copy)
 {
     DxfGroups& groups = HostAccess::data(copy).foreignGroups;
-    groups.erase(std::remove_if(groups.begin(), groups.end(),
-                                [](const DxfGroup& group) { return isReferenceCode(group.code); }),
-                 groups.end());
+    groups.erase(
+        std::remove_if(groups.begin(), groups.end(), [](const DxfGroup& group) { return isReferenceCode(group.code); }),
+        groups.end());
     for (auto& application : HostAccess::data(copy).xdata) {
         DxfGroups& values = application.second;
         values.erase(
@@ -202,7 +203,7 @@ bool isCloneable(NcDbObjectId id, const NcRxClass* wanted)
     return object && !object->isErased() && object->isKindOf(wanted) && !object->isKindOf(NcDbAttribute::desc());
 }
 
-}  // namespace
+} // namespace
 
 NcStatus NcDbDatabase::wblockCloneObjects(const NcDbObjectIdArray& ids, NcDbObjectId owner, NcDbIdMapping& mapping,
                                           DuplicateRecords rule)

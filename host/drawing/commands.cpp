@@ -22,10 +22,10 @@ bool answersTo(const CommandInfo& info, const QString& typed)
     const QString bare = bareName(typed);
     const bool globalOnly = typed.left(typed.size() - bare.size()).contains(QLatin1Char('_'));
     return bare.compare(bareName(info.globalName), Qt::CaseInsensitive) == 0
-           || (!globalOnly && bare.compare(info.localName, Qt::CaseInsensitive) == 0);
+        || (!globalOnly && bare.compare(info.localName, Qt::CaseInsensitive) == 0);
 }
 
-}  // namespace
+} // namespace
 
 Commands& Commands::instance()
 {
@@ -167,10 +167,7 @@ NcStatus NcEdCommandStack::addCommand(const QString& group, const QString& globa
     return status;
 }
 
-NcStatus NcEdCommandStack::removeGroup(const QString& group)
-{
-    return Commands::instance().removeGroup(group);
-}
+NcStatus NcEdCommandStack::removeGroup(const QString& group) { return Commands::instance().removeGroup(group); }
 
 NcEdCommandStack* GetCommandStack()
 {
@@ -200,37 +197,19 @@ int ncedCommand(const QStringList& words)
     return kPromptNormal;
 }
 
-std::vector<CommandInfo> registeredCommands()
-{
-    return Commands::instance().list();
-}
+std::vector<CommandInfo> registeredCommands() { return Commands::instance().list(); }
 
-bool hasCommand(const QString& name)
-{
-    return Commands::instance().find(name) || Commands::instance().findHost(name);
-}
+bool hasCommand(const QString& name) { return Commands::instance().find(name) || Commands::instance().findHost(name); }
 
 void addHostCommand(const QString& name, const std::function<void(const QStringList& arguments)>& handler)
 {
     Commands::instance().addHost({{QStringLiteral("HOST"), name, name, kTransparent}, handler});
 }
 
-CommandOutcome runCommand(const QString& name)
-{
-    return Commands::instance().run({name});
-}
+CommandOutcome runCommand(const QString& name) { return Commands::instance().run({name}); }
 
-CommandOutcome runCommandWords(const QStringList& words)
-{
-    return Commands::instance().run(words);
-}
+CommandOutcome runCommandWords(const QStringList& words) { return Commands::instance().run(words); }
 
-QString activeCommand()
-{
-    return Commands::instance().active();
-}
+QString activeCommand() { return Commands::instance().active(); }
 
-void runQueuedCommands()
-{
-    Commands::instance().runQueue();
-}
+void runQueuedCommands() { Commands::instance().runQueue(); }

@@ -47,6 +47,6 @@ private:
     std::vector<std::unique_ptr<NcEdCommand>> commands_;
     std::vector<HostCommand> hostCommands_;
     std::deque<Queued> queue_;
-    QStringList running_;  // nested: a transparent command within another
+    QStringList running_; // nested: a transparent command within another
     bool drainingQueue_ = false;
 };

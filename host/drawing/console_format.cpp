@@ -10,7 +10,7 @@ struct Conversion {
     bool left = false, zeros = false, plus = false, blank = false;
     int width = 0;
     int precision = -1;
-    int longs = 0;    // l, ll; z and j count as ll
+    int longs = 0; // l, ll; z and j count as ll
     bool half = false;
     wchar_t letter = 0;
 };
@@ -186,7 +186,7 @@ void Composer::pad(const Conversion& conversion, const QString& text, bool numbe
     out_ += text.left(sign) + text.mid(sign).rightJustified(conversion.width - sign, QLatin1Char('0'));
 }
 
-}  // namespace
+} // namespace
 
 QString composeConsoleText(const wchar_t* format, va_list arguments)
 {

@@ -36,11 +36,11 @@ NcDbViewportTableRecord* activeView(NcDatabaseData& drawing)
     const auto* table = HostAccess::objectAs<NcDbSymbolTable>(drawing.viewportTable);
     NcDbObjectId id;
     return table && isOk(table->getAt(QStringLiteral("*Active"), id))
-               ? HostAccess::objectAs<NcDbViewportTableRecord>(id)
-               : nullptr;
+        ? HostAccess::objectAs<NcDbViewportTableRecord>(id)
+        : nullptr;
 }
 
-}  // namespace
+} // namespace
 
 NcStatus ncedGetCurrentUCS(NcGeMatrix3d& matrix)
 {

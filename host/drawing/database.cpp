@@ -13,7 +13,7 @@ NcStatus openTable(T*& table, NcDbObjectId id, NcOpenMode mode)
     return ncdbOpenObject(table, id, mode);
 }
 
-}  // namespace
+} // namespace
 
 NcDbDatabase::NcDbDatabase(bool withDefaults) : data_(std::make_unique<NcDatabaseData>())
 {
@@ -48,35 +48,17 @@ NcStatus NcDbDatabase::readDwgFile(const QString& path, ShareMode, const QString
     return NcStatus::Ok;
 }
 
-NcStatus NcDbDatabase::saveAs(const QString& path)
-{
-    return writeDrawing(*this, path);
-}
+NcStatus NcDbDatabase::saveAs(const QString& path) { return writeDrawing(*this, path); }
 
-NcDbObjectId NcDbDatabase::blockTableId() const
-{
-    return data_->blockTable;
-}
+NcDbObjectId NcDbDatabase::blockTableId() const { return data_->blockTable; }
 
-NcDbObjectId NcDbDatabase::layerTableId() const
-{
-    return data_->layerTable;
-}
+NcDbObjectId NcDbDatabase::layerTableId() const { return data_->layerTable; }
 
-NcDbObjectId NcDbDatabase::ucsTableId() const
-{
-    return data_->ucsTable;
-}
+NcDbObjectId NcDbDatabase::ucsTableId() const { return data_->ucsTable; }
 
-NcDbObjectId NcDbDatabase::viewportTableId() const
-{
-    return data_->viewportTable;
-}
+NcDbObjectId NcDbDatabase::viewportTableId() const { return data_->viewportTable; }
 
-NcDbObjectId NcDbDatabase::currentSpaceId() const
-{
-    return data_->currentSpace;
-}
+NcDbObjectId NcDbDatabase::currentSpaceId() const { return data_->currentSpace; }
 
 NcStatus NcDbDatabase::getSymbolTable(NcDbBlockTable*& table, NcOpenMode mode)
 {
@@ -103,10 +85,7 @@ NcStatus NcDbDatabase::getGroupDictionary(NcDbDictionary*& dictionary, NcOpenMod
     return openTable(dictionary, data_->groupDictionary, mode);
 }
 
-NcDbObjectId NcDbDatabase::clayer() const
-{
-    return data_->currentLayer;
-}
+NcDbObjectId NcDbDatabase::clayer() const { return data_->currentLayer; }
 
 NcStatus NcDbDatabase::setClayer(NcDbObjectId layer)
 {
@@ -120,15 +99,9 @@ NcStatus NcDbDatabase::setClayer(NcDbObjectId layer)
     return NcStatus::Ok;
 }
 
-double NcDbDatabase::dimtxt() const
-{
-    return data_->dimtxt;
-}
+double NcDbDatabase::dimtxt() const { return data_->dimtxt; }
 
-double NcDbDatabase::dimscale() const
-{
-    return data_->dimscale;
-}
+double NcDbDatabase::dimscale() const { return data_->dimscale; }
 
 NcDbObjectIdArray NcDbDatabase::findBlockReferences(const QString& block, const QString& tag,
                                                     const QString& value) const
@@ -143,15 +116,9 @@ NcDbObjectIdArray NcDbDatabase::findBlockReferences(const QString& block, const 
     return found;
 }
 
-NcDbDatabase* NcDbHostApplicationServices::workingDatabase() const
-{
-    return g_working;
-}
+NcDbDatabase* NcDbHostApplicationServices::workingDatabase() const { return g_working; }
 
-void NcDbHostApplicationServices::setWorkingDatabase(NcDbDatabase* database)
-{
-    g_working = database;
-}
+void NcDbHostApplicationServices::setWorkingDatabase(NcDbDatabase* database) { g_working = database; }
 
 NcDbHostApplicationServices* ncdbHostApplicationServices()
 {

@@ -10,27 +10,18 @@
 
 namespace {
 
-QString cleaned(const QString& path)
-{
-    return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
-}
+QString cleaned(const QString& path) { return QDir::cleanPath(QFileInfo(path).absoluteFilePath()); }
 
-quint64 changeCount(const NcDbDatabase& database)
-{
-    return HostAccess::data(database).changeCount;
-}
+quint64 changeCount(const NcDbDatabase& database) { return HostAccess::data(database).changeCount; }
 
-}  // namespace
+} // namespace
 
 Document::Document(const QString& fileName) : fileName_(fileName), database_(std::make_unique<NcDbDatabase>())
 {
     savedChange_ = changeCount(*database_);
 }
 
-bool Document::isModified() const
-{
-    return changeCount(*database_) != savedChange_;
-}
+bool Document::isModified() const { return changeCount(*database_) != savedChange_; }
 
 Documents& Documents::instance()
 {
@@ -129,8 +120,8 @@ NcStatus Documents::close(NcApDocument* document)
     if (HostAccess::data(*closing->database()).openObjects > 0)
         return NcStatus::WasOpenForWrite;
     emit HostEvents::instance()->documentClosing(closing);
-    const auto found = std::find_if(documents_.begin(), documents_.end(),
-                                    [&](const auto& entry) { return entry.get() == closing; });
+    const auto found =
+        std::find_if(documents_.begin(), documents_.end(), [&](const auto& entry) { return entry.get() == closing; });
     const std::unique_ptr<Document> last = std::move(*found);
     documents_.erase(found);
     if (current_ == closing)
@@ -184,10 +175,7 @@ void Documents::forgetAll()
     untitledCount_ = 0;
 }
 
-int NcApDocManager::documentCount() const
-{
-    return int(Documents::instance().all().size());
-}
+int NcApDocManager::documentCount() const { return int(Documents::instance().all().size()); }
 
 NcApDocument* NcApDocManager::document(int index) const
 {
@@ -195,35 +183,20 @@ NcApDocument* NcApDocManager::document(int index) const
     return index >= 0 && size_t(index) < all.size() ? all[size_t(index)].get() : nullptr;
 }
 
-NcApDocument* NcApDocManager::curDocument() const
-{
-    return Documents::instance().current();
-}
+NcApDocument* NcApDocManager::curDocument() const { return Documents::instance().current(); }
 
-NcApDocument* NcApDocManager::findByFileName(const QString& path) const
-{
-    return Documents::instance().find(path);
-}
+NcApDocument* NcApDocManager::findByFileName(const QString& path) const { return Documents::instance().find(path); }
 
 NcStatus NcApDocManager::appContextNewDocument(const QString& templateName)
 {
     return Documents::instance().openNew(templateName);
 }
 
-NcStatus NcApDocManager::appContextOpenDocument(const QString& path)
-{
-    return Documents::instance().open(path);
-}
+NcStatus NcApDocManager::appContextOpenDocument(const QString& path) { return Documents::instance().open(path); }
 
-NcStatus NcApDocManager::activateDocument(NcApDocument* document)
-{
-    return Documents::instance().activate(document);
-}
+NcStatus NcApDocManager::activateDocument(NcApDocument* document) { return Documents::instance().activate(document); }
 
-NcStatus NcApDocManager::closeDocument(NcApDocument* document)
-{
-    return Documents::instance().close(document);
-}
+NcStatus NcApDocManager::closeDocument(NcApDocument* document) { return Documents::instance().close(document); }
 
 NcStatus NcApDocManager::saveDocumentAs(NcApDocument* document, const QString& path)
 {
@@ -242,15 +215,9 @@ NcApDocManager* ncDocManagerPtr()
     return &manager;
 }
 
-void setPickfirst(const NcDbObjectIdArray& ids)
-{
-    Documents::instance().setPickfirst(ids);
-}
+void setPickfirst(const NcDbObjectIdArray& ids) { Documents::instance().setPickfirst(ids); }
 
-void addTemplateFolder(const QString& folder)
-{
-    Documents::instance().addTemplateFolder(folder);
-}
+void addTemplateFolder(const QString& folder) { Documents::instance().addTemplateFolder(folder); }
 
 void openStartDocument()
 {
@@ -259,7 +226,4 @@ void openStartDocument()
         documents->appContextNewDocument(QString());
 }
 
-void closeAllDocuments()
-{
-    Documents::instance().forgetAll();
-}
+void closeAllDocuments() { Documents::instance().forgetAll(); }

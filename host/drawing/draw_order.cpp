@@ -27,7 +27,7 @@ NcDbObjectIdArray reordered(const NcDbObjectIdArray& present, const std::set<NcD
     return order;
 }
 
-}  // namespace
+} // namespace
 
 NcDbObjectIdArray NcDbSortentsTable::getFullDrawOrder() const
 {
@@ -59,12 +59,6 @@ NcStatus NcDbSortentsTable::move(const NcDbObjectIdArray& ids, bool bottom)
     return assign(order_, reordered(getFullDrawOrder(), {ids.begin(), ids.end()}, bottom));
 }
 
-NcStatus NcDbSortentsTable::moveToBottom(const NcDbObjectIdArray& ids)
-{
-    return move(ids, true);
-}
+NcStatus NcDbSortentsTable::moveToBottom(const NcDbObjectIdArray& ids) { return move(ids, true); }
 
-NcStatus NcDbSortentsTable::moveToTop(const NcDbObjectIdArray& ids)
-{
-    return move(ids, false);
-}
+NcStatus NcDbSortentsTable::moveToTop(const NcDbObjectIdArray& ids) { return move(ids, false); }

@@ -21,8 +21,7 @@ NcDbObjectId ensureRecord(NcDbDatabase& database, NcDbObjectId table, const QStr
 
 NcDbObjectId ensureLayout(NcDbDatabase& database, const QString& name)
 {
-    const NcDbObjectId id =
-        ensureRecord<NcDbBlockTableRecord>(database, HostAccess::data(database).blockTable, name);
+    const NcDbObjectId id = ensureRecord<NcDbBlockTableRecord>(database, HostAccess::data(database).blockTable, name);
     HostAccess::layout(*HostAccess::objectAs<NcDbBlockTableRecord>(id)) = true;
     return id;
 }
@@ -49,12 +48,9 @@ void moveTo(NcDbDatabase& database, NcDbObjectId id, quint64 handle)
     }
 }
 
-bool isLiveLayer(NcDbObjectId id)
-{
-    return HostAccess::objectAs<NcDbLayerTableRecord>(id) && !id.isErased();
-}
+bool isLiveLayer(NcDbObjectId id) { return HostAccess::objectAs<NcDbLayerTableRecord>(id) && !id.isErased(); }
 
-}  // namespace
+} // namespace
 
 void HostAccess::addTables(NcDbDatabase& database)
 {

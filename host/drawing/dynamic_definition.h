@@ -9,9 +9,9 @@
 // A property of the block's references.
 struct DynamicParameter {
     QString name;
-    int type = 40;         // 1 text, 40 real, 70 16-bit integer, 90 32-bit integer
-    QString defaultValue;  // printed; reals with '.' and no exponent needed
-    QStringList allowed;   // empty: any value of the type
+    int type = 40;        // 1 text, 40 real, 70 16-bit integer, 90 32-bit integer
+    QString defaultValue; // printed; reals with '.' and no exponent needed
+    QStringList allowed;  // empty: any value of the type
 
     bool operator==(const DynamicParameter& o) const
     {
@@ -28,24 +28,24 @@ struct DynamicParameter {
 // takes it to the leader's present end.
 struct DynamicBinding {
     enum Kind {
-        Move,     // by (d of `parameter`, d of `second`), the X and Y of a grip
-        Slide,    // by `direction` times d
-        Stretch,  // only vertex `vertex` moves, as by Move
-        Length,   // the vertex `vertex` of a line, or of a polyline, is set from the
-                  // vertex before it (from vertex 1 when it is 0), in the
-                  // direction it has, or in `direction` when the two coincide,
-                  // at the distance `parameter`
-        Rotate,   // by d radians about `base`
-        Mirror,   // while the value is not 0: about the line through `base`
-                  // along `direction`; texts stay readable
-        Visible   // shown only while the value is one of `values`
+        Move,    // by (d of `parameter`, d of `second`), the X and Y of a grip
+        Slide,   // by `direction` times d
+        Stretch, // only vertex `vertex` moves, as by Move
+        Length,  // the vertex `vertex` of a line, or of a polyline, is set from the
+                 // vertex before it (from vertex 1 when it is 0), in the
+                 // direction it has, or in `direction` when the two coincide,
+                 // at the distance `parameter`
+        Rotate,  // by d radians about `base`
+        Mirror,  // while the value is not 0: about the line through `base`
+                 // along `direction`; texts stay readable
+        Visible  // shown only while the value is one of `values`
     };
 
     Kind kind = Move;
-    quint64 entity = 0;  // handle of the entity in the definition
+    quint64 entity = 0; // handle of the entity in the definition
     QString parameter;
-    QString second;      // Move and Stretch: the Y parameter, may be empty
-    int vertex = 1;      // Stretch and Length: 0 start, 1 end of a line; index of a polyline
+    QString second; // Move and Stretch: the Y parameter, may be empty
+    int vertex = 1; // Stretch and Length: 0 start, 1 end of a line; index of a polyline
     NcGePoint2d base;
     NcGePoint2d direction{0.0, 1.0};
     QStringList values;
@@ -53,20 +53,17 @@ struct DynamicBinding {
     bool operator==(const DynamicBinding& o) const
     {
         return kind == o.kind && entity == o.entity && parameter == o.parameter && second == o.second
-               && vertex == o.vertex && base == o.base && direction == o.direction && values == o.values;
+            && vertex == o.vertex && base == o.base && direction == o.direction && values == o.values;
     }
 };
 
 struct DynamicDefinition {
-    std::vector<DynamicParameter> parameters;  // in the order of getBlockProperties
+    std::vector<DynamicParameter> parameters; // in the order of getBlockProperties
     std::vector<DynamicBinding> bindings;
 
     // Null when there is no such parameter. Names are compared exactly.
     const DynamicParameter* parameter(const QString& name) const;
-    bool operator==(const DynamicDefinition& o) const
-    {
-        return parameters == o.parameters && bindings == o.bindings;
-    }
+    bool operator==(const DynamicDefinition& o) const { return parameters == o.parameters && bindings == o.bindings; }
 };
 
 // The definition as lines of text, for block sources and extension data: a line
@@ -87,8 +84,8 @@ NRX_API bool parseDynamicDefinition(const QStringList& lines, DynamicDefinition&
 
 // An entity of a reference as its properties say.
 struct EvaluatedEntity {
-    std::unique_ptr<NcDbEntity> entity;  // a clone, in block coordinates, outside any drawing
-    NcDbObjectId source;                 // the entity of the definition
+    std::unique_ptr<NcDbEntity> entity; // a clone, in block coordinates, outside any drawing
+    NcDbObjectId source;                // the entity of the definition
 };
 
 // All entities of the reference's definition that were not erased, in drawing

@@ -43,8 +43,8 @@ void place(NcDbAttribute& attribute, const NcDbAttributeDefinition& evaluated)
     HostAccess::vertical(attribute) = evaluated.verticalMode();
     HostAccess::visible(attribute) = evaluated.isVisible();
     if (NcDbMText* text = HostAccess::mtext(attribute).get()) {
-        const bool plain = evaluated.horizontalMode() == NcDbText::kTextLeft
-                           && evaluated.verticalMode() == NcDbText::kTextBase;
+        const bool plain =
+            evaluated.horizontalMode() == NcDbText::kTextLeft && evaluated.verticalMode() == NcDbText::kTextBase;
         text->setLocation(plain ? evaluated.position() : evaluated.alignmentPoint());
         text->setTextHeight(evaluated.height());
         text->setRotation(evaluated.rotation());
@@ -52,7 +52,7 @@ void place(NcDbAttribute& attribute, const NcDbAttributeDefinition& evaluated)
     HostAccess::touch(attribute);
 }
 
-}  // namespace
+} // namespace
 
 std::vector<EvaluatedEntity> evaluatedEntities(const NcDbBlockReference& reference)
 {

@@ -8,10 +8,7 @@
 
 namespace {
 
-const NcDbBlockReference* referenceOf(NcDbObjectId id)
-{
-    return HostAccess::objectAs<NcDbBlockReference>(id);
-}
+const NcDbBlockReference* referenceOf(NcDbObjectId id) { return HostAccess::objectAs<NcDbBlockReference>(id); }
 
 const DynamicDefinition* definitionOf(const NcDbBlockReference* reference)
 {
@@ -45,23 +42,23 @@ bool sameValue(const NcDbEvalVariant& a, const NcDbEvalVariant& b)
 bool isAllowed(const DynamicParameter& parameter, const NcDbEvalVariant& value)
 {
     return parameter.allowed.isEmpty()
-           || std::any_of(parameter.allowed.begin(), parameter.allowed.end(), [&](const QString& allowed) {
-                  return sameValue(HostAccess::evalVariant(parameter.type, allowed), value);
-              });
+        || std::any_of(parameter.allowed.begin(), parameter.allowed.end(), [&](const QString& allowed) {
+               return sameValue(HostAccess::evalVariant(parameter.type, allowed), value);
+           });
 }
 
 // A value equal to the default is not kept.
 void storeValue(NcDbBlockReference& reference, const DynamicParameter& parameter, const NcDbEvalVariant& value)
 {
     auto& values = HostAccess::dynamicValues(reference);
-    values.erase(std::remove_if(values.begin(), values.end(),
-                                [&](const auto& entry) { return entry.first == parameter.name; }),
-                 values.end());
+    values.erase(
+        std::remove_if(values.begin(), values.end(), [&](const auto& entry) { return entry.first == parameter.name; }),
+        values.end());
     if (!sameValue(value, HostAccess::evalVariant(parameter.type, parameter.defaultValue)))
         values.emplace_back(parameter.name, printed(value));
 }
 
-}  // namespace
+} // namespace
 
 const DynamicParameter* DynamicDefinition::parameter(const QString& name) const
 {

@@ -96,7 +96,7 @@ void mirror(const DynamicBinding& binding, NcDbEntity& entity)
         entity.transformBy(matrix);
 }
 
-}  // namespace
+} // namespace
 
 double DynamicValues::change(const QString& name) const
 {
@@ -107,9 +107,7 @@ double DynamicValues::change(const QString& name) const
 void applyBinding(const DynamicBinding& binding, const DynamicValues& values, NcDbEntity& entity)
 {
     switch (binding.kind) {
-    case DynamicBinding::Move:
-        entity.transformBy(NcGeMatrix3d::translation(grip(binding, values)));
-        break;
+    case DynamicBinding::Move: entity.transformBy(NcGeMatrix3d::translation(grip(binding, values))); break;
     case DynamicBinding::Slide: {
         const NcGeVector3d along(binding.direction.x, binding.direction.y, 0.0);
         entity.transformBy(NcGeMatrix3d::translation(along * values.change(binding.parameter)));
@@ -118,9 +116,7 @@ void applyBinding(const DynamicBinding& binding, const DynamicValues& values, Nc
     case DynamicBinding::Stretch:
         setVertex(entity, binding.vertex, vertexAt(entity, binding.vertex) + grip(binding, values));
         break;
-    case DynamicBinding::Length:
-        setLength(binding, values, entity);
-        break;
+    case DynamicBinding::Length: setLength(binding, values, entity); break;
     case DynamicBinding::Rotate:
         entity.transformBy(NcGeMatrix3d::rotation(values.change(binding.parameter), NcGeVector3d::kZAxis,
                                                   {binding.base.x, binding.base.y, 0.0}));

@@ -7,7 +7,8 @@
 class DynamicValues {
 public:
     DynamicValues(const DynamicDefinition& definition, const NcDbBlockReference& reference)
-        : definition_(definition), reference_(reference) {}
+        : definition_(definition), reference_(reference)
+    { }
 
     QString printed(const QString& name) const { return dynamicValue(reference_, name); }
     double number(const QString& name) const { return printed(name).toDouble(); }

@@ -9,12 +9,12 @@ namespace {
 struct KindForm {
     DynamicBinding::Kind kind;
     const char* word;
-    const char* fields;  // p parameter, s second, v vertex, b base, d direction, * values
+    const char* fields; // p parameter, s second, v vertex, b base, d direction, * values
 };
 
-const KindForm kForms[] = {{DynamicBinding::Move, "move", "ps"},      {DynamicBinding::Slide, "slide", "pd"},
+const KindForm kForms[] = {{DynamicBinding::Move, "move", "ps"},        {DynamicBinding::Slide, "slide", "pd"},
                            {DynamicBinding::Stretch, "stretch", "psv"}, {DynamicBinding::Length, "length", "pvd"},
-                           {DynamicBinding::Rotate, "rotate", "pb"},  {DynamicBinding::Mirror, "mirror", "pbd"},
+                           {DynamicBinding::Rotate, "rotate", "pb"},    {DynamicBinding::Mirror, "mirror", "pbd"},
                            {DynamicBinding::Visible, "visible", "p*"}};
 
 const QLatin1Char kDivider('|'), kEscape('\\');
@@ -41,15 +41,9 @@ QStringList divided(const QString& line)
     return fields;
 }
 
-QString shortest(double value)
-{
-    return QString::number(value, 'g', QLocale::FloatingPointShortest);
-}
+QString shortest(double value) { return QString::number(value, 'g', QLocale::FloatingPointShortest); }
 
-QStringList pointFields(const NcGePoint2d& point)
-{
-    return {shortest(point.x), shortest(point.y)};
-}
+QStringList pointFields(const NcGePoint2d& point) { return {shortest(point.x), shortest(point.y)}; }
 
 const KindForm& formOf(DynamicBinding::Kind kind)
 {
@@ -79,7 +73,7 @@ QString bindingLine(const DynamicBinding& binding)
 // Takes fields from the front of a line.
 class FieldReader {
 public:
-    explicit FieldReader(const QStringList& fields) : fields_(fields) {}
+    explicit FieldReader(const QStringList& fields) : fields_(fields) { }
     QString text()
     {
         good_ = good_ && at_ < fields_.size();
@@ -154,8 +148,8 @@ bool readBinding(const KindForm& form, FieldReader fields, DynamicDefinition& de
         default: binding.values = fields.rest(); break;
         }
     }
-    const bool named = definition.parameter(binding.parameter)
-                       && (binding.second.isEmpty() || definition.parameter(binding.second));
+    const bool named =
+        definition.parameter(binding.parameter) && (binding.second.isEmpty() || definition.parameter(binding.second));
     if (!fields.finished() || !named)
         return false;
     definition.bindings.push_back(binding);
@@ -173,7 +167,7 @@ bool readLine(const QString& line, DynamicDefinition& definition)
     return false;
 }
 
-}  // namespace
+} // namespace
 
 QStringList dynamicDefinitionText(const DynamicDefinition& definition)
 {

@@ -24,7 +24,7 @@ void tellAll(const Tell& tell)
     }
 }
 
-}  // namespace
+} // namespace
 
 NcEditor* NcEditor::instance()
 {
@@ -47,9 +47,7 @@ void NcEditor::removeReactor(NcEditorReactor* reactor)
 
 void notifyCommand(const QString& name, bool starts)
 {
-    tellAll([&](NcEditorReactor& reactor) {
-        starts ? reactor.commandWillStart(name) : reactor.commandEnded(name);
-    });
+    tellAll([&](NcEditorReactor& reactor) { starts ? reactor.commandWillStart(name) : reactor.commandEnded(name); });
     if (starts)
         emit HostEvents::instance()->commandStarted(name);
     else

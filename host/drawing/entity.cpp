@@ -11,7 +11,7 @@ const NcDbDatabase* drawingOf(const NcDbEntity& entity)
     return entity.database() ? entity.database() : ncdbHostApplicationServices()->workingDatabase();
 }
 
-}  // namespace
+} // namespace
 
 NcDbEntity::NcDbEntity() = default;
 
@@ -22,10 +22,7 @@ NcStatus NcDbEntity::setColorIndex(int index, bool withSubentities)
     return isOk(status) ? setColor(color, withSubentities) : status;
 }
 
-NcStatus NcDbEntity::setColor(const NcCmColor& color, bool)
-{
-    return assign(color_, color);
-}
+NcStatus NcDbEntity::setColor(const NcCmColor& color, bool) { return assign(color_, color); }
 
 NcStatus NcDbEntity::setLayer(const QString& name, bool, bool allowLocked)
 {
@@ -46,10 +43,7 @@ NcStatus NcDbEntity::setLinetype(const QString& name)
     return name.isEmpty() ? NcStatus::InvalidInput : assign(linetype_, name);
 }
 
-void NcDbEntity::setVisible(bool visible)
-{
-    assign(visible_, visible);
-}
+void NcDbEntity::setVisible(bool visible) { assign(visible_, visible); }
 
 void NcDbEntity::setDatabaseDefaults(NcDbDatabase* database)
 {

@@ -8,7 +8,7 @@ const double kPi = 3.141592653589793;
 const double kTwoPi = 2.0 * kPi;
 // A mean letter is that wide for its height.
 const double kLetterWidth = 0.8;
-}  // namespace
+} // namespace
 
 void ExtentsBuilder::add(const NcGePoint3d& p)
 {
@@ -105,7 +105,4 @@ void addTextBox(ExtentsBuilder& box, const NcGePoint3d& at, double width, double
     }
 }
 
-double textWidth(const QString& text, double height)
-{
-    return double(text.size()) * height * kLetterWidth;
-}
+double textWidth(const QString& text, double height) { return double(text.size()) * height * kLetterWidth; }

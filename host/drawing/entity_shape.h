@@ -23,7 +23,7 @@ private:
 struct PlaneChange {
     explicit PlaneChange(const NcGeMatrix3d& matrix);
 
-    double scale;    // length of the image of the X axis; of the Y axis where that is 0
+    double scale; // length of the image of the X axis; of the Y axis where that is 0
     bool mirrored;
     // Angle that a direction at `radians` has afterwards; the same angle when
     // the direction vanishes.

@@ -11,10 +11,7 @@ namespace {
 const double kTwoPi = 6.283185307179586;
 }
 
-double NcGeVector3d::length() const
-{
-    return std::sqrt(dotProduct(*this));
-}
+double NcGeVector3d::length() const { return std::sqrt(dotProduct(*this)); }
 
 NcGeVector3d NcGeVector3d::normal() const
 {
@@ -22,10 +19,7 @@ NcGeVector3d NcGeVector3d::normal() const
     return size > 0.0 ? *this * (1.0 / size) : *this;
 }
 
-double NcGeVector3d::dotProduct(const NcGeVector3d& other) const
-{
-    return x * other.x + y * other.y + z * other.z;
-}
+double NcGeVector3d::dotProduct(const NcGeVector3d& other) const { return x * other.x + y * other.y + z * other.z; }
 
 NcGeVector3d NcGeVector3d::crossProduct(const NcGeVector3d& o) const
 {
@@ -38,15 +32,9 @@ double NcGeVector3d::angleTo(const NcGeVector3d& other, const NcGeVector3d& abou
     return angle < 0.0 ? angle + kTwoPi : angle;
 }
 
-double NcGePoint3d::distanceTo(const NcGePoint3d& other) const
-{
-    return (*this - other).length();
-}
+double NcGePoint3d::distanceTo(const NcGePoint3d& other) const { return (*this - other).length(); }
 
-NcGeMatrix3d::NcGeMatrix3d()
-{
-    setToIdentity();
-}
+NcGeMatrix3d::NcGeMatrix3d() { setToIdentity(); }
 
 NcGeMatrix3d NcGeMatrix3d::translation(const NcGeVector3d& by)
 {
@@ -104,8 +92,8 @@ NcGeMatrix3d& NcGeMatrix3d::setTranslation(const NcGeVector3d& by)
     return *this;
 }
 
-NcGeMatrix3d& NcGeMatrix3d::setCoordSystem(const NcGePoint3d& origin, const NcGeVector3d& x,
-                                           const NcGeVector3d& y, const NcGeVector3d& z)
+NcGeMatrix3d& NcGeMatrix3d::setCoordSystem(const NcGePoint3d& origin, const NcGeVector3d& x, const NcGeVector3d& y,
+                                           const NcGeVector3d& z)
 {
     setToIdentity();
     const NcGeVector3d columns[4] = {x, y, z, origin.asVector()};
@@ -141,7 +129,7 @@ double NcGeMatrix3d::det() const
 {
     const auto& e = entry;
     return e[0][0] * (e[1][1] * e[2][2] - e[1][2] * e[2][1]) - e[0][1] * (e[1][0] * e[2][2] - e[1][2] * e[2][0])
-           + e[0][2] * (e[1][0] * e[2][1] - e[1][1] * e[2][0]);
+        + e[0][2] * (e[1][0] * e[2][1] - e[1][1] * e[2][0]);
 }
 
 NcGeMatrix3d NcGeMatrix3d::inverse() const

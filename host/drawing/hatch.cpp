@@ -10,15 +10,9 @@ void NcDbHatch::setNormal(const NcGeVector3d& normal)
         assign(normal_, normal.normal());
 }
 
-void NcDbHatch::setElevation(double z)
-{
-    assign(elevation_, z);
-}
+void NcDbHatch::setElevation(double z) { assign(elevation_, z); }
 
-void NcDbHatch::setAssociative(bool on)
-{
-    assign(associative_, on);
-}
+void NcDbHatch::setAssociative(bool on) { assign(associative_, on); }
 
 NcStatus NcDbHatch::setPattern(PatternType type, const QString& name)
 {
@@ -34,10 +28,7 @@ void NcDbHatch::setPatternScale(double scale)
         assign(patternScale_, scale);
 }
 
-NcStatus NcDbHatch::setHatchStyle(HatchStyle style)
-{
-    return assign(style_, style);
-}
+NcStatus NcDbHatch::setHatchStyle(HatchStyle style) { return assign(style_, style); }
 
 NcStatus NcDbHatch::appendLoop(int type, const std::vector<NcGePoint2d>& points, const std::vector<double>& bulges)
 {
@@ -55,10 +46,7 @@ NcStatus NcDbHatch::appendLoop(int type, const std::vector<NcGePoint2d>& points,
     return NcStatus::Ok;
 }
 
-NcStatus NcDbHatch::evaluateHatch()
-{
-    return loops_.empty() ? NcStatus::InvalidInput : assign(evaluated_, true);
-}
+NcStatus NcDbHatch::evaluateHatch() { return loops_.empty() ? NcStatus::InvalidInput : assign(evaluated_, true); }
 
 NcStatus NcDbHatch::transformBy(const NcGeMatrix3d& matrix)
 {

@@ -8,8 +8,8 @@
 // A pair of accessors of one private member, for a changeable and a constant
 // object. Writing through them checks nothing and tells nobody: call
 // HostAccess::touch afterwards, or HostAccess::finishLoading after many.
-#define HOST_MEMBER(Class, name, member)                                  \
-    static auto& name(Class& object) { return object.member; }            \
+#define HOST_MEMBER(Class, name, member)                                                                               \
+    static auto& name(Class& object) { return object.member; }                                                         \
     static const auto& name(const Class& object) { return object.member; }
 
 struct NRX_API HostAccess {

@@ -18,17 +18,11 @@ struct ModuleHost::Module {
 namespace {
 
 // The packet that a module gets stands for it.
-bool* unlockedFlag(void* packet)
-{
-    return static_cast<bool*>(packet);
-}
+bool* unlockedFlag(void* packet) { return static_cast<bool*>(packet); }
 
-QString cleaned(const QString& path)
-{
-    return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
-}
+QString cleaned(const QString& path) { return QDir::cleanPath(QFileInfo(path).absoluteFilePath()); }
 
-}  // namespace
+} // namespace
 
 bool NcRxDynamicLinker::unlockApplication(void* packet)
 {
@@ -37,10 +31,7 @@ bool NcRxDynamicLinker::unlockApplication(void* packet)
     return packet != nullptr;
 }
 
-bool NcRxDynamicLinker::setMultiDocumentAware(void* packet)
-{
-    return packet != nullptr;
-}
+bool NcRxDynamicLinker::setMultiDocumentAware(void* packet) { return packet != nullptr; }
 
 NcRxDynamicLinker* GetDynamicLinker()
 {

@@ -9,32 +9,17 @@ NCRX_DEFINE(NcDbMText, NcDbEntity)
 namespace {
 // Lines stand that many text heights apart.
 const double kLineSpacing = 5.0 / 3.0;
-}
+} // namespace
 
-void NcDbMText::setContents(const QString& text)
-{
-    assign(contents_, text);
-}
+void NcDbMText::setContents(const QString& text) { assign(contents_, text); }
 
-void NcDbMText::setLocation(const NcGePoint3d& p)
-{
-    assign(location_, p);
-}
+void NcDbMText::setLocation(const NcGePoint3d& p) { assign(location_, p); }
 
-void NcDbMText::setTextHeight(double height)
-{
-    assign(height_, height);
-}
+void NcDbMText::setTextHeight(double height) { assign(height_, height); }
 
-void NcDbMText::setWidth(double width)
-{
-    assign(width_, width);
-}
+void NcDbMText::setWidth(double width) { assign(width_, width); }
 
-void NcDbMText::setRotation(double radians)
-{
-    assign(rotation_, radians);
-}
+void NcDbMText::setRotation(double radians) { assign(rotation_, radians); }
 
 void NcDbMText::setAttachment(int attachment)
 {
@@ -42,20 +27,11 @@ void NcDbMText::setAttachment(int attachment)
         assign(attachment_, attachment);
 }
 
-void NcDbMText::setBackgroundFill(bool on)
-{
-    assign(backgroundFill_, on);
-}
+void NcDbMText::setBackgroundFill(bool on) { assign(backgroundFill_, on); }
 
-void NcDbMText::setUseBackgroundColor(bool on)
-{
-    assign(useBackgroundColor_, on);
-}
+void NcDbMText::setUseBackgroundColor(bool on) { assign(useBackgroundColor_, on); }
 
-void NcDbMText::setBackgroundScaleFactor(double factor)
-{
-    assign(backgroundScale_, factor);
-}
+void NcDbMText::setBackgroundScaleFactor(double factor) { assign(backgroundScale_, factor); }
 
 NcStatus NcDbMText::transformBy(const NcGeMatrix3d& matrix)
 {

@@ -8,10 +8,7 @@ bool NcRxClass::isDerivedFrom(const NcRxClass* other) const
     return false;
 }
 
-bool NcDbObjectId::isValid() const
-{
-    return HostAccess::object(*this) != nullptr;
-}
+bool NcDbObjectId::isValid() const { return HostAccess::object(*this) != nullptr; }
 
 bool NcDbObjectId::isErased() const
 {
@@ -19,7 +16,7 @@ bool NcDbObjectId::isErased() const
     return object && HostAccess::data(*object).erased;
 }
 
-NcDbObject::NcDbObject() : data_(std::make_unique<NcObjectData>()) {}
+NcDbObject::NcDbObject() : data_(std::make_unique<NcObjectData>()) { }
 
 NcDbObject::~NcDbObject() = default;
 
@@ -29,35 +26,17 @@ const NcRxClass* NcDbObject::desc()
     return &described;
 }
 
-const NcRxClass* NcDbObject::isA() const
-{
-    return desc();
-}
+const NcRxClass* NcDbObject::isA() const { return desc(); }
 
-NcDbObjectId NcDbObject::objectId() const
-{
-    return data_->handle ? data_->id() : NcDbObjectId();
-}
+NcDbObjectId NcDbObject::objectId() const { return data_->handle ? data_->id() : NcDbObjectId(); }
 
-NcDbObjectId NcDbObject::ownerId() const
-{
-    return data_->owner;
-}
+NcDbObjectId NcDbObject::ownerId() const { return data_->owner; }
 
-NcDbDatabase* NcDbObject::database() const
-{
-    return data_->database;
-}
+NcDbDatabase* NcDbObject::database() const { return data_->database; }
 
-bool NcDbObject::isErased() const
-{
-    return data_->erased;
-}
+bool NcDbObject::isErased() const { return data_->erased; }
 
-bool NcDbObject::writable() const
-{
-    return !data_->database || data_->openForWrite;
-}
+bool NcDbObject::writable() const { return !data_->database || data_->openForWrite; }
 
 NcStatus NcDbObject::close()
 {
@@ -86,7 +65,7 @@ NcStatus openState(const NcObjectData& data, NcOpenMode mode, bool openErased)
     return NcStatus::Ok;
 }
 
-}  // namespace
+} // namespace
 
 NcStatus ncdbOpenNcDbObject(NcDbObject*& object, NcDbObjectId id, NcOpenMode mode, const NcRxClass* cls,
                             bool openErased)

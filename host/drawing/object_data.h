@@ -7,7 +7,7 @@
 #include <map>
 
 struct NcObjectData {
-    NcDbDatabase* database = nullptr;  // null until the object was appended
+    NcDbDatabase* database = nullptr; // null until the object was appended
     quint64 handle = 0;
     NcDbObjectId owner;
 

@@ -41,11 +41,11 @@ bool isLastResort(const NcDbObject& object)
 {
     const NcDatabaseData& drawing = HostAccess::data(*object.database());
     const NcDbObjectId id = object.objectId();
-    const bool table = object.isKindOf(NcDbSymbolTable::desc()) || id == drawing.namedObjects
-                       || id == drawing.groupDictionary;
+    const bool table =
+        object.isKindOf(NcDbSymbolTable::desc()) || id == drawing.namedObjects || id == drawing.groupDictionary;
     return table || id == drawing.modelSpace || id == drawing.paperSpace || id == drawing.currentLayer
-           || (object.isKindOf(NcDbLayerTableRecord::desc())
-               && static_cast<const NcDbLayerTableRecord&>(object).getName() == QLatin1String("0"));
+        || (object.isKindOf(NcDbLayerTableRecord::desc())
+            && static_cast<const NcDbLayerTableRecord&>(object).getName() == QLatin1String("0"));
 }
 
 // Whether another record took the name while this one was erased.
@@ -75,7 +75,7 @@ NcStatus mayChange(const NcDbObject& object, bool erasing)
     return !erasing && data.erased && nameTaken(object) ? NcStatus::Duplicate : NcStatus::Ok;
 }
 
-}  // namespace
+} // namespace
 
 NcStatus NcDbObject::erase(bool erasing)
 {

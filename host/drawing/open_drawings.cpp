@@ -9,17 +9,11 @@ std::set<const NcDbDatabase*>& known()
     return *drawings;
 }
 
-}  // namespace
+} // namespace
 
-const std::set<const NcDbDatabase*>& drawingsAlive()
-{
-    return known();
-}
+const std::set<const NcDbDatabase*>& drawingsAlive() { return known(); }
 
-bool isDrawingAlive(const NcDbDatabase* database)
-{
-    return known().count(database) > 0;
-}
+bool isDrawingAlive(const NcDbDatabase* database) { return known().count(database) > 0; }
 
 void noteDrawing(const NcDbDatabase* database, bool alive)
 {

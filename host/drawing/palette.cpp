@@ -4,7 +4,7 @@
 
 namespace {
 
-const PaletteColor kNamed[10] = {{255, 255, 255}, {255, 0, 0},   {255, 255, 0}, {0, 255, 0},     {0, 255, 255},
+const PaletteColor kNamed[10] = {{255, 255, 255}, {255, 0, 0},   {255, 255, 0},   {0, 255, 0},     {0, 255, 255},
                                  {0, 0, 255},     {255, 0, 255}, {255, 255, 255}, {128, 128, 128}, {192, 192, 192}};
 const int kGreys[6] = {51, 91, 132, 173, 214, 255};
 
@@ -37,12 +37,9 @@ PaletteColor hueColor(int index)
     return {channel(shares[0]), channel(shares[1]), channel(shares[2])};
 }
 
-int squared(int value)
-{
-    return value * value;
-}
+int squared(int value) { return value * value; }
 
-}  // namespace
+} // namespace
 
 PaletteColor paletteColor(int index)
 {

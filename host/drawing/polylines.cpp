@@ -55,15 +55,9 @@ NcStatus NcDbPolyline::setConstantWidth(double width)
     return NcStatus::Ok;
 }
 
-void NcDbPolyline::setClosed(bool closed)
-{
-    assign(closed_, closed);
-}
+void NcDbPolyline::setClosed(bool closed) { assign(closed_, closed); }
 
-void NcDbPolyline::setElevation(double z)
-{
-    assign(elevation_, z);
-}
+void NcDbPolyline::setElevation(double z) { assign(elevation_, z); }
 
 NcStatus NcDbPolyline::transformBy(const NcGeMatrix3d& matrix)
 {
@@ -133,10 +127,7 @@ NcStatus NcDb2dPolyline::getBulgeAt(int index, double& bulge) const
     return NcStatus::Ok;
 }
 
-void NcDb2dPolyline::setClosed(bool closed)
-{
-    assign(closed_, closed);
-}
+void NcDb2dPolyline::setClosed(bool closed) { assign(closed_, closed); }
 
 NcStatus NcDb2dPolyline::transformBy(const NcGeMatrix3d& matrix)
 {

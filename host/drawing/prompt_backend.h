@@ -12,25 +12,25 @@ struct PromptRequest {
     };
 
     Kind kind = Keyword;
-    QString prompt;              // as the command gave it, line ends included
-    std::vector<Word> keywords;  // of the ncedInitGet before, Keyword only
-    bool spaces = false;         // String: blanks belong to the answer
-    std::optional<NcGePoint3d> base;  // Point: in the user coordinate system
-    NcCmColor color;             // Color: what the dialog starts with
-    bool trueColor = false;      // Color: whether others than the palette's may be given
-    bool allowMeta = true;       // Color: whether by layer and by block may be given
+    QString prompt;                  // as the command gave it, line ends included
+    std::vector<Word> keywords;      // of the ncedInitGet before, Keyword only
+    bool spaces = false;             // String: blanks belong to the answer
+    std::optional<NcGePoint3d> base; // Point: in the user coordinate system
+    NcCmColor color;                 // Color: what the dialog starts with
+    bool trueColor = false;          // Color: whether others than the palette's may be given
+    bool allowMeta = true;           // Color: whether by layer and by block may be given
 };
 
 // The answer; which field is filled follows the request's kind.
 struct PromptReply {
-    int status = kPromptCancel;  // a NcPromptAnswer
-    QString text;                // Keyword: the global word; String
+    int status = kPromptCancel; // a NcPromptAnswer
+    QString text;               // Keyword: the global word; String
     double real = 0.0;
     int integer = 0;
-    NcGePoint3d point;           // Point: user coordinates; Entity: where it was picked (user coordinates)
+    NcGePoint3d point; // Point: user coordinates; Entity: where it was picked (user coordinates)
     NcDbObjectId entity;
-    NcDbObjectIdArray entities;  // Selection
-    NcCmColor color;             // Color
+    NcDbObjectIdArray entities; // Selection
+    NcCmColor color;            // Color
 };
 
 class NRX_API PromptBackend {

@@ -54,7 +54,8 @@ bool isRefused(const PromptRequest& request, const PromptReply& reply, int flags
 {
     if (reply.status == kPromptEmpty)
         return flags & kNoEmpty;
-    if (reply.status != kPromptNormal || (request.kind != PromptRequest::Real && request.kind != PromptRequest::Integer))
+    if (reply.status != kPromptNormal
+        || (request.kind != PromptRequest::Real && request.kind != PromptRequest::Integer))
         return false;
     const double value = request.kind == PromptRequest::Real ? reply.real : reply.integer;
     return (value == 0.0 && (flags & kNoZero)) || (value < 0.0 && (flags & kNoNegative));
@@ -83,12 +84,9 @@ PromptRequest request(PromptRequest::Kind kind, const QString& prompt)
     return made;
 }
 
-}  // namespace
+} // namespace
 
-PromptBackend* promptBackend()
-{
-    return g_backend;
-}
+PromptBackend* promptBackend() { return g_backend; }
 
 PromptBackend* setPromptBackend(PromptBackend* backend)
 {
@@ -108,10 +106,7 @@ void printToConsole(const QString& text)
     out << text;
 }
 
-PromptReply askSelection(const QString& prompt)
-{
-    return ask(request(PromptRequest::Selection, prompt));
-}
+PromptReply askSelection(const QString& prompt) { return ask(request(PromptRequest::Selection, prompt)); }
 
 int ncedInitGet(int flags, const QString& keywords)
 {

@@ -8,10 +8,10 @@ namespace {
 
 // Names of classes as drawing files and filters write them.
 const std::pair<const char*, const char*> kClassNames[] = {
-    {"INSERT", "NcDbBlockReference"}, {"CIRCLE", "NcDbCircle"},     {"LINE", "NcDbLine"},
+    {"INSERT", "NcDbBlockReference"}, {"CIRCLE", "NcDbCircle"},       {"LINE", "NcDbLine"},
     {"LWPOLYLINE", "NcDbPolyline"},   {"POLYLINE", "NcDb2dPolyline"}, {"ARC", "NcDbArc"},
-    {"POINT", "NcDbPoint"},           {"TEXT", "NcDbText"},         {"MTEXT", "NcDbMText"},
-    {"HATCH", "NcDbHatch"},           {"ACAD_TABLE", "NcDbTable"},  {"VIEWPORT", "NcDbViewport"}};
+    {"POINT", "NcDbPoint"},           {"TEXT", "NcDbText"},           {"MTEXT", "NcDbMText"},
+    {"HATCH", "NcDbHatch"},           {"ACAD_TABLE", "NcDbTable"},    {"VIEWPORT", "NcDbViewport"}};
 
 bool isOfClass(const NcDbEntity& entity, const QString& wanted)
 {
@@ -66,7 +66,7 @@ int candidates(const QString& mode, NcDbObjectIdArray& ids)
     return reply.status;
 }
 
-}  // namespace
+} // namespace
 
 int ncedSSGet(const QString& mode, const std::vector<NcSelectionFilter>& filter, NcSelectionSet& set)
 {
@@ -83,10 +83,7 @@ int ncedSSGet(const QString& mode, const std::vector<NcSelectionFilter>& filter,
     return set.ids.empty() ? kPromptError : kPromptNormal;
 }
 
-int ncedSSLength(const NcSelectionSet& set)
-{
-    return int(set.ids.size());
-}
+int ncedSSLength(const NcSelectionSet& set) { return int(set.ids.size()); }
 
 int ncedSSName(const NcSelectionSet& set, int index, NcSelectionName& name)
 {

@@ -10,15 +10,9 @@ NCRX_DEFINE(NcDbLine, NcDbEntity)
 NCRX_DEFINE(NcDbCircle, NcDbEntity)
 NCRX_DEFINE(NcDbArc, NcDbEntity)
 
-void NcDbPoint::setPosition(const NcGePoint3d& p)
-{
-    assign(position_, p);
-}
+void NcDbPoint::setPosition(const NcGePoint3d& p) { assign(position_, p); }
 
-NcStatus NcDbPoint::transformBy(const NcGeMatrix3d& matrix)
-{
-    return assign(position_, matrix * position_);
-}
+NcStatus NcDbPoint::transformBy(const NcGeMatrix3d& matrix) { return assign(position_, matrix * position_); }
 
 std::optional<NcGeExtents> NcDbPoint::extents() const
 {
@@ -32,15 +26,9 @@ NcDbEntity* NcDbPoint::clone() const
     return cloned(*this, [&](NcDbPoint& copy) { copy.position_ = position_; });
 }
 
-void NcDbLine::setStartPoint(const NcGePoint3d& p)
-{
-    assign(start_, p);
-}
+void NcDbLine::setStartPoint(const NcGePoint3d& p) { assign(start_, p); }
 
-void NcDbLine::setEndPoint(const NcGePoint3d& p)
-{
-    assign(end_, p);
-}
+void NcDbLine::setEndPoint(const NcGePoint3d& p) { assign(end_, p); }
 
 NcStatus NcDbLine::transformBy(const NcGeMatrix3d& matrix)
 {
@@ -64,15 +52,9 @@ NcDbEntity* NcDbLine::clone() const
     });
 }
 
-void NcDbCircle::setCenter(const NcGePoint3d& p)
-{
-    assign(center_, p);
-}
+void NcDbCircle::setCenter(const NcGePoint3d& p) { assign(center_, p); }
 
-void NcDbCircle::setRadius(double radius)
-{
-    assign(radius_, radius);
-}
+void NcDbCircle::setRadius(double radius) { assign(radius_, radius); }
 
 NcStatus NcDbCircle::transformBy(const NcGeMatrix3d& matrix)
 {

@@ -11,7 +11,7 @@ auto findKey(Entries& entries, const QString& key)
     return std::find_if(entries.begin(), entries.end(), [&](const auto& entry) { return entry.first == key; });
 }
 
-}  // namespace
+} // namespace
 
 NcStatus NcDbDatabaseSummaryInfo::getCustomSummaryInfo(const QString& key, QString& value) const
 {

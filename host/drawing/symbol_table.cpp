@@ -40,7 +40,7 @@ const NcRxClass* recordClass(const NcDbSymbolTable& table)
     return NcDbSymbolTableRecord::desc();
 }
 
-}  // namespace
+} // namespace
 
 NcStatus NcDbSymbolTableRecord::setName(const QString& name)
 {
@@ -70,10 +70,7 @@ NcStatus NcDbSymbolTableIterator::getRecordId(NcDbObjectId& id) const
     return NcStatus::Ok;
 }
 
-bool NcDbSymbolTable::has(const QString& name) const
-{
-    return byName_.contains(name.toCaseFolded());
-}
+bool NcDbSymbolTable::has(const QString& name) const { return byName_.contains(name.toCaseFolded()); }
 
 NcStatus NcDbSymbolTable::getAt(const QString& name, NcDbObjectId& id) const
 {
@@ -105,12 +102,9 @@ NcStatus NcDbSymbolTable::add(NcDbObjectId& id, NcDbSymbolTableRecord* record)
     return NcStatus::Ok;
 }
 
-NcDbLayerTableRecord::NcDbLayerTableRecord() : color_(NcCmColor::fromIndex(7)) {}
+NcDbLayerTableRecord::NcDbLayerTableRecord() : color_(NcCmColor::fromIndex(7)) { }
 
-void NcDbLayerTableRecord::setColor(const NcCmColor& color)
-{
-    assign(color_, color);
-}
+void NcDbLayerTableRecord::setColor(const NcCmColor& color) { assign(color_, color); }
 
 void NcDbLayerTableRecord::setLinetype(const QString& name)
 {
@@ -118,17 +112,8 @@ void NcDbLayerTableRecord::setLinetype(const QString& name)
         assign(linetype_, name);
 }
 
-void NcDbLayerTableRecord::setIsLocked(bool locked)
-{
-    assign(locked_, locked);
-}
+void NcDbLayerTableRecord::setIsLocked(bool locked) { assign(locked_, locked); }
 
-void NcDbLayerTableRecord::setIsOff(bool off)
-{
-    assign(off_, off);
-}
+void NcDbLayerTableRecord::setIsOff(bool off) { assign(off_, off); }
 
-void NcDbLayerTableRecord::setIsFrozen(bool frozen)
-{
-    assign(frozen_, frozen);
-}
+void NcDbLayerTableRecord::setIsFrozen(bool frozen) { assign(frozen_, frozen); }

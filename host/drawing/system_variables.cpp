@@ -14,10 +14,7 @@ QHash<QString, QString>& ownVariables()
     return variables;
 }
 
-QString number(double value)
-{
-    return QString::number(value, 'g', 15);
-}
+QString number(double value) { return QString::number(value, 'g', 15); }
 
 QString layerName(const NcDbDatabase& database)
 {
@@ -43,7 +40,7 @@ const std::pair<const char*, Reader> kDrawingVariables[] = {
     {"CVPORT",
      [](const NcDbDatabase& d) {
          const bool sheet = d.currentSpaceId() != HostAccess::data(d).modelSpace
-                            && !HostAccess::isLiving(HostAccess::data(d).currentViewport);
+             && !HostAccess::isLiving(HostAccess::data(d).currentViewport);
          return sheet ? QStringLiteral("1") : QStringLiteral("2");
      }},
     {"DIMTXT", [](const NcDbDatabase& d) { return number(d.dimtxt()); }},
@@ -70,12 +67,9 @@ bool headerValue(const NcDbDatabase& database, const QString& name, QString& val
     return false;
 }
 
-}  // namespace
+} // namespace
 
-void setSystemVariable(const QString& name, const QString& value)
-{
-    ownVariables().insert(name.toUpper(), value);
-}
+void setSystemVariable(const QString& name, const QString& value) { ownVariables().insert(name.toUpper(), value); }
 
 bool ncedGetVar(const QString& name, QString& value)
 {

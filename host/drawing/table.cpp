@@ -14,7 +14,7 @@ double at(const std::vector<double>& sizes, int index)
 {
     return index >= 0 && size_t(index) < sizes.size() ? sizes[size_t(index)] : 0.0;
 }
-}  // namespace
+} // namespace
 
 NcStatus NcDbTable::setSize(int rows, int columns)
 {
@@ -36,10 +36,7 @@ NcStatus NcDbTable::setSize(int rows, int columns)
     return NcStatus::Ok;
 }
 
-void NcDbTable::setPosition(const NcGePoint3d& p)
-{
-    assign(position_, p);
-}
+void NcDbTable::setPosition(const NcGePoint3d& p) { assign(position_, p); }
 
 void NcDbTable::setDirection(const NcGeVector3d& x)
 {
@@ -57,10 +54,7 @@ NcStatus NcDbTable::setRowHeight(double height)
     return !(height > 0.0) ? NcStatus::InvalidInput : assign(heights_, std::vector<double>(size_t(rows_), height));
 }
 
-double NcDbTable::rowHeight(int row) const
-{
-    return at(heights_, row);
-}
+double NcDbTable::rowHeight(int row) const { return at(heights_, row); }
 
 NcStatus NcDbTable::setColumnWidth(int column, double width)
 {
@@ -68,10 +62,7 @@ NcStatus NcDbTable::setColumnWidth(int column, double width)
                                                               : assign(widths_[size_t(column)], width);
 }
 
-double NcDbTable::columnWidth(int column) const
-{
-    return at(widths_, column);
-}
+double NcDbTable::columnWidth(int column) const { return at(widths_, column); }
 
 template <class Change>
 NcStatus NcDbTable::changeCell(int row, int column, const Change& change)
@@ -104,9 +95,8 @@ NcStatus NcDbTable::setTextHeight(int row, int column, double height)
 
 NcStatus NcDbTable::setAlignment(int row, int column, int alignment)
 {
-    return alignment < 1 || alignment > 9
-               ? NcStatus::InvalidInput
-               : changeCell(row, column, [&](Cell& cell) { cell.alignment = alignment; });
+    return alignment < 1 || alignment > 9 ? NcStatus::InvalidInput
+                                          : changeCell(row, column, [&](Cell& cell) { cell.alignment = alignment; });
 }
 
 NcStatus NcDbTable::setBackgroundColor(int row, int column, const NcCmColor& color)

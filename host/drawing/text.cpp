@@ -5,35 +5,17 @@
 
 NCRX_DEFINE(NcDbText, NcDbEntity)
 
-NcStatus NcDbText::setTextString(const QString& text)
-{
-    return assign(text_, text);
-}
+NcStatus NcDbText::setTextString(const QString& text) { return assign(text_, text); }
 
-void NcDbText::setHeight(double height)
-{
-    assign(height_, height);
-}
+void NcDbText::setHeight(double height) { assign(height_, height); }
 
-void NcDbText::setRotation(double radians)
-{
-    assign(rotation_, radians);
-}
+void NcDbText::setRotation(double radians) { assign(rotation_, radians); }
 
-void NcDbText::setWidthFactor(double factor)
-{
-    assign(widthFactor_, factor);
-}
+void NcDbText::setWidthFactor(double factor) { assign(widthFactor_, factor); }
 
-void NcDbText::setPosition(const NcGePoint3d& p)
-{
-    assign(position_, p);
-}
+void NcDbText::setPosition(const NcGePoint3d& p) { assign(position_, p); }
 
-void NcDbText::setAlignmentPoint(const NcGePoint3d& p)
-{
-    assign(alignment_, p);
-}
+void NcDbText::setAlignmentPoint(const NcGePoint3d& p) { assign(alignment_, p); }
 
 void NcDbText::setHorizontalMode(int mode)
 {
@@ -63,10 +45,12 @@ NcStatus NcDbText::transformBy(const NcGeMatrix3d& matrix)
 std::optional<NcGeExtents> NcDbText::extents() const
 {
     const bool plain = horizontal_ == kTextLeft && vertical_ == kTextBase;
-    const double fromLeft = horizontal_ == kTextRight ? 1.0
-                            : horizontal_ == kTextCenter || horizontal_ == kTextMiddle ? 0.5 : 0.0;
-    const double fromBottom = vertical_ == kTextTop ? 1.0
-                              : vertical_ == kTextVertMid || horizontal_ == kTextMiddle ? 0.5 : 0.0;
+    const double fromLeft = horizontal_ == kTextRight              ? 1.0
+        : horizontal_ == kTextCenter || horizontal_ == kTextMiddle ? 0.5
+                                                                   : 0.0;
+    const double fromBottom = vertical_ == kTextTop               ? 1.0
+        : vertical_ == kTextVertMid || horizontal_ == kTextMiddle ? 0.5
+                                                                  : 0.0;
     ExtentsBuilder box;
     addTextBox(box, plain ? position_ : alignment_, textWidth(text_, height_ * widthFactor_), height_, fromLeft,
                fromBottom, rotation_);

@@ -8,17 +8,14 @@ std::deque<QString>& pending()
     return words;
 }
 
-}  // namespace
+} // namespace
 
 TypedAnswers::TypedAnswers(const QStringList& words) : before_(std::move(pending()))
 {
     pending().assign(words.begin(), words.end());
 }
 
-TypedAnswers::~TypedAnswers()
-{
-    pending() = std::move(before_);
-}
+TypedAnswers::~TypedAnswers() { pending() = std::move(before_); }
 
 bool takeTypedAnswer(QString& word)
 {

@@ -10,32 +10,17 @@ NCRX_DEFINE(NcDbViewport, NcDbEntity)
 
 namespace {
 
-bool spanPlane(const NcGeVector3d& x, const NcGeVector3d& y)
-{
-    return x.crossProduct(y).length() > 0.0;
-}
+bool spanPlane(const NcGeVector3d& x, const NcGeVector3d& y) { return x.crossProduct(y).length() > 0.0; }
 
-}  // namespace
+} // namespace
 
-void NcDbUCSTableRecord::setOrigin(const NcGePoint3d& origin)
-{
-    assign(origin_, origin);
-}
+void NcDbUCSTableRecord::setOrigin(const NcGePoint3d& origin) { assign(origin_, origin); }
 
-void NcDbUCSTableRecord::setXAxis(const NcGeVector3d& axis)
-{
-    assign(x_, axis);
-}
+void NcDbUCSTableRecord::setXAxis(const NcGeVector3d& axis) { assign(x_, axis); }
 
-void NcDbUCSTableRecord::setYAxis(const NcGeVector3d& axis)
-{
-    assign(y_, axis);
-}
+void NcDbUCSTableRecord::setYAxis(const NcGeVector3d& axis) { assign(y_, axis); }
 
-void NcDbAbstractViewTableRecord::setCenterPoint(const NcGePoint2d& p)
-{
-    assign(center_, p);
-}
+void NcDbAbstractViewTableRecord::setCenterPoint(const NcGePoint2d& p) { assign(center_, p); }
 
 void NcDbAbstractViewTableRecord::setHeight(double height)
 {
@@ -87,10 +72,7 @@ void NcDbViewport::setGeometry(const NcGePoint3d& centre, double width, double h
     changed();
 }
 
-void NcDbViewport::setTwistAngle(double radians)
-{
-    assign(twist_, radians);
-}
+void NcDbViewport::setTwistAngle(double radians) { assign(twist_, radians); }
 
 void NcDbViewport::setView(const NcGePoint2d& centre, double height)
 {

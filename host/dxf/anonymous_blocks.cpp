@@ -40,7 +40,7 @@ std::vector<std::unique_ptr<NcDbEntity>> visibleParts(const NcDbBlockReference& 
     return entities;
 }
 
-}  // namespace
+} // namespace
 
 DxfWriteContext::DxfWriteContext(const NcDbDatabase& drawing, quint64 firstFreeHandle)
     : database(drawing), nextHandle_(firstFreeHandle)

@@ -36,7 +36,7 @@ size_t entryAt(const DxfGroups& groups, const QString& key)
     return groups.size();
 }
 
-}  // namespace
+} // namespace
 
 quint64 ownerOf(const DxfRecord& record)
 {
@@ -46,8 +46,11 @@ quint64 ownerOf(const DxfRecord& record)
 }
 
 FileCompletion::FileCompletion(const NcDbDatabase& database)
-    : database_(database), drawing_(HostAccess::data(database)), tables_(drawing_.foreignTables),
-      classes_(drawing_.foreignClasses), next_(drawing_.handleSeed)
+    : database_(database),
+      drawing_(HostAccess::data(database)),
+      tables_(drawing_.foreignTables),
+      classes_(drawing_.foreignClasses),
+      next_(drawing_.handleSeed)
 {
     for (const auto& entry : drawing_.objects) {
         if (!entry.second->isErased())
@@ -71,7 +74,7 @@ void FileCompletion::keepLiving()
     for (const auto& table : tables_) {
         for (const DxfRecord& record : table.second)
             alive_.insert(record.type == QLatin1String("DIMSTYLE") ? handleOf(firstValue(record.groups, 105))
-                                                                  : handleOf(firstValue(record.groups, 5)));
+                                                                   : handleOf(firstValue(record.groups, 5)));
     }
     QSet<quint64> dead;
     for (const auto& entry : drawing_.objects) {
@@ -147,15 +150,17 @@ void FileCompletion::ensureRecord(const QString& table, const QString& name, con
 {
     DxfRecords& records = tableRecords(table);
     for (const DxfRecord& record : records) {
-        if (record.type != QLatin1String("TABLE") && firstValue(record.groups, 2).compare(name, Qt::CaseInsensitive) == 0)
+        if (record.type != QLatin1String("TABLE")
+            && firstValue(record.groups, 2).compare(name, Qt::CaseInsensitive) == 0)
             return;
     }
     const int handleCode = table == QLatin1String("DIMSTYLE") ? 105 : 5;
-    DxfRecord record{table, {{handleCode, handleText(newHandle())},
-                             {100, QStringLiteral("AcDbSymbolTableRecord")},
-                             {100, QLatin1String(subclass)},
-                             {2, name},
-                             {70, QStringLiteral("0")}}};
+    DxfRecord record{table,
+                     {{handleCode, handleText(newHandle())},
+                      {100, QStringLiteral("AcDbSymbolTableRecord")},
+                      {100, QLatin1String(subclass)},
+                      {2, name},
+                      {70, QStringLiteral("0")}}};
     record.groups.insert(record.groups.end(), groups.begin(), groups.end());
     records.push_back(std::move(record));
 }
@@ -167,9 +172,16 @@ void FileCompletion::ensureTables()
                      {{3, {}}, {72, QStringLiteral("65")}, {73, QStringLiteral("0")}, {40, QStringLiteral("0.0")}});
     for (const char* name : {"Standard", kTextStyle})
         ensureRecord(QStringLiteral("STYLE"), QLatin1String(name), "AcDbTextStyleTableRecord",
-                     {{40, QStringLiteral("0.0")}, {41, QStringLiteral("1.0")}, {50, QStringLiteral("0.0")},
-                      {71, QStringLiteral("0")}, {42, QStringLiteral("2.5")}, {3, kFont}, {4, {}},
-                      {1001, QStringLiteral("ACAD")}, {1000, kTypeface}, {1071, QStringLiteral("34")}});
+                     {{40, QStringLiteral("0.0")},
+                      {41, QStringLiteral("1.0")},
+                      {50, QStringLiteral("0.0")},
+                      {71, QStringLiteral("0")},
+                      {42, QStringLiteral("2.5")},
+                      {3, kFont},
+                      {4, {}},
+                      {1001, QStringLiteral("ACAD")},
+                      {1000, kTypeface},
+                      {1071, QStringLiteral("34")}});
     for (const QString& name : {QStringLiteral("ACAD"), QString(QLatin1String(ownApplication()))})
         ensureRecord(QStringLiteral("APPID"), name, "AcDbRegAppTableRecord", {});
     ensureRecord(QStringLiteral("DIMSTYLE"), QStringLiteral("Standard"), "AcDbDimStyleTableRecord", {});
@@ -241,8 +253,12 @@ void FileCompletion::ensurePlotStyle()
     plotStyle_ = newHandle();
     const QString style = handleText(plotStyle_);
     objects_.push_back(object("ACDBDICTIONARYWDFLT", dictionary, drawing_.namedObjects.handle(),
-                              {{100, QStringLiteral("AcDbDictionary")}, {281, QStringLiteral("1")}, {3, normal},
-                               {350, style}, {100, QStringLiteral("AcDbDictionaryWithDefault")}, {340, style}}));
+                              {{100, QStringLiteral("AcDbDictionary")},
+                               {281, QStringLiteral("1")},
+                               {3, normal},
+                               {350, style},
+                               {100, QStringLiteral("AcDbDictionaryWithDefault")},
+                               {340, style}}));
     objects_.push_back(object("ACDBPLACEHOLDER", plotStyle_, dictionary, {}));
     rootEntries_.push_back({3, key});
     rootEntries_.push_back({350, handleText(dictionary)});
@@ -254,9 +270,8 @@ void FileCompletion::ensureLineStyle()
     const quint64 dictionary = ensureDictionary(QStringLiteral("ACAD_MLINESTYLE"));
     const QString standard = QStringLiteral("Standard");
     const DxfRecord* styles = findObject(dictionary);
-    const bool there = std::any_of(objects_.begin(), objects_.end(), [](const DxfRecord& record) {
-        return record.type == QLatin1String("MLINESTYLE");
-    });
+    const bool there = std::any_of(objects_.begin(), objects_.end(),
+                                   [](const DxfRecord& record) { return record.type == QLatin1String("MLINESTYLE"); });
     if (!styles || there)
         return;
     const quint64 handle = newHandle();
@@ -314,7 +329,10 @@ void FileCompletion::ensureDrawOrders()
 
 void FileCompletion::ensureClasses()
 {
-    struct Class { const char* name; const char* cpp; };
+    struct Class {
+        const char* name;
+        const char* cpp;
+    };
     static const Class kNeeded[] = {
         {"ACDBDICTIONARYWDFLT", "AcDbDictionaryWithDefault"},
         {"ACDBPLACEHOLDER", "AcDbPlaceHolder"},
@@ -327,8 +345,12 @@ void FileCompletion::ensureClasses()
         });
         if (!there)
             classes_.push_back({QStringLiteral("CLASS"),
-                                {{1, QLatin1String(needed.name)}, {2, QLatin1String(needed.cpp)},
-                                 {3, QStringLiteral("ObjectDBX Classes")}, {90, QStringLiteral("0")},
-                                 {91, QStringLiteral("1")}, {280, QStringLiteral("0")}, {281, QStringLiteral("0")}}});
+                                {{1, QLatin1String(needed.name)},
+                                 {2, QLatin1String(needed.cpp)},
+                                 {3, QStringLiteral("ObjectDBX Classes")},
+                                 {90, QStringLiteral("0")},
+                                 {91, QStringLiteral("1")},
+                                 {280, QStringLiteral("0")},
+                                 {281, QStringLiteral("0")}}});
     }
 }

@@ -67,7 +67,7 @@ DxfEntities entitiesOf(DxfRecords records)
             continue;
         }
         if (record.type == QLatin1String("SEQEND") || record.type == QLatin1String("VERTEX"))
-            continue;  // a part of nothing
+            continue; // a part of nothing
         entities.push_back({std::move(record), {}});
         open = hasParts(entities.back());
     }
@@ -126,7 +126,7 @@ void takeSection(const DxfRecord& head, DxfRecords records, DxfDocument& documen
         document.others.push_back({name, flat(head, records)});
 }
 
-}  // namespace
+} // namespace
 
 const DxfHeaderVariable* DxfDocument::headerVariable(const QString& name) const
 {

@@ -7,7 +7,7 @@
 #include <utility>
 
 struct DxfHeaderVariable {
-    QString name;  // with its dollar sign
+    QString name; // with its dollar sign
     DxfGroups groups;
 };
 
@@ -32,7 +32,7 @@ struct DxfBlock {
 
 struct DxfSection {
     QString name;
-    DxfGroups groups;  // between the group of the name and ENDSEC
+    DxfGroups groups; // between the group of the name and ENDSEC
 };
 
 struct DxfDocument {

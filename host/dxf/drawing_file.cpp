@@ -28,10 +28,7 @@ NcStatus readDrawing(NcDbDatabase& database, const QString& path)
     return readDrawingBytes(database, file.readAll());
 }
 
-QByteArray drawingBytes(const NcDbDatabase& database)
-{
-    return drawingText(database);
-}
+QByteArray drawingBytes(const NcDbDatabase& database) { return drawingText(database); }
 
 NcStatus writeDrawing(const NcDbDatabase& database, const QString& path)
 {

@@ -28,7 +28,7 @@ void addMissingLayers(NcDbDatabase& database)
         addMissingLayer(database, name);
 }
 
-}  // namespace
+} // namespace
 
 void takeHandles(DxfFields& fields, NcObjectData& data)
 {

@@ -21,7 +21,7 @@ void writeForeignSections(const NcDatabaseData& drawing, DxfWriter& out)
     }
 }
 
-}  // namespace
+} // namespace
 
 void beginSection(DxfWriter& out, const char* name)
 {
@@ -29,10 +29,7 @@ void beginSection(DxfWriter& out, const char* name)
     out.group(2, QString::fromUtf8(name));
 }
 
-void endSection(DxfWriter& out)
-{
-    out.group(0, QStringLiteral("ENDSEC"));
-}
+void endSection(DxfWriter& out) { out.group(0, QStringLiteral("ENDSEC")); }
 
 QByteArray drawingText(const NcDbDatabase& database)
 {

@@ -129,7 +129,7 @@ void writeTable(const NcDbEntity& entity, DxfRecordWriter& record, DxfWriteConte
     addTable(table, record.own().entry(kTable));
 }
 
-}  // namespace
+} // namespace
 
 std::vector<EntityCodec> blockCodecs()
 {

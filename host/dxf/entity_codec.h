@@ -27,7 +27,7 @@ private:
 
 struct DxfReadContext {
     NcDbDatabase& database;
-    bool paper = false;  // the entity says that it stands in paper space
+    bool paper = false; // the entity says that it stands in paper space
 
     // The null id when there is no such block.
     NcDbObjectId blockNamed(const QString& name) const;
@@ -39,7 +39,7 @@ struct AnonymousBlock {
     QString name;
     std::vector<std::unique_ptr<NcDbEntity>> entities;
     QString keyword;    // how it is marked: "copy" or "table"
-    quint64 handle = 0;  // of its record, once it was written
+    quint64 handle = 0; // of its record, once it was written
 };
 
 class DxfWriteContext {
@@ -60,11 +60,10 @@ public:
     QString blockNameOf(const NcDbTable& table);
 
 private:
-    QString addAnonymous(const char* prefix, std::vector<std::unique_ptr<NcDbEntity>> entities,
-                         const char* keyword);
+    QString addAnonymous(const char* prefix, std::vector<std::unique_ptr<NcDbEntity>> entities, const char* keyword);
 
     quint64 nextHandle_;
-    QHash<QString, QString> copies_;  // name of the copy by definition and values
+    QHash<QString, QString> copies_; // name of the copy by definition and values
     QSet<QString> names_;
     QHash<QString, int> counters_;
     std::map<const NcDbTable*, QString> tables_;

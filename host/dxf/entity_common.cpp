@@ -71,10 +71,7 @@ void dropEmptyCommon(DxfGroups& groups)
     }
 }
 
-bool isAttribute(const DxfRecord& part)
-{
-    return part.type == QLatin1String("ATTRIB");
-}
+bool isAttribute(const DxfRecord& part) { return part.type == QLatin1String("ATTRIB"); }
 
 void writeParts(const NcDbForeignEntity& entity, quint64 handle, DxfWriteContext& context)
 {
@@ -109,7 +106,7 @@ void writeAttributes(const NcDbBlockReference& reference, quint64 owner, bool pa
     end.finish();
 }
 
-}  // namespace
+} // namespace
 
 DxfEntityFields::DxfEntityFields(const DxfGroups& groups)
     : DxfFields(groups), own_(xdata(QLatin1String(ownApplication())))

@@ -81,7 +81,7 @@ void writeArc(const NcDbEntity& entity, DxfRecordWriter& record, DxfWriteContext
     record.angle(51, arc.endAngle());
 }
 
-}  // namespace
+} // namespace
 
 std::vector<EntityCodec> curveCodecs()
 {

@@ -122,7 +122,7 @@ struct HatchGroups {
     NcDbHatch hatch;
     size_t tail = 0;
     bool hasAllSources = true;
-    std::vector<quint64> sources;  // what the boundary was taken from
+    std::vector<quint64> sources; // what the boundary was taken from
 };
 
 void takeTail(const DxfGroups& groups, HatchGroups& parsed)
@@ -139,7 +139,7 @@ void takeTail(const DxfGroups& groups, HatchGroups& parsed)
                 HostAccess::patternScale(hatch) = realOf(value, 1.0);
             scaled = true;
             break;
-        case 98: return;  // seeds and gradients
+        case 98: return; // seeds and gradients
         default: break;
         }
     }
@@ -239,7 +239,8 @@ void writeGroups(const NcDbHatch& hatch, const DxfGroups* kept, DxfRecordWriter&
         && before.hatch.patternScale() == hatch.patternScale() && before.hatch.hatchStyle() == hatch.hatchStyle()
         && before.hatch.patternType() == hatch.patternType();
     const bool sound = before.hasAllSources
-        && std::none_of(before.sources.begin(), before.sources.end(), [&](quint64 handle) { return record.isDead(handle); });
+        && std::none_of(before.sources.begin(), before.sources.end(),
+                        [&](quint64 handle) { return record.isDead(handle); });
     const bool sameShape = samePattern && sound && before.hatch.normal() == hatch.normal()
         && before.hatch.elevation() == hatch.elevation() && before.hatch.associative() == hatch.associative()
         && sameLoops(before.hatch, hatch);
@@ -261,9 +262,6 @@ void writeHatch(const NcDbEntity& entity, DxfRecordWriter& record, DxfWriteConte
         record.own().entry(kLoops).addInteger(loops[i].type);
 }
 
-}  // namespace
+} // namespace
 
-std::vector<EntityCodec> hatchCodecs()
-{
-    return {{"HATCH", NcDbHatch::desc, readHatch, writeHatch}};
-}
+std::vector<EntityCodec> hatchCodecs() { return {{"HATCH", NcDbHatch::desc, readHatch, writeHatch}}; }

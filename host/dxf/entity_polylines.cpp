@@ -11,10 +11,7 @@ constexpr int kFrame = 16;
 // Curves, meshes and three-dimensional polylines that share the record's type.
 constexpr int kOtherKinds = 8 | 16 | 64;
 
-bool isVertexCode(int code)
-{
-    return code == 10 || code == 20 || code == 40 || code == 41 || code == 42 || code == 91;
-}
+bool isVertexCode(int code) { return code == 10 || code == 20 || code == 40 || code == 41 || code == 42 || code == 91; }
 
 std::vector<NcDbPolyline::Vertex> verticesOf(const DxfGroups& groups, double width)
 {
@@ -92,7 +89,7 @@ void writeLight(const NcDbEntity& entity, DxfRecordWriter& record, DxfWriteConte
 struct OldVertices {
     std::vector<NcGePoint3d> points;
     std::vector<double> bulges;
-    bool plain = true;  // the records tell nothing else
+    bool plain = true; // the records tell nothing else
 };
 
 OldVertices oldVerticesOf(const DxfRecords& parts)
@@ -237,7 +234,7 @@ void writeOld(const NcDbEntity& entity, DxfRecordWriter& record, DxfWriteContext
         context.out.record(part);
 }
 
-}  // namespace
+} // namespace
 
 std::vector<EntityCodec> polylineCodecs()
 {

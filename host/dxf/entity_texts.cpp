@@ -188,8 +188,7 @@ void addMText(const NcDbMText& text, OwnValues& values)
                           text.rotation(), text.backgroundScaleFactor()})
         values.addReal(number);
     values.addInteger(text.attachment());
-    values.addInteger((text.backgroundFillOn() ? kFill : 0)
-                      | (text.useBackgroundColorOn() ? kDrawingBackground : 0));
+    values.addInteger((text.backgroundFillOn() ? kFill : 0) | (text.useBackgroundColorOn() ? kDrawingBackground : 0));
 }
 
 std::unique_ptr<NcDbMText> takeMText(OwnValues values)
@@ -197,9 +196,8 @@ std::unique_ptr<NcDbMText> takeMText(OwnValues values)
     auto text = std::make_unique<NcDbMText>();
     HostAccess::contents(*text) = values.text();
     NcGePoint3d& location = HostAccess::location(*text);
-    for (double* number : {&location.x, &location.y, &location.z, &HostAccess::height(*text),
-                           &HostAccess::width(*text), &HostAccess::rotation(*text),
-                           &HostAccess::backgroundScale(*text)})
+    for (double* number : {&location.x, &location.y, &location.z, &HostAccess::height(*text), &HostAccess::width(*text),
+                           &HostAccess::rotation(*text), &HostAccess::backgroundScale(*text)})
         *number = values.real();
     HostAccess::attachment(*text) = values.integer();
     const int background = values.integer();
@@ -237,7 +235,7 @@ void writeAttribute(const NcDbEntity& entity, DxfRecordWriter& record, DxfWriteC
         addMText(*text, record.own().entry(kMText));
 }
 
-}  // namespace
+} // namespace
 
 // Some programs take a style's name for that of a typeface: this one has
 // Cyrillic letters there.

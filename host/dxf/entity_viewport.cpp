@@ -67,9 +67,6 @@ void writeViewport(const NcDbEntity& entity, DxfRecordWriter& record, DxfWriteCo
     record.vector(112, y);
 }
 
-}  // namespace
+} // namespace
 
-std::vector<EntityCodec> viewportCodecs()
-{
-    return {{"VIEWPORT", NcDbViewport::desc, readViewport, writeViewport}};
-}
+std::vector<EntityCodec> viewportCodecs() { return {{"VIEWPORT", NcDbViewport::desc, readViewport, writeViewport}}; }

@@ -12,9 +12,9 @@ struct DxfRest {
         QString subclass;
         DxfGroups groups;
     };
-    DxfGroups head;            // before the first subclass: control groups and the like
-    std::vector<Body> bodies;  // by subclass, in the order of the file
-    DxfGroups xdata;           // of other programs
+    DxfGroups head;           // before the first subclass: control groups and the like
+    std::vector<Body> bodies; // by subclass, in the order of the file
+    DxfGroups xdata;          // of other programs
 
     bool isEmpty() const { return head.empty() && bodies.empty() && xdata.empty(); }
     const DxfGroups* body(const QString& subclass) const;
@@ -34,8 +34,8 @@ public:
 
     bool has(int code) const { return find(code) >= 0; }
     // Each takes the first group of the code that is still there.
-    QString text(int code, const QString& fallback = {});   // control characters decoded
-    QString word(int code, const QString& fallback = {});   // trimmed
+    QString text(int code, const QString& fallback = {}); // control characters decoded
+    QString word(int code, const QString& fallback = {}); // trimmed
     double real(int code, double fallback = 0.0);
     int integer(int code, int fallback = 0);
     quint64 handle(int code);
@@ -80,7 +80,7 @@ private:
     const QString* take(int code);
 
     std::vector<Item> items_;
-    std::vector<Part> parts_;  // the first one is the head
+    std::vector<Part> parts_; // the first one is the head
     int from_ = 0, to_ = 0;
 };
 

@@ -12,24 +12,19 @@ namespace {
 // A copy's parts get handles of their own when they are written.
 DxfGroups withoutHandle(DxfGroups groups)
 {
-    const auto handle = std::find_if(groups.begin(), groups.end(), [](const DxfGroup& group) { return group.code == 5; });
+    const auto handle =
+        std::find_if(groups.begin(), groups.end(), [](const DxfGroup& group) { return group.code == 5; });
     if (handle != groups.end())
         groups.erase(handle);
     return groups;
 }
 
-}  // namespace
+} // namespace
 
 // What its groups mean is not known, so nothing can be moved.
-NcStatus NcDbForeignEntity::transformBy(const NcGeMatrix3d&)
-{
-    return NcStatus::InvalidInput;
-}
+NcStatus NcDbForeignEntity::transformBy(const NcGeMatrix3d&) { return NcStatus::InvalidInput; }
 
-std::optional<NcGeExtents> NcDbForeignEntity::extents() const
-{
-    return {};
-}
+std::optional<NcGeExtents> NcDbForeignEntity::extents() const { return {}; }
 
 NcDbEntity* NcDbForeignEntity::clone() const
 {

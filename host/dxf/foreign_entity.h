@@ -9,7 +9,7 @@
 class NRX_API NcDbForeignEntity : public NcDbEntity {
     NCDB_ENTITY(NcDbForeignEntity)
     NcDbForeignEntity() = default;
-    explicit NcDbForeignEntity(const QString& type) : type_(type) {}
+    explicit NcDbForeignEntity(const QString& type) : type_(type) { }
 
     // As the file names it: "SPLINE".
     QString type() const { return type_; }

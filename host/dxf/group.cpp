@@ -16,15 +16,11 @@ quint64 handleOf(const QString& text)
     return ok ? handle : 0;
 }
 
-QString handleText(quint64 handle)
-{
-    return QString::number(handle, 16).toUpper();
-}
+QString handleText(quint64 handle) { return QString::number(handle, 16).toUpper(); }
 
 bool isReferenceCode(int code)
 {
-    return (code >= 320 && code <= 369) || (code >= 390 && code <= 399) || (code >= 480 && code <= 481)
-        || code == 1005;
+    return (code >= 320 && code <= 369) || (code >= 390 && code <= 399) || (code >= 480 && code <= 481) || code == 1005;
 }
 
 DxfGroups withoutReferences(const DxfGroups& groups)

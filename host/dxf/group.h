@@ -7,7 +7,7 @@
 
 struct DxfGroup {
     int code = 0;
-    QString value;  // as in the file, without its line end; decoded to Unicode
+    QString value; // as in the file, without its line end; decoded to Unicode
 
     bool operator==(const DxfGroup& o) const { return code == o.code && value == o.value; }
 };

@@ -8,7 +8,7 @@ namespace {
 
 struct RawGroup {
     int code;
-    int from, size;  // of the value
+    int from, size; // of the value
 };
 
 // One line without its end; `at` moves behind it.
@@ -78,7 +78,7 @@ QTextCodec* codecOf(const QByteArray& bytes, const std::vector<RawGroup>& groups
     return page ? page : QTextCodec::codecForName("windows-1251");
 }
 
-}  // namespace
+} // namespace
 
 bool readGroups(const QByteArray& bytes, DxfGroups& groups)
 {

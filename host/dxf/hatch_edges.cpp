@@ -12,17 +12,11 @@ constexpr int kStepsOfTurn = 64;
 // No boundary that people draw has more; a damaged count must not cost memory.
 constexpr int kMostEdges = 1000000;
 
-}  // namespace
+} // namespace
 
-double HatchLoopReader::real(int code)
-{
-    return is(code) ? realOf(groups_[at_++].value) : 0.0;
-}
+double HatchLoopReader::real(int code) { return is(code) ? realOf(groups_[at_++].value) : 0.0; }
 
-int HatchLoopReader::integer(int code)
-{
-    return is(code) ? integerOf(groups_[at_++].value) : 0;
-}
+int HatchLoopReader::integer(int code) { return is(code) ? integerOf(groups_[at_++].value) : 0; }
 
 NcGePoint2d HatchLoopReader::point(int code)
 {

@@ -8,7 +8,7 @@
 // Reads loops one after another out of the groups of a hatch.
 class HatchLoopReader {
 public:
-    HatchLoopReader(const DxfGroups& groups, size_t at) : groups_(groups), at_(at) {}
+    HatchLoopReader(const DxfGroups& groups, size_t at) : groups_(groups), at_(at) { }
     // Boundaries of single edges become a polyline: lines and circular arcs
     // exactly, ellipses and splines as chains of short lines.
     NcDbHatch::Loop next();

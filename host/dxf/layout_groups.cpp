@@ -15,10 +15,7 @@ void add(DxfGroups& groups, std::initializer_list<Number> numbers)
         groups.push_back({number.code, realText(number.value)});
 }
 
-void addInteger(DxfGroups& groups, int code, int value)
-{
-    groups.push_back({code, QString::number(value)});
-}
+void addInteger(DxfGroups& groups, int code, int value) { groups.push_back({code, QString::number(value)}); }
 
 void addSheet(DxfGroups& groups, bool model)
 {
@@ -27,8 +24,21 @@ void addSheet(DxfGroups& groups, bool model)
     groups.push_back({2, QStringLiteral("none_device")});
     groups.push_back({4, QStringLiteral("A3")});
     groups.push_back({6, {}});
-    add(groups, {{40, 7.5}, {41, 20}, {42, 7.5}, {43, 20}, {44, 420}, {45, 297}, {46, 0}, {47, 0}, {48, 0}, {49, 0},
-                 {140, 0}, {141, 0}, {142, 1}, {143, 1}});
+    add(groups,
+        {{40, 7.5},
+         {41, 20},
+         {42, 7.5},
+         {43, 20},
+         {44, 420},
+         {45, 297},
+         {46, 0},
+         {47, 0},
+         {48, 0},
+         {49, 0},
+         {140, 0},
+         {141, 0},
+         {142, 1},
+         {143, 1}});
     addInteger(groups, 70, model ? 1024 : 688);
     addInteger(groups, 72, 1);
     addInteger(groups, 73, 0);
@@ -41,7 +51,7 @@ void addSheet(DxfGroups& groups, bool model)
     add(groups, {{147, 1}, {148, 0}, {149, 0}});
 }
 
-}  // namespace
+} // namespace
 
 DxfGroups layoutGroups(const QString& name, int order, quint64 block)
 {
@@ -51,9 +61,9 @@ DxfGroups layoutGroups(const QString& name, int order, quint64 block)
     groups.push_back({1, name});
     addInteger(groups, 70, 1);
     addInteger(groups, 71, order);
-    add(groups, {{10, 0}, {20, 0}, {11, 420}, {21, 297}, {12, 0}, {22, 0}, {32, 0}, {14, 1e20}, {24, 1e20},
-                 {34, 1e20}, {15, -1e20}, {25, -1e20}, {35, -1e20}, {146, 0}, {13, 0}, {23, 0}, {33, 0}, {16, 1},
-                 {26, 0}, {36, 0}, {17, 0}, {27, 1}, {37, 0}});
+    add(groups, {{10, 0},    {20, 0},    {11, 420},   {21, 297},   {12, 0},     {22, 0},  {32, 0}, {14, 1e20},
+                 {24, 1e20}, {34, 1e20}, {15, -1e20}, {25, -1e20}, {35, -1e20}, {146, 0}, {13, 0}, {23, 0},
+                 {33, 0},    {16, 1},    {26, 0},     {36, 0},     {17, 0},     {27, 1},  {37, 0}});
     addInteger(groups, 76, 1);
     groups.push_back({330, handleText(block)});
     return groups;

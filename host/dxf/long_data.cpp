@@ -44,8 +44,7 @@ DxfGroups fromRecord(const DxfRecord& record)
 
 DxfRecord recordOf(const char* type, quint64 handle, quint64 owner, const char* subclass)
 {
-    return {QLatin1String(type),
-            {{5, handleText(handle)}, {330, handleText(owner)}, {100, QLatin1String(subclass)}}};
+    return {QLatin1String(type), {{5, handleText(handle)}, {330, handleText(owner)}, {100, QLatin1String(subclass)}}};
 }
 
 // Where the root names the dictionary.
@@ -83,7 +82,7 @@ void restore(DxfEntities& entities, const DataByHandle& data)
 
 DataByHandle takeRecords(DxfDocument& document, const QString& dictionary)
 {
-    QHash<QString, QString> owners;  // record to what it belongs to
+    QHash<QString, QString> owners; // record to what it belongs to
     for (const DxfRecord& object : document.objects) {
         if (firstValue(object.groups, 5) != dictionary)
             continue;
@@ -103,12 +102,9 @@ DataByHandle takeRecords(DxfDocument& document, const QString& dictionary)
     return data;
 }
 
-}  // namespace
+} // namespace
 
-QString longDataKey()
-{
-    return QStringLiteral("TERVA_DATA");
-}
+QString longDataKey() { return QStringLiteral("TERVA_DATA"); }
 
 bool isTooLong(const DxfGroups& xdata)
 {

@@ -5,8 +5,8 @@
 #include "document.h"
 
 struct DxfLongData {
-    quint64 handle;    // of the record that they belong to
-    DxfGroups groups;  // as extension data, without the application's name
+    quint64 handle;   // of the record that they belong to
+    DxfGroups groups; // as extension data, without the application's name
 };
 
 // Whether the data have to stand elsewhere.

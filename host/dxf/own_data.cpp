@@ -32,12 +32,9 @@ std::vector<QString> pieces(const QString& text)
     return result;
 }
 
-}  // namespace
+} // namespace
 
-const char* ownApplication()
-{
-    return "TERVA";
-}
+const char* ownApplication() { return "TERVA"; }
 
 void OwnValues::addText(const QString& text)
 {
@@ -51,15 +48,9 @@ void OwnValues::addText(const QString& text)
         groups_.push_back({kBrace, kClose});
 }
 
-void OwnValues::addReal(double value)
-{
-    groups_.push_back({kReal, realText(value)});
-}
+void OwnValues::addReal(double value) { groups_.push_back({kReal, realText(value)}); }
 
-void OwnValues::addInteger(qint64 value)
-{
-    groups_.push_back({kInteger, QString::number(value)});
-}
+void OwnValues::addInteger(qint64 value) { groups_.push_back({kInteger, QString::number(value)}); }
 
 const DxfGroup* OwnValues::next(int code)
 {

@@ -12,7 +12,7 @@ const char* ownApplication();
 // The values of one entry, read in the order in which they were written.
 class OwnValues {
 public:
-    void addText(const QString& text);  // of any length
+    void addText(const QString& text); // of any length
     void addReal(double value);
     void addInteger(qint64 value);
 

@@ -21,12 +21,9 @@ Axes axesOf(const NcGeVector3d& normal)
     return axes;
 }
 
-bool isUpright(const NcGeVector3d& normal)
-{
-    return normal.x == 0.0 && normal.y == 0.0 && normal.z > 0.0;
-}
+bool isUpright(const NcGeVector3d& normal) { return normal.x == 0.0 && normal.y == 0.0 && normal.z > 0.0; }
 
-}  // namespace
+} // namespace
 
 NcGePoint3d planeToWorld(const NcGePoint3d& p, const NcGeVector3d& normal)
 {

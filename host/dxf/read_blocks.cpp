@@ -7,8 +7,8 @@
 namespace {
 
 const QString kModelSpace = QStringLiteral("*Model_Space"), kPaperSpace = QStringLiteral("*Paper_Space");
-const QString kCopy = QStringLiteral("copy"), kTable = QStringLiteral("table"), kReference = QStringLiteral("reference"),
-              kDynamic = QStringLiteral("dynamic");
+const QString kCopy = QStringLiteral("copy"), kTable = QStringLiteral("table"),
+              kReference = QStringLiteral("reference"), kDynamic = QStringLiteral("dynamic");
 // Bits of a block's flags that tell what it is called and holds.
 constexpr int kAnonymous = 1, kHasDefinitions = 2;
 
@@ -48,12 +48,10 @@ NcDbBlockTable& blockTable(NcDbDatabase& database)
 
 NcDbBlockTableRecord* blockNamed(NcDbDatabase& database, const QString& name)
 {
-    return HostAccess::objectAs<NcDbBlockTableRecord>(
-        HostAccess::recordId(database, database.blockTableId(), name));
+    return HostAccess::objectAs<NcDbBlockTableRecord>(HostAccess::recordId(database, database.blockTableId(), name));
 }
 
-void addBlock(NcDbDatabase& database, const QString& name, std::unique_ptr<NcDbBlockTableRecord> block,
-              quint64 handle)
+void addBlock(NcDbDatabase& database, const QString& name, std::unique_ptr<NcDbBlockTableRecord> block, quint64 handle)
 {
     if (name.isEmpty() || blockNamed(database, name))
         return;
@@ -95,8 +93,8 @@ void readBegin(const DxfRecord& begin, NcDbBlockTableRecord& block)
 void addEntity(const DxfEntity& record, NcDbBlockTableRecord& block, std::unique_ptr<NcDbEntity> entity,
                DxfReadContext& context)
 {
-    auto* reference = entity->isA() == NcDbBlockReference::desc() ? static_cast<NcDbBlockReference*>(entity.get())
-                                                                  : nullptr;
+    auto* reference =
+        entity->isA() == NcDbBlockReference::desc() ? static_cast<NcDbBlockReference*>(entity.get()) : nullptr;
     HostAccess::addEntity(block, std::move(entity), recordHandle(record.main));
     if (reference)
         readAttributes(record, *reference, context);
@@ -114,7 +112,7 @@ NcDbBlockTableRecord& ensureSpace(NcDbDatabase& database, const QString& name)
     return *blockNamed(database, name);
 }
 
-}  // namespace
+} // namespace
 
 QString blockName(const QString& name)
 {

@@ -32,7 +32,7 @@ private:
     quint64 greatest_ = 0;
 };
 
-}  // namespace
+} // namespace
 
 bool needsNewHandles(const DxfDocument& document, quint64& greatest)
 {

@@ -6,12 +6,13 @@
 namespace {
 
 // Said by the drawing itself, or made anew with each file.
-const char* const kTold[] = {"$HANDSEED", "$DWGCODEPAGE", "$CLAYER", "$DIMTXT", "$DIMSCALE", "$UCSORG", "$UCSXDIR",
-                             "$UCSYDIR", "$EXTMIN", "$EXTMAX", "$TILEMODE", "$CUSTOMPROPERTYTAG", "$CUSTOMPROPERTY"};
+const char* const kTold[] = {"$HANDSEED", "$DWGCODEPAGE",       "$CLAYER",        "$DIMTXT", "$DIMSCALE",
+                             "$UCSORG",   "$UCSXDIR",           "$UCSYDIR",       "$EXTMIN", "$EXTMAX",
+                             "$TILEMODE", "$CUSTOMPROPERTYTAG", "$CUSTOMPROPERTY"};
 
 // Variables of files before R2000 that still mean the same.
-const char* const kOldKept[] = {"$ACADVER", "$INSBASE", "$LTSCALE", "$TEXTSIZE", "$PDMODE", "$PDSIZE", "$LUNITS",
-                                "$LUPREC", "$AUNITS", "$AUPREC", "$ANGBASE", "$ANGDIR", "$LIMMIN", "$LIMMAX",
+const char* const kOldKept[] = {"$ACADVER",  "$INSBASE", "$LTSCALE",  "$TEXTSIZE", "$PDMODE",   "$PDSIZE",   "$LUNITS",
+                                "$LUPREC",   "$AUNITS",  "$AUPREC",   "$ANGBASE",  "$ANGDIR",   "$LIMMIN",   "$LIMMAX",
                                 "$FILLMODE", "$ATTMODE", "$MIRRTEXT", "$TRACEWID", "$PLINEWID", "$ELEVATION"};
 
 template <size_t n>
@@ -66,7 +67,7 @@ void readSummary(const DxfDocument& document, NcDbDatabaseSummaryInfo& summary)
     }
 }
 
-}  // namespace
+} // namespace
 
 void readHeader(const DxfDocument& document, NcDbDatabase& database)
 {

@@ -21,7 +21,8 @@ std::vector<Entry> takeEntries(DxfFields& fields)
     const DxfGroups groups = fields.sequence(3, [](int code) { return code == 3 || code == 350 || code == 360; });
     for (size_t i = 0; i + 1 < groups.size(); ++i) {
         if (groups[i].code == 3 && groups[i + 1].code != 3)
-            entries.push_back({fromCaretCoding(groups[i].value), handleOf(groups[i + 1].value), groups[i], groups[i + 1]});
+            entries.push_back(
+                {fromCaretCoding(groups[i].value), handleOf(groups[i + 1].value), groups[i], groups[i + 1]});
     }
     return entries;
 }
@@ -83,8 +84,7 @@ void readGroup(const QString& name, const DxfRecord& record, NcDbDatabase& datab
             HostAccess::members(*group).push_back(id);
     }
     keepRest(fields, HostAccess::data(*group));
-    const NcDbObjectId id =
-        HostAccess::adopt(database, std::move(group), dictionary.objectId(), recordHandle(record));
+    const NcDbObjectId id = HostAccess::adopt(database, std::move(group), dictionary.objectId(), recordHandle(record));
     HostAccess::entries(dictionary).emplace_back(name, id);
 }
 
@@ -140,14 +140,15 @@ bool readSortents(const DxfRecord& record, NcDbDatabase& database)
         return false;
     auto table = std::make_unique<NcDbSortentsTable>();
     HostAccess::block(*table) = block->objectId();
-    HostAccess::order(*table) = drawOrder(*block, fields.sequence(331, [](int code) { return code == 331 || code == 5; }));
+    HostAccess::order(*table) =
+        drawOrder(*block, fields.sequence(331, [](int code) { return code == 331 || code == 5; }));
     keepRest(fields, HostAccess::data(*table));
     HostAccess::sortents(*block) =
         HostAccess::adopt(database, std::move(table), block->objectId(), recordHandle(record));
     return true;
 }
 
-}  // namespace
+} // namespace
 
 void readDictionaryHandles(const DxfDocument& document, NcDbDatabase& database)
 {

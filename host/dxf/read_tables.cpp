@@ -86,7 +86,7 @@ using ReadRecord = void (*)(DxfEntityFields&, NcDbDatabase&, const DxfRecord&);
 struct KnownTable {
     const char* name;
     NcDbObjectId NcDatabaseData::*id;
-    ReadRecord read;  // null: read elsewhere
+    ReadRecord read; // null: read elsewhere
 };
 
 const KnownTable kKnown[] = {
@@ -127,7 +127,7 @@ void readHead(const DxfTable& table, NcDbObject& object)
     keepRest(fields, HostAccess::data(object));
 }
 
-}  // namespace
+} // namespace
 
 void readTables(const DxfDocument& document, NcDbDatabase& database)
 {

@@ -21,14 +21,11 @@ bool degreesOf(double radians, double& degrees)
     return false;
 }
 
-}  // namespace
+} // namespace
 
 const char* const kKeptVerbatim = "*";
 
-double radiansOf(double degrees)
-{
-    return degrees * kPi / 180.0;
-}
+double radiansOf(double degrees) { return degrees * kPi / 180.0; }
 
 DxfRecordWriter::DxfRecordWriter(DxfWriter& out, const QString& type, quint64 handle, quint64 owner,
                                  const NcObjectData* kept, const DxfIsDead& isDead)
@@ -47,10 +44,7 @@ DxfRecordWriter::DxfRecordWriter(DxfWriter& out, const QString& type, quint64 ha
     out_.handle(330, owner);
 }
 
-void DxfRecordWriter::writeKept(const DxfGroups& groups)
-{
-    out_.groups(withoutDeadReferences(groups, isDead_));
-}
+void DxfRecordWriter::writeKept(const DxfGroups& groups) { out_.groups(withoutDeadReferences(groups, isDead_)); }
 
 void DxfRecordWriter::endSubclass()
 {
@@ -60,7 +54,7 @@ void DxfRecordWriter::endSubclass()
         if (body.subclass != current_)
             continue;
         writeKept(body.groups);
-        body.groups.clear();  // a text has two subclasses of one name
+        body.groups.clear(); // a text has two subclasses of one name
     }
     written_.push_back(current_);
     current_.clear();

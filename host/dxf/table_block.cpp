@@ -71,7 +71,7 @@ struct Box {
 
 class TableBlock {
 public:
-    explicit TableBlock(const NcDbTable& table) : table_(table) {}
+    explicit TableBlock(const NcDbTable& table) : table_(table) { }
 
     std::vector<std::unique_ptr<NcDbEntity>> make()
     {
@@ -87,8 +87,8 @@ private:
     {
         int lastRow = row, lastColumn = column;
         for (const auto& merge : HostAccess::merges(table_)) {
-            const bool inside = row >= merge.minRow && row <= merge.maxRow && column >= merge.minColumn
-                && column <= merge.maxColumn;
+            const bool inside =
+                row >= merge.minRow && row <= merge.maxRow && column >= merge.minColumn && column <= merge.maxColumn;
             if (!inside)
                 continue;
             if (row != merge.minRow || column != merge.minColumn)
@@ -162,7 +162,7 @@ private:
     std::vector<std::unique_ptr<NcDbEntity>> entities_;
 };
 
-}  // namespace
+} // namespace
 
 double tableRotation(const NcDbTable& table)
 {
@@ -215,7 +215,4 @@ std::unique_ptr<NcDbTable> tableOf(OwnValues values, const NcGePoint3d& position
     return table;
 }
 
-std::vector<std::unique_ptr<NcDbEntity>> tableFigures(const NcDbTable& table)
-{
-    return TableBlock(table).make();
-}
+std::vector<std::unique_ptr<NcDbEntity>> tableFigures(const NcDbTable& table) { return TableBlock(table).make(); }

@@ -20,10 +20,7 @@ bool isHex(const QString& text, int from, int count)
 }
 
 // Whether a circumflex before the character would be read as a code.
-bool isCaretPartner(ushort next)
-{
-    return next <= ' ' || (next >= '@' && next <= '_');
-}
+bool isCaretPartner(ushort next) { return next <= ' ' || (next >= '@' && next <= '_'); }
 
 QString doubleByteCharacter(int page, int bytes)
 {
@@ -34,16 +31,19 @@ QString doubleByteCharacter(int page, int bytes)
     return codec->toUnicode(raw, 2);
 }
 
-}  // namespace
+} // namespace
 
 QTextCodec* codecOfCodePage(const QByteArray& name)
 {
     QByteArray page = name.trimmed().toUpper();
     page.replace('_', "");
-    struct Special { const char* page; const char* codec; };
+    struct Special {
+        const char* page;
+        const char* codec;
+    };
     static const Special kSpecial[] = {
-        {"ANSI932", "Shift_JIS"}, {"ANSI936", "GBK"}, {"ANSI949", "EUC-KR"}, {"ANSI950", "Big5"},
-        {"ANSI874", "TIS-620"}, {"ASCII", "windows-1252"}, {"UTF-8", "UTF-8"},
+        {"ANSI932", "Shift_JIS"}, {"ANSI936", "GBK"},        {"ANSI949", "EUC-KR"}, {"ANSI950", "Big5"},
+        {"ANSI874", "TIS-620"},   {"ASCII", "windows-1252"}, {"UTF-8", "UTF-8"},
     };
     for (const Special& special : kSpecial) {
         if (page == special.page)

@@ -6,7 +6,7 @@ namespace {
 
 struct Subclass {
     const char* name;
-    std::vector<int> codes;  // groups of this subclass; empty: all that are left
+    std::vector<int> codes; // groups of this subclass; empty: all that are left
 };
 
 struct Upgrade {
@@ -32,8 +32,10 @@ const std::vector<Upgrade>& upgrades()
         {"3DFACE", {{"AcDbFace", {}}}},
         {"SHAPE", {{"AcDbShape", {}}}},
         {"VIEWPORT", {{"AcDbViewport", {}}}},
-        {"DIMENSION", {{"AcDbRotatedDimension", {50}}, {"AcDbAlignedDimension", {12, 13, 14, 22, 23, 24, 32, 33, 34, 52}},
-                       {"AcDbDimension", {}}}},
+        {"DIMENSION",
+         {{"AcDbRotatedDimension", {50}},
+          {"AcDbAlignedDimension", {12, 13, 14, 22, 23, 24, 32, 33, 34, 52}},
+          {"AcDbDimension", {}}}},
         {"LTYPE", {{"AcDbSymbolTableRecord", {-1}}, {"AcDbLinetypeTableRecord", {}}}},
         {"LAYER", {{"AcDbSymbolTableRecord", {-1}}, {"AcDbLayerTableRecord", {}}}},
         {"STYLE", {{"AcDbSymbolTableRecord", {-1}}, {"AcDbTextStyleTableRecord", {}}}},
@@ -116,7 +118,8 @@ void upgradeRecord(DxfRecord& record, const std::vector<Subclass>& subclasses, b
     if (isMarked(record))
         return;
     DxfGroups groups = std::move(record.groups);
-    const auto end = std::find_if(groups.begin(), groups.end(), [](const DxfGroup& group) { return group.code >= 1000; });
+    const auto end =
+        std::find_if(groups.begin(), groups.end(), [](const DxfGroup& group) { return group.code >= 1000; });
     const DxfGroups xdata(end, groups.end());
     groups.erase(end, groups.end());
     record.groups = takeGroups(groups, {5, 105});
@@ -177,7 +180,7 @@ void upgradeTableRecord(DxfRecord& record)
     record.groups = std::move(dashes);
 }
 
-}  // namespace
+} // namespace
 
 void upgradeDocument(DxfDocument& document)
 {

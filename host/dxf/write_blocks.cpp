@@ -40,8 +40,8 @@ void writeBegin(BlockHead head, FileParts& parts)
 
 void writeEnd(const BlockHead& head, FileParts& parts)
 {
-    DxfRecordWriter record(parts.context.out, QStringLiteral("ENDBLK"), parts.context.newHandle(), head.handle,
-                           nullptr, parts.context.isDead);
+    DxfRecordWriter record(parts.context.out, QStringLiteral("ENDBLK"), parts.context.newHandle(), head.handle, nullptr,
+                           parts.context.isDead);
     record.subclass("AcDbEntity");
     if (head.paper)
         record.integer(67, 1);
@@ -113,7 +113,7 @@ void writeAnonymous(size_t index, FileParts& parts)
     writeEnd(head, parts);
 }
 
-}  // namespace
+} // namespace
 
 void writeBlocksAndEntities(FileParts& parts, DxfWriter& blocks, DxfWriter& entities)
 {

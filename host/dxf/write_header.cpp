@@ -18,7 +18,7 @@ QString versionOf(const NcDatabaseData& drawing)
 
 class HeaderWriter {
 public:
-    explicit HeaderWriter(DxfWriter& out) : out_(out) {}
+    explicit HeaderWriter(DxfWriter& out) : out_(out) { }
     DxfWriter& variable(const char* name)
     {
         out_.group(9, QLatin1String(name));
@@ -87,7 +87,7 @@ void writeKnown(const FileParts& parts, HeaderWriter& header)
     writeUcs(drawing, header);
 }
 
-}  // namespace
+} // namespace
 
 void writeHeader(FileParts& parts, DxfWriter& out)
 {

@@ -36,8 +36,8 @@ void writeGroup(const NcDbGroup& group, FileParts& parts)
 {
     if (group.numEntities() == 0)
         return;
-    DxfRecordWriter out(parts.context.out, QStringLiteral("GROUP"), group.objectId().handle(),
-                        group.ownerId().handle(), &HostAccess::data(group), parts.context.isDead);
+    DxfRecordWriter out(parts.context.out, QStringLiteral("GROUP"), group.objectId().handle(), group.ownerId().handle(),
+                        &HostAccess::data(group), parts.context.isDead);
     out.subclass("AcDbGroup");
     out.text(300, group.description());
     const QString unnamed = out.takeKept(70).value_or(QStringLiteral("0"));
@@ -93,7 +93,7 @@ DxfRecords longRecords(FileParts& parts, DxfGroups& entries)
     return longDataRecords(parts.longData, parts.drawing.namedObjects.handle(), handles);
 }
 
-}  // namespace
+} // namespace
 
 void writeObjects(FileParts& parts, DxfWriter& out)
 {

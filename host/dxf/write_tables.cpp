@@ -5,8 +5,8 @@ namespace {
 
 constexpr int kFrozen = 1, kLocked = 4;
 
-DxfRecordWriter beginRecord(const NcDbSymbolTableRecord& record, const char* type, const char* subclass,
-                            quint64 table, FileParts& parts)
+DxfRecordWriter beginRecord(const NcDbSymbolTableRecord& record, const char* type, const char* subclass, quint64 table,
+                            FileParts& parts)
 {
     DxfRecordWriter out(parts.context.out, QLatin1String(type), record.objectId().handle(), table,
                         &HostAccess::data(record), parts.context.isDead);
@@ -49,16 +49,16 @@ void writeUcs(const NcDbSymbolTableRecord& record, quint64 table, FileParts& par
 const DxfGroups& plainView()
 {
     static const DxfGroups groups = {
-        {10, QStringLiteral("0.0")}, {20, QStringLiteral("0.0")}, {11, QStringLiteral("1.0")},
-        {21, QStringLiteral("1.0")}, {13, QStringLiteral("0.0")}, {23, QStringLiteral("0.0")},
+        {10, QStringLiteral("0.0")},  {20, QStringLiteral("0.0")},  {11, QStringLiteral("1.0")},
+        {21, QStringLiteral("1.0")},  {13, QStringLiteral("0.0")},  {23, QStringLiteral("0.0")},
         {14, QStringLiteral("10.0")}, {24, QStringLiteral("10.0")}, {15, QStringLiteral("10.0")},
-        {25, QStringLiteral("10.0")}, {16, QStringLiteral("0.0")}, {26, QStringLiteral("0.0")},
-        {36, QStringLiteral("1.0")}, {17, QStringLiteral("0.0")}, {27, QStringLiteral("0.0")},
-        {37, QStringLiteral("0.0")}, {42, QStringLiteral("50.0")}, {43, QStringLiteral("0.0")},
-        {44, QStringLiteral("0.0")}, {50, QStringLiteral("0.0")}, {51, QStringLiteral("0.0")},
-        {71, QStringLiteral("0")}, {72, QStringLiteral("1000")}, {73, QStringLiteral("1")},
-        {74, QStringLiteral("3")}, {75, QStringLiteral("0")}, {76, QStringLiteral("0")},
-        {77, QStringLiteral("0")}, {78, QStringLiteral("0")}, {65, QStringLiteral("1")},
+        {25, QStringLiteral("10.0")}, {16, QStringLiteral("0.0")},  {26, QStringLiteral("0.0")},
+        {36, QStringLiteral("1.0")},  {17, QStringLiteral("0.0")},  {27, QStringLiteral("0.0")},
+        {37, QStringLiteral("0.0")},  {42, QStringLiteral("50.0")}, {43, QStringLiteral("0.0")},
+        {44, QStringLiteral("0.0")},  {50, QStringLiteral("0.0")},  {51, QStringLiteral("0.0")},
+        {71, QStringLiteral("0")},    {72, QStringLiteral("1000")}, {73, QStringLiteral("1")},
+        {74, QStringLiteral("3")},    {75, QStringLiteral("0")},    {76, QStringLiteral("0")},
+        {77, QStringLiteral("0")},    {78, QStringLiteral("0")},    {65, QStringLiteral("1")},
         {146, QStringLiteral("0.0")},
     };
     return groups;
@@ -136,7 +136,7 @@ using WriteRecord = void (*)(const NcDbSymbolTableRecord&, quint64 table, FilePa
 
 struct TableRow {
     const char* name;
-    NcDbObjectId NcDatabaseData::*id;  // null: a table that is kept only
+    NcDbObjectId NcDatabaseData::*id; // null: a table that is kept only
     WriteRecord write;
 };
 
@@ -165,10 +165,7 @@ std::vector<const NcDbSymbolTableRecord*> recordsOf(const TableRow& row, const F
     return records;
 }
 
-bool isHead(const DxfRecord& record)
-{
-    return record.type == QLatin1String("TABLE");
-}
+bool isHead(const DxfRecord& record) { return record.type == QLatin1String("TABLE"); }
 
 // The table's own record as it was read; empty for a table that is new.
 NcObjectData headOf(const TableRow& row, const DxfRecords& kept, const FileParts& parts)
@@ -231,8 +228,8 @@ void writeTable(const TableRow& row, FileParts& parts)
         row.id ? recordsOf(row, parts) : std::vector<const NcDbSymbolTableRecord*>();
     const size_t headCount = !kept.empty() && isHead(kept.front()) ? 1 : 0;
     const bool blocks = row.write == writeBlockRecord;
-    writeHead(row, head, handle, records.size() + kept.size() - headCount + (blocks ? parts.context.anonymous.size() : 0),
-              parts);
+    writeHead(row, head, handle,
+              records.size() + kept.size() - headCount + (blocks ? parts.context.anonymous.size() : 0), parts);
     for (const NcDbSymbolTableRecord* record : records)
         row.write(*record, handle, parts);
     for (const DxfRecord& record : kept) {
@@ -244,7 +241,7 @@ void writeTable(const TableRow& row, FileParts& parts)
     parts.context.out.group(0, QStringLiteral("ENDTAB"));
 }
 
-}  // namespace
+} // namespace
 
 void writeKeptRecord(const DxfRecord& record, quint64 owner, FileParts& parts)
 {

@@ -28,25 +28,13 @@ void DxfWriter::groups(const DxfGroups& groups)
         group(each.code, each.value);
 }
 
-void DxfWriter::text(int code, const QString& value)
-{
-    group(code, toCaretCoding(value));
-}
+void DxfWriter::text(int code, const QString& value) { group(code, toCaretCoding(value)); }
 
-void DxfWriter::real(int code, double value)
-{
-    group(code, realText(value));
-}
+void DxfWriter::real(int code, double value) { group(code, realText(value)); }
 
-void DxfWriter::integer(int code, qint64 value)
-{
-    group(code, QString::number(value));
-}
+void DxfWriter::integer(int code, qint64 value) { group(code, QString::number(value)); }
 
-void DxfWriter::handle(int code, quint64 value)
-{
-    group(code, handleText(value));
-}
+void DxfWriter::handle(int code, quint64 value) { group(code, handleText(value)); }
 
 void DxfWriter::point(int code, const NcGePoint3d& p)
 {

@@ -13,13 +13,13 @@ QString realText(double value);
 
 class DxfWriter {
 public:
-    void group(int code, const QString& value);  // the value as it stands
+    void group(int code, const QString& value); // the value as it stands
     void groups(const DxfGroups& groups);
-    void text(int code, const QString& value);   // control characters encoded
+    void text(int code, const QString& value); // control characters encoded
     void real(int code, double value);
     void integer(int code, qint64 value);
     void handle(int code, quint64 value);
-    void point(int code, const NcGePoint3d& p);  // three groups
+    void point(int code, const NcGePoint3d& p); // three groups
     void point2d(int code, double x, double y);
     void vector(int code, const NcGeVector3d& v) { point(code, {v.x, v.y, v.z}); }
     void record(const DxfRecord& record);

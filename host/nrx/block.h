@@ -61,7 +61,7 @@ private:
 // Walks ids that the host handed out; deleted by its user.
 class NRX_API NcDbObjectIterator {
 public:
-    explicit NcDbObjectIterator(NcDbObjectIdArray ids) : ids_(std::move(ids)) {}
+    explicit NcDbObjectIterator(NcDbObjectIdArray ids) : ids_(std::move(ids)) { }
     void start() { at_ = 0; }
     bool done() const { return at_ >= ids_.size(); }
     void step() { ++at_; }
@@ -80,7 +80,8 @@ class NRX_API NcDbBlockReference : public NcDbEntity {
     NCDB_ENTITY(NcDbBlockReference)
     NcDbBlockReference() = default;
     NcDbBlockReference(const NcGePoint3d& position, NcDbObjectId definition)
-        : position_(position), definition_(definition) {}
+        : position_(position), definition_(definition)
+    { }
 
     NcStatus setColorIndex(int index, bool withSubentities = true) override;
     NcStatus setColor(const NcCmColor& color, bool withSubentities = true) override;
@@ -119,10 +120,10 @@ private:
 class NRX_API NcDbEvalVariant {
 public:
     NcDbEvalVariant() = default;
-    explicit NcDbEvalVariant(double value) : type_(40), real_(value) {}
-    explicit NcDbEvalVariant(short value) : type_(70), integer_(value) {}
-    explicit NcDbEvalVariant(int value) : type_(90), integer_(value) {}
-    explicit NcDbEvalVariant(const QString& value) : type_(1), text_(value) {}
+    explicit NcDbEvalVariant(double value) : type_(40), real_(value) { }
+    explicit NcDbEvalVariant(short value) : type_(70), integer_(value) { }
+    explicit NcDbEvalVariant(int value) : type_(90), integer_(value) { }
+    explicit NcDbEvalVariant(const QString& value) : type_(1), text_(value) { }
 
     int restype() const { return type_; }
     double real() const { return real_; }
@@ -157,7 +158,7 @@ private:
 // A look at a reference as a dynamic block; holds nothing open.
 class NRX_API NcDbDynBlockReference {
 public:
-    explicit NcDbDynBlockReference(NcDbObjectId reference) : reference_(reference) {}
+    explicit NcDbDynBlockReference(NcDbObjectId reference) : reference_(reference) { }
     bool isDynamicBlock() const;
     // The definition that the reference comes from, never an anonymous copy;
     // of a plain block its own definition.

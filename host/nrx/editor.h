@@ -59,12 +59,12 @@ NRX_API NcDbObjectId ncedGetCurViewportObjectId();
 class NRX_API NcEditorReactor {
 public:
     virtual ~NcEditorReactor() = default;
-    virtual void commandWillStart(const QString& /*name*/) {}
-    virtual void commandEnded(const QString& /*name*/) {}
+    virtual void commandWillStart(const QString& /*name*/) { }
+    virtual void commandEnded(const QString& /*name*/) { }
 };
 class NRX_API NcEditorReactor2 : public NcEditorReactor {
 public:
-    virtual void pickfirstModified() {}
+    virtual void pickfirstModified() { }
 };
 class NRX_API NcEditor {
 public:

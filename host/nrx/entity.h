@@ -52,16 +52,16 @@ private:
     bool visible_ = true;
 };
 
-#define NCDB_ENTITY(Class)                                          \
-    NCRX_DECLARE(Class)                                             \
-public:                                                             \
-    NcStatus transformBy(const NcGeMatrix3d& matrix) override;      \
-    std::optional<NcGeExtents> extents() const override;            \
+#define NCDB_ENTITY(Class)                                                                                             \
+    NCRX_DECLARE(Class)                                                                                                \
+public:                                                                                                                \
+    NcStatus transformBy(const NcGeMatrix3d& matrix) override;                                                         \
+    std::optional<NcGeExtents> extents() const override;                                                               \
     NcDbEntity* clone() const override;
 
 class NRX_API NcDbPoint : public NcDbEntity {
     NCDB_ENTITY(NcDbPoint)
-    explicit NcDbPoint(const NcGePoint3d& position = {}) : position_(position) {}
+    explicit NcDbPoint(const NcGePoint3d& position = {}) : position_(position) { }
     NcGePoint3d position() const { return position_; }
     void setPosition(const NcGePoint3d& p);
 
@@ -72,7 +72,7 @@ private:
 class NRX_API NcDbLine : public NcDbEntity {
     NCDB_ENTITY(NcDbLine)
     NcDbLine() = default;
-    NcDbLine(const NcGePoint3d& start, const NcGePoint3d& end) : start_(start), end_(end) {}
+    NcDbLine(const NcGePoint3d& start, const NcGePoint3d& end) : start_(start), end_(end) { }
     NcGePoint3d startPoint() const { return start_; }
     NcGePoint3d endPoint() const { return end_; }
     void setStartPoint(const NcGePoint3d& p);
@@ -86,7 +86,8 @@ class NRX_API NcDbCircle : public NcDbEntity {
     NCDB_ENTITY(NcDbCircle)
     NcDbCircle() = default;
     NcDbCircle(const NcGePoint3d& centre, const NcGeVector3d& normal, double radius)
-        : center_(centre), normal_(normal), radius_(radius) {}
+        : center_(centre), normal_(normal), radius_(radius)
+    { }
     NcGePoint3d center() const { return center_; }
     NcGeVector3d normal() const { return normal_; }
     double radius() const { return radius_; }
@@ -104,7 +105,8 @@ class NRX_API NcDbArc : public NcDbEntity {
     NCDB_ENTITY(NcDbArc)
     NcDbArc() = default;
     NcDbArc(const NcGePoint3d& centre, double radius, double start, double end)
-        : center_(centre), radius_(radius), start_(start), end_(end) {}
+        : center_(centre), radius_(radius), start_(start), end_(end)
+    { }
     NcGePoint3d center() const { return center_; }
     double radius() const { return radius_; }
     double startAngle() const { return start_; }
@@ -125,8 +127,8 @@ class NRX_API NcDbPolyline : public NcDbEntity {
         double startWidth = 0.0, endWidth = 0.0;
     };
 
-    NcStatus addVertexAt(int index, const NcGePoint2d& p, double bulge = 0.0,
-                         double startWidth = 0.0, double endWidth = 0.0);
+    NcStatus addVertexAt(int index, const NcGePoint2d& p, double bulge = 0.0, double startWidth = 0.0,
+                         double endWidth = 0.0);
     NcStatus getPointAt(int index, NcGePoint3d& p) const;
     NcStatus getBulgeAt(int index, double& bulge) const;
     NcStatus getWidthsAt(int index, double& start, double& end) const;
@@ -163,12 +165,20 @@ private:
 
 class NRX_API NcDbText : public NcDbEntity {
     NCDB_ENTITY(NcDbText)
-    enum HorizontalMode { kTextLeft = 0, kTextCenter = 1, kTextRight = 2, kTextAlign = 3, kTextMiddle = 4, kTextFit = 5 };
+    enum HorizontalMode {
+        kTextLeft = 0,
+        kTextCenter = 1,
+        kTextRight = 2,
+        kTextAlign = 3,
+        kTextMiddle = 4,
+        kTextFit = 5
+    };
     enum VerticalMode { kTextBase = 0, kTextBottom = 1, kTextVertMid = 2, kTextTop = 3 };
 
     NcDbText() = default;
     NcDbText(const NcGePoint3d& position, const QString& text, double height, double rotation = 0.0)
-        : position_(position), alignment_(position), text_(text), height_(height), rotation_(rotation) {}
+        : position_(position), alignment_(position), text_(text), height_(height), rotation_(rotation)
+    { }
 
     QString textString() const { return text_; }
     virtual NcStatus setTextString(const QString& text);
@@ -236,7 +246,7 @@ class NRX_API NcDbTable : public NcDbEntity {
         double textHeight = 2.0;
         bool hasBackground = false;
         NcCmColor background;
-        int alignment = 5;  // 1..9 like a multiline text
+        int alignment = 5; // 1..9 like a multiline text
     };
 
     NcStatus setSize(int rows, int columns);
@@ -267,8 +277,10 @@ private:
     NcGePoint3d position_;
     NcGeVector3d direction_{1, 0, 0};
     std::vector<double> heights_, widths_;
-    std::vector<Cell> cells_;  // row by row
-    struct Merge { int minRow, maxRow, minColumn, maxColumn; };
+    std::vector<Cell> cells_; // row by row
+    struct Merge {
+        int minRow, maxRow, minColumn, maxColumn;
+    };
     std::vector<Merge> merges_;
 };
 

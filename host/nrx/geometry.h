@@ -7,7 +7,7 @@ struct NRX_API NcGeVector3d {
     double x = 0.0, y = 0.0, z = 0.0;
 
     NcGeVector3d() = default;
-    NcGeVector3d(double xx, double yy, double zz) : x(xx), y(yy), z(zz) {}
+    NcGeVector3d(double xx, double yy, double zz) : x(xx), y(yy), z(zz) { }
 
     static const NcGeVector3d kXAxis;
     static const NcGeVector3d kYAxis;
@@ -33,7 +33,7 @@ struct NRX_API NcGePoint3d {
     double x = 0.0, y = 0.0, z = 0.0;
 
     NcGePoint3d() = default;
-    NcGePoint3d(double xx, double yy, double zz) : x(xx), y(yy), z(zz) {}
+    NcGePoint3d(double xx, double yy, double zz) : x(xx), y(yy), z(zz) { }
 
     static const NcGePoint3d kOrigin;
 
@@ -51,7 +51,7 @@ struct NcGePoint2d {
     double x = 0.0, y = 0.0;
 
     NcGePoint2d() = default;
-    NcGePoint2d(double xx, double yy) : x(xx), y(yy) {}
+    NcGePoint2d(double xx, double yy) : x(xx), y(yy) { }
     bool operator==(const NcGePoint2d& o) const { return x == o.x && y == o.y; }
     bool operator!=(const NcGePoint2d& o) const { return !(*this == o); }
 };
@@ -60,7 +60,7 @@ struct NcGePoint2d {
 struct NRX_API NcGeMatrix3d {
     double entry[4][4];
 
-    NcGeMatrix3d();  // identity
+    NcGeMatrix3d(); // identity
 
     static NcGeMatrix3d translation(const NcGeVector3d& by);
     static NcGeMatrix3d scaling(double factor, const NcGePoint3d& centre = NcGePoint3d::kOrigin);
@@ -70,8 +70,8 @@ struct NRX_API NcGeMatrix3d {
 
     NcGeMatrix3d& setToIdentity();
     NcGeMatrix3d& setTranslation(const NcGeVector3d& by);
-    NcGeMatrix3d& setCoordSystem(const NcGePoint3d& origin, const NcGeVector3d& x,
-                                 const NcGeVector3d& y, const NcGeVector3d& z);
+    NcGeMatrix3d& setCoordSystem(const NcGePoint3d& origin, const NcGeVector3d& x, const NcGeVector3d& y,
+                                 const NcGeVector3d& z);
     void getCoordSystem(NcGePoint3d& origin, NcGeVector3d& x, NcGeVector3d& y, NcGeVector3d& z) const;
     // World to the plane through the origin with the given normal.
     NcGeMatrix3d& setToWorldToPlane(const NcGeVector3d& normal);

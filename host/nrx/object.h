@@ -11,13 +11,13 @@
 
 class NcDbDatabase;
 class NcDbObject;
-struct NcObjectData;   // the stand-in's own part of an object
-struct HostAccess;     // the stand-in's key to private parts
+struct NcObjectData; // the stand-in's own part of an object
+struct HostAccess;   // the stand-in's key to private parts
 
 // A class of the interface at run time.
 class NRX_API NcRxClass {
 public:
-    NcRxClass(const char* name, const NcRxClass* parent) : name_(name), parent_(parent) {}
+    NcRxClass(const char* name, const NcRxClass* parent) : name_(name), parent_(parent) { }
     const char* name() const { return name_; }
     bool isDerivedFrom(const NcRxClass* other) const;
 
@@ -26,17 +26,17 @@ private:
     const NcRxClass* parent_;
 };
 
-#define NCRX_DECLARE(Class)              \
-public:                                  \
-    static const NcRxClass* desc();      \
-    const NcRxClass* isA() const override;  \
+#define NCRX_DECLARE(Class)                                                                                            \
+public:                                                                                                                \
+    static const NcRxClass* desc();                                                                                    \
+    const NcRxClass* isA() const override;                                                                             \
     friend struct HostAccess;
 
 // Names an object of one drawing; a value. Null until the object was appended.
 class NRX_API NcDbObjectId {
 public:
     NcDbObjectId() = default;
-    NcDbObjectId(NcDbDatabase* database, quint64 handle) : database_(database), handle_(handle) {}
+    NcDbObjectId(NcDbDatabase* database, quint64 handle) : database_(database), handle_(handle) { }
 
     bool isNull() const { return handle_ == 0; }
     // Whether the object exists in its drawing, erased or not.

@@ -39,8 +39,7 @@ public:
     struct Data;
     std::unique_ptr<Data> data_;
 };
-class NRX_API hostUiQtPaletteSet : public hostUiPaletteSet {
-};
+class NRX_API hostUiQtPaletteSet : public hostUiPaletteSet { };
 
 enum hostPaletteDocking { kDockAnySide = 61440 };
 

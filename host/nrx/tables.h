@@ -5,7 +5,7 @@
 
 #include <QHash>
 
-struct DynamicDefinition;  // the stand-in's own: parameters of a dynamic block
+struct DynamicDefinition; // the stand-in's own: parameters of a dynamic block
 
 class NRX_API NcDbSymbolTableRecord : public NcDbObject {
     NCRX_DECLARE(NcDbSymbolTableRecord)
@@ -20,7 +20,7 @@ protected:
 
 class NRX_API NcDbSymbolTableIterator {
 public:
-    explicit NcDbSymbolTableIterator(NcDbObjectIdArray ids) : ids_(std::move(ids)) {}
+    explicit NcDbSymbolTableIterator(NcDbObjectIdArray ids) : ids_(std::move(ids)) { }
     bool done() const { return at_ >= ids_.size(); }
     void step() { ++at_; }
     NcStatus getRecordId(NcDbObjectId& id) const;
@@ -51,7 +51,7 @@ public:
 
 protected:
     NcDbObjectIdArray records_;
-    QHash<QString, NcDbObjectId> byName_;  // by folded name, records that were not erased
+    QHash<QString, NcDbObjectId> byName_; // by folded name, records that were not erased
 };
 
 class NRX_API NcDbLayerTableRecord : public NcDbSymbolTableRecord {
@@ -82,7 +82,7 @@ class NRX_API NcDbLayerTable : public NcDbSymbolTable {
 
 class NRX_API NcDbBlockTableRecordIterator {
 public:
-    explicit NcDbBlockTableRecordIterator(NcDbObjectIdArray ids) : ids_(std::move(ids)) {}
+    explicit NcDbBlockTableRecordIterator(NcDbObjectIdArray ids) : ids_(std::move(ids)) { }
     // From the first entity; erased ones are passed over.
     void start();
     bool done() const { return at_ >= ids_.size(); }
@@ -120,7 +120,7 @@ private:
     NcGePoint3d origin_;
     NcDbObjectIdArray entities_;
     NcDbObjectId sortents_;
-    std::unique_ptr<DynamicDefinition> dynamic_;  // null for a plain block
+    std::unique_ptr<DynamicDefinition> dynamic_; // null for a plain block
 };
 
 class NRX_API NcDbBlockTable : public NcDbSymbolTable {
@@ -162,7 +162,7 @@ private:
 class NRX_API NcDbGroup : public NcDbObject {
     NCRX_DECLARE(NcDbGroup)
 public:
-    explicit NcDbGroup(const QString& description = {}) : description_(description) {}
+    explicit NcDbGroup(const QString& description = {}) : description_(description) { }
     NcStatus append(NcDbObjectId id);
     NcStatus append(const NcDbObjectIdArray& ids);
     // Entities that were not erased.

@@ -17,7 +17,7 @@ NcDbViewportTableRecord* activeRecord(NcDbDatabase& drawing)
         HostAccess::recordId(drawing, HostAccess::data(drawing).viewportTable, QStringLiteral("*Active")));
 }
 
-}  // namespace
+} // namespace
 
 ActiveView activeView(NcDbDatabase& drawing)
 {

@@ -7,10 +7,7 @@ namespace {
 // Corners of a full circle.
 constexpr int kCircleCorners = 128;
 
-QPointF flat(const NcGePoint3d& p)
-{
-    return {p.x, p.y};
-}
+QPointF flat(const NcGePoint3d& p) { return {p.x, p.y}; }
 
 QPolygonF arcLine(const QPointF& centre, double radius, double start, double sweep)
 {
@@ -72,7 +69,7 @@ void makeOldPolyline(const NcDb2dPolyline& polyline, const FigureFrame& frame)
     frame.line(bulgedLine(points, bulges, polyline.isClosed()));
 }
 
-}  // namespace
+} // namespace
 
 QPolygonF bulgedLine(const std::vector<QPointF>& points, const std::vector<double>& bulges, bool closed)
 {

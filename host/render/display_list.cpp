@@ -43,12 +43,9 @@ double distanceTo(const Figure& figure, const QPointF& p)
     return INFINITY;
 }
 
-QRectF grown(const QRectF& box, double by)
-{
-    return box.adjusted(-by, -by, by, by);
-}
+QRectF grown(const QRectF& box, double by) { return box.adjusted(-by, -by, by, by); }
 
-}  // namespace
+} // namespace
 
 QRectF DisplayList::box() const
 {

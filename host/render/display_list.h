@@ -16,8 +16,8 @@
 // is held, x along the line, y up, capitals 1 high) to the world.
 struct FigureText {
     QString text;
-    int horizontal = 0;   // 0 left, 1 centre, 2 right
-    int vertical = 0;     // 0 base line, 1 bottom, 2 middle, 3 top
+    int horizontal = 0; // 0 left, 1 centre, 2 right
+    int vertical = 0;   // 0 base line, 1 bottom, 2 middle, 3 top
     QTransform placing;
 };
 
@@ -25,16 +25,16 @@ struct Figure {
     enum Kind { Line, Fill, Text, Dot };
 
     Kind kind = Line;
-    NcDbObjectId source;               // the entity of the space that it belongs to
-    QString layer;                     // that decided whether it shows
+    NcDbObjectId source; // the entity of the space that it belongs to
+    QString layer;       // that decided whether it shows
     QColor color;
-    bool foreground = false;           // colour 7: black on white, white on black
-    bool background = false;           // an opaque ground in the colour of the paper
-    bool thin = false;                 // a line of a hatch pattern
-    std::vector<QPolygonF> polygons;   // Line: one open or closed; Fill: loops, even-odd; Dot: one point
+    bool foreground = false;         // colour 7: black on white, white on black
+    bool background = false;         // an opaque ground in the colour of the paper
+    bool thin = false;               // a line of a hatch pattern
+    std::vector<QPolygonF> polygons; // Line: one open or closed; Fill: loops, even-odd; Dot: one point
     FigureText text;
-    QRectF box;                        // in the world, of text too
-    std::shared_ptr<const QPolygonF> clip;   // a viewport's border
+    QRectF box;                            // in the world, of text too
+    std::shared_ptr<const QPolygonF> clip; // a viewport's border
 };
 
 class NRX_API DisplayList {

@@ -19,16 +19,13 @@ QTransform flatTransform(const NcGeMatrix3d& m)
 
 // What an entity inside of a block takes from the reference that shows it.
 struct Inherited {
-    QString layer;       // empty at the top
-    FigureColor color;   // for "by block"
+    QString layer;     // empty at the top
+    FigureColor color; // for "by block"
 };
 
 class DrawingWalker {
 public:
-    DrawingWalker(const NcDbDatabase& drawing, DisplayList& list) : drawing_(drawing)
-    {
-        frame_.list = &list;
-    }
+    DrawingWalker(const NcDbDatabase& drawing, DisplayList& list) : drawing_(drawing) { frame_.list = &list; }
 
     void walkSpace(const QString& name)
     {
@@ -173,7 +170,7 @@ private:
     bool inViewport_ = false;
 };
 
-}  // namespace
+} // namespace
 
 FigureColor figureColor(const NcCmColor& color)
 {

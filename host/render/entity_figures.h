@@ -9,7 +9,7 @@
 
 struct FigureColor {
     QColor color;
-    bool foreground = false;   // follows the paper: black on white
+    bool foreground = false; // follows the paper: black on white
 };
 
 // The colour of an index or of a true colour; by layer and by block give the

@@ -10,7 +10,7 @@ QRectF boxOf(const std::vector<QPolygonF>& polygons)
     return box;
 }
 
-}  // namespace
+} // namespace
 
 void FigureFrame::add(Figure figure) const
 {

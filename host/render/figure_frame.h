@@ -6,8 +6,8 @@
 // What the walker hands to the makers of figures.
 struct FigureFrame {
     DisplayList* list = nullptr;
-    QTransform toWorld;        // from the entity's coordinates to the list's
-    Figure pattern;            // source, layer, colour and clip of what is made
+    QTransform toWorld; // from the entity's coordinates to the list's
+    Figure pattern;     // source, layer, colour and clip of what is made
 
     void line(QPolygonF points, bool thin = false) const;
     void fill(std::vector<QPolygonF> loops) const;

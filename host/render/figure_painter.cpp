@@ -22,8 +22,7 @@ class FigurePainter {
 public:
     FigurePainter(QPainter& painter, const QTransform& toDevice, const PaintStyle& style)
         : painter_(painter), toDevice_(toDevice), style_(style), onLight_(qGray(style.paper.rgb()) > 127)
-    {
-    }
+    { }
 
     void paint(const Figure& figure)
     {
@@ -57,8 +56,7 @@ private:
         switch (figure.kind) {
         case Figure::Line: return paintLine(figure, color, picked);
         case Figure::Fill: return paintFill(figure, color, picked);
-        case Figure::Text:
-            return paintText(figure.text, picked ? style_.selection : color);
+        case Figure::Text: return paintText(figure.text, picked ? style_.selection : color);
         case Figure::Dot:
             return paintDot(toDevice_.map(figure.polygons.front().front()), picked ? style_.selection : color,
                             1.5 * style_.lineWidth);
@@ -135,7 +133,7 @@ bool touches(const QRectF& a, const QRectF& b)
     return a.left() <= b.right() && a.right() >= b.left() && a.top() <= b.bottom() && a.bottom() >= b.top();
 }
 
-}  // namespace
+} // namespace
 
 QTransform fitWindow(const QRectF& window, const QRectF& target)
 {

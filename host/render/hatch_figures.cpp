@@ -18,7 +18,7 @@ std::vector<QPolygonF> hatchLoops(const NcDbHatch& hatch)
     return loops;
 }
 
-}  // namespace
+} // namespace
 
 bool makeHatchFigures(const NcDbEntity& entity, const FigureFrame& frame)
 {
@@ -31,8 +31,8 @@ bool makeHatchFigures(const NcDbEntity& entity, const FigureFrame& frame)
         return true;
     }
     const HatchPattern* pattern = findPattern(hatch.patternName());
-    const std::vector<QPolygonF> strokes = pattern ? patternStrokes(*pattern, hatch.patternScale(), loops)
-                                                   : std::vector<QPolygonF>();
+    const std::vector<QPolygonF> strokes =
+        pattern ? patternStrokes(*pattern, hatch.patternScale(), loops) : std::vector<QPolygonF>();
     // A pattern that is unknown or too fine to be drawn shows the shape's border.
     for (const QPolygonF& stroke : strokes.empty() ? loops : strokes)
         frame.line(stroke, true);

@@ -77,7 +77,7 @@ PatternStore& store()
     return patterns;
 }
 
-}  // namespace
+} // namespace
 
 std::vector<HatchPattern> parsePatterns(const QString& text)
 {
@@ -94,12 +94,6 @@ std::vector<HatchPattern> parsePatterns(const QString& text)
     return patterns;
 }
 
-const HatchPattern* findPattern(const QString& name)
-{
-    return store().find(name);
-}
+const HatchPattern* findPattern(const QString& name) { return store().find(name); }
 
-void addPatternFolder(const QString& folder)
-{
-    store().addFolder(folder);
-}
+void addPatternFolder(const QString& folder) { store().addFolder(folder); }

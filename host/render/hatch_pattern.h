@@ -10,10 +10,10 @@
 
 // A family of parallel lines, in the pattern's own units.
 struct PatternLine {
-    double angle = 0.0;                  // radians
+    double angle = 0.0; // radians
     QPointF origin;
-    double along = 0.0, across = 0.0;    // from one line to the next, in the line's own directions
-    std::vector<double> dashes;          // positive drawn, negative left out, 0 a dot; empty: unbroken
+    double along = 0.0, across = 0.0; // from one line to the next, in the line's own directions
+    std::vector<double> dashes;       // positive drawn, negative left out, 0 a dot; empty: unbroken
 };
 
 struct HatchPattern {

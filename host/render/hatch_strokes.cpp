@@ -11,11 +11,15 @@ class StrokeMaker {
 public:
     StrokeMaker(const PatternLine& line, double scale, const std::vector<QPolygonF>& loops, size_t most,
                 std::vector<QPolygonF>& strokes)
-        : line_(line), scale_(scale), loops_(loops), most_(most), strokes_(strokes),
-          origin_(line.origin), direction_(std::cos(line.angle), std::sin(line.angle)),
+        : line_(line),
+          scale_(scale),
+          loops_(loops),
+          most_(most),
+          strokes_(strokes),
+          origin_(line.origin),
+          direction_(std::cos(line.angle), std::sin(line.angle)),
           normal_(-direction_.y(), direction_.x())
-    {
-    }
+    { }
 
     // False when there would be too many.
     bool make()
@@ -53,7 +57,8 @@ private:
     // Half-open at the edge's ends, so that a corner counts once.
     void addCrossing(const QPointF& origin, const QPointF& a, const QPointF& b, std::vector<double>& crossings) const
     {
-        const double first = QPointF::dotProduct(a - origin, normal_), second = QPointF::dotProduct(b - origin, normal_);
+        const double first = QPointF::dotProduct(a - origin, normal_),
+                     second = QPointF::dotProduct(b - origin, normal_);
         if ((first < 0.0) == (second < 0.0))
             return;
         const QPointF p = a + (b - a) * (first / (first - second));
@@ -93,7 +98,7 @@ private:
     const QPointF origin_, direction_, normal_;
 };
 
-}  // namespace
+} // namespace
 
 std::vector<QPolygonF> patternStrokes(const HatchPattern& pattern, double scale, const std::vector<QPolygonF>& loops,
                                       size_t most)

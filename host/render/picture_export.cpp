@@ -103,7 +103,7 @@ QString saveBytes(const QString& path, const QByteArray& bytes)
     return QStringLiteral("файл «") + path + QStringLiteral("» не записан");
 }
 
-}  // namespace
+} // namespace
 
 QString exportPicture(NcDbDatabase& drawing, const QString& path, const PictureOptions& options)
 {
@@ -113,7 +113,8 @@ QString exportPicture(NcDbDatabase& drawing, const QString& path, const PictureO
         return QStringLiteral("папка «") + file.absolutePath() + QStringLiteral("» не создана");
     if (ending == QLatin1String("dxf"))
         return isOk(drawing.saveAs(file.absoluteFilePath()))
-            ? QString() : QStringLiteral("файл «") + path + QStringLiteral("» не записан");
+            ? QString()
+            : QStringLiteral("файл «") + path + QStringLiteral("» не записан");
     if (ending != QLatin1String("png") && ending != QLatin1String("svg") && ending != QLatin1String("pdf"))
         return QStringLiteral("окончание «") + ending + QStringLiteral("» не png, svg, pdf или dxf");
     if (options.pixels.width() < 16 || options.pixels.height() < 16 || options.pixels.width() > 20000

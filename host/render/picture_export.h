@@ -8,9 +8,9 @@
 #include <QString>
 
 struct PictureOptions {
-    QRectF window;                // part of the world; null for everything
-    QSize pixels{1600, 1130};     // of a PNG or SVG
-    bool whitePaper = true;       // else black, as on the screen
+    QRectF window;            // part of the world; null for everything
+    QSize pixels{1600, 1130}; // of a PNG or SVG
+    bool whitePaper = true;   // else black, as on the screen
     QString space = QStringLiteral("*Model_Space");
     // Of a PDF: a sheet of A4 or A3, lying or standing as the drawing asks.
     bool largeSheet = true;

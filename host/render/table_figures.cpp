@@ -92,7 +92,7 @@ private:
     QTransform placing_;
 };
 
-}  // namespace
+} // namespace
 
 bool makeTableFigures(const NcDbEntity& entity, const FigureFrame& frame)
 {

@@ -7,7 +7,7 @@ namespace {
 // Reads a multi-line text's codes.
 class ParagraphReader {
 public:
-    explicit ParagraphReader(const QString& text) : text_(text) {}
+    explicit ParagraphReader(const QString& text) : text_(text) { }
 
     QStringList read()
     {
@@ -58,19 +58,37 @@ private:
     void readCode(QChar c)
     {
         switch (c.unicode()) {
-        case 'P': case 'X': case 'N': breakLine(); return;
+        case 'P':
+        case 'X':
+        case 'N': breakLine(); return;
         case '~': line_ += QChar(0x00A0); return;
-        case '\\': case '{': case '}': line_ += c; return;
-        case 'L': case 'l': case 'O': case 'o': case 'K': case 'k': return;
+        case '\\':
+        case '{':
+        case '}': line_ += c; return;
+        case 'L':
+        case 'l':
+        case 'O':
+        case 'o':
+        case 'K':
+        case 'k': return;
         case 'S': line_ += upToSemicolon().replace(QLatin1Char('#'), QLatin1Char('/')).remove(QLatin1Char('^')); return;
         case 'U': readUnicode(); return;
-        case 'f': case 'F': case 'H': case 'h': case 'W': case 'w': case 'T': case 't':
-        case 'Q': case 'q': case 'C': case 'c': case 'A': case 'a': case 'p':
-            upToSemicolon();
-            return;
-        default:
-            line_ += QLatin1Char('\\');
-            line_ += c;
+        case 'f':
+        case 'F':
+        case 'H':
+        case 'h':
+        case 'W':
+        case 'w':
+        case 'T':
+        case 't':
+        case 'Q':
+        case 'q':
+        case 'C':
+        case 'c':
+        case 'A':
+        case 'a':
+        case 'p': upToSemicolon(); return;
+        default: line_ += QLatin1Char('\\'); line_ += c;
         }
     }
 
@@ -92,7 +110,7 @@ private:
     int at_ = 0;
 };
 
-}  // namespace
+} // namespace
 
 QString plainLine(const QString& text)
 {

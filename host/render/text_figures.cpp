@@ -69,7 +69,7 @@ void makeMText(const NcDbMText& text, const FigureFrame& frame)
     makeTextBlock(lines, text.attachment(), placing, frame);
 }
 
-}  // namespace
+} // namespace
 
 QSizeF textBlockSize(const QStringList& lines)
 {

@@ -47,7 +47,7 @@ const OutlineFont& outlineFont()
     return made;
 }
 
-}  // namespace
+} // namespace
 
 double unitTextWidth(const QString& text)
 {

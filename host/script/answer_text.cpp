@@ -85,7 +85,7 @@ bool readSelection(const QString& text, PromptReply& reply)
     return !words.isEmpty();
 }
 
-}  // namespace
+} // namespace
 
 bool parsePointText(const QString& text, const NcGePoint3d* base, NcGePoint3d& point)
 {

@@ -45,7 +45,7 @@ QAbstractButton* standardButton(QWidget* window, QDialogButtonBox::StandardButto
     return nullptr;
 }
 
-}  // namespace
+} // namespace
 
 QAbstractButton* findBoxButton(QWidget* window, const QString& name)
 {
@@ -73,8 +73,7 @@ QString chooseFiles(QWidget* window, const QStringList& paths)
     if (!edit)
         return QStringLiteral("в окне нет поля имени файла");
     const QString quote = QStringLiteral("\"");
-    edit->setText(absolute.size() == 1 ? absolute.first()
-                                       : quote + absolute.join(QStringLiteral("\" \"")) + quote);
+    edit->setText(absolute.size() == 1 ? absolute.first() : quote + absolute.join(QStringLiteral("\" \"")) + quote);
     static_cast<QDialog*>(dialog)->accept();
     return {};
 }

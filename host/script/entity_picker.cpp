@@ -5,10 +5,7 @@
 
 namespace {
 
-NcDbDatabase* workingDrawing()
-{
-    return ncdbHostApplicationServices()->workingDatabase();
-}
+NcDbDatabase* workingDrawing() { return ncdbHostApplicationServices()->workingDatabase(); }
 
 // The active view's height, for tolerances.
 double viewHeight(NcDbDatabase& drawing)
@@ -86,7 +83,7 @@ NcDbObjectIdArray spaceEntities(const QString& space)
     return ids;
 }
 
-}  // namespace
+} // namespace
 
 NcDbObjectId pickEntityAt(const NcGePoint3d& world, double tolerance)
 {

@@ -8,10 +8,10 @@
 
 // What the words of a script ask of an entity; all given ones must hold.
 struct EntityQuery {
-    QString block;         // name of the (dynamic) definition
+    QString block; // name of the (dynamic) definition
     QString layer;
-    QString className;     // "NcDbHatch"
-    QString tag, value;    // an attribute and its text; the tag alone is not asked
+    QString className;  // "NcDbHatch"
+    QString tag, value; // an attribute and its text; the tag alone is not asked
     quint64 handle = 0;
 };
 

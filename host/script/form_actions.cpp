@@ -20,10 +20,7 @@ namespace {
 
 using Words = QStringList;
 
-QString noWidget(const QString& name)
-{
-    return QStringLiteral("нет поля «") + name + QStringLiteral("»");
-}
+QString noWidget(const QString& name) { return QStringLiteral("нет поля «") + name + QStringLiteral("»"); }
 
 QString differs(const QString& what, const QString& met, const QString& expected)
 {
@@ -101,10 +98,12 @@ QString doState(QWidget* window, const Words& words)
         widget = findButton(window, words[0]);
     if (!widget)
         return noWidget(words[0]);
-    const struct { const char* name; bool holds; } states[] = {
-        {"enabled", widget->isEnabled()}, {"disabled", !widget->isEnabled()},
-        {"visible", widget->isVisible()}, {"hidden", !widget->isVisible()},
-        {"focused", widget->hasFocus()},
+    const struct {
+        const char* name;
+        bool holds;
+    } states[] = {
+        {"enabled", widget->isEnabled()}, {"disabled", !widget->isEnabled()}, {"visible", widget->isVisible()},
+        {"hidden", !widget->isVisible()}, {"focused", widget->hasFocus()},
     };
     for (const auto& state : states)
         if (words[1] == QLatin1String(state.name))
@@ -262,26 +261,38 @@ QString doClose(QWidget* window, const Words&)
     return {};
 }
 
-QString doNothing(QWidget*, const Words&)
-{
-    return {};
-}
+QString doNothing(QWidget*, const Words&) { return {}; }
 
 struct Verb {
     const char* name;
-    int least, most;   // words; -1 for any number
+    int least, most; // words; -1 for any number
     QString (*perform)(QWidget*, const Words&);
 };
 
 const Verb kVerbs[] = {
-    {"dialog", 1, 1, doNothing}, {"window", 1, 1, doNothing}, {"call", 0, 0, doNothing},
-    {"wait", 1, 1, doNothing},   {"text", 1, 2, doText},      {"set", 2, 2, doSet},
-    {"check", 2, 2, doCheck},    {"contains", 2, 2, doContains}, {"items", 1, -1, doItems},
-    {"state", 2, 2, doState},    {"rows", 2, 2, doRows},      {"cell", 4, 4, doCell},
-    {"check-cell", 4, 4, doCheckCell}, {"row", 2, 3, doRow},  {"double", 2, 3, doDouble},
-    {"key", 2, 2, doKey},        {"press", 1, 2, doPress},    {"menu", 1, 3, doMenu},
-    {"choose", 1, 1, doChoose},  {"files", 1, -1, chooseFiles}, {"color", 1, 1, chooseColor},
-    {"screenshot", 1, 1, doScreenshot}, {"close", 0, 0, doClose},
+    {"dialog", 1, 1, doNothing},
+    {"window", 1, 1, doNothing},
+    {"call", 0, 0, doNothing},
+    {"wait", 1, 1, doNothing},
+    {"text", 1, 2, doText},
+    {"set", 2, 2, doSet},
+    {"check", 2, 2, doCheck},
+    {"contains", 2, 2, doContains},
+    {"items", 1, -1, doItems},
+    {"state", 2, 2, doState},
+    {"rows", 2, 2, doRows},
+    {"cell", 4, 4, doCell},
+    {"check-cell", 4, 4, doCheckCell},
+    {"row", 2, 3, doRow},
+    {"double", 2, 3, doDouble},
+    {"key", 2, 2, doKey},
+    {"press", 1, 2, doPress},
+    {"menu", 1, 3, doMenu},
+    {"choose", 1, 1, doChoose},
+    {"files", 1, -1, chooseFiles},
+    {"color", 1, 1, chooseColor},
+    {"screenshot", 1, 1, doScreenshot},
+    {"close", 0, 0, doClose},
 };
 
 const Verb* findVerb(const QString& name)
@@ -292,12 +303,9 @@ const Verb* findVerb(const QString& name)
     return nullptr;
 }
 
-}  // namespace
+} // namespace
 
-bool isFormVerb(const QString& verb)
-{
-    return findVerb(verb) != nullptr;
-}
+bool isFormVerb(const QString& verb) { return findVerb(verb) != nullptr; }
 
 QString checkFormStep(const FormStep& step)
 {
@@ -321,7 +329,8 @@ QString performFormStep(QWidget* window, const FormStep& step)
 std::optional<QString> boxText(const QWidget* window)
 {
     if (const auto* box = qobject_cast<const QMessageBox*>(window))
-        return box->informativeText().isEmpty() ? box->text() : box->text() + QLatin1Char('\n') + box->informativeText();
+        return box->informativeText().isEmpty() ? box->text()
+                                                : box->text() + QLatin1Char('\n') + box->informativeText();
     if (const auto* input = qobject_cast<const QInputDialog*>(window))
         return input->labelText();
     if (const auto* progress = qobject_cast<const QProgressDialog*>(window))

@@ -29,7 +29,7 @@ struct FormStep {
     QString verb;
     QStringList words;
     std::function<QString(QWidget*)> call;
-    int place = -1;   // the maker's own: which line of a script
+    int place = -1; // the maker's own: which line of a script
 };
 
 // Whether a verb is one for windows, and how many words it takes.

@@ -33,7 +33,7 @@ QWidget* findFreeWindow(const QString& name)
     return nullptr;
 }
 
-}  // namespace
+} // namespace
 
 QWidget* activeModalWindow(bool progress)
 {
@@ -69,15 +69,9 @@ void FormDriver::stop()
     base_.clear();
 }
 
-void FormDriver::closeEverything()
-{
-    closing_ = true;
-}
+void FormDriver::closeEverything() { closing_ = true; }
 
-bool FormDriver::hasWindow() const
-{
-    return target() || activeModalWindow(true);
-}
+bool FormDriver::hasWindow() const { return target() || activeModalWindow(true); }
 
 bool FormDriver::isAtWork(QWidget* window) const
 {
@@ -153,8 +147,8 @@ void FormDriver::workOn(QWidget* window)
         // The script goes on elsewhere; a moment's grace, for the form may be
         // about to close.
         if (window != base_ && ++idleTicks_ > kIdleTicks)
-            fail(QStringLiteral("окно ") + describeWindow(window) + QStringLiteral(" ждёт, а сценарий о нём молчит"), -1,
-                 window);
+            fail(QStringLiteral("окно ") + describeWindow(window) + QStringLiteral(" ждёт, а сценарий о нём молчит"),
+                 -1, window);
         return;
     }
     idleTicks_ = 0;
@@ -179,10 +173,12 @@ void FormDriver::takeNewWindow(QWidget* window)
     const FormStep* step = script_.currentStep();
     if (!step || step->verb != QLatin1String("dialog"))
         return fail(QStringLiteral("открылось окно ") + describeWindow(window)
-                    + QStringLiteral(", о котором в сценарии нет речи"), -1, window);
+                        + QStringLiteral(", о котором в сценарии нет речи"),
+                    -1, window);
     if (!titleFits(window, step->words.value(0)))
         return fail(QStringLiteral("ожидалось окно «") + step->words.value(0) + QStringLiteral("», открылось ")
-                    + describeWindow(window), -1, window);
+                        + describeWindow(window),
+                    -1, window);
     entered_.emplace_back(window);
     script_.advance();
 }
@@ -214,7 +210,8 @@ void FormDriver::doStep(QWidget* target, const FormStep& step)
     // Not from here: a timer does not fire again while its slot runs, and the
     // step may open a box that waits for this very timer.
     posted_ = true;
-    QMetaObject::invokeMethod(this, [this, window, copy] { perform(window, copy); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this, window, copy] { perform(window, copy); }, Qt::QueuedConnection);
 }
 
 void FormDriver::perform(QPointer<QWidget> target, const FormStep& step)
@@ -245,16 +242,19 @@ void FormDriver::closeOne(QWidget* active)
     // Posted for the reason given in doStep: closing may ask a question.
     posted_ = true;
     const QPointer<QWidget> window(active);
-    QMetaObject::invokeMethod(this, [this, window] {
-        posted_ = false;
-        if (auto* dialog = qobject_cast<QDialog*>(window.data())) {
-            dialog->reject();
-            if (window && window->isVisible())
-                dialog->done(QDialog::Rejected);
-        } else if (window) {
-            window->close();
-        }
-    }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this,
+        [this, window] {
+            posted_ = false;
+            if (auto* dialog = qobject_cast<QDialog*>(window.data())) {
+                dialog->reject();
+                if (window && window->isVisible())
+                    dialog->done(QDialog::Rejected);
+            } else if (window) {
+                window->close();
+            }
+        },
+        Qt::QueuedConnection);
 }
 
 // The window that went wrong is closed, so that nothing waits for it.
@@ -284,7 +284,7 @@ void FormDriver::checkTimeout(const FormStep* step, QWidget* window)
     if (sinceProgress_.elapsed() <= timeout_)
         return;
     touch();
-    const QString what = step ? QStringLiteral("не дождались: ") + windowStepText(*step)
-                              : QStringLiteral("окно не отвечает");
+    const QString what =
+        step ? QStringLiteral("не дождались: ") + windowStepText(*step) : QStringLiteral("окно не отвечает");
     fail(what + QStringLiteral(" (") + QString::number(timeout_ / 1000.0) + QStringLiteral(" с)"), -1, window);
 }

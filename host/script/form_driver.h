@@ -22,7 +22,7 @@ public:
     // A step that bears `place` went wrong, or, -1, the waiting for the current one.
     virtual void stepFailed(const QString& what, int place) = 0;
     // No window is at work: what needs no window may be done now.
-    virtual void settle() {}
+    virtual void settle() { }
     // A command runs, so that only its own windows are worked on.
     virtual bool commandRuns() const { return false; }
 };
@@ -76,9 +76,9 @@ private:
     bool posted_ = false;
     bool closing_ = false;
     qint64 progressSum_ = 0;
-    std::vector<QPointer<QWidget>> entered_;   // modal windows that were announced, outermost first
-    QPointer<QWidget> base_;                   // the window turned to that is not modal
-    std::vector<QPointer<QWidget>> atWork_;    // windows whose step is not done yet
+    std::vector<QPointer<QWidget>> entered_; // modal windows that were announced, outermost first
+    QPointer<QWidget> base_;                 // the window turned to that is not modal
+    std::vector<QPointer<QWidget>> atWork_;  // windows whose step is not done yet
 };
 
 // The topmost modal window that is not a progress box; with `progress` also one.

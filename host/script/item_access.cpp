@@ -10,10 +10,7 @@
 
 namespace {
 
-QString textOf(const QModelIndex& index)
-{
-    return index.data(Qt::DisplayRole).toString();
-}
+QString textOf(const QModelIndex& index) { return index.data(Qt::DisplayRole).toString(); }
 
 QModelIndex treePath(QAbstractItemModel* model, const QString& path)
 {
@@ -105,7 +102,7 @@ QWidget* cellWidget(QAbstractItemView* view, const QModelIndex& index)
     return widget;
 }
 
-}  // namespace
+} // namespace
 
 QModelIndex findCell(QAbstractItemView* view, const QString& row, const QString& column, QString& error)
 {

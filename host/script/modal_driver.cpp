@@ -15,10 +15,7 @@ ExpectedWindow& ExpectedWindow::call(const std::function<QString(QWidget*)>& fun
     return *this;
 }
 
-ModalDriver::ModalDriver() : driver_(*this)
-{
-    driver_.start();
-}
+ModalDriver::ModalDriver() : driver_(*this) { driver_.start(); }
 
 ModalDriver::~ModalDriver() = default;
 
@@ -34,10 +31,7 @@ ExpectedWindow ModalDriver::window(const QString& name)
     return ExpectedWindow(*this);
 }
 
-void ModalDriver::setStepTimeout(double seconds)
-{
-    driver_.setStepTimeout(int(seconds * 1000.0));
-}
+void ModalDriver::setStepTimeout(double seconds) { driver_.setStepTimeout(int(seconds * 1000.0)); }
 
 void ModalDriver::play()
 {
@@ -55,15 +49,9 @@ QString ModalDriver::report() const
     return lines.join(QLatin1Char('\n'));
 }
 
-const FormStep* ModalDriver::currentStep()
-{
-    return steps_.empty() ? nullptr : &steps_.front();
-}
+const FormStep* ModalDriver::currentStep() { return steps_.empty() ? nullptr : &steps_.front(); }
 
-void ModalDriver::advance()
-{
-    steps_.pop_front();
-}
+void ModalDriver::advance() { steps_.pop_front(); }
 
 // Steps of the window that went wrong are dropped with it: the next one is
 // judged by its own expectation.

@@ -37,7 +37,7 @@ public:
 
 private:
     friend class ModalDriver;
-    explicit ExpectedWindow(ModalDriver& driver) : driver_(driver) {}
+    explicit ExpectedWindow(ModalDriver& driver) : driver_(driver) { }
     ModalDriver& driver_;
 };
 

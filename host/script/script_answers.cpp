@@ -8,7 +8,7 @@ namespace {
 
 const struct {
     const char* verb;
-    int kind;   // of PromptRequest, -1 for any
+    int kind; // of PromptRequest, -1 for any
 } kAnswerVerbs[] = {
     {"prompt", -1},
     {"answer", -1},
@@ -83,12 +83,9 @@ QString selectByQuery(const QStringList& words, PromptReply& reply)
 }
 
 // Words like "layer=0" rather than points and handles.
-bool isQuery(const QStringList& words)
-{
-    return !words.isEmpty() && words.first().contains(QLatin1Char('='));
-}
+bool isQuery(const QStringList& words) { return !words.isEmpty() && words.first().contains(QLatin1Char('=')); }
 
-}  // namespace
+} // namespace
 
 bool isAnswerVerb(const QString& verb)
 {
@@ -122,6 +119,7 @@ QString makeAnswer(const PromptRequest& request, const QString& verb, const QStr
     if (request.kind != PromptRequest::Selection && words.size() != 1)
         return QStringLiteral("нужно одно слово (текст с пробелами пишется в кавычках)");
     if (!parseAnswer(request, echo, reply))
-        return QStringLiteral("ответ «") + echo + QStringLiteral("» не подходит, спрашивают: ") + kindText(request.kind);
+        return QStringLiteral("ответ «") + echo + QStringLiteral("» не подходит, спрашивают: ")
+            + kindText(request.kind);
     return {};
 }

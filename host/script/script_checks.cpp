@@ -25,9 +25,12 @@ bool compareCount(const QString& rule, int met, bool& holds)
     bool ok = false;
     const int wanted = rule.mid(digits).toInt(&ok);
     const QString sign = rule.left(digits);
-    const struct { const char* sign; bool holds; } rules[] = {
-        {"", met == wanted}, {"=", met == wanted}, {"!=", met != wanted}, {">", met > wanted},
-        {">=", met >= wanted}, {"<", met < wanted}, {"<=", met <= wanted},
+    const struct {
+        const char* sign;
+        bool holds;
+    } rules[] = {
+        {"", met == wanted},   {"=", met == wanted}, {"!=", met != wanted}, {">", met > wanted},
+        {">=", met >= wanted}, {"<", met < wanted},  {"<=", met <= wanted},
     };
     for (const auto& row : rules)
         if (ok && sign == QLatin1String(row.sign)) {
@@ -53,7 +56,8 @@ QString doExpect(const Words& words, const QString& console)
     const bool there = console.contains(text);
     if (how == QLatin1String("line"))
         return console.split(QLatin1Char('\n')).contains(text)
-            ? QString() : QStringLiteral("нет строки «") + text + QStringLiteral("», в консоли:\n") + console;
+            ? QString()
+            : QStringLiteral("нет строки «") + text + QStringLiteral("», в консоли:\n") + console;
     if (how == QLatin1String("no"))
         return there ? QStringLiteral("в консоли есть «") + text + QStringLiteral("»:\n") + console : QString();
     if (!how.isEmpty())
@@ -85,7 +89,8 @@ QString onlyOne(const Words& words, NcDbObjectId& id)
     if (!error.isEmpty())
         return error;
     if (found.size() != 1)
-        return countText(QStringLiteral("объектов ") + words.join(QLatin1Char(' ')), QStringLiteral("1"), int(found.size()));
+        return countText(QStringLiteral("объектов ") + words.join(QLatin1Char(' ')), QStringLiteral("1"),
+                         int(found.size()));
     id = found.front();
     return {};
 }
@@ -188,30 +193,30 @@ QString doFileContains(const Words& words, const QString&)
     if (!file.open(QIODevice::ReadOnly))
         return QStringLiteral("файл «") + words[0] + QStringLiteral("» не читается");
     return QString::fromUtf8(file.readAll()).contains(words[1])
-        ? QString() : QStringLiteral("в файле «") + words[0] + QStringLiteral("» нет «") + words[1] + QStringLiteral("»");
+        ? QString()
+        : QStringLiteral("в файле «") + words[0] + QStringLiteral("» нет «") + words[1] + QStringLiteral("»");
 }
 
-QString doNothing(const Words&, const QString&)
-{
-    return {};
-}
+QString doNothing(const Words&, const QString&) { return {}; }
 
 struct Verb {
     const char* name;
-    int least, most;   // words; -1 for any number
+    int least, most; // words; -1 for any number
     QString (*check)(const Words&, const QString& console);
 };
 
 // The first four are the runner's own.
 const Verb kVerbs[] = {
-    {"include", 1, 1, doNothing},   {"let", 2, 2, doNothing},       {"timeout", 1, 1, doNothing},
-    {"echo", 0, -1, doNothing},     {"expect", 1, 2, doExpect},     {"count", 1, -1, doCount},
-    {"attribute", 3, -1, doAttribute}, {"property", 3, -1, doProperty}, {"position", 2, -1, doPosition},
-    {"groups", 2, 2, doGroups},     {"documents", 1, 1, doDocuments}, {"exists", 1, 1, doExists},
-    {"missing", 1, 1, doMissing},   {"file-contains", 2, 2, doFileContains},
+    {"include", 1, 1, doNothing},      {"let", 2, 2, doNothing},
+    {"timeout", 1, 1, doNothing},      {"echo", 0, -1, doNothing},
+    {"expect", 1, 2, doExpect},        {"count", 1, -1, doCount},
+    {"attribute", 3, -1, doAttribute}, {"property", 3, -1, doProperty},
+    {"position", 2, -1, doPosition},   {"groups", 2, 2, doGroups},
+    {"documents", 1, 1, doDocuments},  {"exists", 1, 1, doExists},
+    {"missing", 1, 1, doMissing},      {"file-contains", 2, 2, doFileContains},
 };
 
-}  // namespace
+} // namespace
 
 bool isNeutralVerb(const QString& verb)
 {

@@ -20,19 +20,16 @@ constexpr int kMostCancels = 1000;
 // How long a window that was asked for may take to show itself.
 constexpr int kWindowGraceMilliseconds = 500;
 
-QString quoted(const QString& text)
-{
-    return QStringLiteral("«") + text.trimmed() + QStringLiteral("»");
-}
+QString quoted(const QString& text) { return QStringLiteral("«") + text.trimmed() + QStringLiteral("»"); }
 
-}  // namespace
+} // namespace
 
 QString ScriptFailure::toString() const
 {
     return file + QLatin1Char(':') + QString::number(line) + QStringLiteral(": ") + text;
 }
 
-ScriptRunner::ScriptRunner() : driver_(*this) {}
+ScriptRunner::ScriptRunner() : driver_(*this) { }
 
 ScriptRunner::~ScriptRunner() = default;
 
@@ -314,7 +311,8 @@ bool ScriptRunner::checkPrompt(const PromptRequest& request, const Statement& st
     if (statement.words.size() == 1 && request.prompt.contains(statement.words[0]))
         return true;
     fail(QStringLiteral("ожидался запрос ") + quoted(statement.words.join(QLatin1Char(' ')))
-         + QStringLiteral(", встречен ") + quoted(request.prompt), place);
+             + QStringLiteral(", встречен ") + quoted(request.prompt),
+         place);
     return false;
 }
 
@@ -356,12 +354,6 @@ const FormStep* ScriptRunner::currentStep()
     return &step_;
 }
 
-void ScriptRunner::advance()
-{
-    next();
-}
+void ScriptRunner::advance() { next(); }
 
-void ScriptRunner::stepFailed(const QString& what, int place)
-{
-    fail(what, place);
-}
+void ScriptRunner::stepFailed(const QString& what, int place) { fail(what, place); }

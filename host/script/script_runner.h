@@ -15,7 +15,7 @@ class Watchdog;
 
 struct ScriptFailure {
     QString file;
-    int line = 0;   // 0 before the first line
+    int line = 0; // 0 before the first line
     QString text;
     // "file:line: text"
     QString toString() const;
@@ -84,7 +84,7 @@ private:
 
     std::vector<ScriptLine> lines_;
     size_t at_ = 0;
-    int parsed_ = -1;          // index of the line that statement_ was read from
+    int parsed_ = -1; // index of the line that statement_ was read from
     Statement statement_;
     FormStep step_;
     QHash<QString, QString> variables_;

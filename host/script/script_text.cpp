@@ -9,7 +9,7 @@ namespace {
 // Reads one line's words from left to right.
 class WordReader {
 public:
-    WordReader(const QString& line, const ScriptVariables& variables) : line_(line), variables_(variables) {}
+    WordReader(const QString& line, const ScriptVariables& variables) : line_(line), variables_(variables) { }
 
     bool read(QStringList& words, QString& error)
     {
@@ -102,7 +102,7 @@ private:
     int at_ = 0;
 };
 
-}  // namespace
+} // namespace
 
 std::vector<ScriptLine> scriptLines(const QString& text, const QString& file)
 {

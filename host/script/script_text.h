@@ -13,8 +13,8 @@
 // One line that says something: its place and the raw text.
 struct ScriptLine {
     QString file;
-    int number = 0;   // from 1
-    QString text;     // without blanks at both ends, never empty
+    int number = 0; // from 1
+    QString text;   // without blanks at both ends, never empty
 };
 
 // The lines of a text, blank lines and pure comments left out. A byte order

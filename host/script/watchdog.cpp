@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-Watchdog::Watchdog(std::function<void()> onHang) : onHang_(std::move(onHang)), thread_([this] { watch(); }) {}
+Watchdog::Watchdog(std::function<void()> onHang) : onHang_(std::move(onHang)), thread_([this] { watch(); }) { }
 
 Watchdog::~Watchdog()
 {

@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateTimeEdit>
+#include <QDial>
 #include <QGroupBox>
 #include <QInputDialog>
 #include <QLabel>
@@ -12,7 +13,6 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QSlider>
-#include <QDial>
 #include <QSpinBox>
 #include <QStackedWidget>
 #include <QTabWidget>
@@ -36,8 +36,9 @@ QWidget* inputField(QWidget* window)
     if (!dialog)
         return nullptr;
     for (QWidget* widget : dialog->findChildren<QWidget*>())
-        if (widget->isVisible() && (qobject_cast<QComboBox*>(widget) || qobject_cast<QAbstractSpinBox*>(widget)
-                                    || qobject_cast<QPlainTextEdit*>(widget) || qobject_cast<QLineEdit*>(widget)))
+        if (widget->isVisible()
+            && (qobject_cast<QComboBox*>(widget) || qobject_cast<QAbstractSpinBox*>(widget)
+                || qobject_cast<QPlainTextEdit*>(widget) || qobject_cast<QLineEdit*>(widget)))
             return widget;
     return nullptr;
 }
@@ -58,15 +59,13 @@ int itemIndex(int count, const QString& value, TextAt textAt, DataAt dataAt)
     return -1;
 }
 
-QString noItem(const QString& value)
-{
-    return QStringLiteral("нет элемента «") + value + QStringLiteral("»");
-}
+QString noItem(const QString& value) { return QStringLiteral("нет элемента «") + value + QStringLiteral("»"); }
 
 QString setCombo(QComboBox* combo, const QString& value)
 {
-    const int index = itemIndex(combo->count(), value, [&](int i) { return combo->itemText(i); },
-                                [&](int i) { return combo->itemData(i).toString(); });
+    const int index = itemIndex(
+        combo->count(), value, [&](int i) { return combo->itemText(i); },
+        [&](int i) { return combo->itemData(i).toString(); });
     if (index < 0 && combo->isEditable()) {
         combo->setEditText(value);
         if (combo->lineEdit()) {
@@ -87,8 +86,9 @@ QString setCombo(QComboBox* combo, const QString& value)
 
 QString setTab(QTabBar* tabs, const QString& value)
 {
-    const int index = itemIndex(tabs->count(), value, [&](int i) { return plainCaption(tabs->tabText(i)); },
-                                [&](int i) { return tabs->tabData(i).toString(); });
+    const int index = itemIndex(
+        tabs->count(), value, [&](int i) { return plainCaption(tabs->tabText(i)); },
+        [&](int i) { return tabs->tabData(i).toString(); });
     if (index < 0)
         return noItem(value);
     tabs->setCurrentIndex(index);
@@ -97,8 +97,9 @@ QString setTab(QTabBar* tabs, const QString& value)
 
 QString setList(QListWidget* list, const QString& value)
 {
-    const int row = itemIndex(list->count(), value, [&](int i) { return list->item(i)->text(); },
-                              [&](int i) { return list->item(i)->data(Qt::UserRole).toString(); });
+    const int row = itemIndex(
+        list->count(), value, [&](int i) { return list->item(i)->text(); },
+        [&](int i) { return list->item(i)->data(Qt::UserRole).toString(); });
     if (row < 0)
         return noItem(value);
     list->setCurrentRow(row);
@@ -178,8 +179,8 @@ QString setChecked(QWidget* widget, const QString& value)
 
 QString setStack(QStackedWidget* stack, const QString& value)
 {
-    const int index = itemIndex(stack->count(), value, [&](int i) { return stack->widget(i)->objectName(); },
-                                [](int) { return QString(); });
+    const int index = itemIndex(
+        stack->count(), value, [&](int i) { return stack->widget(i)->objectName(); }, [](int) { return QString(); });
     if (index < 0)
         return noItem(value);
     stack->setCurrentIndex(index);
@@ -196,7 +197,7 @@ QString setSlider(QAbstractSlider* slider, const QString& value)
     return {};
 }
 
-}  // namespace
+} // namespace
 
 QWidget* findNamedWidget(QWidget* window, const QString& name)
 {

@@ -119,10 +119,14 @@ QColor shownColor(const NcCmColor& color)
     return QColor(entry.red, entry.green, entry.blue);
 }
 
-}  // namespace
+} // namespace
 
 ColorDialog::ColorDialog(const NcCmColor& start, bool trueColor, bool allowMeta, QWidget* parent)
-    : QDialog(parent), color_(start), trueColor_(trueColor), allowMeta_(allowMeta), value_(new QLineEdit),
+    : QDialog(parent),
+      color_(start),
+      trueColor_(trueColor),
+      allowMeta_(allowMeta),
+      value_(new QLineEdit),
       sample_(new QLabel)
 {
     setWindowTitle(QStringLiteral("Выбор цвета"));

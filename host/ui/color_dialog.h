@@ -26,7 +26,7 @@ private:
 
     NcCmColor color_;
     bool trueColor_, allowMeta_;
-    QLineEdit* value_;   // "5", "ByLayer", "255,0,0"
+    QLineEdit* value_; // "5", "ByLayer", "255,0,0"
     QLabel* sample_;
 };
 

@@ -49,22 +49,13 @@ struct hostUiPaletteSet::Data {
 
 namespace {
 
-bool alive(const hostUiPaletteSet* set)
-{
-    return set && set->data_ && set->data_->dock;
-}
+bool alive(const hostUiPaletteSet* set) { return set && set->data_ && set->data_->dock; }
 
-QMainWindow* mainWindowOf(QWidget* parent)
-{
-    return qobject_cast<QMainWindow*>(parent ? parent : ndsw_ncadMainWnd());
-}
+QMainWindow* mainWindowOf(QWidget* parent) { return qobject_cast<QMainWindow*>(parent ? parent : ndsw_ncadMainWnd()); }
 
-}  // namespace
+} // namespace
 
-QWinWidget::QWinWidget(QWidget* hostWindow) : QWidget(hostWindow)
-{
-    hide();
-}
+QWinWidget::QWinWidget(QWidget* hostWindow) : QWidget(hostWindow) { hide(); }
 
 // A child without a size of its own: a form over it stands in the middle of the
 // window that it lies in.
@@ -74,24 +65,15 @@ void QWinWidget::showCentered()
         setGeometry(QRect(host->rect().center(), QSize(0, 0)));
 }
 
-hostQtPalette::~hostQtPalette()
-{
-    delete widget_;
-}
+hostQtPalette::~hostQtPalette() { delete widget_; }
 
-QWidget* hostQtPalette::paletteWidget() const
-{
-    return widget_;
-}
+QWidget* hostQtPalette::paletteWidget() const { return widget_; }
 
 hostUiPaletteSet::hostUiPaletteSet() = default;
 
 hostUiPaletteSet::~hostUiPaletteSet() = default;
 
-QWidget* hostUiPaletteSet::window() const
-{
-    return data_ ? data_->dock.data() : nullptr;
-}
+QWidget* hostUiPaletteSet::window() const { return data_ ? data_->dock.data() : nullptr; }
 
 bool hostUiPaletteSet_Create(hostUiPaletteSet* set, const QString& title, unsigned, const QRect& rectangle,
                              QWidget* parent, unsigned)
@@ -152,7 +134,8 @@ int hostUiPaletteSet_AddPalette(hostUiPaletteSet* set, hostQtPalette* palette)
 hostQtPalette* hostUiPaletteSet_GetPalette(const hostUiPaletteSet* set, int index)
 {
     return set && set->data_ && index >= 0 && index < int(set->data_->pages.size())
-        ? set->data_->pages[size_t(index)].get() : nullptr;
+        ? set->data_->pages[size_t(index)].get()
+        : nullptr;
 }
 
 int hostUiPaletteSet_GetPaletteCount(const hostUiPaletteSet* set)
@@ -160,10 +143,7 @@ int hostUiPaletteSet_GetPaletteCount(const hostUiPaletteSet* set)
     return set && set->data_ ? int(set->data_->pages.size()) : 0;
 }
 
-QWidget* hostQtPalette_paletteWidget(hostQtPalette* palette)
-{
-    return palette ? palette->paletteWidget() : nullptr;
-}
+QWidget* hostQtPalette_paletteWidget(hostQtPalette* palette) { return palette ? palette->paletteWidget() : nullptr; }
 
 bool hostUiPaletteSet_SetActivePalette(hostUiPaletteSet* set, int index)
 {
@@ -180,10 +160,7 @@ void hostUiPaletteSet_Show(hostUiPaletteSet* set, bool visible)
     set->data_->show(visible);
 }
 
-bool IsWindowVisible(const hostUiPaletteSet* set)
-{
-    return alive(set) && !set->data_->dock->isHidden();
-}
+bool IsWindowVisible(const hostUiPaletteSet* set) { return alive(set) && !set->data_->dock->isHidden(); }
 
 QRect hostUiPaletteSet_GetClientRect(const hostUiPaletteSet* set)
 {

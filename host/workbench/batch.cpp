@@ -15,7 +15,7 @@ void write(std::FILE* stream, const QString& text)
     std::fflush(stream);
 }
 
-}  // namespace
+} // namespace
 
 int runBatch(const Options& options)
 {

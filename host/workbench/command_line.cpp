@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kMostLines = 5000;
 
-}  // namespace
+} // namespace
 
 CommandLine::CommandLine(QWidget* parent)
     : QWidget(parent), history_(new QPlainTextEdit), prompt_(new QLabel), line_(new QLineEdit)

@@ -7,7 +7,7 @@
 #include <QVector>
 
 struct MenuRow {
-    QString menu, command, caption;   // an empty command is a separator
+    QString menu, command, caption; // an empty command is a separator
 };
 
 // Rows of a table's text; lines that make no sense are passed over.

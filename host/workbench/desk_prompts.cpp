@@ -22,7 +22,7 @@ QString pointText(const NcGePoint3d& p)
     return QString::number(p.x, 'f', 3) + QLatin1Char(',') + QString::number(p.y, 'f', 3);
 }
 
-}  // namespace
+} // namespace
 
 DeskPrompts::DeskPrompts(CommandLine& line, std::function<DrawingView*()> view, QObject* parent)
     : QObject(parent), line_(line), view_(std::move(view))

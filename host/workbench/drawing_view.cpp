@@ -19,7 +19,7 @@ constexpr int kDragPixels = 4;
 constexpr double kWheelStep = 1.25;
 constexpr double kLeastHeight = 1e-6, kGreatestHeight = 1e12;
 
-}  // namespace
+} // namespace
 
 DrawingView::DrawingView(Document& document, QWidget* parent) : QWidget(parent), document_(document)
 {
@@ -130,10 +130,7 @@ QTransform DrawingView::toScreen() const
     return screen;
 }
 
-QPointF DrawingView::toWorld(const QPointF& at) const
-{
-    return toScreen().inverted().map(at);
-}
+QPointF DrawingView::toWorld(const QPointF& at) const { return toScreen().inverted().map(at); }
 
 NcGePoint3d DrawingView::worldPoint(const QPoint& at) const
 {
@@ -206,8 +203,8 @@ void DrawingView::paintCursor(QPainter& painter) const
     }
     if (windowFrom_) {
         const bool crossing = at.x() < windowFrom_->x();
-        painter.setPen(QPen(crossing ? QColor(90, 200, 120) : QColor(90, 160, 255), 1,
-                            crossing ? Qt::DashLine : Qt::SolidLine));
+        painter.setPen(
+            QPen(crossing ? QColor(90, 200, 120) : QColor(90, 160, 255), 1, crossing ? Qt::DashLine : Qt::SolidLine));
         painter.setBrush(QColor(120, 170, 255, 30));
         painter.drawRect(QRect(*windowFrom_, at).normalized());
     }

@@ -34,8 +34,8 @@ signals:
     void pointPicked(const NcGePoint3d& world);
     void entityPicked(NcDbObjectId entity, const NcGePoint3d& world);
     void entitiesPicked(const NcDbObjectIdArray& entities);
-    void finished();    // the right button: Enter
-    void cancelled();   // Esc
+    void finished();  // the right button: Enter
+    void cancelled(); // Esc
     void typed(const QString& text);
 
 protected:
@@ -70,7 +70,7 @@ private:
     DisplayList list_;
     QPixmap scene_;
     bool listOld_ = true, sceneOld_ = true;
-    bool placed_ = false;   // the widget has had its first size
+    bool placed_ = false; // the widget has had its first size
     ActiveView view_;
     Mode mode_ = Select;
     std::optional<NcGePoint3d> base_;

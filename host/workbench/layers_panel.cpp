@@ -21,13 +21,13 @@ QIcon colorSwatch(const QColor& color)
     return swatch;
 }
 
-}  // namespace
+} // namespace
 
 LayersPanel::LayersPanel(QWidget* parent) : QTableWidget(0, ColumnCount, parent)
 {
     setObjectName(QStringLiteral("layersTable"));
-    setHorizontalHeaderLabels({QStringLiteral("Вкл"), QStringLiteral("Замок"), QStringLiteral("Цвет"),
-                               QStringLiteral("Слой")});
+    setHorizontalHeaderLabels(
+        {QStringLiteral("Вкл"), QStringLiteral("Замок"), QStringLiteral("Цвет"), QStringLiteral("Слой")});
     horizontalHeader()->setSectionResizeMode(ColumnName, QHeaderView::Stretch);
     horizontalHeader()->setMinimumSectionSize(20);
     for (const Column column : {ColumnOn, ColumnLock, ColumnColor})
@@ -50,10 +50,7 @@ NcDbObjectId LayersPanel::idOf(const QTableWidgetItem* item) const
     return {drawing_, item->data(Qt::UserRole).toULongLong()};
 }
 
-LayersPanel::~LayersPanel()
-{
-    setDrawing(nullptr);
-}
+LayersPanel::~LayersPanel() { setDrawing(nullptr); }
 
 void LayersPanel::setDrawing(NcDbDatabase* drawing)
 {
@@ -79,7 +76,8 @@ void LayersPanel::fill()
 {
     filling_ = true;
     setRowCount(0);
-    const auto* table = drawing_ ? HostAccess::objectAs<NcDbLayerTable>(HostAccess::data(*drawing_).layerTable) : nullptr;
+    const auto* table =
+        drawing_ ? HostAccess::objectAs<NcDbLayerTable>(HostAccess::data(*drawing_).layerTable) : nullptr;
     if (table) {
         NcDbObjectIdArray layers = HostAccess::records(*table);
         layers.erase(std::remove_if(layers.begin(), layers.end(), [](const NcDbObjectId& id) { return id.isErased(); }),

@@ -17,10 +17,7 @@ namespace {
 // What makes the program itself fail, as told to the shell.
 constexpr int kBadUse = 2;
 
-void print(std::FILE* stream, const QString& text)
-{
-    std::fprintf(stream, "%s\n", text.toUtf8().constData());
-}
+void print(std::FILE* stream, const QString& text) { std::fprintf(stream, "%s\n", text.toUtf8().constData()); }
 
 QStringList modulesOf(const Options& options)
 {
@@ -61,7 +58,7 @@ void dropDisplayNews(QtMsgType type, const QMessageLogContext& context, const QS
     print(stderr, qFormatLogMessage(type, context, text));
 }
 
-}  // namespace
+} // namespace
 
 int main(int argc, char** argv)
 {

@@ -26,10 +26,13 @@ std::unique_ptr<QSettings> openSettings(const QString& profile)
                              : std::make_unique<QSettings>(profile, QSettings::IniFormat);
 }
 
-}  // namespace
+} // namespace
 
 MainWindow::MainWindow(const QString& profile)
-    : settings_(openSettings(profile)), tabs_(new QTabWidget), line_(new CommandLine), layers_(new LayersPanel),
+    : settings_(openSettings(profile)),
+      tabs_(new QTabWidget),
+      line_(new CommandLine),
+      layers_(new LayersPanel),
       prompts_(*line_, [this] { return currentView(); })
 {
     setObjectName(QStringLiteral("mainWindow"));
@@ -116,10 +119,7 @@ void MainWindow::connectHost()
 
 // --- documents
 
-DrawingView* MainWindow::currentView() const
-{
-    return qobject_cast<DrawingView*>(tabs_->currentWidget());
-}
+DrawingView* MainWindow::currentView() const { return qobject_cast<DrawingView*>(tabs_->currentWidget()); }
 
 DrawingView* MainWindow::viewOf(NcApDocument* document) const
 {

@@ -70,6 +70,6 @@ private:
     QMenu* panels_ = nullptr;
     QAction* lightGround_ = nullptr;
     QList<QMenu*> commandMenus_;
-    QString pending_;       // a command that waits for another one to end
+    QString pending_; // a command that waits for another one to end
     int pendingTries_ = 0;
 };

@@ -15,7 +15,7 @@ const QString kDrawings = QStringLiteral("Чертежи (*.dxf *.dwg);;Все �
 const QString kRecentKey = QStringLiteral("recent");
 constexpr int kMostRecent = 10;
 
-}  // namespace
+} // namespace
 
 void MainWindow::newDrawing()
 {
@@ -45,8 +45,8 @@ bool MainWindow::saveDrawing(NcApDocument* saved, bool askName)
     auto* document = static_cast<Document*>(saved);
     QString path = document->fileName();
     if (askName || document->isUntitled())
-        path = QFileDialog::getSaveFileName(this, QStringLiteral("Сохранить как"), QFileInfo(path).completeBaseName()
-                                            + QStringLiteral(".dxf"), kDrawings);
+        path = QFileDialog::getSaveFileName(this, QStringLiteral("Сохранить как"),
+                                            QFileInfo(path).completeBaseName() + QStringLiteral(".dxf"), kDrawings);
     if (path.isEmpty())
         return false;
     if (!isOk(ncDocManagerPtr()->saveDocumentAs(document, path))) {
@@ -88,10 +88,10 @@ bool MainWindow::mayClose(Document& document)
 {
     if (!document.isModified())
         return true;
-    const auto answer = QMessageBox::question(
-        this, QStringLiteral("Терва"),
-        QStringLiteral("Сохранить изменения чертежа ") + QFileInfo(document.fileName()).fileName() + QStringLiteral("?"),
-        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
+    const auto answer = QMessageBox::question(this, QStringLiteral("Терва"),
+                                              QStringLiteral("Сохранить изменения чертежа ")
+                                                  + QFileInfo(document.fileName()).fileName() + QStringLiteral("?"),
+                                              QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
     return answer == QMessageBox::Discard || (answer == QMessageBox::Save && saveDrawing(&document, false));
 }
 

@@ -22,7 +22,7 @@ QStringList hostCommandNames()
     return names;
 }
 
-}  // namespace
+} // namespace
 
 void MainWindow::buildFileMenu()
 {
@@ -36,7 +36,8 @@ void MainWindow::buildFileMenu()
         if (DrawingView* view = currentView())
             saveDrawing(&view->document(), askName);
     };
-    menu->addAction(QStringLiteral("&Сохранить"), this, [save] { save(false); }, QKeySequence::Save);
+    menu->addAction(
+        QStringLiteral("&Сохранить"), this, [save] { save(false); }, QKeySequence::Save);
     menu->addAction(QStringLiteral("Сохранить &как…"), this, [save] { save(true); });
     menu->addAction(QStringLiteral("&Экспорт рисунка…"), this, &MainWindow::exportDrawing);
     menu->addSeparator();
@@ -48,12 +49,16 @@ void MainWindow::buildFileMenu()
 void MainWindow::buildViewMenu()
 {
     QMenu* menu = menuBar()->addMenu(QStringLiteral("&Вид"));
-    menu->addAction(QStringLiteral("Показать &всё"), this, [this] {
-        if (DrawingView* view = currentView())
-            view->zoomExtents();
-    }, QKeySequence(Qt::Key_F3));
-    menu->addAction(QStringLiteral("&Перерисовать"), this, [] { emit HostEvents::instance()->viewChanged(); },
-                    QKeySequence(Qt::Key_F5));
+    menu->addAction(
+        QStringLiteral("Показать &всё"), this,
+        [this] {
+            if (DrawingView* view = currentView())
+                view->zoomExtents();
+        },
+        QKeySequence(Qt::Key_F3));
+    menu->addAction(
+        QStringLiteral("&Перерисовать"), this, [] { emit HostEvents::instance()->viewChanged(); },
+        QKeySequence(Qt::Key_F5));
     lightGround_ = menu->addAction(QStringLiteral("&Светлый фон"));
     lightGround_->setObjectName(QStringLiteral("lightGround"));
     lightGround_->setCheckable(true);

@@ -5,9 +5,8 @@
 bool parseOptions(const QStringList& arguments, Options& options, QString& message, bool& good)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral(
-        "Терва: чертежи и данные геотехнического мониторинга.\n"
-        "Без --batch открывает рабочее окно."));
+    parser.setApplicationDescription(QStringLiteral("Терва: чертежи и данные геотехнического мониторинга.\n"
+                                                    "Без --batch открывает рабочее окно."));
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Эта справка."));
     const QCommandLineOption batch(QStringLiteral("batch"), QStringLiteral("Исполнить сценарий без окна."),
                                    QStringLiteral("файл"));

@@ -29,7 +29,7 @@ int runWorkbench(const Options& options, const std::function<bool()>& loadModule
         window.greet();
         if (!options.start.isEmpty())
             play(options.start);
-        openStartDocument();   // if the script opened none
+        openStartDocument(); // if the script opened none
         if (!options.play.isEmpty())
             QCoreApplication::exit(play(options.play) ? 0 : 1);
     });

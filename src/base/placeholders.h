@@ -37,7 +37,8 @@ void textOf(float) = delete;
 /// The same with the values listed one by one: texts and whole numbers.
 template <typename First, typename... Rest,
           std::enable_if_t<!std::is_convertible<const First&, QStringList>::value
-                               || std::is_convertible<const First&, QString>::value, int> = 0>
+                               || std::is_convertible<const First&, QString>::value,
+                           int> = 0>
 QString fill(const QString& text, const First& first, const Rest&... rest)
 {
     return fill(text, QStringList{placeholders::textOf(first), placeholders::textOf(rest)...});

@@ -33,7 +33,4 @@ const Rows& rows()
 
 } // namespace
 
-const ChartSeries& chartSeries(SeriesKey key)
-{
-    return rows()[size_t(key)];
-}
+const ChartSeries& chartSeries(SeriesKey key) { return rows()[size_t(key)]; }

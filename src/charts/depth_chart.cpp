@@ -25,11 +25,8 @@ CurveColumns columnsOf(const TemperatureCurve& curve)
 } // namespace
 
 TSDataChartJK::TSDataChartJK(QObject* parent)
-    : QObject(parent)
-    , store_(plotter_.datastore())
-    , profile_(std::make_shared<const TemperatureCurve>())
-{
-}
+    : QObject(parent), store_(plotter_.datastore()), profile_(std::make_shared<const TemperatureCurve>())
+{ }
 
 void TSDataChartJK::setPictureSize(int width, int height)
 {

@@ -11,8 +11,7 @@
 /// Temperature by depth, or by elevation; an infinite one is missing.
 using TemperatureCurve = std::map<double, double>;
 
-class TSDataChartJK : public QObject
-{
+class TSDataChartJK : public QObject {
     Q_OBJECT
 
 public:

@@ -23,11 +23,7 @@ void describeSecondaryAxis(PlotAxis& axis, const QString& label, double largest)
 
 } // namespace
 
-MeasureChart::MeasureChart(QObject* parent)
-    : QObject(parent)
-    , store_(plotter_.datastore())
-{
-}
+MeasureChart::MeasureChart(QObject* parent) : QObject(parent), store_(plotter_.datastore()) { }
 
 MeasureChart::~MeasureChart() = default;
 

@@ -22,8 +22,7 @@ struct ValueBounds {
     double largest = -std::numeric_limits<double>::infinity();
 };
 
-class MeasureChart : public QObject
-{
+class MeasureChart : public QObject {
     Q_OBJECT
 
 public:
@@ -63,8 +62,7 @@ private:
 
 /// Deformation mark: the vertical displacement, given in metres and shown in
 /// millimetres, and its trend.
-class DMDeformationChartJK : public MeasureChart
-{
+class DMDeformationChartJK : public MeasureChart {
     Q_OBJECT
 
 public:
@@ -76,8 +74,7 @@ public:
 };
 
 /// Hydrogeological well: the level of ground water.
-class GGSMeasureChartJK : public MeasureChart
-{
+class GGSMeasureChartJK : public MeasureChart {
     Q_OBJECT
 
 public:
@@ -86,8 +83,7 @@ public:
 };
 
 /// Thermostabiliser: the temperatures of the air, then of the exchanger.
-class TSGMeasuresChartJK : public MeasureChart
-{
+class TSGMeasuresChartJK : public MeasureChart {
     Q_OBJECT
 
 public:
@@ -97,8 +93,7 @@ public:
 };
 
 /// Snow survey point: the density on an axis of its own, then the height.
-class TSSMeasuresChartJK : public MeasureChart
-{
+class TSSMeasuresChartJK : public MeasureChart {
     Q_OBJECT
 
 public:

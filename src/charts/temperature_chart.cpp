@@ -22,10 +22,7 @@ QColor zoneColor(int red, int green, int blue)
     return color;
 }
 
-int pixelsLessOne(double pixels)
-{
-    return std::max(1, int(std::min(std::max(pixels, 0.0), 1e6) - 1.0));
-}
+int pixelsLessOne(double pixels) { return std::max(1, int(std::min(std::max(pixels, 0.0), 1e6) - 1.0)); }
 
 // The layer's hatch for the pixels that the plot has for it: in height those
 // of the layer, in width a quarter of those of the x range.
@@ -42,11 +39,7 @@ QImage layerPicture(const GeologyLayer& layer, const HatchPattern& pattern, cons
 
 } // namespace
 
-TSTemperatureChartJK::TSTemperatureChartJK(QObject* parent)
-    : QObject(parent)
-    , store_(plotter_.datastore())
-{
-}
+TSTemperatureChartJK::TSTemperatureChartJK(QObject* parent) : QObject(parent), store_(plotter_.datastore()) { }
 
 void TSTemperatureChartJK::setPictureSize(int width, int height)
 {
@@ -192,9 +185,12 @@ void TSTemperatureChartJK::addLimitLines(const TemperatureLimits& limits, const 
         const char* column;
         const char* title;
     };
-    const Limit all[] = {{limits.temperatureH, true, "Th", "T_h"},  {limits.temperatureBf, true, "Tbf", "T_b_f"},
-                         {0.0, true, "Z", "0°C"},                   {limits.elevationZ, false, "Hz", "H_z"},
-                         {limits.elevation1, false, "H1", "H_1"},   {limits.elevation2, false, "H2", "H_2"}};
+    const Limit all[] = {{limits.temperatureH, true, "Th", "T_h"},
+                         {limits.temperatureBf, true, "Tbf", "T_b_f"},
+                         {0.0, true, "Z", "0°C"},
+                         {limits.elevationZ, false, "Hz", "H_z"},
+                         {limits.elevation1, false, "H1", "H_1"},
+                         {limits.elevation2, false, "H2", "H_2"}};
     for (const Limit& limit : all) {
         if (!std::isfinite(limit.value))
             continue;

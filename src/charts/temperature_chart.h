@@ -24,8 +24,7 @@ struct TemperatureLimits {
     double elevation2 = none;    ///< H_2, the lower end of the zones
 };
 
-class TSTemperatureChartJK : public QObject
-{
+class TSTemperatureChartJK : public QObject {
     Q_OBJECT
 
 public:

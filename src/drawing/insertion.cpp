@@ -59,8 +59,7 @@ bool askPoint(NcGePoint3d& point)
 bool askName(const InsertionFamily& texts, Enumerator& enumerator, QString& name)
 {
     QString answer;
-    const int status =
-        ncedGetString(true, texts.namePrompt + nextName(enumerator) + QLatin1Char('>'), answer);
+    const int status = ncedGetString(true, texts.namePrompt + nextName(enumerator) + QLatin1Char('>'), answer);
     if (status != kPromptNormal && status != kPromptEmpty)
         return false;
     name = status == kPromptEmpty || answer.isEmpty() ? takeName(enumerator) : answer;
@@ -104,8 +103,7 @@ bool chooseConstruction(const InsertionFamily& texts, const CatalogChooser& choo
 
 void insertMany(int kind, const InsertionFamily& texts, Enumerator& enumerator, Dimensions dimensions)
 {
-    if (!askReal(texts.defaultHeightPrompt, dimensions.height)
-        || !askReal(texts.defaultDepthPrompt, dimensions.depth))
+    if (!askReal(texts.defaultHeightPrompt, dimensions.height) || !askReal(texts.defaultDepthPrompt, dimensions.depth))
         return;
     say("\n Выполняем циклическую вставку");
     NcGePoint3d point;

@@ -141,8 +141,8 @@ bool writeRows(const QVector<ElementBlock>& elements)
 {
     if (!session().run("BEGIN").isCommand())
         return false;
-    const bool written = std::all_of(elements.begin(), elements.end(),
-                                     [](const ElementBlock& element) { return element.updateRow(); });
+    const bool written =
+        std::all_of(elements.begin(), elements.end(), [](const ElementBlock& element) { return element.updateRow(); });
     return session().run(written ? "COMMIT" : "ROLLBACK").isCommand() && written;
 }
 

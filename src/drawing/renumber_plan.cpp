@@ -16,8 +16,7 @@ std::optional<NumberedRow> numberedRow(int id, const QString& name)
 
 void sortById(QVector<NumberedRow>& rows)
 {
-    std::stable_sort(rows.begin(), rows.end(),
-                     [](const NumberedRow& a, const NumberedRow& b) { return a.id < b.id; });
+    std::stable_sort(rows.begin(), rows.end(), [](const NumberedRow& a, const NumberedRow& b) { return a.id < b.id; });
 }
 
 void sortByNumber(QVector<NumberedRow>& rows)
@@ -28,10 +27,9 @@ void sortByNumber(QVector<NumberedRow>& rows)
 
 bool isSequential(const QVector<NumberedRow>& rows)
 {
-    return std::adjacent_find(rows.begin(), rows.end(),
-                              [](const NumberedRow& a, const NumberedRow& b) {
-                                  return qint64(b.number) != qint64(a.number) + 1;
-                              })
+    return std::adjacent_find(
+               rows.begin(), rows.end(),
+               [](const NumberedRow& a, const NumberedRow& b) { return qint64(b.number) != qint64(a.number) + 1; })
         == rows.end();
 }
 

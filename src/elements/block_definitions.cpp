@@ -45,8 +45,7 @@ bool cloneDefinitions(const NcDbObjectIdArray& ids)
 {
     NcDbDatabase* drawing = workingDatabase();
     NcDbIdMapping mapping;
-    return isOk(drawing->wblockCloneObjects(ids, drawing->blockTableId(), mapping,
-                                            NcDbDatabase::kIgnoreDuplicates));
+    return isOk(drawing->wblockCloneObjects(ids, drawing->blockTableId(), mapping, NcDbDatabase::kIgnoreDuplicates));
 }
 
 bool loadDefinitions(const QString& path)

@@ -8,10 +8,7 @@ namespace {
 constexpr int defaultColor = 5;
 constexpr double fullTurn = 6.283185307179586;
 
-QString markerAngle()
-{
-    return QStringLiteral("Угол1");
-}
+QString markerAngle() { return QStringLiteral("Угол1"); }
 
 } // namespace
 
@@ -24,26 +21,13 @@ StateColors readStateColors()
     return colors;
 }
 
-ElementBlock::ElementBlock()
-    : ElementBlock(readStateColors())
-{
-}
+ElementBlock::ElementBlock() : ElementBlock(readStateColors()) { }
 
-ElementBlock::ElementBlock(const StateColors& colors)
-    : stateColors(colors)
-{
-}
+ElementBlock::ElementBlock(const StateColors& colors) : stateColors(colors) { }
 
-ElementBlock::ElementBlock(int kindNumber)
-    : ElementBlock(kindNumber, readStateColors())
-{
-}
+ElementBlock::ElementBlock(int kindNumber) : ElementBlock(kindNumber, readStateColors()) { }
 
-ElementBlock::ElementBlock(int kindNumber, const StateColors& colors)
-    : stateColors(colors)
-{
-    setKind(kindNumber);
-}
+ElementBlock::ElementBlock(int kindNumber, const StateColors& colors) : stateColors(colors) { setKind(kindNumber); }
 
 void ElementBlock::setKind(int kindNumber)
 {

@@ -19,33 +19,25 @@ namespace {
 QString printedForm(const NcDbEvalVariant& value)
 {
     switch (value.restype()) {
-    case 1:
-        return value.text();
-    case 40:
-        return general(value.real());
-    default:
-        return QString::number(value.integer());
+    case 1: return value.text();
+    case 40: return general(value.real());
+    default: return QString::number(value.integer());
     }
 }
 
 NcDbEvalVariant variantOf(int propertyType, const QString& text)
 {
     switch (propertyType) {
-    case 90:
-        return NcDbEvalVariant(text.toInt());
-    case 70:
-        return NcDbEvalVariant(short(text.toInt()));
-    case 40:
-        return NcDbEvalVariant(text.toDouble());
-    default:
-        return NcDbEvalVariant(text);
+    case 90: return NcDbEvalVariant(text.toInt());
+    case 70: return NcDbEvalVariant(short(text.toInt()));
+    case 40: return NcDbEvalVariant(text.toDouble());
+    default: return NcDbEvalVariant(text);
     }
 }
 
 int kindOfReference(NcDbObjectId reference)
 {
-    const QString name =
-        NcDbDynBlockReference(reference).isDynamicBlock() ? definitionNameOf(reference) : QString();
+    const QString name = NcDbDynBlockReference(reference).isDynamicBlock() ? definitionNameOf(reference) : QString();
     return name.isEmpty() ? noKind : kindByBlockName(name);
 }
 
@@ -91,15 +83,9 @@ NcDbObjectId blockDefinition(const QString& name)
 
 } // namespace
 
-ElementBlock::ElementBlock(NcDbObjectId reference)
-{
-    fillFromReference(reference, nullptr);
-}
+ElementBlock::ElementBlock(NcDbObjectId reference) { fillFromReference(reference, nullptr); }
 
-ElementBlock::ElementBlock(NcDbObjectId reference, const StateColors& colors)
-{
-    fillFromReference(reference, &colors);
-}
+ElementBlock::ElementBlock(NcDbObjectId reference, const StateColors& colors) { fillFromReference(reference, &colors); }
 
 void ElementBlock::fillFromReference(NcDbObjectId id, const StateColors* colors)
 {
@@ -119,8 +105,7 @@ void ElementBlock::fillFromReference(NcDbObjectId id, const StateColors* colors)
     blockRotation = reference->rotation();
     colorIndex = reference->colorIndex();
     stateId = stateColors.key(colorIndex, QStringLiteral("exist"));
-    forEachAttribute(*reference, kForRead,
-                     [this](const NcDbAttribute& a) { setAttribute(a.tag(), a.textString()); });
+    forEachAttribute(*reference, kForRead, [this](const NcDbAttribute& a) { setAttribute(a.tag(), a.textString()); });
     for (const NcDbDynBlockReferenceProperty& property : NcDbDynBlockReference(id).getBlockProperties())
         setDynProp(property.propertyName(), printedForm(property.value()));
 }
@@ -195,8 +180,7 @@ void ElementBlock::applyScaleAndRotation(NcDbObjectId id) const
     const double presentRotation = reference->rotation();
     if (presentScale != 0.0)
         reference->transformBy(NcGeMatrix3d::scaling(scale / presentScale, centre));
-    reference->transformBy(
-        NcGeMatrix3d::rotation(blockRotation - presentRotation, NcGeVector3d::kZAxis, centre));
+    reference->transformBy(NcGeMatrix3d::rotation(blockRotation - presentRotation, NcGeVector3d::kZAxis, centre));
     // Rounding must not let the point creep away over many synchronisations.
     reference->transformBy(NcGeMatrix3d::translation(centre - reference->position()));
 }

@@ -17,9 +17,9 @@ struct RowStatements {
     QString updateFullWithPosition;
 };
 
-const QString updateShort = QStringLiteral(
-    "UPDATE %9 SET (type_id, element_name, x, y, block_rotation, marker_rotation,scale)"
-    " = ('%1','%2',%3,%4,%5,%6,%7) WHERE element_id = %8");
+const QString updateShort =
+    QStringLiteral("UPDATE %9 SET (type_id, element_name, x, y, block_rotation, marker_rotation,scale)"
+                   " = ('%1','%2',%3,%4,%5,%6,%7) WHERE element_id = %8");
 
 const RowStatements& commonStatements()
 {
@@ -64,20 +64,11 @@ const RowStatements& statementsOf(const Family& family)
     return family.key == FamilyKey::Tsg ? stabiliserStatements() : commonStatements();
 }
 
-QString number(double value)
-{
-    return fixed(value, 9);
-}
+QString number(double value) { return fixed(value, 9); }
 
-QString typeIdOf(const ElementBlock& element)
-{
-    return kinds()[size_t(element.kind)].typeId;
-}
+QString typeIdOf(const ElementBlock& element) { return kinds()[size_t(element.kind)].typeId; }
 
-QString nameOf(const ElementBlock& element)
-{
-    return element.attributes.value(QStringLiteral("name"));
-}
+QString nameOf(const ElementBlock& element) { return element.attributes.value(QStringLiteral("name")); }
 
 // The values that all statements end their list with.
 QStringList placement(const ElementBlock& element)
@@ -125,16 +116,10 @@ QString updateFullText(const ElementBlock& element, const Family& family, int id
     return fill(withPosition ? statements.updateFullWithPosition : statements.updateFull, values);
 }
 
-QString quotedProps(const ElementBlock& element)
-{
-    return QLatin1Char('\'') + element.propsText() + QLatin1Char('\'');
-}
+QString quotedProps(const ElementBlock& element) { return QLatin1Char('\'') + element.propsText() + QLatin1Char('\''); }
 
 // The key of the row that a record stands for; -1 when it stands for none.
-int writableId(const ElementBlock& element)
-{
-    return element.family() ? element.elementId() : -1;
-}
+int writableId(const ElementBlock& element) { return element.family() ? element.elementId() : -1; }
 
 } // namespace
 
@@ -143,8 +128,7 @@ bool ElementBlock::loadFromDatabase(int id)
     const Family* family = this->family();
     if (!family)
         return false;
-    const sql::Result row =
-        session().run(fill(statementsOf(*family).select, family->elements, family->dynprops, id));
+    const sql::Result row = session().run(fill(statementsOf(*family).select, family->elements, family->dynprops, id));
     if (!row.isTuples() || row.ntuples() == 0)
         return false;
 
@@ -213,8 +197,8 @@ bool ElementBlock::insertRow(int position)
     const QString id = key.getvalue(0, 0);
     setAttribute("element_id", id);
 
-    const QString props = "INSERT INTO " + family()->dynprops + " (element_id,props) VALUES (" + id + ","
-        + quotedProps(*this) + ")";
+    const QString props =
+        "INSERT INTO " + family()->dynprops + " (element_id,props) VALUES (" + id + "," + quotedProps(*this) + ")";
     if (!session().run(props).isCommand())
         return false;
     say("\nOK ");

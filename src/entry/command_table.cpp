@@ -137,18 +137,14 @@ constexpr std::array<NcCommandHandler, sizeof...(Rows)> handlersOf(std::index_se
     return {{runRow<Rows>...}};
 }
 
-constexpr std::array<NcCommandHandler, kCommandCount> kHandlers =
-    handlersOf(std::make_index_sequence<kCommandCount>());
+constexpr std::array<NcCommandHandler, kCommandCount> kHandlers = handlersOf(std::make_index_sequence<kCommandCount>());
 
 const QString kGroup = QStringLiteral("TERVA");
 constexpr int kNoFunctionCode = -1;
 
 } // namespace
 
-const std::array<Command, kCommandCount>& commandTable()
-{
-    return kCommands;
-}
+const std::array<Command, kCommandCount>& commandTable() { return kCommands; }
 
 void runCommand(const Command& command)
 {
@@ -169,7 +165,4 @@ void registerCommands()
     }
 }
 
-void removeCommands()
-{
-    GetCommandStack()->removeGroup(kGroup);
-}
+void removeCommands() { GetCommandStack()->removeGroup(kGroup); }

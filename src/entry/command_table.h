@@ -8,11 +8,11 @@
 #include <array>
 
 struct Command {
-    const char* name;             // local name; the global one has a leading underscore
-    Guard connection;             // checked first
+    const char* name; // local name; the global one has a leading underscore
+    Guard connection; // checked first
     Guard position;
-    int flags;                    // the host's command flags
-    NcCommandHandler action;      // null while the command's area is not built
+    int flags;               // the host's command flags
+    NcCommandHandler action; // null while the command's area is not built
 };
 
 constexpr size_t kCommandCount = 79;

@@ -42,7 +42,4 @@ bool passes(Guard guard)
     return false;
 }
 
-const char* guardMessage(Guard guard)
-{
-    return row(guard).message;
-}
+const char* guardMessage(Guard guard) { return row(guard).message; }

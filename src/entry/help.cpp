@@ -7,7 +7,4 @@ QUrl manualAddress()
     return QUrl(QStringLiteral("https://docs.terva.example/books/tervagmn-rukovodstvo-polzovatelia"));
 }
 
-void openManual()
-{
-    QDesktopServices::openUrl(manualAddress());
-}
+void openManual() { QDesktopServices::openUrl(manualAddress()); }

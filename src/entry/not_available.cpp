@@ -38,7 +38,4 @@ const std::vector<const char*>& commandsNotAvailable()
     return names;
 }
 
-void sayNotAvailable(const char* command)
-{
-    say(fill(QStringLiteral("\nКоманда %1 пока недоступна\n"), command));
-}
+void sayNotAvailable(const char* command) { say(fill(QStringLiteral("\nКоманда %1 пока недоступна\n"), command)); }

@@ -30,10 +30,7 @@ struct Description {
     std::vector<Page> pages;
 };
 
-QWidget* sampleLabel(QWidget* parent)
-{
-    return new QLabel(QStringLiteral("Terva"), parent);
-}
+QWidget* sampleLabel(QWidget* parent) { return new QLabel(QStringLiteral("Terva"), parent); }
 
 Page samplePage(const char* title)
 {
@@ -121,10 +118,7 @@ void refreshSet(PaletteSlot slot)
 
 } // namespace
 
-hostUiPaletteSet* paletteSet(PaletteSlot slot)
-{
-    return sets()[size_t(slot)].get();
-}
+hostUiPaletteSet* paletteSet(PaletteSlot slot) { return sets()[size_t(slot)].get(); }
 
 void togglePaletteSet(PaletteSlot slot)
 {
@@ -143,10 +137,7 @@ void refreshAllPaletteSets()
         refreshSet(slot);
 }
 
-void refreshExplorerPaletteSet()
-{
-    refreshSet(PaletteSlot::ProjectExplorer);
-}
+void refreshExplorerPaletteSet() { refreshSet(PaletteSlot::ProjectExplorer); }
 
 void destroyPaletteSets()
 {

@@ -8,8 +8,8 @@ class hostUiPaletteSet;
 
 // In the order in which they are destroyed.
 enum class PaletteSlot {
-    Sample,             // HELLOQTPALETTE
-    SecondSample,       // "UI pal set": no command opens it
+    Sample,       // HELLOQTPALETTE
+    SecondSample, // "UI pal set": no command opens it
     ProjectSettings,
     ProjectExplorer,
     ObjectInspector,

@@ -11,10 +11,7 @@ void helloModalDialog()
 {
     say(QStringLiteral("\nHello, hostQt.dll!\n"));
     QMessageBox::information(ndsw_ncadMainWnd(), QString(),
-        QStringLiteral("Hello, hostQt.dll (based on qtwinmigrate\\examples\\qtdll)!"));
+                             QStringLiteral("Hello, hostQt.dll (based on qtwinmigrate\\examples\\qtdll)!"));
 }
 
-void helloPalette()
-{
-    togglePaletteSet(PaletteSlot::Sample);
-}
+void helloPalette() { togglePaletteSet(PaletteSlot::Sample); }

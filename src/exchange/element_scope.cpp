@@ -16,8 +16,8 @@ bool loadScope(const QString& elementTable, int positionId, bool allBase, Elemen
 {
     scope = ElementScope();
     const QString statement = fill("select element_id, element_name, position_id from %1", elementTable);
-    const QString condition = allBase ? QStringLiteral(" order by element_name")
-                                      : " where position_id = " + QString::number(positionId);
+    const QString condition =
+        allBase ? QStringLiteral(" order by element_name") : " where position_id = " + QString::number(positionId);
     const sql::Result rows = session().run(statement + condition);
     if (!rows.isTuples())
         return false;

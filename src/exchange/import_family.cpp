@@ -9,10 +9,7 @@ const QString wellDates = QStringLiteral("dd.MM.yy;;dd.MM.yyyy");
 // No delivered format of numbers has a column of its own for the time.
 const TemplateField noTime = {QStringLiteral("Time"), QStringLiteral("hh:mm:ss"), -1};
 
-TemplateField column(const char* caption, int index)
-{
-    return {QString::fromUtf8(caption), QString(), index};
-}
+TemplateField column(const char* caption, int index) { return {QString::fromUtf8(caption), QString(), index}; }
 
 // The only format of a family of numbers: name, date, values, serial.
 QVector<ImportTemplate> numberTemplate(const char* value, const char* second, int serial, int lastRequired)
@@ -93,13 +90,12 @@ const QVector<ImportFamily>& importFamilies()
     static const QVector<ImportFamily> rows = {
         {FamilyKey::Dm, "DMImportCmdDialog", "Импорт измерений деформационных марок",
          numberTemplate("Отметка", nullptr, 3, 3),
-         columnsOf("Статус", {{C::Value, "Значение"}, {C::Validity, "Валидность"}}),
-         "Деформационная марка ", "\nИмпорт измерений для деформационной марки %1 завершен",
+         columnsOf("Статус", {{C::Value, "Значение"}, {C::Validity, "Валидность"}}), "Деформационная марка ",
+         "\nИмпорт измерений для деформационной марки %1 завершен",
          "\nОшибка импорта измерений для деформационной марки %1", &settlementCheck(), 3},
-        {FamilyKey::Rp, "RPImportCmdDialog", "Импорт измерений реперов",
-         numberTemplate("Отметка", "Точность", 4, 4),
-         columnsOf("Импорт", {{C::Value, "Измерение"}, {C::Second, "Точность"}}),
-         "Репер ", "\nИмпорт измерений для репера %1 завершен", "\nОшибка импорта измерений для репера %1", nullptr, 1},
+        {FamilyKey::Rp, "RPImportCmdDialog", "Импорт измерений реперов", numberTemplate("Отметка", "Точность", 4, 4),
+         columnsOf("Импорт", {{C::Value, "Измерение"}, {C::Second, "Точность"}}), "Репер ",
+         "\nИмпорт измерений для репера %1 завершен", "\nОшибка импорта измерений для репера %1", nullptr, 1},
         {FamilyKey::Ggs, "GGSImportCmdDialog", "Импорт измерений гидрогеологических скважин",
          numberTemplate("Уровень ГВ", nullptr, 3, 3), columnsOf("Импорт", {{C::Value, "Уровень воды"}}),
          "Гидрогеологическая скважина ", "\nИмпорт измерений для гидрогеологической скважины %1 завершен",
@@ -112,16 +108,21 @@ const QVector<ImportFamily>& importFamilies()
         // A row may end before its serial number, which then is not found.
         {FamilyKey::Tss, "TSSImportCmdDialog", "Импорт измерений точек снегомерной съемки",
          numberTemplate("Плотность", "Высота", 4, 3),
-         columnsOf("Импорт", {{C::Value, "Плотность снега"}, {C::Second, "Высота снега"}}),
-         "Точка снегомерной съемки ", "\nИмпорт измерений для точки снегомерной съемки %1 завершен",
+         columnsOf("Импорт", {{C::Value, "Плотность снега"}, {C::Second, "Высота снега"}}), "Точка снегомерной съемки ",
+         "\nИмпорт измерений для точки снегомерной съемки %1 завершен",
          "\nОшибка импорта измерений для точки снегомерной съемки %1", nullptr, 1},
         // The line of success repeats the deformation marks' words; users know it so.
-        {FamilyKey::Ts, "TSImportCmdDialog", "Импорт измерений термоскважин",
+        {FamilyKey::Ts,
+         "TSImportCmdDialog",
+         "Импорт измерений термоскважин",
          {englishLogger(), russianLogger(), ownFormat()},
          columnsOf("Статус",
                    {{C::Value, "Температура\n воздуха"}, {C::Profile, "Данные"}, {C::Validity, "Валидность"}}),
-         "Термоскважина ", "\nИмпорт измерений для деформационной марки %1 завершен",
-         "\nОшибка импорта измерений термоскважины  %1", &profileCheck(), 1},
+         "Термоскважина ",
+         "\nИмпорт измерений для деформационной марки %1 завершен",
+         "\nОшибка импорта измерений термоскважины  %1",
+         &profileCheck(),
+         1},
     };
     return rows;
 }

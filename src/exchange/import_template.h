@@ -19,9 +19,9 @@ struct ImportTemplate {
     TemplateField time;
     TemplateField serial;
     TemplateField value;
-    TemplateField second; ///< of families with two values
-    int lastRequired = 0; ///< a row has at least one cell more
-    TemplateField dateTime = {};     ///< one cell for both, with dateAndTimeTogether
+    TemplateField second;        ///< of families with two values
+    int lastRequired = 0;        ///< a row has at least one cell more
+    TemplateField dateTime = {}; ///< one cell for both, with dateAndTimeTogether
     bool dateAndTimeTogether = false;
     /// Files of thermal wells: the header holds depths, captions are compared as
     /// they stand and the value's caption too, the value is a plain number.

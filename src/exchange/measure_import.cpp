@@ -7,14 +7,9 @@
 namespace {
 
 // One run: what was answered so far.
-class Run
-{
+class Run {
 public:
-    Run(const ImportFamily& family, const ImportQuestion& ask)
-        : family_(family)
-        , ask_(ask)
-    {
-    }
+    Run(const ImportFamily& family, const ImportQuestion& ask) : family_(family), ask_(ask) { }
 
     // Whether the row was written.
     bool take(const ImportCandidate& row)

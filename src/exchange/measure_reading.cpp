@@ -13,8 +13,7 @@ struct Match {
 };
 
 // A file repeats few names, dates and serial numbers; each is matched once.
-class Matcher
-{
+class Matcher {
 public:
     void setElement(BaseMeasure& measure, const QString& name)
     {

@@ -12,7 +12,7 @@ struct ReadingTask {
     QStringList lines;
     QString separator;
     const ImportTemplate* format = nullptr;
-    MeasureLists lists;  ///< cycles, devices, performers
+    MeasureLists lists; ///< cycles, devices, performers
     ElementScope scope;
     int positionId = -1; ///< the measures'
 };

@@ -19,10 +19,7 @@ QString entryText(const EntryList& list, int index)
     return QString(list[index].text).replace(QLatin1String(" | "), QLatin1String(" - "));
 }
 
-QString numberText(double number)
-{
-    return std::isfinite(number) ? general(number) : QString();
-}
+QString numberText(double number) { return std::isfinite(number) ? general(number) : QString(); }
 
 // A cell of copied text stays on its line.
 QString onOneLine(QString text)
@@ -30,25 +27,16 @@ QString onOneLine(QString text)
     return text.replace(QLatin1Char('\n'), QLatin1Char(' ')).replace(QLatin1Char('\r'), QLatin1Char(' '));
 }
 
-TSMeasure* well(const BaseMeasure& measure)
-{
-    return static_cast<TSMeasure*>(const_cast<BaseMeasure*>(&measure));
-}
+TSMeasure* well(const BaseMeasure& measure) { return static_cast<TSMeasure*>(const_cast<BaseMeasure*>(&measure)); }
 
 } // namespace
 
-MeasureTable::MeasureTable(const ImportFamily& family, QObject* parent)
-    : QAbstractTableModel(parent)
-    , family_(family)
-{
-}
+MeasureTable::MeasureTable(const ImportFamily& family, QObject* parent) : QAbstractTableModel(parent), family_(family)
+{ }
 
 MeasureTable::~MeasureTable() = default;
 
-void MeasureTable::clear()
-{
-    setMeasures({}, {});
-}
+void MeasureTable::clear() { setMeasures({}, {}); }
 
 void MeasureTable::setMeasures(Measures measures, const ElementScope& scope)
 {
@@ -91,17 +79,11 @@ void MeasureTable::evaluate(Row& row)
 bool MeasureTable::takeId(BaseMeasure& measure, ImportContent content, int id) const
 {
     switch (content) {
-    case ImportContent::Element:
-        measure.setElementId(id);
-        return true;
-    case ImportContent::Cycle:
-        return measure.setCycleId(id) == measureOk;
-    case ImportContent::Device:
-        return measure.setDeviceId(id) == measureOk;
-    case ImportContent::Performer:
-        return measure.setPerformerId(id) == measureOk;
-    default:
-        return false;
+    case ImportContent::Element: measure.setElementId(id); return true;
+    case ImportContent::Cycle: return measure.setCycleId(id) == measureOk;
+    case ImportContent::Device: return measure.setDeviceId(id) == measureOk;
+    case ImportContent::Performer: return measure.setPerformerId(id) == measureOk;
+    default: return false;
     }
 }
 
@@ -237,15 +219,9 @@ QString MeasureTable::uncheckedText() const
 
 // --- model --------------------------------------------------------------------------------
 
-int MeasureTable::rowCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : int(rows_.size());
-}
+int MeasureTable::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : int(rows_.size()); }
 
-int MeasureTable::columnCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : family_.columns.size();
-}
+int MeasureTable::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : family_.columns.size(); }
 
 ImportContent MeasureTable::contentOf(const QModelIndex& index) const
 {
@@ -256,24 +232,16 @@ QVariant MeasureTable::shown(const Row& row, ImportContent content) const
 {
     const BaseMeasure& measure = *row.measure;
     switch (content) {
-    case ImportContent::Status:
-        return row.status;
-    case ImportContent::Element:
-        return fill("%1 (ID: %2)", measure.elementName, measure.elementId);
-    case ImportContent::Cycle:
-        return entryText(measure.lists.cycles, measure.cycleIndex);
-    case ImportContent::Device:
-        return entryText(measure.lists.devices, measure.deviceIndex);
-    case ImportContent::Performer:
-        return entryText(measure.lists.performers, measure.performerIndex);
-    case ImportContent::Value:
-        return row.value;
-    case ImportContent::Second:
-        return numberText(measure.values[1]);
+    case ImportContent::Status: return row.status;
+    case ImportContent::Element: return fill("%1 (ID: %2)", measure.elementName, measure.elementId);
+    case ImportContent::Cycle: return entryText(measure.lists.cycles, measure.cycleIndex);
+    case ImportContent::Device: return entryText(measure.lists.devices, measure.deviceIndex);
+    case ImportContent::Performer: return entryText(measure.lists.performers, measure.performerIndex);
+    case ImportContent::Value: return row.value;
+    case ImportContent::Second: return numberText(measure.values[1]);
     case ImportContent::Profile:
         return well(measure)->profile.isEmpty() ? QVariant(noData) : QVariant::fromValue(well(measure));
-    case ImportContent::Validity:
-        return family_.check ? family_.check->text(measure) : QString();
+    case ImportContent::Validity: return family_.check ? family_.check->text(measure) : QString();
     }
     return {};
 }
@@ -282,23 +250,16 @@ QVariant MeasureTable::held(const Row& row, ImportContent content) const
 {
     const BaseMeasure& measure = *row.measure;
     switch (content) {
-    case ImportContent::Status:
-        return QVariant::fromValue(static_cast<void*>(row.measure.get()));
-    case ImportContent::Element:
-        return measure.elementId;
-    case ImportContent::Cycle:
-        return measure.cycleId;
-    case ImportContent::Device:
-        return measure.deviceId;
-    case ImportContent::Performer:
-        return measure.performerId;
+    case ImportContent::Status: return QVariant::fromValue(static_cast<void*>(row.measure.get()));
+    case ImportContent::Element: return measure.elementId;
+    case ImportContent::Cycle: return measure.cycleId;
+    case ImportContent::Device: return measure.deviceId;
+    case ImportContent::Performer: return measure.performerId;
     case ImportContent::Profile:
         return well(measure)->profile.isEmpty() ? QVariant() : QVariant(QStringLiteral("Просмотр"));
-    case ImportContent::Validity:
-        return family_.check ? family_.check->code(measure) : QVariant();
+    case ImportContent::Validity: return family_.check ? family_.check->code(measure) : QVariant();
     case ImportContent::Value:
-    case ImportContent::Second:
-        break;
+    case ImportContent::Second: break;
     }
     return {};
 }
@@ -311,10 +272,8 @@ QVariant MeasureTable::data(const QModelIndex& index, int role) const
     const ImportContent content = contentOf(index);
     switch (role) {
     case Qt::DisplayRole:
-    case Qt::EditRole:
-        return shown(row, content);
-    case Qt::UserRole:
-        return held(row, content);
+    case Qt::EditRole: return shown(row, content);
+    case Qt::UserRole: return held(row, content);
     case Qt::CheckStateRole:
         if (content == ImportContent::Status)
             return row.checked ? Qt::Checked : Qt::Unchecked;
@@ -324,14 +283,12 @@ QVariant MeasureTable::data(const QModelIndex& index, int role) const
         if (content == ImportContent::Status && !row.importable)
             return QBrush(Qt::darkRed);
         return {};
-    case Qt::ToolTipRole:
-        return content == ImportContent::Status ? QVariant(row.status) : QVariant();
+    case Qt::ToolTipRole: return content == ImportContent::Status ? QVariant(row.status) : QVariant();
     case Qt::TextAlignmentRole:
         if (content == ImportContent::Value || content == ImportContent::Second)
             return int(Qt::AlignRight | Qt::AlignVCenter);
         return {};
-    default:
-        return {};
+    default: return {};
     }
 }
 
@@ -354,10 +311,8 @@ Qt::ItemFlags MeasureTable::flags(const QModelIndex& index) const
                                                      : Qt::ItemIsSelectable | Qt::ItemIsUserCheckable;
     case ImportContent::Second:
     case ImportContent::Profile:
-    case ImportContent::Validity:
-        return plain;
-    default:
-        return plain | Qt::ItemIsEditable;
+    case ImportContent::Validity: return plain;
+    default: return plain | Qt::ItemIsEditable;
     }
 }
 
@@ -374,8 +329,9 @@ bool MeasureTable::setData(const QModelIndex& index, const QVariant& value, int 
         emit dataChanged(index, index, {Qt::CheckStateRole});
         return true;
     }
-    const bool taken = content == ImportContent::Value ? role == Qt::EditRole && takeValue(row, value.toString())
-                                                       : role == Qt::UserRole && takeId(*row.measure, content, value.toInt());
+    const bool taken = content == ImportContent::Value
+        ? role == Qt::EditRole && takeValue(row, value.toString())
+        : role == Qt::UserRole && takeId(*row.measure, content, value.toInt());
     if (!taken)
         return false;
     criteria_.forget();

@@ -20,8 +20,7 @@ struct ImportSummary {
     int errors = 0;
 };
 
-class MeasureTable : public QAbstractTableModel
-{
+class MeasureTable : public QAbstractTableModel {
     Q_OBJECT
 
 public:

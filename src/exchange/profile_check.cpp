@@ -13,10 +13,7 @@ const QString previousStatement = QStringLiteral(
 
 constexpr ProfileLimits limits;
 
-quint32 bitsOf(const BaseMeasure& measure)
-{
-    return static_cast<const TSMeasure&>(measure).validity;
-}
+quint32 bitsOf(const BaseMeasure& measure) { return static_cast<const TSMeasure&>(measure).validity; }
 
 bool within(const TSMeasure& measure, double top, double bottom)
 {
@@ -152,10 +149,7 @@ QString text(const BaseMeasure& measure)
     return lines.join(QLatin1Char('\n'));
 }
 
-int code(const BaseMeasure& measure)
-{
-    return int(bitsOf(measure));
-}
+int code(const BaseMeasure& measure) { return int(bitsOf(measure)); }
 
 // As for deformation marks: nothing to compare with is an error, a reading that
 // exceeds a limit is a warning.

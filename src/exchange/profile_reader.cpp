@@ -81,8 +81,7 @@ int readTemperatures(QStringList cells, TemperatureProfile& profile)
 }
 
 ProfileReader::ProfileReader(const QString& headerLine, QChar separator, ProfileColumns columns)
-    : separator_(separator)
-    , columns_(columns)
+    : separator_(separator), columns_(columns)
 {
     QStringList cells;
     if (profileCells(headerLine, separator, columns, cells))

@@ -30,8 +30,7 @@ int readDepths(QStringList cells, TemperatureProfile& profile);
 int readTemperatures(QStringList cells, TemperatureProfile& profile);
 
 /// The depths of a header line, read once for all the lines below it.
-class ProfileReader
-{
+class ProfileReader {
 public:
     ProfileReader() = default;
     /// Without a separator (a null sign) a line is one cell.

@@ -21,15 +21,9 @@ void RawLines::setLines(const QStringList& lines, const QString& separator)
     endResetModel();
 }
 
-int RawLines::rowCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : lines_.size();
-}
+int RawLines::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : lines_.size(); }
 
-int RawLines::columnCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : columns_;
-}
+int RawLines::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : columns_; }
 
 QVariant RawLines::data(const QModelIndex& index, int role) const
 {

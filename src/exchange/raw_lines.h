@@ -4,8 +4,7 @@
 #include <QAbstractTableModel>
 #include <QStringList>
 
-class RawLines : public QAbstractTableModel
-{
+class RawLines : public QAbstractTableModel {
     Q_OBJECT
 
 public:

@@ -7,16 +7,10 @@ namespace {
 
 constexpr int mostRemembered = 4096;
 
-QStringList formatsOf(const TemplateField& field)
-{
-    return field.format.split(QStringLiteral(";;"));
-}
+QStringList formatsOf(const TemplateField& field) { return field.format.split(QStringLiteral(";;")); }
 
 // A year of two digits is read as 19yy and belongs to this century.
-int centuryShift(const QString& format)
-{
-    return format.contains(QLatin1String("yyyy")) ? 0 : 100;
-}
+int centuryShift(const QString& format) { return format.contains(QLatin1String("yyyy")) ? 0 : 100; }
 
 QDate readDate(const QString& text, const TemplateField& field)
 {
@@ -48,10 +42,7 @@ QDateTime readDateTime(const QString& text, const TemplateField& field)
     return {};
 }
 
-QString trimmedCell(const QStringList& cells, const TemplateField& field)
-{
-    return cells.value(field.index).trimmed();
-}
+QString trimmedCell(const QStringList& cells, const TemplateField& field) { return cells.value(field.index).trimmed(); }
 
 template <class Value>
 Value remembered(QHash<QString, Value>& known, const QString& text, const TemplateField& field,
@@ -68,10 +59,7 @@ Value remembered(QHash<QString, Value>& known, const QString& text, const Templa
 } // namespace
 
 RowReader::RowReader(const ImportTemplate& format, const QString& separator)
-    : format_(format)
-    , separator_(separator)
-{
-}
+    : format_(format), separator_(separator) { }
 
 RowReader::Line RowReader::read(const QString& line, SurveyRow& row)
 {

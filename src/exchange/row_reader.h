@@ -17,8 +17,7 @@ struct SurveyRow {
     TemperatureProfile profile;
 };
 
-class RowReader
-{
+class RowReader {
 public:
     enum class Line {
         Passed, ///< before the first header, too short, or without a name

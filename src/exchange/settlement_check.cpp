@@ -10,15 +10,9 @@ const QString previousStatement = QStringLiteral(
     "AND c.date_end < (SELECT date_end FROM cycles WHERE cycle_id = %2) AND dm.meas IS NOT NULL ORDER BY c.date_end "
     "DESC LIMIT 1 ");
 
-DMMeasure& mark(BaseMeasure& measure)
-{
-    return static_cast<DMMeasure&>(measure);
-}
+DMMeasure& mark(BaseMeasure& measure) { return static_cast<DMMeasure&>(measure); }
 
-int validityOf(const BaseMeasure& measure)
-{
-    return static_cast<const DMMeasure&>(measure).validity;
-}
+int validityOf(const BaseMeasure& measure) { return static_cast<const DMMeasure&>(measure).validity; }
 
 int validate(DMMeasure& measure, int positionId, StoredCriteria& criteria)
 {
@@ -48,9 +42,9 @@ QString text(const BaseMeasure& measure)
 {
     // "сравнения" is misspelt in the third: users know the text so.
     static const std::array<QString, 6> texts = {
-        QStringLiteral("Неизвестно"),           QStringLiteral("Корректно"),
-        QStringLiteral("Превышение значения"),  QStringLiteral("Нет данных сревнения"),
-        QStringLiteral("Не задан критерий"),    QStringLiteral("Неизвестная ошибка"),
+        QStringLiteral("Неизвестно"),          QStringLiteral("Корректно"),
+        QStringLiteral("Превышение значения"), QStringLiteral("Нет данных сревнения"),
+        QStringLiteral("Не задан критерий"),   QStringLiteral("Неизвестная ошибка"),
     };
     return texts.at(size_t(validityOf(measure)));
 }
@@ -58,12 +52,9 @@ QString text(const BaseMeasure& measure)
 Verdict verdict(const BaseMeasure& measure)
 {
     switch (validityOf(measure)) {
-    case settlementValid:
-        return Verdict::Valid;
-    case settlementExceeded:
-        return Verdict::Warning;
-    default:
-        return Verdict::Error;
+    case settlementValid: return Verdict::Valid;
+    case settlementExceeded: return Verdict::Warning;
+    default: return Verdict::Error;
     }
 }
 

@@ -50,9 +50,8 @@ PreviousMeasure StoredCriteria::previous(const QString& statement, int elementId
 {
     const QPair<int, int> key(elementId, cycleId);
     const auto found = previous_.constFind(key);
-    return found != previous_.constEnd()
-        ? *found
-        : *previous_.insert(key, readPrevious(fill(statement, elementId, cycleId)));
+    return found != previous_.constEnd() ? *found
+                                         : *previous_.insert(key, readPrevious(fill(statement, elementId, cycleId)));
 }
 
 void StoredCriteria::forget()

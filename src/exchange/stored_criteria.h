@@ -22,8 +22,7 @@ struct PreviousMeasure {
     QString text; ///< empty when absent
 };
 
-class StoredCriteria
-{
+class StoredCriteria {
 public:
     PositionNorms norms(int positionId);
     /// `statement` has the value in its first column; %1 is the element, %2 the cycle.

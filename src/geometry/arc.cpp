@@ -48,8 +48,8 @@ PointList arcPoints(const Point3& from, const Point3& to, double bulge, double t
         const double sine = std::sin(sweep * part);
         const double x = from.x - center.x;
         const double y = from.y - center.y;
-        points.push_back({center.x + x * cosine - y * sine, center.y + x * sine + y * cosine,
-                          from.z + (to.z - from.z) * part});
+        points.push_back(
+            {center.x + x * cosine - y * sine, center.y + x * sine + y * cosine, from.z + (to.z - from.z) * part});
     }
     points.push_back(to);
     return points;

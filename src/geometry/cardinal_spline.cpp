@@ -4,14 +4,9 @@
 
 namespace geometry {
 
-CardinalSpline::CardinalSpline(double tension, int samples)
-    : tension_(tension)
-    , samples_(std::max(samples, 1))
-{
-}
+CardinalSpline::CardinalSpline(double tension, int samples) : tension_(tension), samples_(std::max(samples, 1)) { }
 
-double CardinalSpline::tensionBetween(const Point3& p0, const Point3& p1, const Point3& p2,
-                                      const Point3& p3) const
+double CardinalSpline::tensionBetween(const Point3& p0, const Point3& p1, const Point3& p2, const Point3& p3) const
 {
     const double d01 = planDistance(p0, p1);
     const double d12 = planDistance(p1, p2);
@@ -27,8 +22,8 @@ double CardinalSpline::tensionBetween(const Point3& p0, const Point3& p1, const 
     return ratio < 1.0 ? tension_ * ratio : tension_;
 }
 
-void CardinalSpline::appendSegment(const Point3& p0, const Point3& p1, const Point3& p2,
-                                   const Point3& p3, double z, PointList* out) const
+void CardinalSpline::appendSegment(const Point3& p0, const Point3& p1, const Point3& p2, const Point3& p3, double z,
+                                   PointList* out) const
 {
     const double tension = tensionBetween(p0, p1, p2, p3);
     const double step = 1.0 / samples_;
@@ -40,11 +35,8 @@ void CardinalSpline::appendSegment(const Point3& p0, const Point3& p1, const Poi
         const double h2 = t3 - 2.0 * t2 + t;
         const double h3 = 3.0 * t2 - 2.0 * t3;
         const double h4 = t3 - t2;
-        out->push_back({p1.x * h1 + p2.x * h3 + tension * (p2.x - p0.x) * h2
-                            + tension * (p3.x - p1.x) * h4,
-                        p1.y * h1 + p2.y * h3 + tension * (p2.y - p0.y) * h2
-                            + tension * (p3.y - p1.y) * h4,
-                        z});
+        out->push_back({p1.x * h1 + p2.x * h3 + tension * (p2.x - p0.x) * h2 + tension * (p3.x - p1.x) * h4,
+                        p1.y * h1 + p2.y * h3 + tension * (p2.y - p0.y) * h2 + tension * (p3.y - p1.y) * h4, z});
     }
 }
 
@@ -71,8 +63,7 @@ PointList CardinalSpline::throughClosed(const PointList& points, double z) const
     const std::size_t n = points.size();
     out.reserve(n * static_cast<std::size_t>(samples_) + 1);
     for (std::size_t i = 0; i < n; ++i)
-        appendSegment(points[i], points[(i + 1) % n], points[(i + 2) % n], points[(i + 3) % n], z,
-                      &out);
+        appendSegment(points[i], points[(i + 1) % n], points[(i + 2) % n], points[(i + 3) % n], z, &out);
     if (!out.empty())
         out.push_back(Point3(out.front()));
     return out;

@@ -10,8 +10,7 @@ namespace geometry {
 // A tangent is `tension` times the chord of the two neighbours. Where a
 // neighbouring segment is longer than the segment itself the tension falls by
 // their ratio: this keeps unevenly spaced lines from looping.
-class CardinalSpline
-{
+class CardinalSpline {
 public:
     // A number of samples below 1 counts as 1.
     CardinalSpline(double tension, int samples);
@@ -25,10 +24,9 @@ public:
     PointList throughClosed(const PointList& points, double z) const;
 
 private:
-    void appendSegment(const Point3& p0, const Point3& p1, const Point3& p2, const Point3& p3,
-                       double z, PointList* out) const;
-    double tensionBetween(const Point3& p0, const Point3& p1, const Point3& p2,
-                          const Point3& p3) const;
+    void appendSegment(const Point3& p0, const Point3& p1, const Point3& p2, const Point3& p3, double z,
+                       PointList* out) const;
+    double tensionBetween(const Point3& p0, const Point3& p1, const Point3& p2, const Point3& p3) const;
 
     double tension_;
     int samples_;

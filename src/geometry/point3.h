@@ -20,15 +20,9 @@ struct Point3 {
 
 using PointList = std::vector<Point3>;
 
-inline bool operator==(const Point3& a, const Point3& b)
-{
-    return a.x == b.x && a.y == b.y && a.z == b.z;
-}
+inline bool operator==(const Point3& a, const Point3& b) { return a.x == b.x && a.y == b.y && a.z == b.z; }
 
-inline bool operator!=(const Point3& a, const Point3& b)
-{
-    return !(a == b);
-}
+inline bool operator!=(const Point3& a, const Point3& b) { return !(a == b); }
 
 inline double planDistance(const Point3& a, const Point3& b)
 {
@@ -45,10 +39,7 @@ inline double distance(const Point3& a, const Point3& b)
     return std::sqrt(dx * dx + dy * dy + dz * dz);
 }
 
-inline bool isFinite(const Point3& p)
-{
-    return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
-}
+inline bool isFinite(const Point3& p) { return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z); }
 
 inline Point3 between(const Point3& a, const Point3& b, double t)
 {

@@ -6,10 +6,7 @@ namespace {
 
 // Bounds below use the very operations of the distances themselves. Each of
 // these is monotone in floating point, so a bound never exceeds a distance.
-double gap(double from, double to, double at)
-{
-    return std::max({from - at, at - to, 0.0});
-}
+double gap(double from, double to, double at) { return std::max({from - at, at - to, 0.0}); }
 
 } // namespace
 
@@ -107,8 +104,7 @@ PointTree::Nearest PointTree::nearest(double x, double y, double limit, int inde
     return best;
 }
 
-void PointTree::nearestByManhattan(double x, double y, std::size_t k,
-                                   std::vector<int>* indices) const
+void PointTree::nearestByManhattan(double x, double y, std::size_t k, std::vector<int>* indices) const
 {
     using Candidate = std::pair<double, int>;
     struct Waiting {

@@ -13,8 +13,7 @@ namespace geometry {
 // Points under a balanced tree that halves them by x or y, whichever spreads
 // more. Answers are those of a plain loop over the points in their own order:
 // of two that are equally good the earlier one wins.
-class PointTree
-{
+class PointTree {
 public:
     static constexpr int kAll = std::numeric_limits<int>::max();
 
@@ -85,8 +84,8 @@ int PointTree::firstInBox(const Box& box, Accepts accepts) const
     std::priority_queue<Waiting> queue;
     const auto waitFor = [&](std::size_t node) {
         const Node& n = nodes_[node];
-        if (n.firstIndex != kAll && n.box.xMax >= box.xMin && box.xMax >= n.box.xMin
-            && n.box.yMax >= box.yMin && box.yMax >= n.box.yMin)
+        if (n.firstIndex != kAll && n.box.xMax >= box.xMin && box.xMax >= n.box.xMin && n.box.yMax >= box.yMin
+            && box.yMax >= n.box.yMin)
             queue.push({n.firstIndex, static_cast<std::int32_t>(node)});
     };
     if (!nodes_.empty())
@@ -107,8 +106,7 @@ int PointTree::firstInBox(const Box& box, Accepts accepts) const
         }
         for (std::int32_t i = node.begin; i < node.end; ++i) {
             const Entry& e = entries_[static_cast<std::size_t>(i)];
-            if (e.index != kAll && e.x >= box.xMin && e.x <= box.xMax && e.y >= box.yMin
-                && e.y <= box.yMax)
+            if (e.index != kAll && e.x >= box.xMin && e.x <= box.xMax && e.y >= box.yMin && e.y <= box.yMax)
                 queue.push({e.index, -1});
         }
     }

@@ -12,10 +12,7 @@ bool crossesEvenOdd(double x, double y, const Point3& previous, const Point3& cu
         && x < (previous.x - current.x) * (y - current.y) / (previous.y - current.y) + current.x;
 }
 
-bool isZero(const Point3& a, const Point3& b)
-{
-    return a.x == b.x && a.y == b.y;
-}
+bool isZero(const Point3& a, const Point3& b) { return a.x == b.x && a.y == b.y; }
 
 bool touches(const Point3& p, const Point3& a, const Point3& b)
 {

@@ -26,11 +26,7 @@ Step stepAt(double parameter, std::size_t segments)
 
 } // namespace
 
-Polyline::Polyline(PointList vertices, bool closed)
-    : vertices_(std::move(vertices))
-    , closed_(closed)
-{
-}
+Polyline::Polyline(PointList vertices, bool closed) : vertices_(std::move(vertices)), closed_(closed) { }
 
 std::size_t Polyline::segmentCount() const
 {

@@ -7,8 +7,7 @@ namespace geometry {
 // A chain of straight segments with the parameter that the CAD host uses: whole
 // numbers are vertices, one unit is one segment whatever its length. A closed
 // polyline has one segment more, from its last vertex back to the first.
-class Polyline
-{
+class Polyline {
 public:
     struct Place {
         Point3 point;

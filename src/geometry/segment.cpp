@@ -19,8 +19,7 @@ ClosestPlace closestOnSegment(const Point3& a, const Point3& b, const Point3& p)
     const double dy = b.y - a.y;
     const double squaredLength = dx * dx + dy * dy;
     ClosestPlace place;
-    const double t = squaredLength > 0.0
-        ? ((p.x - a.x) * dx + (p.y - a.y) * dy) / squaredLength : 0.0;
+    const double t = squaredLength > 0.0 ? ((p.x - a.x) * dx + (p.y - a.y) * dy) / squaredLength : 0.0;
     if (!(t > 0.0)) {
         place.point = a;
     } else if (t >= 1.0) {
@@ -34,8 +33,7 @@ ClosestPlace closestOnSegment(const Point3& a, const Point3& b, const Point3& p)
     return place;
 }
 
-bool intersectSegments(const Point3& a, const Point3& b, const Point3& c, const Point3& d,
-                       Point3* meeting)
+bool intersectSegments(const Point3& a, const Point3& b, const Point3& c, const Point3& d, Point3* meeting)
 {
     // Nearly parallel segments far apart would otherwise meet by rounding.
     if (!rangesMeet(a.x, b.x, c.x, d.x) || !rangesMeet(a.y, b.y, c.y, d.y))

@@ -16,7 +16,6 @@ ClosestPlace closestOnSegment(const Point3& a, const Point3& b, const Point3& p)
 
 // Meeting point of two segments in plan, ends included, as the place on a-b
 // (with its z). False for segments that are parallel or whose boxes lie apart.
-bool intersectSegments(const Point3& a, const Point3& b, const Point3& c, const Point3& d,
-                       Point3* meeting);
+bool intersectSegments(const Point3& a, const Point3& b, const Point3& c, const Point3& d, Point3* meeting);
 
 } // namespace geometry

@@ -44,8 +44,7 @@ double SegmentIndex::Node::distanceTo(const Point3& p) const
     return std::sqrt(dx * dx + dy * dy);
 }
 
-SegmentIndex::SegmentIndex(PointList vertices, bool closed)
-    : line_(std::move(vertices), closed)
+SegmentIndex::SegmentIndex(PointList vertices, bool closed) : line_(std::move(vertices), closed)
 {
     const std::size_t count = line_.segmentCount();
     if (count == 0)
@@ -67,10 +66,7 @@ SegmentIndex::SegmentIndex(PointList vertices, bool closed)
     }
 }
 
-double SegmentIndex::slackAt(const Point3& p) const
-{
-    return kRounding * (largest_ + std::fabs(p.x) + std::fabs(p.y));
-}
+double SegmentIndex::slackAt(const Point3& p) const { return kRounding * (largest_ + std::fabs(p.x) + std::fabs(p.y)); }
 
 Polyline::Place SegmentIndex::closest(const Point3& p) const
 {
@@ -105,8 +101,7 @@ Polyline::Place SegmentIndex::closest(const Point3& p) const
         const std::size_t last = std::min(first + kLeafSize, line_.segmentCount());
         for (std::size_t i = first; i < last; ++i) {
             const ClosestPlace place = closestOnSegment(start(i), end(i), p);
-            if (place.distance < best.distance
-                || (place.distance == best.distance && i < bestSegment)) {
+            if (place.distance < best.distance || (place.distance == best.distance && i < bestSegment)) {
                 best = {place.point, static_cast<double>(i) + place.t, place.distance};
                 bestSegment = i;
             }
@@ -137,8 +132,8 @@ bool SegmentIndex::pointInPolygon(const Point3& p) const
     const double difference = p.x - p.y;
     const double sum = p.x + p.y;
     const auto matters = [&](const Node& node) {
-        const bool crosses = node.differenceMin - difference <= slack
-            && node.differenceMax - difference >= -slack && node.sumMax - sum >= -slack;
+        const bool crosses = node.differenceMin - difference <= slack && node.differenceMax - difference >= -slack
+            && node.sumMax - sum >= -slack;
         return crosses
             || (node.xMin - reach <= p.x && p.x <= node.xMax + reach && node.yMin - reach <= p.y
                 && p.y <= node.yMax + reach);
@@ -159,9 +154,7 @@ bool SegmentIndex::pointInPolygon(const Point3& p) const
 bool SegmentIndex::insideEvenOdd(double x, double y) const
 {
     const double slack = slackAt({x, y, 0.0});
-    const auto matters = [&](const Node& node) {
-        return node.yMin <= y && y < node.yMax && x <= node.xMax + slack;
-    };
+    const auto matters = [&](const Node& node) { return node.yMin <= y && y < node.yMax && x <= node.xMax + slack; };
     bool inside = false;
     walk(matters, [&](std::size_t i) {
         if (polygon_edge::crossesEvenOdd(x, y, start(i), end(i)))

@@ -12,8 +12,7 @@ namespace geometry {
 // order. Every answer is that of the plain loop over all segments, to the last
 // digit and with its rule for ties; the cost is about the logarithm of their
 // number for each segment that matters.
-class SegmentIndex
-{
+class SegmentIndex {
 public:
     SegmentIndex(PointList vertices, bool closed);
 
@@ -97,8 +96,7 @@ void SegmentIndex::meetingBox(const Point3& a, const Point3& b, Visit visit) con
     box.add(a);
     box.add(b);
     const auto meets = [&box](const Node& node) {
-        return node.xMax >= box.xMin && box.xMax >= node.xMin && node.yMax >= box.yMin
-            && box.yMax >= node.yMin;
+        return node.xMax >= box.xMin && box.xMax >= node.xMin && node.yMax >= box.yMin && box.yMax >= node.yMin;
     };
     walk(meets, [&](std::size_t i) {
         visit(i);

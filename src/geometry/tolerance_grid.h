@@ -12,11 +12,9 @@ namespace geometry {
 // Finds points nearer than GEOM_TOL to each other: a hash of small cells, each
 // holding a chain of numbered points. The owner compares the points itself; a
 // chain may hold points of other cells too.
-class ToleranceGrid
-{
+class ToleranceGrid {
 public:
-    explicit ToleranceGrid(std::size_t capacity)
-        : next_(capacity, -1)
+    explicit ToleranceGrid(std::size_t capacity) : next_(capacity, -1)
     {
         std::size_t size = 16;
         while (size < 2 * capacity)

@@ -1,9 +1,6 @@
 #include "hostkit/block_reference.h"
 
-bool isBlockReference(NcDbObjectId id)
-{
-    return bool(Opened<NcDbBlockReference>(id, kForRead));
-}
+bool isBlockReference(NcDbObjectId id) { return bool(Opened<NcDbBlockReference>(id, kForRead)); }
 
 QString definitionNameOf(NcDbObjectId reference)
 {

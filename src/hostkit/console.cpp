@@ -2,7 +2,4 @@
 
 #include <nrx/editor.h>
 
-void say(const QString& text)
-{
-    ncutPrintf(L"%ls", text.toStdWString().c_str());
-}
+void say(const QString& text) { ncutPrintf(L"%ls", text.toStdWString().c_str()); }

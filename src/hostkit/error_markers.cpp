@@ -13,8 +13,8 @@ namespace {
 
 struct MarkerShapes {
     ErrorMarker marker;
-    double crossSize;               // 0: no cross
-    std::array<double, 3> radii;    // 0: no circle
+    double crossSize;            // 0: no cross
+    std::array<double, 3> radii; // 0: no circle
 };
 
 constexpr std::array<MarkerShapes, 4> markers = {{
@@ -39,10 +39,7 @@ void addErrorLine(const NcGePoint3d& from, const NcGePoint3d& to)
 
 } // namespace
 
-QString errorLayerName()
-{
-    return QStringLiteral("TERVA_ERROR_SYNC");
-}
+QString errorLayerName() { return QStringLiteral("TERVA_ERROR_SYNC"); }
 
 void ensureErrorLayer()
 {

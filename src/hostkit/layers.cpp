@@ -49,13 +49,6 @@ QStringList layerNames()
     return names;
 }
 
-LayerUnlock::LayerUnlock(const QString& name)
-    : name_(name)
-{
-    setLayerLocked(name_, false);
-}
+LayerUnlock::LayerUnlock(const QString& name) : name_(name) { setLayerLocked(name_, false); }
 
-LayerUnlock::~LayerUnlock()
-{
-    setLayerLocked(name_, true);
-}
+LayerUnlock::~LayerUnlock() { setLayerLocked(name_, true); }

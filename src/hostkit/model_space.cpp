@@ -1,9 +1,6 @@
 #include "hostkit/model_space.h"
 
-NcDbDatabase* workingDatabase()
-{
-    return ncdbHostApplicationServices()->workingDatabase();
-}
+NcDbDatabase* workingDatabase() { return ncdbHostApplicationServices()->workingDatabase(); }
 
 Opened<NcDbBlockTableRecord> openModelSpace(NcOpenMode mode)
 {

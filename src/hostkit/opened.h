@@ -11,8 +11,8 @@ public:
     Opened() = default;
     Opened(NcDbObjectId id, NcOpenMode mode) { ncdbOpenObject(object_, id, mode); }
     // Takes over an object that a table or an iterator opened.
-    explicit Opened(T* object) : object_(object) {}
-    Opened(Opened&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
+    explicit Opened(T* object) : object_(object) { }
+    Opened(Opened&& other) noexcept : object_(std::exchange(other.object_, nullptr)) { }
     Opened& operator=(Opened&& other) noexcept
     {
         if (this != &other) {
@@ -43,7 +43,7 @@ private:
 template <class T>
 class Made {
 public:
-    explicit Made(T* object) : object_(object) {}
+    explicit Made(T* object) : object_(object) { }
     Made(const Made&) = delete;
     Made& operator=(const Made&) = delete;
     ~Made()

@@ -95,12 +95,12 @@ bool ProjectSession::bringPosition(int positionId)
 
 void ProjectSession::readPositionNames(int positionId)
 {
-    const sql::Result row = run(
-        fill(QStringLiteral("select project_id, name, object_id, object , subobject_id, subobject, "
-                            "position_id,position  from projects  left join objects using (project_id) "
-                            "left join subobjects using (object_id)  left join positions using (subobject_id)   "
-                            "where position_id = %1"),
-             positionId));
+    const sql::Result row =
+        run(fill(QStringLiteral("select project_id, name, object_id, object , subobject_id, subobject, "
+                                "position_id,position  from projects  left join objects using (project_id) "
+                                "left join subobjects using (object_id)  left join positions using (subobject_id)   "
+                                "where position_id = %1"),
+                 positionId));
     if (!row.isTuples() || row.ntuples() == 0)
         return;
     projectId = row.toInt(0, 0);

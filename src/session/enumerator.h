@@ -13,7 +13,4 @@ inline bool operator==(const Enumerator& a, const Enumerator& b)
 {
     return a.prefix == b.prefix && a.counter == b.counter && a.trailing == b.trailing;
 }
-inline bool operator!=(const Enumerator& a, const Enumerator& b)
-{
-    return !(a == b);
-}
+inline bool operator!=(const Enumerator& a, const Enumerator& b) { return !(a == b); }

@@ -15,11 +15,9 @@ struct NumberedFamily {
 };
 
 const NumberedFamily families[] = {
-    {&ProjectSession::dmEnumerator, "dm_elements", "ДМ."},
-    {&ProjectSession::tsEnumerator, "ts_elements", "ТС."},
+    {&ProjectSession::dmEnumerator, "dm_elements", "ДМ."},    {&ProjectSession::tsEnumerator, "ts_elements", "ТС."},
     {&ProjectSession::tssEnumerator, "tss_elements", "ТCС."}, // the second letter is a Latin C; drawings hold it so
-    {&ProjectSession::rpEnumerator, "rp_elements", "RP."},
-    {&ProjectSession::ggsEnumerator, "ggs_elements", "ГГС."},
+    {&ProjectSession::rpEnumerator, "rp_elements", "RP."},    {&ProjectSession::ggsEnumerator, "ggs_elements", "ГГС."},
     {&ProjectSession::tsgEnumerator, "tsg_elements", "ТСГ."},
 };
 

@@ -6,12 +6,6 @@ ProjectDialogs* installed = nullptr;
 
 } // namespace
 
-ProjectDialogs* projectDialogs()
-{
-    return installed;
-}
+ProjectDialogs* projectDialogs() { return installed; }
 
-void setProjectDialogs(ProjectDialogs* dialogs)
-{
-    installed = dialogs;
-}
+void setProjectDialogs(ProjectDialogs* dialogs) { installed = dialogs; }

@@ -7,8 +7,7 @@
 
 #include <QString>
 
-class ProjectDialogs
-{
+class ProjectDialogs {
 public:
     virtual ~ProjectDialogs() = default;
 

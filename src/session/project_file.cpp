@@ -84,10 +84,9 @@ void addStateFilter(QDomElement& root, const QMap<QString, QString>& filter)
 
 // --- reading -----------------------------------------------------------------
 
-class Group
-{
+class Group {
 public:
-    Group(const QDomElement& root, const char* name) : element_(root.firstChildElement(QString::fromLatin1(name))) {}
+    Group(const QDomElement& root, const char* name) : element_(root.firstChildElement(QString::fromLatin1(name))) { }
 
     QDomElement child(const char* name) const { return element_.firstChildElement(QString::fromLatin1(name)); }
     QString text(const char* name) const { return child(name).attribute(valueAttribute); }

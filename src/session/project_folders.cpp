@@ -9,10 +9,7 @@
 
 namespace {
 
-bool exists(const QString& folder)
-{
-    return !folder.isEmpty() && QDir(folder).exists();
-}
+bool exists(const QString& folder) { return !folder.isEmpty() && QDir(folder).exists(); }
 
 /// Says whether an existing folder can be written to; links are followed for
 /// the check only. Says nothing of a missing one.

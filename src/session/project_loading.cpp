@@ -42,13 +42,11 @@ void setParameters(ProjectSession& session, const ConnectionParameters& paramete
 }
 
 /// One opening of a project file.
-class Loading
-{
+class Loading {
 public:
     Loading(ProjectSession& session, const QString& path, const ProjectFile& file)
         : session_(session), path_(path), file_(file), asRead_(file)
-    {
-    }
+    { }
 
     void run()
     {
@@ -111,7 +109,8 @@ private:
     {
         if (projectDialogs())
             projectDialogs()->tellTrouble(fill(QStringLiteral("При открытии проекта '%1' возникли ошибки\n Проверьте "
-                                                              "командную строку для информации."), path_));
+                                                              "командную строку для информации."),
+                                               path_));
         say(QStringLiteral("\nЧто-то пошло не так! Проект не открыт.\n"));
     }
 
@@ -135,8 +134,8 @@ private:
     void choosePosition()
     {
         if (session_.setCurrentPosition(file_.positionId))
-            say(fill(QStringLiteral("\nУстановлена текущая позичия проекта ID: %1 '%2'\n"),
-                     session_.currentPositionId, session_.currentPositionName));
+            say(fill(QStringLiteral("\nУстановлена текущая позичия проекта ID: %1 '%2'\n"), session_.currentPositionId,
+                     session_.currentPositionName));
         else
             say(QStringLiteral("\nНе установлена текущая позичия проекта\n"));
     }
@@ -174,10 +173,9 @@ private:
     // Another port or database name alone is no reason to write.
     void rewriteChangedFile()
     {
-        const bool changed = session_.sqlHost != asRead_.database.host
-                          || session_.sqlPass != asRead_.database.password
-                          || session_.sqlUser != asRead_.database.user || session_.workDir != asRead_.workDir
-                          || session_.tempDir != asRead_.tempDir || session_.templateDir != asRead_.templateDir;
+        const bool changed = session_.sqlHost != asRead_.database.host || session_.sqlPass != asRead_.database.password
+            || session_.sqlUser != asRead_.database.user || session_.workDir != asRead_.workDir
+            || session_.tempDir != asRead_.tempDir || session_.templateDir != asRead_.templateDir;
         if (!changed)
             return;
         session_.saveProject();

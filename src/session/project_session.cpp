@@ -32,18 +32,14 @@ namespace {
 
 } // namespace
 
-ProjectSession::ProjectSession()
-    : moduleDir(folderOfModule()), templateDir(moduleDir + QStringLiteral("templates"))
+ProjectSession::ProjectSession() : moduleDir(folderOfModule()), templateDir(moduleDir + QStringLiteral("templates"))
 {
     reloadLevelMaps();
 }
 
 ProjectSession::~ProjectSession() = default;
 
-sql::Result ProjectSession::run(const QString& statement) const
-{
-    return connection.run(statement);
-}
+sql::Result ProjectSession::run(const QString& statement) const { return connection.run(statement); }
 
 sql::Result ProjectSession::run(const QString& statement, const QVector<sql::Parameter>& parameters,
                                 sql::Format answer) const

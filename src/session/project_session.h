@@ -25,8 +25,7 @@ struct ComboEntry {
     QVariant data;
 };
 
-class ProjectSession
-{
+class ProjectSession {
 public:
     ProjectSession();
     ~ProjectSession(); ///< finishes the connection
@@ -111,16 +110,16 @@ public:
     QString proj4Text; ///< the project's coordinate system as a PROJ definition
 
     // --- reference lists ----------------------------------------------------------------
-    QMap<int, QString> levelMaps;        ///< names of colour maps; -3, -2, -1 are built in
-    QMap<int, QStringList> cycles;       ///< number, start, end (dd.mm.yy), description
-    QVector<int> cycleOrder;             ///< by starting date
-    QMap<int, QStringList> predictions;  ///< date, name, first cycle, last cycle, number of elements
-    QVector<int> predictionOrder;        ///< by date
-    QMap<QString, QString> states;       ///< state_id to note
-    QMap<QString, int> stateColors;      ///< state_id to colour index
-    QMap<QString, QString> stateFilter;  ///< the states shown: state_id to description
-    bool auditEnabled = true;            ///< the database's audit switch
-    bool superuser = false;              ///< whether the connected role is one
+    QMap<int, QString> levelMaps;       ///< names of colour maps; -3, -2, -1 are built in
+    QMap<int, QStringList> cycles;      ///< number, start, end (dd.mm.yy), description
+    QVector<int> cycleOrder;            ///< by starting date
+    QMap<int, QStringList> predictions; ///< date, name, first cycle, last cycle, number of elements
+    QVector<int> predictionOrder;       ///< by date
+    QMap<QString, QString> states;      ///< state_id to note
+    QMap<QString, int> stateColors;     ///< state_id to colour index
+    QMap<QString, QString> stateFilter; ///< the states shown: state_id to description
+    bool auditEnabled = true;           ///< the database's audit switch
+    bool superuser = false;             ///< whether the connected role is one
 
     // --- connection ---------------------------------------------------------------------
     /// Runs one statement on the session's connection; with no connection the

@@ -22,7 +22,8 @@ QStringList geometryStatements()
     QStringList statements;
     for (const char* table : toDegrees)
         statements << fill(QStringLiteral("UPDATE %1 set geom = ST_Transform(ST_SetSRID(ST_MakePoint(x, y), 9999), "
-                                          "4326); "), table);
+                                          "4326); "),
+                           table);
     for (const char* table : toPlan)
         statements << fill(QStringLiteral("UPDATE %1 SET geom = ST_SetSRID(ST_MakePoint(x, y), 9999);"), table);
     for (const char* line : lines)
@@ -34,8 +35,8 @@ QStringList geometryStatements()
 
 bool ProjectSession::saveProjection()
 {
-    const bool known = run(QStringLiteral("select srid, auth_name, auth_srid from spatial_ref_sys where srid = 9999"))
-                           .ntuples() > 0;
+    const bool known =
+        run(QStringLiteral("select srid, auth_name, auth_srid from spatial_ref_sys where srid = 9999")).ntuples() > 0;
     const QString statement = known
         ? QStringLiteral("update spatial_ref_sys set (srid, auth_name, auth_srid, proj4text) = "
                          "(9999,'TERVA',9999,'%1') where srid=9999")

@@ -22,10 +22,10 @@ bool ProjectSession::reloadCycles()
         say(QStringLiteral("Ошибка соединения с базой данных"));
         return false;
     }
-    const sql::Result rows = run(
-        QStringLiteral("select cycle_id, number, TO_CHAR(date_start::date, 'dd.mm.yy') as date_start, "
-                       "TO_CHAR(date_end::date, 'dd.mm.yy') as date_end, description, date_start as ds "
-                       "from cycles order by ds"));
+    const sql::Result rows =
+        run(QStringLiteral("select cycle_id, number, TO_CHAR(date_start::date, 'dd.mm.yy') as date_start, "
+                           "TO_CHAR(date_end::date, 'dd.mm.yy') as date_end, description, date_start as ds "
+                           "from cycles order by ds"));
     if (!rows.isTuples())
         return false;
     cycles.clear();
@@ -40,10 +40,10 @@ bool ProjectSession::reloadCycles()
 
 void ProjectSession::reloadPredictions()
 {
-    const sql::Result rows = run(
-        QStringLiteral("select prediction_id,dm_predictions.prediction_date,name,begin_cycle_id,end_cycle_id, "
-                       "count(meas_id) as elements from dm_predictions left join dm_predictions_data "
-                       "using (prediction_id) group by prediction_id order by dm_predictions.prediction_date "));
+    const sql::Result rows =
+        run(QStringLiteral("select prediction_id,dm_predictions.prediction_date,name,begin_cycle_id,end_cycle_id, "
+                           "count(meas_id) as elements from dm_predictions left join dm_predictions_data "
+                           "using (prediction_id) group by prediction_id order by dm_predictions.prediction_date "));
     if (!rows.isTuples()) {
         say(fill(QStringLiteral("Ошибка запроса списка прогнозов '%1'"), connection.errorMessage()));
         return;
@@ -55,8 +55,9 @@ void ProjectSession::reloadPredictions()
     predictionOrder.clear();
     for (int i = 0; i < rows.ntuples(); ++i) {
         const int id = rows.toInt(i, 0);
-        predictions.insert(id, {rows.getvalue(i, 1), rows.getvalue(i, 2), cycleText(rows.toInt(i, 3)),
-                                cycleText(rows.toInt(i, 4)), rows.getvalue(i, 5)});
+        predictions.insert(id,
+                           {rows.getvalue(i, 1), rows.getvalue(i, 2), cycleText(rows.toInt(i, 3)),
+                            cycleText(rows.toInt(i, 4)), rows.getvalue(i, 5)});
         predictionOrder.append(id);
     }
 }

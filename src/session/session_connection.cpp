@@ -21,8 +21,8 @@ bool ProjectSession::connect()
     readProjectRow();
     readAuditSwitch();
     readSuperuser();
-    connected = probeRights({QStringLiteral("projects"), QStringLiteral("objects"),
-                             QStringLiteral("subobjects"), QStringLiteral("positions")});
+    connected = probeRights({QStringLiteral("projects"), QStringLiteral("objects"), QStringLiteral("subobjects"),
+                             QStringLiteral("positions")});
     return connected;
 }
 
@@ -44,8 +44,8 @@ void ProjectSession::readProjectRow()
 
 void ProjectSession::readAuditSwitch()
 {
-    const sql::Result row = run(
-        QStringLiteral("SELECT coalesce (current_setting('app.audit_enabled', true),'on') AS audit_status;"));
+    const sql::Result row =
+        run(QStringLiteral("SELECT coalesce (current_setting('app.audit_enabled', true),'on') AS audit_status;"));
     if (row.isTuples())
         auditEnabled = row.getvalue(0, 0) == QLatin1String("on");
 }
@@ -61,8 +61,8 @@ void ProjectSession::readSuperuser()
 // connection then counts, the question is not asked again.
 bool ProjectSession::checkConnection()
 {
-    connected = run(QStringLiteral("select count(project_id) from projects")).isTuples()
-             || connection.open(buildConnInfo());
+    connected =
+        run(QStringLiteral("select count(project_id) from projects")).isTuples() || connection.open(buildConnInfo());
     return connected;
 }
 

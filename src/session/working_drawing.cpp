@@ -59,9 +59,9 @@ bool writeBytes(const QString& path, const QByteArray& bytes)
 
 bool fetchStoredDrawing(const ProjectSession& session, int positionId, const QString& path)
 {
-    const sql::Result row = session.run(
-        QStringLiteral("select content from positions_files  where position_id=$1::integer"),
-        {sql::text(positionId)}, sql::Format::Binary);
+    const sql::Result row =
+        session.run(QStringLiteral("select content from positions_files  where position_id=$1::integer"),
+                    {sql::text(positionId)}, sql::Format::Binary);
     if (!row.isTuples() || row.isNull(0, 0))
         return false;
     if (writeBytes(path, row.bytes(0, 0)))

@@ -10,10 +10,7 @@ TEST(Placeholders, ReplacesEachMarkerByItsValue)
     EXPECT_EQ(fill("%2 before %1", "a", "b"), QString("b before a"));
 }
 
-TEST(Placeholders, ReplacesEveryOccurrenceOfAMarker)
-{
-    EXPECT_EQ(fill("%1-%1-%2-%1", "a", "b"), QString("a-a-b-a"));
-}
+TEST(Placeholders, ReplacesEveryOccurrenceOfAMarker) { EXPECT_EQ(fill("%1-%1-%2-%1", "a", "b"), QString("a-a-b-a")); }
 
 TEST(Placeholders, LeavesAValueThatLooksLikeAMarkerAlone)
 {

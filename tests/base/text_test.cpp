@@ -28,10 +28,7 @@ TEST(Fixed, WritesAPointInEveryLocale)
     QLocale::setDefault(before);
 }
 
-TEST(Fixed, WritesInfinity)
-{
-    EXPECT_EQ(fixed(std::numeric_limits<double>::infinity(), 2), QString("inf"));
-}
+TEST(Fixed, WritesInfinity) { EXPECT_EQ(fixed(std::numeric_limits<double>::infinity(), 2), QString("inf")); }
 
 TEST(General, DropsTrailingZerosAndTurnsToScientific)
 {
@@ -67,9 +64,6 @@ TEST(Padded, WidensWithZeros)
     EXPECT_EQ(padded(7, 0), QString("7"));
 }
 
-TEST(Padded, PutsTheZerosBeforeAMinusSign)
-{
-    EXPECT_EQ(padded(-5, 3), QString("0-5"));
-}
+TEST(Padded, PutsTheZerosBeforeAMinusSign) { EXPECT_EQ(padded(-5, 3), QString("0-5")); }
 
 } // namespace

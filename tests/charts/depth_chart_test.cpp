@@ -1,8 +1,8 @@
 // One profile by depth with its marks, bounds and means.
 #include "charts/depth_chart.h"
 
-#include <gtest/gtest.h>
 #include <cmath>
+#include <gtest/gtest.h>
 
 namespace {
 
@@ -20,8 +20,7 @@ void expectRange(const PlotAxis& axis, double from, double to)
     EXPECT_DOUBLE_EQ(axis.maximum, to);
 }
 
-class DepthChart : public ::testing::Test
-{
+class DepthChart : public ::testing::Test {
 protected:
     DepthChart() { chart.setPictureSize(400, 300); }
     const PlotRecord& render()

@@ -8,8 +8,7 @@
 namespace {
 
 // Another zone while this lives.
-class Zone
-{
+class Zone {
 public:
     explicit Zone(const char* name) : before_(qgetenv("TZ")) { set(name); }
     ~Zone() { set(before_); }

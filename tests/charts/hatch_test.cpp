@@ -6,8 +6,8 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
-#include <gtest/gtest.h>
 #include <cmath>
+#include <gtest/gtest.h>
 
 namespace {
 
@@ -111,7 +111,8 @@ TEST(HatchPatterns, WhatIsNotThereOrBadIsTold)
     EXPECT_EQ(problem, "Штриховка \"nothing\" не найдена");
     EXPECT_FALSE(readHatchPattern(folder.path(), "", pattern, problem));
     EXPECT_FALSE(readHatchPattern(folder.path() + "/no", "bad", pattern, problem));
-    EXPECT_FALSE(readHatchPattern(folder.path(), "../" + QFileInfo(folder.path()).fileName() + "/many", pattern, problem));
+    EXPECT_FALSE(
+        readHatchPattern(folder.path(), "../" + QFileInfo(folder.path()).fileName() + "/many", pattern, problem));
 }
 
 TEST(HatchPicture, LinesStandTheirDistanceApart)
@@ -223,8 +224,7 @@ TEST(HatchPicture, EveryPatternDeliveredShowsLines)
 // this project's.
 TEST(HatchPicture, PatternsOfOtherProgramsParse)
 {
-    const QString folder = qEnvironmentVariable("TERVA_FOREIGN_PATTERNS",
-                                                TERVA_SOURCE_DIR "/../shared/data/patterns");
+    const QString folder = qEnvironmentVariable("TERVA_FOREIGN_PATTERNS", TERVA_SOURCE_DIR "/../shared/data/patterns");
     if (!QDir(folder).exists())
         GTEST_SKIP() << "there is no folder of foreign patterns";
     int checked = 0;

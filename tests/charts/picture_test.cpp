@@ -39,9 +39,7 @@ double differingPart(const QImage& a, const QImage& b)
     return double(differing) / (a.width() * a.height());
 }
 
-class KeptPicture : public ::testing::TestWithParam<const char*>
-{
-};
+class KeptPicture : public ::testing::TestWithParam<const char*> { };
 
 } // namespace
 

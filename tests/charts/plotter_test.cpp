@@ -11,8 +11,8 @@
 #include <QDateTime>
 #include <QFontMetricsF>
 #include <QSvgRenderer>
-#include <gtest/gtest.h>
 #include <cmath>
+#include <gtest/gtest.h>
 
 namespace {
 
@@ -255,7 +255,8 @@ TEST(PlotterFiles, SvgAndPdfHoldTheSamePlot)
     EXPECT_EQ(renderer.viewBox().size(), QSize(400, 300));
     EXPECT_TRUE(svg.data().contains("Температура"));
     EXPECT_TRUE(pdf.data().startsWith("%PDF-1"));
-    EXPECT_TRUE(pdf.data().contains("/MediaBox [0 0 300 225]") || pdf.data().contains("/MediaBox [0 0 300.000000 225.000000]"))
+    EXPECT_TRUE(pdf.data().contains("/MediaBox [0 0 300 225]")
+                || pdf.data().contains("/MediaBox [0 0 300.000000 225.000000]"))
         << pdf.data().mid(pdf.data().indexOf("/MediaBox"), 50).toStdString();
 }
 

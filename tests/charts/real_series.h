@@ -7,10 +7,7 @@
 #include <QDir>
 #include <QFile>
 
-inline QString testData(const QString& path)
-{
-    return QStringLiteral(TERVA_SOURCE_DIR "/tests/data/") + path;
-}
+inline QString testData(const QString& path) { return QStringLiteral(TERVA_SOURCE_DIR "/tests/data/") + path; }
 
 inline QStringList dataLines(const QString& path)
 {
@@ -62,8 +59,10 @@ inline QVector<WellReading> wellReadings(const QString& file)
             header = cells;
             continue;
         }
-        WellReading reading{cells[0], QDateTime(QDate::fromString(cells[2], QStringLiteral("dd.MM.yyyy")), QTime(12, 0)),
-                            numberOf(cells[4]), {}};
+        WellReading reading{cells[0],
+                            QDateTime(QDate::fromString(cells[2], QStringLiteral("dd.MM.yyyy")), QTime(12, 0)),
+                            numberOf(cells[4]),
+                            {}};
         for (int i = 5; i < qMin(header.size(), cells.size()); ++i) {
             if (!cells[i].isEmpty())
                 reading.profile[numberOf(header[i])] = numberOf(cells[i]);
@@ -93,7 +92,4 @@ inline TemperatureCurve byElevation(const TemperatureCurve& profile, double head
     return curve;
 }
 
-inline QString patternFolder()
-{
-    return QStringLiteral(TERVA_SOURCE_DIR "/share/pats");
-}
+inline QString patternFolder() { return QStringLiteral(TERVA_SOURCE_DIR "/share/pats"); }

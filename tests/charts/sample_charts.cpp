@@ -105,9 +105,9 @@ DrawnChart profile(const TemperatureCurve& curve, int width, int height, bool ma
 
 QVector<GeologyLayer> layers()
 {
-    return {{0.0, 1.2, "fill", 1.0, "#c0a080", "ИГЭ-1"},  {1.2, 4.0, "peat", 1.0, "", "ИГЭ-2"},
-            {4.0, 4.0, "sand", 1.0, "", "ничто"},         {4.0, 9.0, "sand", 1.0, "#ffffaa", "ИГЭ-3а"},
-            {9.0, 15.0, "clay", 1.0, "", "ИГЭ-4"},        {15.0, 22.0, "gravel", 1.0, "", ""}};
+    return {{0.0, 1.2, "fill", 1.0, "#c0a080", "ИГЭ-1"}, {1.2, 4.0, "peat", 1.0, "", "ИГЭ-2"},
+            {4.0, 4.0, "sand", 1.0, "", "ничто"},        {4.0, 9.0, "sand", 1.0, "#ffffaa", "ИГЭ-3а"},
+            {9.0, 15.0, "clay", 1.0, "", "ИГЭ-4"},       {15.0, 22.0, "gravel", 1.0, "", ""}};
 }
 
 struct TemperatureSample {
@@ -157,23 +157,39 @@ std::vector<SampleChart> realCharts()
         {"deformation-small", [] { return deformation("gnss-vertical.csv", "Z101", 260, 160); }, false},
         {"deformation-ratio-2", [] { return deformation("gnss-vertical.csv", "G001", 500, 260, 2.0); }},
         {"thermostabiliser", [] { return thermostabiliser(); }},
-        {"profile-sedov",
-         [] { return profile(wellReadings("sedov/terva.csv")[0].profile, 400, 300, true); }},
+        {"profile-sedov", [] { return profile(wellReadings("sedov/terva.csv")[0].profile, 400, 300, true); }},
         {"profile-storglaciaren",
          [] { return profile(wellReadings("storglaciaren/terva.csv")[20].profile, 400, 300, false); }},
-        {"profile-jarvis",
-         [] { return profile(wellReadings("jarvis-logger/terva.csv")[1].profile, 480, 420, true); }},
+        {"profile-jarvis", [] { return profile(wellReadings("jarvis-logger/terva.csv")[1].profile, 480, 420, true); }},
         {"temperatures", [] { return temperatures({}); }},
-        {"temperatures-no-limits", [] { return temperatures({3, false}); }},
-        {"temperatures-geology", [] { return temperatures({4, true, true, true, true, true}); }},
-        {"temperatures-geology-key-inside", [] { return temperatures({4, true, true, true, false, true}); }},
-        {"temperatures-many", [] { return temperatures({30, true, false, true, false, false}); }},
+        {"temperatures-no-limits",
+         [] {
+             return temperatures({3, false});
+         }},
+        {"temperatures-geology",
+         [] {
+             return temperatures({4, true, true, true, true, true});
+         }},
+        {"temperatures-geology-key-inside",
+         [] {
+             return temperatures({4, true, true, true, false, true});
+         }},
+        {"temperatures-many",
+         [] {
+             return temperatures({30, true, false, true, false, false});
+         }},
         {"temperatures-many-second",
-         [] { return temperatures({30, true, true, true, true, true}); }},
+         [] {
+             return temperatures({30, true, true, true, true, true});
+         }},
         {"temperatures-passport",
-         [] { return temperatures({3, true, true, true, true, true, QSize(320, 380)}); }},
+         [] {
+             return temperatures({3, true, true, true, true, true, QSize(320, 380)});
+         }},
         {"temperatures-ratio-2",
-         [] { return temperatures({4, true, true, true, true, true, QSize(420, 380), 2.0}); }},
+         [] {
+             return temperatures({4, true, true, true, true, true, QSize(420, 380), 2.0});
+         }},
     };
 }
 
@@ -190,8 +206,8 @@ std::vector<SampleChart> madeUpCharts()
 
 std::vector<SampleChart> edgeCharts()
 {
-    const TimeSeries far = dates({QDate(1911, 5, 1), QDate(1969, 12, 31), QDate(2038, 1, 20), QDate(2101, 3, 5)},
-                                 {1.0, -2.0, 3.5, 0.25});
+    const TimeSeries far =
+        dates({QDate(1911, 5, 1), QDate(1969, 12, 31), QDate(2038, 1, 20), QDate(2101, 3, 5)}, {1.0, -2.0, 3.5, 0.25});
     TimeSeries missing = wave(10, 45, 1.0, 4.0, 1.0);
     missing[std::next(missing.begin(), 3).key()] = infinity;
     missing[std::next(missing.begin(), 7).key()] = std::nan("");
@@ -202,7 +218,10 @@ std::vector<SampleChart> edgeCharts()
         {"edge-no-point", [] { return level({}); }, true, true},
         {"edge-one-point", [] { return level(dates({QDate(2022, 6, 1)}, {3.25})); }},
         {"edge-equal-points", [equal] { return level(equal); }},
-        {"edge-two-days", [] { return level(dates({QDate(2022, 6, 30), QDate(2022, 7, 1)}, {3.25, -3.0})); }},
+        {"edge-two-days",
+         [] {
+             return level(dates({QDate(2022, 6, 30), QDate(2022, 7, 1)}, {3.25, -3.0}));
+         }},
         {"edge-missing", [missing] { return level(missing); }},
         {"edge-infinite-alone", [onlyInfinite] { return level(onlyInfinite); }},
         {"edge-far-dates", [far] { return level(far); }},
@@ -212,11 +231,20 @@ std::vector<SampleChart> edgeCharts()
         {"edge-tiny-picture", [] { return level(wave(9, 40, 1.0, 3.0, 1.0), 70, 44); }, false},
         {"edge-speck", [] { return level(wave(9, 40, 1.0, 3.0, 1.0), 9, 5); }, false, true},
         {"edge-no-size", [] { return level(wave(9, 40, 1.0, 3.0, 1.0), -1, 0); }, false, true},
-        {"edge-profile-one-depth", [] { return profile({{2.0, -1.5}}, 400, 300, false); }},
-        {"edge-profile-zeros", [] { return profile({{1.0, 0.0}, {2.0, 0.0}}, 400, 300, false); }},
+        {"edge-profile-one-depth",
+         [] {
+             return profile({{2.0, -1.5}}, 400, 300, false);
+         }},
+        {"edge-profile-zeros",
+         [] {
+             return profile({{1.0, 0.0}, {2.0, 0.0}}, 400, 300, false);
+         }},
         {"edge-profile-missing", [holes] { return profile(holes, 400, 300, false); }},
         {"edge-profile-none", [] { return profile({}, 400, 300, false); }, true, true},
-        {"edge-temperatures-none", [] { return temperatures({0, false}); }},
+        {"edge-temperatures-none",
+         [] {
+             return temperatures({0, false});
+         }},
     };
 }
 

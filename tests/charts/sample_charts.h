@@ -20,9 +20,6 @@ struct SampleChart {
     bool white = false;      ///< nothing is to be seen
 };
 
-inline std::ostream& operator<<(std::ostream& stream, const SampleChart& sample)
-{
-    return stream << sample.name;
-}
+inline std::ostream& operator<<(std::ostream& stream, const SampleChart& sample) { return stream << sample.name; }
 
 std::vector<SampleChart> sampleCharts();

@@ -10,9 +10,7 @@
 
 namespace {
 
-class Sheet : public ::testing::TestWithParam<SampleChart>
-{
-};
+class Sheet : public ::testing::TestWithParam<SampleChart> { };
 
 TEST_P(Sheet, NothingIsCutOffAndTheKeyCoversNoData)
 {

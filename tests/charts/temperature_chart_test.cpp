@@ -2,15 +2,14 @@
 // depth axis.
 #include "charts/temperature_chart.h"
 
-#include <gtest/gtest.h>
 #include <cmath>
+#include <gtest/gtest.h>
 
 namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-class TemperatureChart : public ::testing::Test
-{
+class TemperatureChart : public ::testing::Test {
 protected:
     TemperatureChart() { chart.setPictureSize(600, 400); }
 
@@ -48,7 +47,8 @@ void expectRange(const PlotAxis& axis, double from, double to)
     EXPECT_DOUBLE_EQ(axis.maximum, to);
 }
 
-void expectZone(const PlotRecord::Rectangle& zone, double left, double right, double bottom, double top, const QColor& fill)
+void expectZone(const PlotRecord::Rectangle& zone, double left, double right, double bottom, double top,
+                const QColor& fill)
 {
     EXPECT_DOUBLE_EQ(zone.place.left(), left);
     EXPECT_DOUBLE_EQ(zone.place.right(), right);
@@ -224,8 +224,10 @@ TEST_F(TemperatureChart, TheKeyStandsInsideAboveOrNotAtAll)
 
 TEST_F(TemperatureChart, LayersStandInTheRightHalfBetweenTheirElevations)
 {
-    chart.setGeology({{0.0, 3.0, "clay", 1.0, "#ff0000", "ИГЭ-1"}, {3.0, 3.0, "sand", 1.0, "", "пусто"},
-                      {3.0, 8.0, "sand", 2.0, "", ""}}, 110.5, 0.5, patterns());
+    chart.setGeology({{0.0, 3.0, "clay", 1.0, "#ff0000", "ИГЭ-1"},
+                      {3.0, 3.0, "sand", 1.0, "", "пусто"},
+                      {3.0, 8.0, "sand", 2.0, "", ""}},
+                     110.5, 0.5, patterns());
     const PlotRecord& record = plot();
     ASSERT_EQ(record.pictures.size(), 2); // the layer without thickness has none
     const QRectF place = record.pictures[0].place;

@@ -1,17 +1,14 @@
 // Charts over time: what is plotted, asked of the plotter and its record.
 #include "charts/measure_chart.h"
 
-#include <gtest/gtest.h>
 #include <cmath>
+#include <gtest/gtest.h>
 
 namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-QDateTime day(int year, int month, int number)
-{
-    return QDateTime(QDate(year, month, number), QTime(12, 0));
-}
+QDateTime day(int year, int month, int number) { return QDateTime(QDate(year, month, number), QTime(12, 0)); }
 
 double timeOf(const QDateTime& date) { return double(date.toMSecsSinceEpoch()); }
 
@@ -69,7 +66,8 @@ TEST(DeformationChart, RenderFitsWhatIsPlottedWithATwentiethMore)
     // -4 to 44 about 20; the trend widens both.
     expectRange(chart.plotter().yAxis(), 20.0 - 24.0 * 1.05, 20.0 + 24.0 * 1.05);
     const double from = timeOf(day(2020, 3, 1)), to = timeOf(day(2021, 9, 1));
-    expectRange(chart.plotter().xAxis(), (from + to) / 2 - (to - from) / 2 * 1.05, (from + to) / 2 + (to - from) / 2 * 1.05);
+    expectRange(chart.plotter().xAxis(), (from + to) / 2 - (to - from) / 2 * 1.05,
+                (from + to) / 2 + (to - from) / 2 * 1.05);
     EXPECT_EQ(chart.minimumY(), -0.004); // the extents stay in the measures' unit
     EXPECT_EQ(chart.maximumY(), 0.044);
 }
@@ -208,8 +206,11 @@ TEST(TimeCharts, MissingValuesAreLeftOutOfThePicture)
 {
     GGSMeasureChartJK chart;
     chart.setPictureSize(600, 300);
-    chart.plotLevel({{day(2020, 1, 1), 1.0}, {day(2020, 2, 1), infinity}, {day(2020, 3, 1), std::nan("")},
-                     {day(2020, 4, 1), 3.0}, {day(2020, 5, 1), 2.0}});
+    chart.plotLevel({{day(2020, 1, 1), 1.0},
+                     {day(2020, 2, 1), infinity},
+                     {day(2020, 3, 1), std::nan("")},
+                     {day(2020, 4, 1), 3.0},
+                     {day(2020, 5, 1), 2.0}});
     const PlotRecord& record = render(chart);
     EXPECT_EQ(record.graphs[0].points, 3);
     EXPECT_EQ(labelTexts(record), QStringList({"1", "3", "2"}));
@@ -222,7 +223,8 @@ TEST(TimeCharts, DatesLongAgoAndFarAheadHaveTheirPlace)
 {
     GGSMeasureChartJK chart;
     chart.setPictureSize(800, 300);
-    chart.plotLevel({{day(1911, 5, 1), 1.0}, {day(1969, 12, 31), 2.0}, {day(2038, 1, 20), 3.0}, {day(2101, 3, 5), 4.0}});
+    chart.plotLevel(
+        {{day(1911, 5, 1), 1.0}, {day(1969, 12, 31), 2.0}, {day(2038, 1, 20), 3.0}, {day(2101, 3, 5), 4.0}});
     const PlotRecord& record = render(chart);
     EXPECT_EQ(record.x.minimum, timeOf(day(1911, 5, 1)));
     EXPECT_LT(record.x.minimum, 0.0);

@@ -8,18 +8,15 @@
 
 namespace {
 
-class AuditTriggersTest : public ::testing::Test
-{
+class AuditTriggersTest : public ::testing::Test {
 protected:
     QVector<QStringList> log()
     {
-        return database_.rows("select table_name, operation, old_data::text, new_data::text from audit_log order by audit_id");
+        return database_.rows(
+            "select table_name, operation, old_data::text, new_data::text from audit_log order by audit_id");
     }
 
-    static QJsonObject object(const QString& json)
-    {
-        return QJsonDocument::fromJson(json.toUtf8()).object();
-    }
+    static QJsonObject object(const QString& json) { return QJsonDocument::fromJson(json.toUtf8()).object(); }
 
     // The switch holds for connections that are opened after it was thrown.
     void setSwitch(const QString& value)
@@ -54,16 +51,20 @@ TEST_F(AuditTriggersTest, AnEntryTellsWhoAndWhen)
 {
     database_.exec("insert into devices (name) values ('a')");
     EXPECT_EQ(database_.value("select changed_by from audit_log"), TestServer::user());
-    EXPECT_EQ(database_.value("select now()::timestamp - changed_at < interval '1 minute' from audit_log"), QString("t"));
+    EXPECT_EQ(database_.value("select now()::timestamp - changed_at < interval '1 minute' from audit_log"),
+              QString("t"));
     EXPECT_EQ(database_.value("select count(*) from audit_log where changed_at between '2200-01-01'::timestamp"
-                              " and '2000-01-01'::timestamp"), QString("0"));
+                              " and '2000-01-01'::timestamp"),
+              QString("0"));
 }
 
 TEST_F(AuditTriggersTest, EveryTableIsWatchedButTheLogItself)
 {
-    EXPECT_EQ(database_.value("select string_agg(relname, ',') from pg_class c where relnamespace = 'public'::regnamespace"
-                              " and relkind = 'r' and not exists (select 1 from pg_trigger where tgrelid = c.oid and tgname = 'audit')"),
-              QString("audit_log"));
+    EXPECT_EQ(
+        database_.value(
+            "select string_agg(relname, ',') from pg_class c where relnamespace = 'public'::regnamespace"
+            " and relkind = 'r' and not exists (select 1 from pg_trigger where tgrelid = c.oid and tgname = 'audit')"),
+        QString("audit_log"));
 }
 
 TEST_F(AuditTriggersTest, OffWritesNothingAndAnythingElseIsOn)
@@ -123,7 +124,8 @@ TEST_F(AuditTriggersTest, GeometryIsLoggedBeforeTheProjectsSystemIsKnown)
     database_.exec("insert into projects (name) values ('p'); insert into objects (project_id) values (1);"
                    "insert into subobjects (object_id) values (1); insert into positions (subobject_id) values (1);"
                    "truncate audit_log;"
-                   "insert into contours (position_id,contour_name,geom) values (1,'К', ST_GeomFromText('LINESTRING(0 0, 1.5 1)',9999));"
+                   "insert into contours (position_id,contour_name,geom) values (1,'К', ST_GeomFromText('LINESTRING(0 "
+                   "0, 1.5 1)',9999));"
                    "insert into ts_elements (type_id, position_id, x, y) values ('ts', 1, 1, 2);"
                    "update ts_elements set geom = ST_SetSRID(ST_MakePoint(x, y), 9999);"
                    "insert into geometries (geom) values (ST_GeomFromText('POINT(1 2)', 9999))");
@@ -137,14 +139,17 @@ TEST_F(AuditTriggersTest, GeometryIsLoggedBeforeTheProjectsSystemIsKnown)
 
 TEST_F(AuditTriggersTest, TheCoordinateSystemIsWatchedToo)
 {
-    database_.exec("insert into spatial_ref_sys (srid, auth_name, auth_srid, proj4text) values (9999,'TERVA',9999,'+proj=utm')");
+    database_.exec(
+        "insert into spatial_ref_sys (srid, auth_name, auth_srid, proj4text) values (9999,'TERVA',9999,'+proj=utm')");
     EXPECT_EQ(log().value(0).value(0), QString("spatial_ref_sys"));
 }
 
 TEST_F(AuditTriggersTest, ARoleWithoutRightsOnTheLogIsLoggedUnderItsName)
 {
     const QString role = database_.name() + "_worker";
-    database_.exec(fill("create role %1 login password 'p'; grant all on devices to %1; grant all on sequence devices_device_id_seq to %1", role));
+    database_.exec(fill("create role %1 login password 'p'; grant all on devices to %1; grant all on sequence "
+                        "devices_device_id_seq to %1",
+                        role));
     {
         sql::Connection worker(fill("%1 user=%2 password=p", database_.conninfo(), role));
         ASSERT_TRUE(worker.isOk()) << worker.errorMessage();

@@ -10,8 +10,7 @@ using sql::Connection;
 using sql::Result;
 using sql::Status;
 
-class ConnectionTest : public ::testing::Test
-{
+class ConnectionTest : public ::testing::Test {
 protected:
     QString otherConninfo(const QString& key, const QString& value) const
     {
@@ -115,8 +114,8 @@ TEST_F(ConnectionTest, BinaryValueComesBackAsItWent)
     ASSERT_TRUE(inserted.isTuples());
     EXPECT_EQ(inserted.toInt(0, 0), 7);
 
-    const Result binary = connection_.run("select content from f where id=$1::integer", {sql::text(7)},
-                                          sql::Format::Binary);
+    const Result binary =
+        connection_.run("select content from f where id=$1::integer", {sql::text(7)}, sql::Format::Binary);
     EXPECT_EQ(binary.getlength(0, 0), bytes.size());
     EXPECT_EQ(binary.bytes(0, 0), bytes);
     EXPECT_EQ(connection_.run("select content from f").unescapedBytes(0, 0), bytes);
@@ -124,9 +123,9 @@ TEST_F(ConnectionTest, BinaryValueComesBackAsItWent)
 
 TEST_F(ConnectionTest, ParametersOfEveryKindArrive)
 {
-    const Result result = connection_.run("select $1::text, $2::integer + 1, $3::text is null, octet_length($4::bytea)",
-                                          {sql::text(QString("О'Нил \"%1\"")), sql::text(41), sql::null(),
-                                           sql::binary(QByteArray())});
+    const Result result =
+        connection_.run("select $1::text, $2::integer + 1, $3::text is null, octet_length($4::bytea)",
+                        {sql::text(QString("О'Нил \"%1\"")), sql::text(41), sql::null(), sql::binary(QByteArray())});
     ASSERT_TRUE(result.isTuples());
     EXPECT_EQ(result.getvalue(0, 0), QString("О'Нил \"%1\""));
     EXPECT_EQ(result.getvalue(0, 1), QString("42"));

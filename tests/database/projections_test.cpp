@@ -52,9 +52,9 @@ TEST(Projections, TheServerPlacesTheFalseEastingOnTheNamedMeridian)
         const QString easting = line[1].contains("utm") ? QString("500000") : captured(line[1], "\\+x_0=([0-9]+)");
         const QString origin = line[1].contains("y_0=-") ? QString("1000000") : QString("7000000");
         // Datums differ from WGS 84 by some hundred metres, which at these latitudes is below 0.005 of a degree.
-        const QString apart = database.value(fill(
-            "select abs(mod((ST_X(ST_Transform(ST_MakePoint(%1, %2), '%3', 4326)) - (%4) + 540)::numeric, 360) - 180) < 0.005",
-            easting, origin, line[1], meridian));
+        const QString apart = database.value(fill("select abs(mod((ST_X(ST_Transform(ST_MakePoint(%1, %2), '%3', "
+                                                  "4326)) - (%4) + 540)::numeric, 360) - 180) < 0.005",
+                                                  easting, origin, line[1], meridian));
         EXPECT_EQ(apart, QString("t")) << line.join(';');
     }
 }

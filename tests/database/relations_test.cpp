@@ -10,8 +10,7 @@ namespace {
 const QStringList families{"dm", "ts", "rp", "ggs", "tsg", "tss", "igs"};
 const QStringList measured{"dm", "ts", "rp", "ggs", "tsg", "tss"};
 
-class RelationsTest : public ::testing::Test
-{
+class RelationsTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
@@ -20,10 +19,7 @@ protected:
         ASSERT_TRUE(database_.exec(QString::fromUtf8(file.readAll())));
     }
 
-    QString count(const QString& table)
-    {
-        return database_.value(fill("select count(*) from %1", table));
-    }
+    QString count(const QString& table) { return database_.value(fill("select count(*) from %1", table)); }
 
     bool refuses(const QString& statement)
     {
@@ -47,10 +43,7 @@ TEST_F(RelationsTest, ASubobjectWithPositionsRefuses)
     EXPECT_EQ(count("subobjects"), QString("1"));
 }
 
-TEST_F(RelationsTest, AProjectWithObjectsRefuses)
-{
-    EXPECT_TRUE(refuses("DELETE FROM projects WHERE project_id=1"));
-}
+TEST_F(RelationsTest, AProjectWithObjectsRefuses) { EXPECT_TRUE(refuses("DELETE FROM projects WHERE project_id=1")); }
 
 TEST_F(RelationsTest, EmptyNodesAreDeleted)
 {
@@ -62,16 +55,27 @@ TEST_F(RelationsTest, EmptyNodesAreDeleted)
 TEST_F(RelationsTest, APositionTakesEverythingOfItsOwnWithIt)
 {
     ASSERT_TRUE(connection_.run("DELETE FROM positions WHERE position_id=1").isCommand());
-    QStringList tables{"positions_files", "positions_attributes", "positions_stat", "contours", "contours_points",
-                       "deformation_profiles", "deformation_profiles_points", "termal_profiles", "termal_profiles_points",
-                       "dm_predictions_data", "igs_geology_elements", "igs_geology_layers", "ts_geology_layers"};
+    QStringList tables{"positions_files",
+                       "positions_attributes",
+                       "positions_stat",
+                       "contours",
+                       "contours_points",
+                       "deformation_profiles",
+                       "deformation_profiles_points",
+                       "termal_profiles",
+                       "termal_profiles_points",
+                       "dm_predictions_data",
+                       "igs_geology_elements",
+                       "igs_geology_layers",
+                       "ts_geology_layers"};
     for (const QString& family : families)
         tables << family + "_elements" << family + "_dynprops";
     for (const QString& family : measured)
         tables << family + "_files" << family + "_meas" << family + "_inspection";
     for (const QString& table : tables)
         EXPECT_EQ(count(table), QString("0")) << table;
-    for (const char* table : {"cycles", "devices", "performers", "states", "dm_predictions", "geology_ege_catalog", "tsg_catalog"})
+    for (const char* table :
+         {"cycles", "devices", "performers", "states", "dm_predictions", "geology_ege_catalog", "tsg_catalog"})
         EXPECT_NE(count(table), QString("0")) << table;
 }
 
@@ -93,7 +97,8 @@ TEST_F(RelationsTest, AnElementTakesItsDependantsWithItAndLeavesOthers)
 
 TEST_F(RelationsTest, APredictionTakesItsDataWithIt)
 {
-    EXPECT_EQ(connection_.run("delete from dm_predictions cascade where prediction_id in (1)").cmdTuples(), QString("1"));
+    EXPECT_EQ(connection_.run("delete from dm_predictions cascade where prediction_id in (1)").cmdTuples(),
+              QString("1"));
     EXPECT_EQ(count("dm_predictions_data"), QString("0"));
 }
 
@@ -114,7 +119,8 @@ TEST_F(RelationsTest, AUsedCycleIsKept)
 
 TEST_F(RelationsTest, AnElementNeedsAPositionThatExists)
 {
-    EXPECT_TRUE(refuses("INSERT INTO rp_elements (type_id,element_name,state_id,position_id) VALUES ('rp_gl','Р','exist',-1) returning element_id"));
+    EXPECT_TRUE(refuses("INSERT INTO rp_elements (type_id,element_name,state_id,position_id) VALUES "
+                        "('rp_gl','Р','exist',-1) returning element_id"));
 }
 
 TEST_F(RelationsTest, NamesOfElementsMayRepeat)
@@ -141,15 +147,19 @@ TEST_F(RelationsTest, MeasuresAndInspectionsNeedTheirElement)
 TEST_F(RelationsTest, WhatMayBeUnknownMayBeAbsent)
 {
     EXPECT_TRUE(connection_.run("insert into rp_meas (element_id,meas,precis) values (1,1,null)").isCommand());
-    EXPECT_TRUE(connection_.run("insert into tsg_meas (element_id,env_temp,exchanger_temp) values (1,1,null)").isCommand());
-    EXPECT_TRUE(connection_.run("insert into tss_meas (element_id,meas_density,meas_heigth) values (1,1,null)").isCommand());
-    EXPECT_TRUE(connection_.run("update ts_elements set (depth, depth_proj) = (null, null) where element_id=1").isCommand());
+    EXPECT_TRUE(
+        connection_.run("insert into tsg_meas (element_id,env_temp,exchanger_temp) values (1,1,null)").isCommand());
+    EXPECT_TRUE(
+        connection_.run("insert into tss_meas (element_id,meas_density,meas_heigth) values (1,1,null)").isCommand());
+    EXPECT_TRUE(
+        connection_.run("update ts_elements set (depth, depth_proj) = (null, null) where element_id=1").isCommand());
     EXPECT_EQ(database_.value("select depth || ' ' || depth_proj from ts_elements where element_id=2"), QString("0 0"));
 }
 
 TEST_F(RelationsTest, EmptyQuotesAreNoDepth)
 {
-    EXPECT_TRUE(refuses("insert into ts_inspection (element_id,cycle_id,note,state_id,depth,h) values (1,2,'','exist','','')"));
+    EXPECT_TRUE(
+        refuses("insert into ts_inspection (element_id,cycle_id,note,state_id,depth,h) values (1,2,'','exist','','')"));
 }
 
 TEST_F(RelationsTest, FlagsAreWrittenAsNumbers)
@@ -189,8 +199,9 @@ TEST_F(RelationsTest, LayersOfBothKindsOfWellsCount)
 
 TEST_F(RelationsTest, LinesAreBuiltInTheOrderOfTheirParameter)
 {
-    database_.exec("delete from contours_points;"
-                   "insert into contours_points (contour_id, x, y, param) values (1, 3, 0, 2), (1, 1, 0, 0), (1, 2.25, 0.1, 1)");
+    database_.exec(
+        "delete from contours_points;"
+        "insert into contours_points (contour_id, x, y, param) values (1, 3, 0, 2), (1, 1, 0, 0), (1, 2.25, 0.1, 1)");
     EXPECT_EQ(database_.value("select build_contour_geometry(1)"), QString("LINESTRING(1 0, 2.25 0.1, 3 0)"));
     database_.exec("update deformation_profiles_points set param = 5 where element_id = 1");
     EXPECT_EQ(database_.value("select build_deformation_profile_geometry(1)"),
@@ -203,8 +214,10 @@ TEST_F(RelationsTest, LinesKeepEveryDigitOfTheirPoints)
 {
     database_.exec("update contours_points set (x, y) = (4500100.123456789, 0.1 + 0.2::float8) where param = 0;"
                    "update contours set geom=ST_GeomFromText(build_contour_geometry(contour_id),9999)");
-    EXPECT_EQ(database_.value("select ST_X(p) = x and ST_Y(p) = y from (select ST_StartPoint(geom) as p from contours) as s,"
-                              " contours_points where param = 0"), QString("t"));
+    EXPECT_EQ(
+        database_.value("select ST_X(p) = x and ST_Y(p) = y from (select ST_StartPoint(geom) as p from contours) as s,"
+                        " contours_points where param = 0"),
+        QString("t"));
 }
 
 TEST_F(RelationsTest, ALineOfFewerThanTwoPointsHasNoGeometry)

@@ -9,8 +9,7 @@ namespace {
 using sql::Result;
 using sql::Status;
 
-class ResultTest : public ::testing::Test
-{
+class ResultTest : public ::testing::Test {
 protected:
     TestDatabase database_{TestDatabase::Content::Empty};
     sql::Connection& connection_ = database_.connection();
@@ -103,7 +102,8 @@ TEST_F(ResultTest, AbsentValueReadsAsNothing)
 TEST_F(ResultTest, CellsOutOfRangeReadAsNothing)
 {
     const Result result = connection_.run("select 1");
-    for (const auto& cell : {std::make_pair(1, 0), std::make_pair(0, 1), std::make_pair(-1, 0), std::make_pair(0, -1)}) {
+    for (const auto& cell :
+         {std::make_pair(1, 0), std::make_pair(0, 1), std::make_pair(-1, 0), std::make_pair(0, -1)}) {
         EXPECT_TRUE(result.isNull(cell.first, cell.second));
         EXPECT_EQ(result.getvalue(cell.first, cell.second), QString());
         EXPECT_EQ(result.bytes(cell.first, cell.second), QByteArray());

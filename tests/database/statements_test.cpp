@@ -56,9 +56,12 @@ QVector<Family> familiesOf(const QString& scope)
     static const Family dm{"dm", "meas_dm_id", "dm_t"}, ts{"ts", "meas_ts_id", "tt"}, rp{"rp", "meas_rp_id", "rp_vr"},
         ggs{"ggs", "meas_id", "ggs"}, tsg{"tsg", "meas_id", "tsg_vs"}, tss{"tss", "meas_id", "tss_p"},
         igs{"igs", QString(), "skv"};
-    static const QMap<QString, QVector<Family>> scopes{
-        {"one", {Family()}}, {"seven", {dm, ts, rp, ggs, tsg, tss, igs}}, {"six", {dm, ts, rp, ggs, tsg, tss}},
-        {"numbers", {dm, rp, ggs}}, {"layers", {igs, ts}}, {"tsg", {tsg}}};
+    static const QMap<QString, QVector<Family>> scopes{{"one", {Family()}},
+                                                       {"seven", {dm, ts, rp, ggs, tsg, tss, igs}},
+                                                       {"six", {dm, ts, rp, ggs, tsg, tss}},
+                                                       {"numbers", {dm, rp, ggs}},
+                                                       {"layers", {igs, ts}},
+                                                       {"tsg", {tsg}}};
     return scopes.value(scope);
 }
 
@@ -99,7 +102,8 @@ TEST(Statements, AllRunOnTheSchemaWithTheExpectedAnswer)
             connection.run("begin");
             const sql::Result result = connection.run(statement);
             EXPECT_TRUE(isExpected(result, line.expected))
-                << "line " << line.number << ": " << statement << "\nexpected " << line.expected << ", is " << answerOf(result);
+                << "line " << line.number << ": " << statement << "\nexpected " << line.expected << ", is "
+                << answerOf(result);
             connection.run("rollback");
             ++count;
         }
@@ -122,15 +126,28 @@ TEST(Statements, WithBoundValuesRunOnTheSchema)
     const sql::Parameter bytes = sql::binary(QByteArray::fromHex("0300ff"));
     QVector<Bound> table{
         {"select content from positions_files  where position_id=$1::integer", {one}, "tuples 1"},
-        {"select content,position from positions_files left join positions using(position_id)  where position_id=$1::integer", {one}, "tuples 1"},
+        {"select content,position from positions_files left join positions using(position_id)  where "
+         "position_id=$1::integer",
+         {one},
+         "tuples 1"},
         {"update positions_files set content = $2::bytea  where position_id=$1::integer", {one, bytes}, "command 1"},
-        {"insert into positions_files (position_id, content) values ($1::integer,$2::bytea) returning file_id", {sql::text(2), bytes}, "tuples 1"},
+        {"insert into positions_files (position_id, content) values ($1::integer,$2::bytea) returning file_id",
+         {sql::text(2), bytes},
+         "tuples 1"},
     };
     for (const Family& family : familiesOf("six")) {
         const QVector<Bound> perFamily{
-            {"select content from {p}_files where element_id=$1::integer and file_type=$2::filetype", {one, photo}, "tuples 1"},
-            {"insert into {p}_files (element_id , file_type, content) values ($1::integer, $2::filetype, $3::bytea) returning file_id", {one, sql::text(QString("geocol")), bytes}, "tuples 1"},
-            {"update {p}_files set (element_id , file_type, content) = ($1::integer, $2::filetype, $3::bytea) where file_id=1", {one, sql::text(QString("abris")), bytes}, "command 1"},
+            {"select content from {p}_files where element_id=$1::integer and file_type=$2::filetype",
+             {one, photo},
+             "tuples 1"},
+            {"insert into {p}_files (element_id , file_type, content) values ($1::integer, $2::filetype, $3::bytea) "
+             "returning file_id",
+             {one, sql::text(QString("geocol")), bytes},
+             "tuples 1"},
+            {"update {p}_files set (element_id , file_type, content) = ($1::integer, $2::filetype, $3::bytea) where "
+             "file_id=1",
+             {one, sql::text(QString("abris")), bytes},
+             "command 1"},
             {"update {p}_inspection set photos = $1::bytea where inspect_id=$2::integer", {bytes, one}, "command 1"},
             {"select photos from {p}_inspection where inspect_id=$1::integer", {one}, "tuples 1"},
         };
@@ -141,9 +158,12 @@ TEST(Statements, WithBoundValuesRunOnTheSchema)
         }
     }
     for (const Bound& bound : table)
-        EXPECT_EQ(answerOf(database.connection().run(bound.statement, bound.parameters)), bound.expected) << bound.statement;
-    EXPECT_EQ(database.connection().run("select content from positions_files where position_id=2", {}, sql::Format::Binary)
-                  .bytes(0, 0), QByteArray::fromHex("0300ff"));
+        EXPECT_EQ(answerOf(database.connection().run(bound.statement, bound.parameters)), bound.expected)
+            << bound.statement;
+    EXPECT_EQ(database.connection()
+                  .run("select content from positions_files where position_id=2", {}, sql::Format::Binary)
+                  .bytes(0, 0),
+              QByteArray::fromHex("0300ff"));
     EXPECT_EQ(database.connection().run("select photos from tss_inspection", {}, sql::Format::Binary).bytes(0, 0),
               QByteArray::fromHex("0300ff"));
 }

@@ -4,8 +4,8 @@
 #include "drawing/insertion_family.h"
 #include "elements/element_block.h"
 #include "support/element_drawing.h"
-#include "support/scripted_prompts.h"
 #include "support/position_session.h"
+#include "support/scripted_prompts.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -15,8 +15,7 @@ namespace {
 const QString modePrompt = "Выполнять циклическую вставку [Да/Нет] <Да>";
 const QString pointPrompt = "Точка вставки:";
 
-class Insertion : public ::testing::Test
-{
+class Insertion : public ::testing::Test {
 protected:
     Insertion()
     {
@@ -60,32 +59,39 @@ struct Dialogue {
     const char* depth;
 };
 
-void PrintTo(const Dialogue& d, std::ostream* out)
-{
-    *out << d.command;
-}
+void PrintTo(const Dialogue& d, std::ostream* out) { *out << d.command; }
 
 const Dialogue dialogues[] = {
-    {"TERVA_INSERT_DM", 0, "Высота марки по умолчанию <1>", "", "Имя деформационной марки <ЭЛ007>", "Высота марки <1>", ""},
-    {"TERVA_INSERT_DMT", 11, "Высота марки по умолчанию <1>", "", "Имя деформационной марки <ЭЛ007>", "Высота марки <1>", ""},
-    {"TERVA_INSERT_DMGL", 12, "Высота марки по умолчанию <1>", "", "Имя деформационной марки <ЭЛ007>", "Высота марки <1>", ""},
-    {"TERVA_INSERT_DMPV", 13, "Высота марки по умолчанию <1>", "", "Имя деформационной марки <ЭЛ007>", "Высота марки <1>", ""},
-    {"TERVA_INSERT_TS", 2, "Высота устья термоскважины по умолчанию <1>", "", "Имя термометрической скважины <ЭЛ007>", "Высота устья термоскважины <1>", ""},
-    {"TERVA_INSERT_TT", 14, "Высота устья термоскважины по умолчанию <1>", "", "Имя термометрической скважины <ЭЛ007>", "Высота устья термоскважины <1>", ""},
-    {"TERVA_INSERT_TSS", 20, "Высота марки по умолчанию <1>", "", "Имя точки снегомерной съемк <ЭЛ007>", "Высота точки снегомерной съемки <1>", ""},
-    {"TERVA_INSERT_GGS", 3, "Высота ГГС умолчанию <1>", "", "Имя гидрогеологической скважины <ЭЛ007>", "Высота ГГС <1>", ""},
+    {"TERVA_INSERT_DM", 0, "Высота марки по умолчанию <1>", "", "Имя деформационной марки <ЭЛ007>", "Высота марки <1>",
+     ""},
+    {"TERVA_INSERT_DMT", 11, "Высота марки по умолчанию <1>", "", "Имя деформационной марки <ЭЛ007>",
+     "Высота марки <1>", ""},
+    {"TERVA_INSERT_DMGL", 12, "Высота марки по умолчанию <1>", "", "Имя деформационной марки <ЭЛ007>",
+     "Высота марки <1>", ""},
+    {"TERVA_INSERT_DMPV", 13, "Высота марки по умолчанию <1>", "", "Имя деформационной марки <ЭЛ007>",
+     "Высота марки <1>", ""},
+    {"TERVA_INSERT_TS", 2, "Высота устья термоскважины по умолчанию <1>", "", "Имя термометрической скважины <ЭЛ007>",
+     "Высота устья термоскважины <1>", ""},
+    {"TERVA_INSERT_TT", 14, "Высота устья термоскважины по умолчанию <1>", "", "Имя термометрической скважины <ЭЛ007>",
+     "Высота устья термоскважины <1>", ""},
+    {"TERVA_INSERT_TSS", 20, "Высота марки по умолчанию <1>", "", "Имя точки снегомерной съемк <ЭЛ007>",
+     "Высота точки снегомерной съемки <1>", ""},
+    {"TERVA_INSERT_GGS", 3, "Высота ГГС умолчанию <1>", "", "Имя гидрогеологической скважины <ЭЛ007>", "Высота ГГС <1>",
+     ""},
     {"TERVA_INSERT_IGS", 17, "", "", "Имя скважины <ЭЛ007>", "", ""},
     {"TERVA_INSERT_RPGL", 8, "Высота репера по умолчанию <1>", "", "Имя репера <ЭЛ007>", "Высота репера <1>", ""},
     {"TERVA_INSERT_RPGR", 9, "Высота репера по умолчанию <1>", "", "Имя репера <ЭЛ007>", "Высота репера <1>", ""},
     {"TERVA_INSERT_RPST", 10, "Высота репера по умолчанию <1>", "", "Имя репера <ЭЛ007>", "Высота репера <1>", ""},
     {"TERVA_INSERT_RPVR", 21, "Высота репера по умолчанию <1>", "", "Имя репера <ЭЛ007>", "Высота репера <1>", ""},
-    {"TERVA_INSERT_TSGN", 18, "Высота ТСГ по умолчанию <1>", "Заглубление ТСГ по умолчанию <5>", "Имя ТСГ <ЭЛ007>", "Высота ТСГ <1>", "Заглубление ТСГ  <5>"},
-    {"TERVA_INSERT_TSGVN", 19, "Высота ТСГ по умолчанию <1>", "Заглубление ТСГ по умолчанию <5>", "Имя ТСГ <ЭЛ007>", "Высота ТСГ <1>", "Заглубление ТСГ  <5>"},
-    {"TERVA_INSERT_TSGV", 5, "Высота ТСГ по умолчанию <1>", "Заглубление ТСГ по умолчанию <5>", "Имя ТСГ <ЭЛ007>", "Высота ТСГ <1>", "Заглубление ТСГ  <5>"},
+    {"TERVA_INSERT_TSGN", 18, "Высота ТСГ по умолчанию <1>", "Заглубление ТСГ по умолчанию <5>", "Имя ТСГ <ЭЛ007>",
+     "Высота ТСГ <1>", "Заглубление ТСГ  <5>"},
+    {"TERVA_INSERT_TSGVN", 19, "Высота ТСГ по умолчанию <1>", "Заглубление ТСГ по умолчанию <5>", "Имя ТСГ <ЭЛ007>",
+     "Высота ТСГ <1>", "Заглубление ТСГ  <5>"},
+    {"TERVA_INSERT_TSGV", 5, "Высота ТСГ по умолчанию <1>", "Заглубление ТСГ по умолчанию <5>", "Имя ТСГ <ЭЛ007>",
+     "Высота ТСГ <1>", "Заглубление ТСГ  <5>"},
 };
 
-class EveryCommand : public Insertion, public ::testing::WithParamInterface<Dialogue>
-{
+class EveryCommand : public Insertion, public ::testing::WithParamInterface<Dialogue> {
 protected:
     const Family& family() const { return *familyOfKind(GetParam().kind); }
     bool stabiliser() const { return family().key == FamilyKey::Tsg; }
@@ -96,7 +102,10 @@ protected:
             prompts.append(QString::fromUtf8(prompt));
     }
     // What the row of an element holds in the columns below.
-    static QString columns() { return "type_id, element_name, state_id, position_id, x, y, z, h, scale, block_rotation"; }
+    static QString columns()
+    {
+        return "type_id, element_name, state_id, position_id, x, y, z, h, scale, block_rotation";
+    }
     QStringList row(const QString& name, const QStringList& place, const QString& height) const
     {
         return QStringList{kinds()[size_t(GetParam().kind)].typeId, name, "exist", "7"} + place
@@ -186,8 +195,10 @@ TEST_P(EveryCommand, CyclicModePrintsItsSteps)
         host.enter();
     host.point(10, 20, 1.5).cancel();
     run(GetParam().kind);
-    const QString start = "\n Выбор 'Yes'\n Выполняем циклическую вставкуX:10.000000  Y:20.000000  Z:1.500000 \nЭЛ007 \n"
-                          "\n INSERT INTO " + family().elements + " (";
+    const QString start =
+        "\n Выбор 'Yes'\n Выполняем циклическую вставкуX:10.000000  Y:20.000000  Z:1.500000 \nЭЛ007 \n"
+        "\n INSERT INTO "
+        + family().elements + " (";
     EXPECT_EQ(host.console.left(start.size()), start);
     EXPECT_TRUE(host.console.endsWith(" returning element_id \n\nOK ")) << host.console;
 }

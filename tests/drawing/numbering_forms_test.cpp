@@ -4,8 +4,8 @@
 #include "drawing/insertion_family.h"
 #include "drawing/next_name.h"
 #include "support/element_drawing.h"
-#include "support/scripted_prompts.h"
 #include "support/position_session.h"
+#include "support/scripted_prompts.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -27,10 +27,7 @@ Widget& child(const QWidget& form, const char* name)
     return *found;
 }
 
-QString preview(const QWidget& form)
-{
-    return child<QLabel>(form, "TextLabel").text();
-}
+QString preview(const QWidget& form) { return child<QLabel>(form, "TextLabel").text(); }
 
 void savePicture(QWidget& form, const QString& name)
 {
@@ -121,7 +118,7 @@ TEST(EnumeratorForm, OkWritesAndCancelDoesNot)
     EXPECT_EQ(enumerator, (Enumerator{"А", 0, 6}));
 }
 
-class NumberingCommand : public ::testing::TestWithParam<FamilyKey> {};
+class NumberingCommand : public ::testing::TestWithParam<FamilyKey> { };
 
 TEST_P(NumberingCommand, EditsTheFamilysOwnNumbering)
 {
@@ -141,13 +138,12 @@ TEST_P(NumberingCommand, EditsTheFamilysOwnNumbering)
 }
 
 INSTANTIATE_TEST_SUITE_P(Families, NumberingCommand,
-                         ::testing::Values(FamilyKey::Dm, FamilyKey::Ts, FamilyKey::Rp, FamilyKey::Ggs,
-                                           FamilyKey::Igs, FamilyKey::Tss, FamilyKey::Tsg));
+                         ::testing::Values(FamilyKey::Dm, FamilyKey::Ts, FamilyKey::Rp, FamilyKey::Ggs, FamilyKey::Igs,
+                                           FamilyKey::Tss, FamilyKey::Tsg));
 
 namespace {
 
-class Catalog : public ::testing::Test
-{
+class Catalog : public ::testing::Test {
 protected:
     void fillCatalog()
     {

@@ -11,8 +11,7 @@ namespace {
 
 const StateColors colors = {{"exist", 5}, {"lost", 1}};
 
-class DeliveredBlock : public ::testing::TestWithParam<int>
-{
+class DeliveredBlock : public ::testing::TestWithParam<int> {
 protected:
     ElementDrawing drawing;
     ScriptedPrompts host;

@@ -10,10 +10,7 @@ namespace {
 
 const StateColors colors = {{"exist", 5}, {"lost", 1}, {"moved", 3}, {"old", 1}};
 
-ElementBlock fresh(int kind)
-{
-    return ElementBlock(kind, colors);
-}
+ElementBlock fresh(int kind) { return ElementBlock(kind, colors); }
 
 struct DefaultsRow {
     int kind;
@@ -22,17 +19,13 @@ struct DefaultsRow {
     QString leader;
 };
 
-void PrintTo(const DefaultsRow& row, std::ostream* out)
-{
-    *out << "kind " << row.kind;
-}
+void PrintTo(const DefaultsRow& row, std::ostream* out) { *out << "kind " << row.kind; }
 
 const TextMap named = {{"name", " "}, {"element_id", " "}};
 const TextMap stabiliser = {{"name", " "}, {"element_id", " "}, {"h", " "}, {"de", " "}, {"z", " "}};
 const TextMap benchmark = {{"name", " "}, {"element_id", " "}, {"rp_z", " "}};
 const TextMap label = {{"Положение1 X", "1.39489"}, {"Положение1 Y", "0.895453"}, {"Длина полки", "12.0461"}};
-const TextMap benchmarkLabel = {
-    {"Положение1 X", "2.01741"}, {"Положение1 Y", "1.29509"}, {"Длина полки", "12.0461"}};
+const TextMap benchmarkLabel = {{"Положение1 X", "2.01741"}, {"Положение1 Y", "1.29509"}, {"Длина полки", "12.0461"}};
 
 TextMap with(TextMap map, const TextMap& more)
 {
@@ -66,7 +59,7 @@ const DefaultsRow defaultsTable[] = {
     {21, benchmark, with(benchmarkLabel, {{"Угол1", "0.0"}}), "Видимость1"},
 };
 
-class Defaults : public ::testing::TestWithParam<DefaultsRow> {};
+class Defaults : public ::testing::TestWithParam<DefaultsRow> { };
 
 } // namespace
 

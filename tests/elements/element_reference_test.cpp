@@ -16,8 +16,7 @@ namespace {
 const StateColors colors = {{"exist", 5}, {"lost", 1}, {"old", 1}};
 constexpr double quarterTurn = 1.5707963267948966;
 
-class ElementReference : public ::testing::Test
-{
+class ElementReference : public ::testing::Test {
 protected:
     ElementBlock sample(int kind)
     {
@@ -54,7 +53,7 @@ protected:
     ScriptedPrompts host;
 };
 
-class EveryBlock : public ElementReference, public ::testing::WithParamInterface<int> {};
+class EveryBlock : public ElementReference, public ::testing::WithParamInterface<int> { };
 
 } // namespace
 
@@ -167,8 +166,7 @@ TEST_F(ElementReference, DefinitionWithoutTheIdInsertsButIsNeverFound)
 TEST_F(ElementReference, ConstantAttributeIsNotCopied)
 {
     drawing.addKind(0);
-    const NcDbObjectId block =
-        HostAccess::recordId(drawing.database(), drawing.database().blockTableId(), "dm_def");
+    const NcDbObjectId block = HostAccess::recordId(drawing.database(), drawing.database().blockTableId(), "dm_def");
     auto constant = std::make_unique<NcDbAttributeDefinition>();
     constant->setTag("fixed");
     constant->setConstant(true);
@@ -311,8 +309,8 @@ TEST_F(ElementReference, ApplyLeavesAttributesThatTheRecordLacks)
     ElementDrawing::addDefinition(drawing.database(), "dm_def", {"name", "extra"}, {{"Угол1", 40, "0", {}}});
     const NcDbObjectId id = insert(sample(0));
     {
-        const auto* attribute = HostAccess::objectAs<NcDbAttribute>(
-            HostAccess::attributes(ElementDrawing::reference(id))[1]);
+        const auto* attribute =
+            HostAccess::objectAs<NcDbAttribute>(HostAccess::attributes(ElementDrawing::reference(id))[1]);
         ASSERT_EQ(attribute->tag(), "extra");
         const Opened<NcDbAttribute> opened(attribute->objectId(), kForWrite);
         opened->setTextString("рукой");
@@ -346,8 +344,7 @@ TEST_F(ElementReference, TransformationsKeepAttributesInStep)
     element.y = 0;
     element.z = 0;
     element.applyToBlock(id);
-    const auto* first =
-        HostAccess::objectAs<NcDbAttribute>(HostAccess::attributes(ElementDrawing::reference(id))[0]);
+    const auto* first = HostAccess::objectAs<NcDbAttribute>(HostAccess::attributes(ElementDrawing::reference(id))[0]);
     // (2, 0) in the definition, tripled and turned.
     EXPECT_NEAR(first->position().x, 0.0, 1e-9);
     EXPECT_NEAR(first->position().y, 6.0, 1e-9);
@@ -434,11 +431,9 @@ TEST_F(ElementReference, ReplaceOfNothingInsertsUnturned)
 namespace {
 
 // Block files in a folder of their own.
-class BlockDefinitions : public ElementReference
-{
+class BlockDefinitions : public ElementReference {
 protected:
-    BlockDefinitions()
-        : moduleDir_(session().moduleDir)
+    BlockDefinitions() : moduleDir_(session().moduleDir)
     {
         session().moduleDir = folder.path() + "/";
         QDir(folder.path()).mkdir("blocks");
@@ -465,8 +460,8 @@ private:
 
 QStringList stemsInOrder()
 {
-    return {"dm", "dm_gl", "dm_pv", "dm_t", "ggs", "pk", "rp_gl", "rp_gr", "rp_st", "rp_vr",
-            "skv", "sv", "ts", "tsg", "tsg_g", "tsg_vs", "tss_h", "tss_p", "tt"};
+    return {"dm",  "dm_gl", "dm_pv", "dm_t", "ggs",   "pk",     "rp_gl", "rp_gr", "rp_st", "rp_vr",
+            "skv", "sv",    "ts",    "tsg",  "tsg_g", "tsg_vs", "tss_h", "tss_p", "tt"};
 }
 
 } // namespace
@@ -501,8 +496,8 @@ TEST_F(BlockDefinitions, MissingFilesAreReportedAndPassedOver)
     EXPECT_TRUE(ensureBlockDefinitions());
     EXPECT_TRUE(has("ts_def"));
     EXPECT_FALSE(has("dm_def"));
-    EXPECT_TRUE(host.console.startsWith("Неизвестные формат файла " + path("dm") + "\nОшибка загрузки " + path("dm")
-                                        + " \n"));
+    EXPECT_TRUE(
+        host.console.startsWith("Неизвестные формат файла " + path("dm") + "\nОшибка загрузки " + path("dm") + " \n"));
     EXPECT_TRUE(host.console.contains("Загрузка " + path("ts") + " завершена\n"));
     EXPECT_EQ(host.console.count("Неизвестные формат файла "), 18);
     EXPECT_EQ(drawing.faults(), QStringList());

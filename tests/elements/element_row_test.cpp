@@ -1,15 +1,14 @@
 // The record and its row.
 #include "elements/element_block.h"
 
-#include "support/scripted_prompts.h"
 #include "support/position_session.h"
+#include "support/scripted_prompts.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-class ElementRow : public ::testing::Test
-{
+class ElementRow : public ::testing::Test {
 protected:
     ElementBlock sample(int kind)
     {
@@ -36,7 +35,7 @@ protected:
     ScriptedPrompts host;
 };
 
-class EveryKind : public ElementRow, public ::testing::WithParamInterface<int> {};
+class EveryKind : public ElementRow, public ::testing::WithParamInterface<int> { };
 
 } // namespace
 
@@ -49,10 +48,12 @@ TEST_P(EveryKind, InsertWritesRowAndProperties)
     ASSERT_GT(id, 0);
     EXPECT_EQ(element.positionId, PositionSession::position);
     const auto rows = database->rows("select type_id, element_name, state_id, position_id, x, y, z, h, "
-                                     "block_rotation, scale from " + family.elements);
+                                     "block_rotation, scale from "
+                                     + family.elements);
     ASSERT_EQ(rows.size(), 1);
-    EXPECT_EQ(rows[0], (QStringList{kinds()[size_t(GetParam())].typeId, "Э-1", "exist", "7", "1.123456789", "-2.5",
-                                    "30.25", "1.5", "3", "0.5"}));
+    EXPECT_EQ(rows[0],
+              (QStringList{kinds()[size_t(GetParam())].typeId, "Э-1", "exist", "7", "1.123456789", "-2.5", "30.25",
+                           "1.5", "3", "0.5"}));
     EXPECT_EQ(cell("marker_rotation", family.elements, id), element.hasDynProp("Угол1") ? "0.216814693" : "3");
     EXPECT_EQ(cell("props", family.dynprops, id), element.propsText());
     if (family.key == FamilyKey::Tsg) {
@@ -70,11 +71,18 @@ TEST_P(EveryKind, InsertPrintsItsStatementAndOk)
     const QString typeId = kinds()[size_t(GetParam())].typeId;
     const QString statement = family.key == FamilyKey::Tsg
         ? "INSERT INTO tsg_elements (type_id,element_name,state_id,position_id,x, y, z, h,e, catalog_id, "
-          "block_rotation, marker_rotation,scale) VALUES ('" + typeId + "','Э-1','exist',7,1.123456789,-2.500000000,"
-          "30.250000000,1.500000000,4.750000000,77,3.000000000," + marker + ",0.500000000) returning element_id"
-        : "INSERT INTO " + family.elements + " (type_id,element_name,state_id,position_id,x , y, z, h,"
-          "block_rotation, marker_rotation,scale) VALUES ('" + typeId + "','Э-1','exist',7,1.123456789,-2.500000000,"
-          "30.250000000,1.500000000,3.000000000," + marker + ",0.500000000) returning element_id";
+          "block_rotation, marker_rotation,scale) VALUES ('"
+            + typeId
+            + "','Э-1','exist',7,1.123456789,-2.500000000,"
+              "30.250000000,1.500000000,4.750000000,77,3.000000000,"
+            + marker + ",0.500000000) returning element_id"
+        : "INSERT INTO " + family.elements
+            + " (type_id,element_name,state_id,position_id,x , y, z, h,"
+              "block_rotation, marker_rotation,scale) VALUES ('"
+            + typeId
+            + "','Э-1','exist',7,1.123456789,-2.500000000,"
+              "30.250000000,1.500000000,3.000000000,"
+            + marker + ",0.500000000) returning element_id";
     EXPECT_EQ(host.console, "\n " + statement + " \n\nOK ");
 }
 
@@ -134,8 +142,8 @@ TEST_P(EveryKind, ShortUpdateLeavesHeightsStateAndPositionAlone)
     element.setDynProp("Длина полки", "11");
     ASSERT_TRUE(element.updateRow());
     const Family& family = *element.family();
-    const auto rows = database->rows("select element_name, x, y, z, h, block_rotation, scale, position_id from "
-                                     + family.elements);
+    const auto rows =
+        database->rows("select element_name, x, y, z, h, block_rotation, scale, position_id from " + family.elements);
     EXPECT_EQ(rows.value(0), (QStringList{"Э-2", "8", "9", "30.25", "1.5", "0.25", "2", "7"}));
     EXPECT_EQ(cell("marker_rotation", family.elements, id), element.hasDynProp("Угол1") ? "1.25" : "0.25");
     EXPECT_EQ(cell("props", family.dynprops, id), element.propsText());

@@ -9,15 +9,11 @@
 
 namespace {
 
-class Statements : public ::testing::Test
-{
+class Statements : public ::testing::Test {
 protected:
     Statements() { backend_ = session().run("select pg_backend_pid()").getvalue(0, 0); }
 
-    QString lastStatement()
-    {
-        return database->value("select query from pg_stat_activity where pid = " + backend_);
-    }
+    QString lastStatement() { return database->value("select query from pg_stat_activity where pid = " + backend_); }
     // A row that exists, with numbers that tell the columns apart.
     ElementBlock stored(int kind)
     {
@@ -60,16 +56,18 @@ private:
 TEST_F(Statements, PropertiesOfANewRow)
 {
     const ElementBlock element = stored(5);
-    EXPECT_EQ(lastStatement(), "INSERT INTO tsg_dynprops (element_id,props) VALUES (" + QString::number(element.elementId())
-                                   + ",'" + element.propsText() + "')");
+    EXPECT_EQ(lastStatement(),
+              "INSERT INTO tsg_dynprops (element_id,props) VALUES (" + QString::number(element.elementId()) + ",'"
+                  + element.propsText() + "')");
 }
 
 TEST_F(Statements, PropertiesOfAnUpdatedRowHaveNoBlankBeforeTheCondition)
 {
     const ElementBlock element = stored(0);
     ASSERT_TRUE(element.updateRow());
-    EXPECT_EQ(lastStatement(), "UPDATE dm_dynprops SET props = '" + element.propsText() + "'WHERE element_id = "
-                                   + QString::number(element.elementId()));
+    EXPECT_EQ(lastStatement(),
+              "UPDATE dm_dynprops SET props = '" + element.propsText()
+                  + "'WHERE element_id = " + QString::number(element.elementId()));
 }
 
 TEST_F(Statements, ShortUpdate)
@@ -84,7 +82,8 @@ TEST_F(Statements, ShortUpdate)
     EXPECT_EQ(relay.texts(),
               (QStringList{"UPDATE rp_elements SET (type_id, element_name, x, y, block_rotation, marker_rotation,scale)"
                            " = ('rp_gl','Э',1.000000000,2.000000000,0.500000000,0.500000000,7.000000000) WHERE "
-                           "element_id = " + id,
+                           "element_id = "
+                               + id,
                            "UPDATE rp_dynprops SET props = '" + element.propsText() + "'WHERE element_id = " + id}))
         << "the properties follow a refused row too";
     session().connection.finish();
@@ -99,13 +98,15 @@ TEST_F(Statements, FullUpdate)
     EXPECT_EQ(lastStatement(),
               "UPDATE dm_elements SET (type_id, element_name, x, y, z , h ,block_rotation, marker_rotation,scale) = "
               "('dm','Э',1.000000000,2.000000000,3.000000000,4.000000000,0.500000000,0.750000000,7.000000000) "
-              "WHERE element_id = " + id);
+              "WHERE element_id = "
+                  + id);
     element.positionId = 8;
     EXPECT_FALSE(element.updateRowFull());
     EXPECT_EQ(lastStatement(),
               "UPDATE dm_elements SET (type_id, element_name,position_id, x, y, z , h ,block_rotation, "
               "marker_rotation,scale) = ('dm','Э',8,1.000000000,2.000000000,3.000000000,4.000000000,0.500000000,"
-              "0.750000000,7.000000000) WHERE element_id = " + id);
+              "0.750000000,7.000000000) WHERE element_id = "
+                  + id);
 }
 
 TEST_F(Statements, FullUpdateOfAThermostabiliser)
@@ -117,13 +118,15 @@ TEST_F(Statements, FullUpdateOfAThermostabiliser)
     EXPECT_EQ(lastStatement(),
               "UPDATE tsg_elements SET (type_id, element_name, x,  y,  z , h , e, catalog_id ,block_rotation, "
               "marker_rotation,scale) =('tsg_g','Э', 1.000000000, 2.000000000, 3.000000000, 4.000000000, "
-              "5.000000000,6, 0.500000000, 0.500000000, 7.000000000) WHERE element_id = " + id);
+              "5.000000000,6, 0.500000000, 0.500000000, 7.000000000) WHERE element_id = "
+                  + id);
     element.positionId = 8;
     EXPECT_FALSE(element.updateRowFull());
     EXPECT_EQ(lastStatement(),
               "UPDATE tsg_elements SET (type_id, element_name,position_id, x,  y,  z , h , e, catalog_id ,"
               "block_rotation, marker_rotation,scale) =('tsg_g','Э',8,1.000000000,2.000000000,3.000000000,"
-              "4.000000000,5.000000000,6,0.500000000,0.500000000,7.000000000) WHERE element_id = " + id);
+              "4.000000000,5.000000000,6,0.500000000,0.500000000,7.000000000) WHERE element_id = "
+                  + id);
 }
 
 TEST_F(Statements, SelectOfTheFamilies)

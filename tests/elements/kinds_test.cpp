@@ -14,10 +14,7 @@ struct KindRow {
     const char* table;
 };
 
-void PrintTo(const KindRow& row, std::ostream* out)
-{
-    *out << "kind " << row.number;
-}
+void PrintTo(const KindRow& row, std::ostream* out) { *out << "kind " << row.number; }
 
 const KindRow registry[] = {
     {0, "dm_def", "dm", "GMN_DM", "dm_elements"},
@@ -44,7 +41,7 @@ const KindRow registry[] = {
     {21, "rp_vr_def", "rp_vr", "GMN_RP", "rp_elements"},
 };
 
-class Registry : public ::testing::TestWithParam<KindRow> {};
+class Registry : public ::testing::TestWithParam<KindRow> { };
 
 } // namespace
 
@@ -106,8 +103,7 @@ TEST(Kinds, OnlyIndexesOfTheRegistryAreKinds)
 
 TEST(Kinds, LayersAreMadeInTheirOrder)
 {
-    EXPECT_EQ(elementLayers(),
-              (QStringList{"GMN_DM", "GMN_TS", "GMN_TSS", "GMN_RP", "GMN_GGS", "GMN_TSG", "GMN_GEO"}));
+    EXPECT_EQ(elementLayers(), (QStringList{"GMN_DM", "GMN_TS", "GMN_TSS", "GMN_RP", "GMN_GGS", "GMN_TSG", "GMN_GEO"}));
 }
 
 namespace {
@@ -122,12 +118,9 @@ struct FamilyRow {
     bool measured;
 };
 
-void PrintTo(const FamilyRow& row, std::ostream* out)
-{
-    *out << row.shortKey;
-}
+void PrintTo(const FamilyRow& row, std::ostream* out) { *out << row.shortKey; }
 
-class Families : public ::testing::TestWithParam<FamilyRow> {};
+class Families : public ::testing::TestWithParam<FamilyRow> { };
 
 } // namespace
 
@@ -160,14 +153,14 @@ TEST_P(Families, TablesGoByThePrefix)
 
 INSTANTIATE_TEST_SUITE_P(
     Seven, Families,
-    ::testing::Values(
-        FamilyRow{FamilyKey::Dm, "DM", "Деформационные марки", {0, 12, 13, 11}, "dm", 1, true},
-        FamilyRow{FamilyKey::Ts, "TS", "Термоскважины", {2, 14}, "ts", 2, true},
-        FamilyRow{FamilyKey::Rp, "RP", "Репера", {8, 9, 10, 21}, "rp", 4, true},
-        FamilyRow{FamilyKey::Ggs, "GGS", "Гидрогеологические скважины", {3}, "ggs", 8, true},
-        FamilyRow{FamilyKey::Igs, "IGS", "Инженерно-геологические скважины", {17}, "igs", 16, false},
-        FamilyRow{FamilyKey::Tss, "TSS", "Точки снегомерной съемки", {20, 15}, "tss", 32, true},
-        FamilyRow{FamilyKey::Tsg, "TSG", "Термостабилизационные элементы", {5, 18, 19}, "tsg", 64, true}));
+    ::testing::Values(FamilyRow{FamilyKey::Dm, "DM", "Деформационные марки", {0, 12, 13, 11}, "dm", 1, true},
+                      FamilyRow{FamilyKey::Ts, "TS", "Термоскважины", {2, 14}, "ts", 2, true},
+                      FamilyRow{FamilyKey::Rp, "RP", "Репера", {8, 9, 10, 21}, "rp", 4, true},
+                      FamilyRow{FamilyKey::Ggs, "GGS", "Гидрогеологические скважины", {3}, "ggs", 8, true},
+                      FamilyRow{FamilyKey::Igs, "IGS", "Инженерно-геологические скважины", {17}, "igs", 16, false},
+                      FamilyRow{FamilyKey::Tss, "TSS", "Точки снегомерной съемки", {20, 15}, "tss", 32, true},
+                      FamilyRow{
+                          FamilyKey::Tsg, "TSG", "Термостабилизационные элементы", {5, 18, 19}, "tsg", 64, true}));
 
 TEST(FamilyTable, UnusedRowsPilesAndMarkersBelongToNone)
 {

@@ -23,8 +23,8 @@ constexpr size_t kMostNotAvailable = 28;
 const Command& command(const char* name)
 {
     const auto& table = commandTable();
-    const auto found = std::find_if(table.begin(), table.end(),
-                                    [name](const Command& row) { return qstrcmp(row.name, name) == 0; });
+    const auto found =
+        std::find_if(table.begin(), table.end(), [name](const Command& row) { return qstrcmp(row.name, name) == 0; });
     if (found == table.end())
         ADD_FAILURE() << "no command " << name;
     return found == table.end() ? table.front() : *found;
@@ -143,13 +143,13 @@ TEST(CommandTable, InsertionsAreBoundToTheirKinds)
         NcCommandHandler action;
     };
     const Binding bindings[] = {
-        {"TERVA_INSERT_DM", insertCommand<0>},    {"TERVA_INSERT_DMT", insertCommand<11>},
-        {"TERVA_INSERT_DMGL", insertCommand<12>}, {"TERVA_INSERT_DMPV", insertCommand<13>},
-        {"TERVA_INSERT_TS", insertCommand<2>},    {"TERVA_INSERT_TT", insertCommand<14>},
-        {"TERVA_INSERT_TSS", insertCommand<20>},  {"TERVA_INSERT_GGS", insertCommand<3>},
-        {"TERVA_INSERT_IGS", insertCommand<17>},  {"TERVA_INSERT_RPGL", insertCommand<8>},
-        {"TERVA_INSERT_RPGR", insertCommand<9>},  {"TERVA_INSERT_RPST", insertCommand<10>},
-        {"TERVA_INSERT_RPVR", insertCommand<21>}, {"TERVA_INSERT_TSGN", insertCommand<18>},
+        {"TERVA_INSERT_DM", insertCommand<0>},     {"TERVA_INSERT_DMT", insertCommand<11>},
+        {"TERVA_INSERT_DMGL", insertCommand<12>},  {"TERVA_INSERT_DMPV", insertCommand<13>},
+        {"TERVA_INSERT_TS", insertCommand<2>},     {"TERVA_INSERT_TT", insertCommand<14>},
+        {"TERVA_INSERT_TSS", insertCommand<20>},   {"TERVA_INSERT_GGS", insertCommand<3>},
+        {"TERVA_INSERT_IGS", insertCommand<17>},   {"TERVA_INSERT_RPGL", insertCommand<8>},
+        {"TERVA_INSERT_RPGR", insertCommand<9>},   {"TERVA_INSERT_RPST", insertCommand<10>},
+        {"TERVA_INSERT_RPVR", insertCommand<21>},  {"TERVA_INSERT_TSGN", insertCommand<18>},
         {"TERVA_INSERT_TSGVN", insertCommand<19>}, {"TERVA_INSERT_TSGV", insertCommand<5>},
     };
     for (const Binding& row : bindings)

@@ -20,10 +20,7 @@
 
 namespace {
 
-QString moduleFile()
-{
-    return QCoreApplication::applicationDirPath() + QStringLiteral("/terva.nrx");
-}
+QString moduleFile() { return QCoreApplication::applicationDirPath() + QStringLiteral("/terva.nrx"); }
 
 class UrlCatcher : public QObject {
     Q_OBJECT
@@ -92,8 +89,7 @@ TEST(Module, UnloadingDestroysThePaletteSetsInTheirOrderAndOnlyOnce)
     QStringList gone;
     for (PaletteSlot slot : {PaletteSlot::ProjectSettings, PaletteSlot::Sample}) {
         QWidget* window = paletteSet(slot)->window();
-        QObject::connect(window, &QObject::destroyed,
-                         [&gone, title = window->windowTitle()] { gone << title; });
+        QObject::connect(window, &QObject::destroyed, [&gone, title = window->windowTitle()] { gone << title; });
     }
     paletteSet(PaletteSlot::ProjectSettings)->window()->close(); // hidden, and destroyed all the same
     unloadModule();

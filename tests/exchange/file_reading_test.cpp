@@ -13,8 +13,7 @@
 
 namespace {
 
-class Files : public ::testing::Test
-{
+class Files : public ::testing::Test {
 protected:
     QString write(const QByteArray& bytes)
     {
@@ -63,10 +62,7 @@ TEST(NumberText, DepthsHaveNoSign)
     EXPECT_EQ(numberIn("глубина -1.5 м", SignOf::Text), 1.5);
 }
 
-TEST(NumberText, ANumberBeyondDoublesIsInfinite)
-{
-    EXPECT_TRUE(std::isinf(numberIn(QString(400, '9'))));
-}
+TEST(NumberText, ANumberBeyondDoublesIsInfinite) { EXPECT_TRUE(std::isinf(numberIn(QString(400, '9')))); }
 
 // The scanner is written by hand since a logger file has millions of cells.
 TEST(NumberText, FindsWhatTheExpressionsFind)
@@ -81,8 +77,7 @@ TEST(NumberText, FindsWhatTheExpressionsFind)
             text += letters[int(random() % unsigned(letters.size()))];
         for (const SignOf sign : {SignOf::Number, SignOf::Text}) {
             const auto match = (sign == SignOf::Number ? withSign : withoutSign).match(text);
-            const double expected =
-                match.hasMatch() ? match.captured(0).replace(",", ".").toDouble() : -777.0;
+            const double expected = match.hasMatch() ? match.captured(0).replace(",", ".").toDouble() : -777.0;
             ASSERT_EQ(numberIn(text, sign), expected) << text.toStdString();
         }
     }
@@ -90,7 +85,9 @@ TEST(NumberText, FindsWhatTheExpressionsFind)
 
 TEST_F(Files, LinesLoseTheirEndsAndTheByteOrderMark)
 {
-    EXPECT_EQ(readLines(write("\xEF\xBB\xBF" "a;b\r\nc\n\nd"), TextEncoding::Utf8),
+    EXPECT_EQ(readLines(write("\xEF\xBB\xBF"
+                              "a;b\r\nc\n\nd"),
+                        TextEncoding::Utf8),
               QStringList({"a;b", "c", "", "d"}));
     EXPECT_EQ(readLines(write("a\r\n"), TextEncoding::Utf8), QStringList({"a"}));
     EXPECT_TRUE(readLines(write(""), TextEncoding::Utf8).isEmpty());

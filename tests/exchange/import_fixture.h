@@ -11,8 +11,7 @@
 
 // Position 7 (the current one) has the elements 1 and 2, position 8 the element
 // 3. Three cycles of a month each, 2021.
-class ImportProject : public ::testing::Test
-{
+class ImportProject : public ::testing::Test {
 protected:
     void SetUp() override
     {
@@ -79,5 +78,4 @@ private:
 };
 
 inline const QString markHeader = QStringLiteral("Имя;Дата;Отметка;SN прибора");
-inline const QString wellHeader =
-    QStringLiteral("Имя;Серийный номер;Дата замера;Время замера;Темп.возд;1;2;3;4");
+inline const QString wellHeader = QStringLiteral("Имя;Серийный номер;Дата замера;Время замера;Темп.возд;1;2;3;4");

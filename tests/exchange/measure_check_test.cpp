@@ -5,8 +5,7 @@
 
 namespace {
 
-class SettlementCheck : public ImportProject
-{
+class SettlementCheck : public ImportProject {
 protected:
     // The code of a mark of element 1 in a cycle.
     int check(double meas, int cycle = 2, int element = 1, int position = 7)
@@ -24,17 +23,15 @@ protected:
     }
     void store(const QString& meas, int cycle)
     {
-        database()->exec(QString("insert into dm_meas (element_id, cycle_id, meas) values (1, %1, %2)")
-                             .arg(cycle)
-                             .arg(meas));
+        database()->exec(
+            QString("insert into dm_meas (element_id, cycle_id, meas) values (1, %1, %2)").arg(cycle).arg(meas));
     }
 
     QString text;
     Verdict verdict = Verdict::Error;
 };
 
-class ProfileCheck : public ImportProject
-{
+class ProfileCheck : public ImportProject {
 protected:
     TSMeasure check(const TemperatureProfile& profile, int cycle = 2, int element = 1, int position = 7)
     {
@@ -157,8 +154,9 @@ TEST_F(ProfileCheck, TheTextNamesTheBitsInTheirOrder)
     EXPECT_EQ(textOf(1), "Данные валидны");
     EXPECT_EQ(textOf(64), "Неизвестная ошибка");
     EXPECT_EQ(textOf(64 | 1), "Неизвестная ошибка");
-    EXPECT_EQ(textOf(127 - 64), "Не задан критерий\nНе заданы данные сравнения\nВыбросы данных\nВысокая скорость "
-                                "изменения\nПревышение изменения ср.взвеш.\nДанные валидны");
+    EXPECT_EQ(textOf(127 - 64),
+              "Не задан критерий\nНе заданы данные сравнения\nВыбросы данных\nВысокая скорость "
+              "изменения\nПревышение изменения ср.взвеш.\nДанные валидны");
     EXPECT_EQ(textOf(64 | 16 | 2), "Неизвестная ошибка\nНе задан критерий\nВыбросы данных");
 }
 

@@ -7,8 +7,7 @@ namespace {
 
 enum Column { Status, Element, Cycle, Device, Performer, Value, Sixth, Seventh };
 
-class Marks : public ImportProject
-{
+class Marks : public ImportProject {
 protected:
     MeasureTable table{*importFamily(FamilyKey::Dm)};
     void readLines(const QStringList& lines, bool allBase = false)
@@ -17,8 +16,7 @@ protected:
     }
 };
 
-class Wells : public ImportProject
-{
+class Wells : public ImportProject {
 protected:
     MeasureTable table{*importFamily(FamilyKey::Ts)};
     void readLines(const QStringList& lines) { read(table, FamilyKey::Ts, QStringList(wellHeader) + lines); }
@@ -68,8 +66,9 @@ TEST_F(Marks, NamesAreSoughtInTheChosenScope)
 TEST_F(Marks, TheStatusSaysWhatIsMissing)
 {
     readLines({"Т-9;05.09.2021;1.5;SN-9", "Т-1;05.01.2021;1.5;SN-1", "Т-1;;нет;SN-1"});
-    EXPECT_EQ(cell(table, 0, Status), "Имя Т-9 не найдено. Устройство SN SN-9 не найдено. Не определен цикл.  Не "
-                                      "определен исполнитель. ");
+    EXPECT_EQ(cell(table, 0, Status),
+              "Имя Т-9 не найдено. Устройство SN SN-9 не найдено. Не определен цикл.  Не "
+              "определен исполнитель. ");
     EXPECT_EQ(cell(table, 1, Status), "Не определен исполнитель. ");
     EXPECT_EQ(cell(table, 2, Status), "Не определен цикл.  Не определен исполнитель. ");
     for (int row = 0; row < 3; ++row)
@@ -176,16 +175,18 @@ TEST_F(Marks, TheSummaryDividesWhatIsVerified)
                "Т-1;05.02.2021;;SN-1", "Т-9;05.02.2021;1;SN-1"});
     EXPECT_EQ(table.summaryText(), "Всего: 5 | Без данных: 1 | Верифицированных: 0");
     table.givePerformer(1);
-    EXPECT_EQ(table.summaryText(), "Всего: 5 | Без данных: 1 | Верифицированных: 3 (из них валидных 1, с "
-                                   "предупреждениями 1, с ошибками 1)");
+    EXPECT_EQ(table.summaryText(),
+              "Всего: 5 | Без данных: 1 | Верифицированных: 3 (из них валидных 1, с "
+              "предупреждениями 1, с ошибками 1)");
 }
 
 TEST_F(Marks, UncheckedRowsAreCopiedAsText)
 {
     readLines({"Т-1;05.01.2021;1.5;SN-1", "Т-9;05.01.2021;1.5;SN-1"});
     table.givePerformer(1);
-    EXPECT_EQ(table.uncheckedText(), "Имя Т-9 не найдено.\tТ-9 (ID: -1)\t1 - 01.01.21 - 31.01.21 - зима\tSN-1 - "
-                                     "новая\tИванов Иван - Иванов\t1.5\tНеизвестная ошибка\n");
+    EXPECT_EQ(table.uncheckedText(),
+              "Имя Т-9 не найдено.\tТ-9 (ID: -1)\t1 - 01.01.21 - 31.01.21 - зима\tSN-1 - "
+              "новая\tИванов Иван - Иванов\t1.5\tНеизвестная ошибка\n");
 }
 
 TEST_F(Marks, ChangedListsClearWhatWasLost)
@@ -310,8 +311,9 @@ TEST_F(Wells, ValidationFollowsTheCycle)
     table.giveCycle(2);
     EXPECT_EQ(cell(table, 0, Seventh), "Данные валидны");
     table.givePerformer(1);
-    EXPECT_EQ(table.summaryText(), "Всего: 1 | Без данных: 0 | Верифицированных: 1 (из них валидных 1, с "
-                                   "предупреждениями 0, с ошибками 0)");
+    EXPECT_EQ(table.summaryText(),
+              "Всего: 1 | Без данных: 0 | Верифицированных: 1 (из них валидных 1, с "
+              "предупреждениями 0, с ошибками 0)");
     table.setData(table.index(0, Element), -1, Qt::UserRole);
     EXPECT_EQ(cell(table, 0, Seventh), "Неизвестная ошибка");
 }
@@ -322,8 +324,8 @@ TEST_F(Wells, CopiedRowsStayOnTheirLines)
                      "values (7, 0, 10)");
     readLines({"Т-1;SN-1;05.01.2021;12:00;-5;-1;9;-1.2;-1.3"});
     EXPECT_EQ(table.uncheckedText().count('\n'), 1);
-    EXPECT_TRUE(table.uncheckedText().endsWith(
-        "\tНе заданы данные сравнения Выбросы данных Высокая скорость изменения\n"));
+    EXPECT_TRUE(
+        table.uncheckedText().endsWith("\tНе заданы данные сравнения Выбросы данных Высокая скорость изменения\n"));
 }
 
 TEST_F(ImportProject, TheScopeKnowsThePositionOfAnElement)

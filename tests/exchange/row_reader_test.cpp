@@ -9,14 +9,11 @@ namespace {
 
 using Line = RowReader::Line;
 
-const ImportTemplate& formatOf(FamilyKey family, int index = 0)
-{
-    return importFamily(family)->templates[index];
-}
+const ImportTemplate& formatOf(FamilyKey family, int index = 0) { return importFamily(family)->templates[index]; }
 
 // Reads lines one after another and keeps the last row.
 struct Reading {
-    explicit Reading(const ImportTemplate& format, const QString& separator = ";") : reader(format, separator) {}
+    explicit Reading(const ImportTemplate& format, const QString& separator = ";") : reader(format, separator) { }
     Line operator()(const QString& line) { return reader.read(line, row); }
     RowReader reader;
     SurveyRow row;
@@ -49,8 +46,8 @@ TEST(RowReader, EveryFamilyReadsItsOwnHeaderAndRow)
         {FamilyKey::Dm, "Имя;Дата;Отметка;SN прибора", "м1;01.02.2021;12,5;S", 12.5, HUGE_VAL},
         {FamilyKey::Ggs, "Имя;Дата;Уровень ГВ;SN прибора", "м1;01.02.2021;12,5;S", 12.5, HUGE_VAL},
         {FamilyKey::Rp, "Имя;Дата;Отметка;Точность;SN прибора", "м1;01.02.2021;12,5;0.01;S", 12.5, 0.01},
-        {FamilyKey::Tsg, "Имя;Дата;Температура воздуха;Температура конденсатора;SN прибора",
-         "м1;01.02.2021;12,5;-3;S", 12.5, -3.0},
+        {FamilyKey::Tsg, "Имя;Дата;Температура воздуха;Температура конденсатора;SN прибора", "м1;01.02.2021;12,5;-3;S",
+         12.5, -3.0},
         {FamilyKey::Tss, "Имя;Дата;Плотность;Высота;SN прибора", "м1;01.02.2021;12,5;-3;S", 12.5, -3.0},
     };
     for (const auto& c : cases) {

@@ -83,9 +83,6 @@ TEST(Arc, anyArcStaysWithinAMillimetreAndEndsExactly)
     }
 }
 
-TEST(Arc, oneBeyondAllDrawingsIsBounded)
-{
-    EXPECT_LE(arcPoints({0, 0, 0}, {1e12, 0, 0}, 1.0).size(), 1000000U);
-}
+TEST(Arc, oneBeyondAllDrawingsIsBounded) { EXPECT_LE(arcPoints({0, 0, 0}, {1e12, 0, 0}, 1.0).size(), 1000000U); }
 
 } // namespace

@@ -14,9 +14,7 @@ struct Cloud {
     std::mt19937 random;
     bool whole;
 
-    Cloud(unsigned seed, std::size_t count)
-        : random(seed)
-        , whole(seed % 2 == 1)
+    Cloud(unsigned seed, std::size_t count) : random(seed), whole(seed % 2 == 1)
     {
         for (std::size_t i = 0; i < count; ++i)
             points.push_back(place());
@@ -92,7 +90,12 @@ TEST(PointTree, firstInBoxGoesByIndexAndForgetsTheRemoved)
     }
     ASSERT_GT(expected.size(), 10U);
     std::vector<int> seen;
-    EXPECT_EQ(tree.firstInBox(box, [&](int i) { seen.push_back(i); return false; }), -1);
+    EXPECT_EQ(tree.firstInBox(box,
+                              [&](int i) {
+                                  seen.push_back(i);
+                                  return false;
+                              }),
+              -1);
     EXPECT_EQ(seen, expected);
     for (int index : expected) {
         EXPECT_EQ(tree.firstInBox(box, [](int) { return true; }), index);
@@ -118,9 +121,7 @@ TEST(ToleranceGrid, findsEveryNearPoint)
     std::mt19937 random(9);
     for (double origin : {0.0, -3.2e-5, 5080000.0, 1e9, 1e12, 1e300}) {
         for (int i = 0; i < 2000; ++i) {
-            const auto jitter = [&] {
-                return (static_cast<double>(random()) / 4294967296.0 - 0.5) * 2e-6;
-            };
+            const auto jitter = [&] { return (static_cast<double>(random()) / 4294967296.0 - 0.5) * 2e-6; };
             const double base = origin + static_cast<double>(random() % 100) * 1e-6;
             const Point3 a{base, base, base};
             const Point3 b{base + jitter(), base + jitter(), base + jitter()};

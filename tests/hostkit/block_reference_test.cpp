@@ -8,8 +8,7 @@
 
 namespace {
 
-class BlockReferences : public ::testing::Test
-{
+class BlockReferences : public ::testing::Test {
 protected:
     BlockReferences()
     {

@@ -9,21 +9,18 @@
 
 namespace {
 
-class ErrorMarkers : public ::testing::Test
-{
+class ErrorMarkers : public ::testing::Test {
 protected:
     const NcDbLayerTableRecord* layer(const QString& name)
     {
-        const NcDbObjectId id =
-            HostAccess::recordId(drawing.database(), drawing.database().layerTableId(), name);
+        const NcDbObjectId id = HostAccess::recordId(drawing.database(), drawing.database().layerTableId(), name);
         return id.isNull() ? nullptr : HostAccess::objectAs<NcDbLayerTableRecord>(id);
     }
     // Living entities of model space, as texts: "circle x y z r", "line x y z x y z".
     QStringList shapes(const QString& onLayer = errorLayerName())
     {
         QStringList texts;
-        auto* space =
-            HostAccess::objectAs<NcDbBlockTableRecord>(HostAccess::data(drawing.database()).modelSpace);
+        auto* space = HostAccess::objectAs<NcDbBlockTableRecord>(HostAccess::data(drawing.database()).modelSpace);
         for (const NcDbObjectId& id : HostAccess::entities(*space)) {
             if (!HostAccess::isLiving(id) || HostAccess::objectAs<NcDbEntity>(id)->layer() != onLayer)
                 continue;
@@ -97,8 +94,7 @@ TEST_F(ErrorMarkers, FourMarkersHaveTheirShapes)
         ErrorMarker marker;
         QStringList shapes;
     } rows[] = {
-        {ErrorMarker::NameDuplicate,
-         {"circle 100.000 200.000 30.000 5.000", "circle 100.000 200.000 30.000 5.500"}},
+        {ErrorMarker::NameDuplicate, {"circle 100.000 200.000 30.000 5.000", "circle 100.000 200.000 30.000 5.500"}},
         {ErrorMarker::IdDuplicate,
          {"circle 100.000 200.000 30.000 5.000", "circle 100.000 200.000 30.000 5.500",
           "circle 100.000 200.000 30.000 6.000"}},

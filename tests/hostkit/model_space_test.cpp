@@ -9,16 +9,14 @@
 
 namespace {
 
-class ModelSpace : public ::testing::Test
-{
+class ModelSpace : public ::testing::Test {
 protected:
     // A reference to the definition with these attributes.
     NcDbObjectId place(const QString& block, const TextMap& texts)
     {
         const NcDbObjectId definition =
             HostAccess::recordId(drawing.database(), drawing.database().blockTableId(), block);
-        const NcDbObjectId id =
-            appendToModelSpace(std::make_unique<NcDbBlockReference>(NcGePoint3d(), definition));
+        const NcDbObjectId id = appendToModelSpace(std::make_unique<NcDbBlockReference>(NcGePoint3d(), definition));
         const Opened<NcDbBlockReference> reference(id, kForWrite);
         for (auto it = texts.begin(); it != texts.end(); ++it) {
             const Made<NcDbAttribute> attribute(new NcDbAttribute);

@@ -7,15 +7,15 @@
 #include <QVector>
 
 struct Folder {
-    QString path;          // below src/, e.g. "analysis/contour"
+    QString path; // below src/, e.g. "analysis/contour"
     QString target;
     int level = -1;
-    QStringList links;     // targets, as its CMakeLists names them
+    QStringList links; // targets, as its CMakeLists names them
 };
 
 struct SourceFile {
-    QString path;          // below the repository
-    QStringList included;  // as written between quotes or angle brackets
+    QString path;         // below the repository
+    QStringList included; // as written between quotes or angle brackets
     int lines = 0;
 };
 

@@ -37,11 +37,12 @@ QString belowSrc(const QString& path) { return path.mid(int(qstrlen("src/"))); }
 bool isWidgetsHeader(const QString& include)
 {
     static const QSet<QString> widgets = {
-        "QWidget", "QDialog", "QMessageBox", "QFileDialog", "QInputDialog", "QComboBox", "QLabel", "QLineEdit",
-        "QTableWidget", "QTableView", "QPushButton", "QCheckBox", "QRadioButton", "QSpinBox", "QDoubleSpinBox",
-        "QVBoxLayout", "QHBoxLayout", "QGridLayout", "QFormLayout", "QTabWidget", "QTextEdit", "QProgressBar",
-        "QProgressDialog", "QApplication", "QListWidget", "QTreeView", "QTreeWidget", "QMenu", "QAction",
-        "QStyledItemDelegate", "QItemDelegate", "QMainWindow", "QDockWidget", "QGroupBox", "QSlider"};
+        "QWidget",       "QDialog",     "QMessageBox",    "QFileDialog",  "QInputDialog",    "QComboBox",
+        "QLabel",        "QLineEdit",   "QTableWidget",   "QTableView",   "QPushButton",     "QCheckBox",
+        "QRadioButton",  "QSpinBox",    "QDoubleSpinBox", "QVBoxLayout",  "QHBoxLayout",     "QGridLayout",
+        "QFormLayout",   "QTabWidget",  "QTextEdit",      "QProgressBar", "QProgressDialog", "QApplication",
+        "QListWidget",   "QTreeView",   "QTreeWidget",    "QMenu",        "QAction",         "QStyledItemDelegate",
+        "QItemDelegate", "QMainWindow", "QDockWidget",    "QGroupBox",    "QSlider"};
     return widgets.contains(include) || include.startsWith(QLatin1String("QtWidgets"));
 }
 
@@ -144,8 +145,8 @@ TEST(Layout, GeometryAndTheContourEngineAreStandardCppOnly)
 
 TEST(Layout, ModuleCodeIsPortable)
 {
-    static const QSet<QString> system = {"unistd.h", "dlfcn.h", "windows.h", "pthread.h", "sys/stat.h",
-                                         "sys/types.h", "fcntl.h", "pwd.h"};
+    static const QSet<QString> system = {"unistd.h",   "dlfcn.h",     "windows.h", "pthread.h",
+                                         "sys/stat.h", "sys/types.h", "fcntl.h",   "pwd.h"};
     for (const SourceFile& file : sourcesBelow(QStringLiteral("src"))) {
         for (const QString& include : file.included)
             EXPECT_FALSE(system.contains(include)) << file.path.toStdString() << " includes " << include.toStdString();

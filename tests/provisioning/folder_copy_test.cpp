@@ -7,8 +7,7 @@
 
 namespace {
 
-class CopyingAFolder : public ::testing::Test
-{
+class CopyingAFolder : public ::testing::Test {
 protected:
     void SetUp() override
     {

@@ -14,8 +14,7 @@
 namespace {
 
 /// A name for a database that is dropped at the end, made or not.
-class NewName
-{
+class NewName {
 public:
     NewName()
     {
@@ -42,7 +41,7 @@ ConnectionParameters parametersFor(const QString& database)
 QString shownConnInfo(const ConnectionParameters& p)
 {
     return "hostaddr=" + p.host + " port=" + p.port + " dbname=postgres user=" + p.user + " password=" + p.password
-         + " connect_timeout=3";
+        + " connect_timeout=3";
 }
 
 struct TestOutcome {
@@ -64,8 +63,10 @@ TEST(TestingAServer, AFreeNameIsGood)
     const ConnectionParameters parameters = parametersFor("terva_surely_free");
     const TestOutcome outcome = testOf(parameters);
     EXPECT_TRUE(outcome.good);
-    EXPECT_EQ(outcome.log, shownConnInfo(parameters) + "Подключение успешно. \nБаза данных свободна. \n"
-                           "Всё хорошо, можно создавать базу данных. \n");
+    EXPECT_EQ(outcome.log,
+              shownConnInfo(parameters)
+                  + "Подключение успешно. \nБаза данных свободна. \n"
+                    "Всё хорошо, можно создавать базу данных. \n");
 }
 
 TEST(TestingAServer, AnExistingDatabaseStopsItEvenWhenEmpty)
@@ -86,9 +87,11 @@ TEST(TestingAServer, AnOrdinaryRoleIsNotEnough)
     parameters.password = "plain";
     const TestOutcome outcome = testOf(parameters);
     EXPECT_FALSE(outcome.good);
-    EXPECT_EQ(outcome.log, shownConnInfo(parameters) + "Подключение успешно. \n"
-                           "Пользователь не является суперпользователем.\n"
-                           "Для создания базы данных необходимы права суперпользователя.\n");
+    EXPECT_EQ(outcome.log,
+              shownConnInfo(parameters)
+                  + "Подключение успешно. \n"
+                    "Пользователь не является суперпользователем.\n"
+                    "Для создания базы данных необходимы права суперпользователя.\n");
 }
 
 TEST(TestingAServer, AFailedConnectionShowsTheServersMessage)
@@ -104,8 +107,7 @@ TEST(TestingAServer, AFailedConnectionShowsTheServersMessage)
 
 // --- the steps --------------------------------------------------------------------
 
-class MakingAProject : public ::testing::Test
-{
+class MakingAProject : public ::testing::Test {
 protected:
     void SetUp() override
     {
@@ -128,8 +130,8 @@ protected:
     bool run()
     {
         log_.clear();
-        ProjectCreation creation(session_, project_, [this](const QString& text) { log_ += text; },
-                                 [this] { ++opened_; });
+        ProjectCreation creation(
+            session_, project_, [this](const QString& text) { log_ += text; }, [this] { ++opened_; });
         return creation.run();
     }
 
@@ -153,7 +155,9 @@ protected:
 TEST_F(MakingAProject, GoesThroughAllSteps)
 {
     ASSERT_TRUE(run()) << log_;
-    EXPECT_EQ(log_, preparations() + "Создание БД (подождите...)\nОК \nРазвертывание БД (подождите...)\nОК \n"
+    EXPECT_EQ(log_,
+              preparations()
+                  + "Создание БД (подождите...)\nОК \nРазвертывание БД (подождите...)\nОК \n"
                     "Соединение с БД ОК \nОбновление данных проекта\n Запись файла проекта\n "
                     "\n\nПроект успешно создан!");
     EXPECT_EQ(opened_, 1);
@@ -170,7 +174,8 @@ TEST_F(MakingAProject, GoesThroughAllSteps)
     EXPECT_EQ(made.run("select proj4text from spatial_ref_sys where srid = 9999").getvalue(0, 0),
               QString("+proj=longlat"));
     EXPECT_EQ(made.run("select pg_encoding_to_char(encoding) from pg_database where datname = current_database()")
-                  .getvalue(0, 0), QString("UTF8"));
+                  .getvalue(0, 0),
+              QString("UTF8"));
 
     QFile file(project_.projectFile);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
@@ -242,7 +247,8 @@ TEST_F(MakingAProject, ExistingFoldersAreFineAndGetNoSamples)
     ASSERT_TRUE(sample.open(QIODevice::WriteOnly));
     project_.copyTemplates = true;
     EXPECT_TRUE(run());
-    EXPECT_TRUE(log_.contains("Рабочая папка проекта: ОК \nПапка временных файлов: ОК \nПапка шаблонов: ОК \n")) << log_;
+    EXPECT_TRUE(log_.contains("Рабочая папка проекта: ОК \nПапка временных файлов: ОК \nПапка шаблонов: ОК \n"))
+        << log_;
     EXPECT_TRUE(QDir(project_.templateDir).isEmpty());
 }
 
@@ -272,7 +278,8 @@ TEST_F(MakingAProject, FoldersThatCannotBeMadeDoNotStop)
     project_.copyTemplates = true;
     EXPECT_TRUE(run());
     EXPECT_TRUE(log_.contains("Рабочая папка проекта:  Создаём Ошибка !\nПапка временных файлов:  Создаём Ошибка !\n"
-                              "Папка шаблонов:  Создаём Ошибка !\nФайл проекта: ОК \n")) << log_;
+                              "Папка шаблонов:  Создаём Ошибка !\nФайл проекта: ОК \n"))
+        << log_;
 }
 
 TEST_F(MakingAProject, NeedsATestedConnectionAndASchema)
@@ -304,8 +311,9 @@ TEST_F(MakingAProject, AnExistingDatabaseStopsIt)
 {
     NewName::server().run("create database " + database_.name());
     EXPECT_FALSE(run());
-    EXPECT_EQ(log_, preparations() + "Создание БД (подождите...)\nОшибка \nERROR:  database \"" + database_.name()
-                    + "\" already exists\n\n");
+    EXPECT_EQ(log_,
+              preparations() + "Создание БД (подождите...)\nОшибка \nERROR:  database \"" + database_.name()
+                  + "\" already exists\n\n");
 }
 
 TEST_F(MakingAProject, AFailingSchemaLeavesAnEmptyDatabase)
@@ -316,8 +324,10 @@ TEST_F(MakingAProject, AFailingSchemaLeavesAnEmptyDatabase)
     script.close();
     project_.schemaPath = script.fileName();
     EXPECT_FALSE(run());
-    EXPECT_TRUE(log_.startsWith(preparations() + "Создание БД (подождите...)\nОК \n"
-                                "Развертывание БД (подождите...)\nОшибка \nERROR:  ")) << log_;
+    EXPECT_TRUE(log_.startsWith(preparations()
+                                + "Создание БД (подождите...)\nОК \n"
+                                  "Развертывание БД (подождите...)\nОшибка \nERROR:  "))
+        << log_;
     EXPECT_TRUE(database_.exists());
     const sql::Connection made(TestServer::conninfo(database_.name()));
     EXPECT_EQ(made.run("select 1 from pg_tables where tablename = 'first'").ntuples(), 0);
@@ -329,8 +339,9 @@ TEST_F(MakingAProject, ASchemaThatCannotBeReadIsNamed)
 {
     project_.schemaPath = folder_.path(); // a folder exists but cannot be read as a file
     EXPECT_FALSE(run());
-    EXPECT_TRUE(log_.endsWith("Развертывание БД (подождите...)\nОшибка \nНе могу открыть файл '" + folder_.path()
-                              + "'\n")) << log_;
+    EXPECT_TRUE(
+        log_.endsWith("Развертывание БД (подождите...)\nОшибка \nНе могу открыть файл '" + folder_.path() + "'\n"))
+        << log_;
 }
 
 TEST_F(MakingAProject, ASchemaWithoutProjectsStopsAtTheConnection)

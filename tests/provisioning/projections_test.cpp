@@ -46,7 +46,8 @@ TEST(Projections, OtherLinesArePassedOver)
 
 TEST(Projections, MarkAndCarriageReturnsAreDropped)
 {
-    const auto list = readText("\xEF\xBB\xBF" "a;b\r\nc;d\r\n");
+    const auto list = readText("\xEF\xBB\xBF"
+                               "a;b\r\nc;d\r\n");
     ASSERT_EQ(list.size(), 2);
     EXPECT_EQ(list[0].name, QString("a"));
     EXPECT_EQ(list[0].proj4, QString("b"));

@@ -67,8 +67,7 @@ int playScenario(const QStringList& arguments)
     const Variables variables = variablesOf(arguments.mid(1));
     const sql::Connection connection(TestServer::conninfo(variables[QStringLiteral("DATABASE")]));
     const QString port = variables.value(QStringLiteral("RELAY"));
-    Relay relay(quint16(port.toUInt()), TestServer::host(),
-                quint16(TestServer::port().toUInt()));
+    Relay relay(quint16(port.toUInt()), TestServer::host(), quint16(TestServer::port().toUInt()));
     ScriptRunner runner;
     runner.setSink([](const QString& text) { write(stdout, text); });
     runner.enableWatchdog([](const QString& text) { write(stderr, text + QLatin1Char('\n')); });

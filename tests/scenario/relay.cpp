@@ -12,11 +12,8 @@ void join(QTcpSocket* from, QTcpSocket* to)
 } // namespace
 
 RelayListener::RelayListener(quint16 port, const QString& host, quint16 serverPort)
-    : port_(port)
-    , host_(host)
-    , serverPort_(serverPort)
-{
-}
+    : port_(port), host_(host), serverPort_(serverPort)
+{ }
 
 bool RelayListener::start()
 {
@@ -66,10 +63,7 @@ bool Relay::start()
     return good;
 }
 
-void Relay::stop()
-{
-    QMetaObject::invokeMethod(listener_, "stop", Qt::BlockingQueuedConnection);
-}
+void Relay::stop() { QMetaObject::invokeMethod(listener_, "stop", Qt::BlockingQueuedConnection); }
 
 quint16 freePort()
 {

@@ -12,8 +12,7 @@
 #include <memory>
 
 /// The listening end; lives in the relay's thread.
-class RelayListener : public QObject
-{
+class RelayListener : public QObject {
     Q_OBJECT
 public:
     RelayListener(quint16 port, const QString& host, quint16 serverPort);
@@ -30,8 +29,7 @@ private:
     std::unique_ptr<QTcpServer> server_;
 };
 
-class Relay
-{
+class Relay {
 public:
     Relay(quint16 port, const QString& host, quint16 serverPort);
     ~Relay();

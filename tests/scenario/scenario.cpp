@@ -7,10 +7,7 @@
 
 namespace {
 
-QString root()
-{
-    return QStringLiteral(TERVA_SOURCE_DIR "/tests/scenario");
-}
+QString root() { return QStringLiteral(TERVA_SOURCE_DIR "/tests/scenario"); }
 
 bool isTemplate(const QString& path)
 {
@@ -74,15 +71,13 @@ QStringList scenarioNames()
     return names;
 }
 
-QString scenarioFolder(const QString& name)
-{
-    return root() + QLatin1Char('/') + name;
-}
+QString scenarioFolder(const QString& name) { return root() + QLatin1Char('/') + name; }
 
 ScenarioSettings readSettings(const QString& name)
 {
     ScenarioSettings settings;
-    for (const QString& line : readText(scenarioFolder(name) + QStringLiteral("/settings"), {}).split(QLatin1Char('\n')))
+    for (const QString& line :
+         readText(scenarioFolder(name) + QStringLiteral("/settings"), {}).split(QLatin1Char('\n')))
         if (!line.trimmed().isEmpty())
             takeSetting(settings, line.trimmed());
     return settings;
@@ -109,12 +104,12 @@ QString readText(const QString& path, const Variables& variables)
 
 QString readStatements(const QString& path, const Variables& variables)
 {
-    static const QRegularExpression include(QStringLiteral("^-- include (\\S+)$"),
-                                            QRegularExpression::MultilineOption);
+    static const QRegularExpression include(QStringLiteral("^-- include (\\S+)$"), QRegularExpression::MultilineOption);
     QString text = readText(path, variables);
     for (auto found = include.match(text); found.hasMatch(); found = include.match(text))
-        text.replace(found.capturedStart(), found.capturedLength(),
-                     readText(scenarioFolder(QStringLiteral("common")) + QLatin1Char('/') + found.captured(1), variables));
+        text.replace(
+            found.capturedStart(), found.capturedLength(),
+            readText(scenarioFolder(QStringLiteral("common")) + QLatin1Char('/') + found.captured(1), variables));
     return text;
 }
 

@@ -14,8 +14,7 @@ QStringList scenarioNames();
 QString scenarioFolder(const QString& name);
 
 /// What the file `settings` says.
-struct ScenarioSettings
-{
+struct ScenarioSettings {
     enum class Database { WithProject, Empty, None };
     Database database = Database::WithProject;
     int exitCode = 0;
@@ -23,7 +22,7 @@ struct ScenarioSettings
     QStringList unchanged;
     QStringList missing;
     QStringList lacking; ///< a path and a text each
-    QStringList modes; ///< octal rights and a path each
+    QStringList modes;   ///< octal rights and a path each
     /// Lines that say nothing known.
     QStringList unknown;
 };

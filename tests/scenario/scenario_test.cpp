@@ -31,18 +31,15 @@ std::unique_ptr<TestDatabase> makeDatabase(ScenarioSettings::Database kind)
         database->exec(readText(scenarioFolder(QStringLiteral("common")) + QStringLiteral("/base.sql"), {}));
         return database;
     }
-    case ScenarioSettings::Database::Empty:
-        return std::make_unique<TestDatabase>(TestDatabase::Content::Empty);
-    case ScenarioSettings::Database::None:
-        break;
+    case ScenarioSettings::Database::Empty: return std::make_unique<TestDatabase>(TestDatabase::Content::Empty);
+    case ScenarioSettings::Database::None: break;
     }
     return nullptr;
 }
 
 } // namespace
 
-class Scenario : public ::testing::TestWithParam<QString>
-{
+class Scenario : public ::testing::TestWithParam<QString> {
 protected:
     void SetUp() override
     {
@@ -113,7 +110,8 @@ protected:
 
     void start(QProcess& process) const
     {
-        const QString program = QCoreApplication::applicationDirPath() + (wantsPlayer(GetParam()) ? "/test_scenario" : "/terva");
+        const QString program =
+            QCoreApplication::applicationDirPath() + (wantsPlayer(GetParam()) ? "/test_scenario" : "/terva");
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
         environment.insert(QStringLiteral("HOME"), folder_.path());
@@ -218,7 +216,8 @@ TEST(Scenarios, EachLooksAtSomething)
     for (const QString& name : scenarioNames()) {
         const QString script = readText(scenarioFolder(name) + QStringLiteral("/scenario.script"), {});
         bool looks = QFile::exists(scenarioFolder(name) + QStringLiteral("/rows.txt"));
-        for (const char* check : {"\nexpect ", "\ncheck ", "\ncontains ", "\ntext ", "\ncount ", "\ndatabase ", "\nrows ", "\ncheck-cell ", "\nfile-contains "})
+        for (const char* check : {"\nexpect ", "\ncheck ", "\ncontains ", "\ntext ", "\ncount ", "\ndatabase ",
+                                  "\nrows ", "\ncheck-cell ", "\nfile-contains "})
             looks = looks || script.contains(QLatin1String(check));
         EXPECT_TRUE(looks) << name.toStdString();
     }

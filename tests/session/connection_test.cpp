@@ -174,7 +174,8 @@ TEST_F(SessionConnection, ReplacedHandlesAreFinished)
     for (int i = 0; i < 5; ++i)
         ASSERT_TRUE(session_.connect());
     EXPECT_EQ(database_.value("select count(*) from pg_stat_activity where datname = current_database() "
-                              "and pid <> pg_backend_pid() and backend_type = 'client backend'"), QString("1"));
+                              "and pid <> pg_backend_pid() and backend_type = 'client backend'"),
+              QString("1"));
 }
 
 TEST_F(SessionConnection, TheDestructorFinishesTheConnection)

@@ -12,8 +12,7 @@
 
 namespace {
 
-class LoadingAProject : public SessionTest
-{
+class LoadingAProject : public SessionTest {
 protected:
     void SetUp() override
     {
@@ -61,7 +60,8 @@ protected:
 
     QString troubleText() const
     {
-        return "trouble:При открытии проекта '" + path_ + "' возникли ошибки\n Проверьте командную строку для информации.";
+        return "trouble:При открытии проекта '" + path_
+            + "' возникли ошибки\n Проверьте командную строку для информации.";
     }
     static QString troubleMessage() { return "\nЧто-то пошло не так! Проект не открыт.\n"; }
     static QString foldersGood()
@@ -87,8 +87,11 @@ TEST_F(LoadingAProject, GoesItsWholeRoad)
     saved_.igsEnumerator = {"Ф.", 5, 6};
     saved_.dmEnumerator = {"ДФ.", 5, 6};
     load();
-    EXPECT_EQ(console_.take(), foldersGood() + "Соединение с БД: Успешно \n"
-              "\nУстановлена текущая позичия проекта ID: 1 'Позиция 1'\n" + loaded());
+    EXPECT_EQ(console_.take(),
+              foldersGood()
+                  + "Соединение с БД: Успешно \n"
+                    "\nУстановлена текущая позичия проекта ID: 1 'Позиция 1'\n"
+                  + loaded());
     EXPECT_EQ(dialogs_.asked, QStringList());
     EXPECT_EQ(session_.projectFile, path_);
     EXPECT_EQ(session_.workDir, saved_.workDir);
@@ -169,14 +172,19 @@ TEST_F(LoadingAProject, MissingFoldersAreAskedForAndTheFileRewritten)
     load();
     EXPECT_EQ(console_.take(),
               "\nПроверка путей проекта\n"
-              "Рабочая папка проекта:   Отсутствует\nВыбран новый путь: " + folder_.filePath("work") + "\n  Ок\n"
-              "Временная папка проекта :   Отсутствует. Пытаюсь создать...\n  Создана успешно\n  Ок\n"
-              "Шаблоны проекта :   Отсутствует\nВыбран новый путь: " + folder_.filePath("templates") + "\n  Ок\n"
-              "Соединение с БД: Успешно \n"
-              "\nУстановлена текущая позичия проекта ID: 1 'Позиция 1'\n" + loaded()
-              + "Файл проекта обновлен с новыми параметрами.\n");
-    EXPECT_EQ(dialogs_.asked, (QStringList{"folder:Выберите рабочую папку проекта:" + folder_.filePath("нет"),
-                                           "folder:Выберите папку шаблонов проекта:"}));
+              "Рабочая папка проекта:   Отсутствует\nВыбран новый путь: "
+                  + folder_.filePath("work")
+                  + "\n  Ок\n"
+                    "Временная папка проекта :   Отсутствует. Пытаюсь создать...\n  Создана успешно\n  Ок\n"
+                    "Шаблоны проекта :   Отсутствует\nВыбран новый путь: "
+                  + folder_.filePath("templates")
+                  + "\n  Ок\n"
+                    "Соединение с БД: Успешно \n"
+                    "\nУстановлена текущая позичия проекта ID: 1 'Позиция 1'\n"
+                  + loaded() + "Файл проекта обновлен с новыми параметрами.\n");
+    EXPECT_EQ(dialogs_.asked,
+              (QStringList{"folder:Выберите рабочую папку проекта:" + folder_.filePath("нет"),
+                           "folder:Выберите папку шаблонов проекта:"}));
     QFile file(path_);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const auto written = readProjectFile(file, session_);
@@ -194,7 +202,8 @@ TEST_F(LoadingAProject, FoldersNotChosenStopItAfterTheConnection)
               "\nПроверка путей проекта\nРабочая папка проекта:   Отсутствует\n"
               "Временная папка проекта :   Ок\nШаблоны проекта :   Отсутствует\n"
               "Загрузка проекта невозможна. Проверьте пути и права доступа."
-              "Соединение с БД: " + troubleMessage());
+              "Соединение с БД: "
+                  + troubleMessage());
     EXPECT_EQ(dialogs_.asked.last(), troubleText());
     expectUntouched();
     EXPECT_TRUE(session_.connection.isOk()) << "the handle stays as the connection left it";
@@ -206,8 +215,8 @@ TEST_F(LoadingAProject, AChosenFolderThatIsNoneIsNotChecked)
     dialogs_.answers << folder_.filePath("не папка");
     load();
     EXPECT_TRUE(console_.text().startsWith("\nПроверка путей проекта\nРабочая папка проекта:   Отсутствует\n"
-                                           "Выбран новый путь: " + folder_.filePath("не папка")
-                                           + "\nВременная папка проекта : "));
+                                           "Выбран новый путь: "
+                                           + folder_.filePath("не папка") + "\nВременная папка проекта : "));
 }
 
 TEST_F(LoadingAProject, FoldersWithoutRightsStopIt)
@@ -222,7 +231,8 @@ TEST_F(LoadingAProject, FoldersWithoutRightsStopIt)
               "\nПроверка путей проекта\nРабочая папка проекта:   Нет прав записи\n"
               "Временная папка проекта :   Нет прав записи\nШаблоны проекта :   Нет прав записи\n"
               "Загрузка проекта невозможна. Проверьте пути и права доступа."
-              "Соединение с БД: " + troubleMessage());
+              "Соединение с БД: "
+                  + troubleMessage());
     EXPECT_EQ(dialogs_.asked, QStringList{troubleText()});
     expectUntouched();
 }
@@ -232,7 +242,8 @@ TEST_F(LoadingAProject, AnEmptyTemporaryFolderCannotBeMade)
     saved_.tempDir = QString();
     load();
     EXPECT_TRUE(console_.text().contains("Временная папка проекта :   Отсутствует. Пытаюсь создать...\n"
-                                         "  Ошибка создания\nШаблоны проекта : ")) << console_.text();
+                                         "  Ошибка создания\nШаблоны проекта : "))
+        << console_.text();
     expectUntouched();
 }
 
@@ -273,11 +284,14 @@ TEST_F(LoadingAProject, AnsweringTheReconnectionTriesAgainAndRewritesTheFile)
     dialogs_.connections << named << good;
     saved_.sqlPass = "wrong";
     load();
-    EXPECT_EQ(console_.take(), foldersGood() + "Соединение с БД: Ошибка соединения \nПовторная попытка соединения...\n"
-              "Ошибка соединения \nПовторная попытка соединения...\nУспешно \n"
-              "\nУстановлена текущая позичия проекта ID: 1 'Позиция 1'\n" + loaded()
-              + "Файл проекта обновлен с новыми параметрами.\n");
-    EXPECT_EQ(dialogs_.asked, (QStringList{"connection:" + saved_.buildConnInfo(), "connection:" + mainConnInfo(named)}));
+    EXPECT_EQ(console_.take(),
+              foldersGood()
+                  + "Соединение с БД: Ошибка соединения \nПовторная попытка соединения...\n"
+                    "Ошибка соединения \nПовторная попытка соединения...\nУспешно \n"
+                    "\nУстановлена текущая позичия проекта ID: 1 'Позиция 1'\n"
+                  + loaded() + "Файл проекта обновлен с новыми параметрами.\n");
+    EXPECT_EQ(dialogs_.asked,
+              (QStringList{"connection:" + saved_.buildConnInfo(), "connection:" + mainConnInfo(named)}));
     EXPECT_EQ(session_.buildConnInfo(), mainConnInfo(good));
     QFile file(path_);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));

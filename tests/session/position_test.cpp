@@ -11,8 +11,7 @@
 
 namespace {
 
-class ChoosingAPosition : public SessionTest
-{
+class ChoosingAPosition : public SessionTest {
 protected:
     void SetUp() override
     {
@@ -55,10 +54,11 @@ protected:
         QFile file(path);
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
         stored_ = file.readAll();
-        ASSERT_TRUE(database_.connection().run(
-            "insert into positions_files (file_id, position_id, content) "
-            "values ($3::integer, $1::integer, $2::bytea)",
-            {sql::text(positionId), sql::binary(stored_), sql::text(fileId)}).isCommand());
+        ASSERT_TRUE(database_.connection()
+                        .run("insert into positions_files (file_id, position_id, content) "
+                             "values ($3::integer, $1::integer, $2::bytea)",
+                             {sql::text(positionId), sql::binary(stored_), sql::text(fileId)})
+                        .isCommand());
     }
 
     QByteArray stored_;

@@ -185,7 +185,8 @@ TEST(ProjectFileReading, UnreadableNumbersTakeTheSessionsFallback)
                            "<TemperatureColormapID Value='t'/><DeformationColormapID Value='99999999999'/>"
                            "<FileID Value='17'/>"
                            "<DmEnumerator Prefix='' Counter='много' Trailing='3'/>"
-                           "<TsEnumerator Prefix='Т-' Counter=' 5 '/></Current></r>", defaults);
+                           "<TsEnumerator Prefix='Т-' Counter=' 5 '/></Current></r>",
+                           defaults);
     ASSERT_TRUE(file);
     EXPECT_EQ(file->sqlType, 0);
     EXPECT_EQ(file->positionId, 50);
@@ -269,8 +270,8 @@ TEST(SavingAProject, UnderANewNameAsksStartingFromTheOld)
     EXPECT_FALSE(QFileInfo::exists(session.projectFile)) << "cancelled: nothing is written";
     dialogs.answers << folder.filePath("new.terva");
     session.saveProjectAs();
-    EXPECT_EQ(dialogs.asked, (QStringList{"save:" + folder.filePath("old.terva"),
-                                          "save:" + folder.filePath("old.terva")}));
+    EXPECT_EQ(dialogs.asked,
+              (QStringList{"save:" + folder.filePath("old.terva"), "save:" + folder.filePath("old.terva")}));
     EXPECT_EQ(session.projectFile, folder.filePath("new.terva"));
     EXPECT_EQ(bytesOf(session.projectFile), projectFileText(session));
 }

@@ -5,8 +5,7 @@
 
 namespace {
 
-class ProjectRow : public SessionTest
-{
+class ProjectRow : public SessionTest {
 protected:
     void SetUp() override
     {
@@ -26,8 +25,8 @@ TEST_F(ProjectRow, IsInsertedUnderTheTimeInAnEmptyDatabase)
     session_.saveProjectRow();
     EXPECT_GE(session_.projectId, before);
     EXPECT_LE(session_.projectId, secondsNow());
-    EXPECT_EQ(database_.rows(allRows), (QVector<QStringList>{
-        {QString::number(session_.projectId), "Имя", "Владелец", "Место", "Шифр %1"}}));
+    EXPECT_EQ(database_.rows(allRows),
+              (QVector<QStringList>{{QString::number(session_.projectId), "Имя", "Владелец", "Место", "Шифр %1"}}));
 }
 
 TEST_F(ProjectRow, IsUpdatedWhereThereIsOne)

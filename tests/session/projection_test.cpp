@@ -6,8 +6,7 @@ namespace {
 const char* const projection = "+proj=tmerc +lat_0=0 +lon_0=78.05 +k=1 +x_0=4500000 +y_0=-5811057.63 +ellps=krass "
                                "+towgs84=23.57,-140.95,-79.8,0,0.35,0.79,-0.22 +units=m +no_defs +type=crs";
 
-class Projecting : public SessionTest
-{
+class Projecting : public SessionTest {
 protected:
     void SetUp() override
     {
@@ -62,7 +61,7 @@ TEST_F(Projecting, GeometryRunsSeventeenStatementsInOrder)
     QStringList expected;
     for (const char* table : {"dm", "ts", "rp", "tss", "ggs", "tsg", "igs"})
         expected << QString("UPDATE ") + table
-                        + "_elements set geom = ST_Transform(ST_SetSRID(ST_MakePoint(x, y), 9999), 4326); ";
+                + "_elements set geom = ST_Transform(ST_SetSRID(ST_MakePoint(x, y), 9999), 4326); ";
     for (const char* table : {"dm", "rp", "ts", "igs", "ggs", "tss", "tsg"})
         expected << QString("UPDATE ") + table + "_elements SET geom = ST_SetSRID(ST_MakePoint(x, y), 9999);";
     expected << "update contours set geom=ST_GeomFromText(build_contour_geometry(contour_id),9999); "
@@ -80,13 +79,13 @@ TEST_F(Projecting, GeometryEndsInThePlansOwnCoordinates)
 {
     makeHierarchy();
     session_.saveProjection();
-    database_.exec("insert into dm_elements (type_id, element_name, position_id, x, y) "
-                   "values ('dm', 'ДМ.1', 1, 4500000, 1500000);"
-                   "insert into contours (contour_id, position_id, contour_name) values (1, 1, 'К'), (2, 1, 'Один');"
-                   "insert into contours_points (contour_id, x, y, param) values (1, 5, 6, 2), (1, 1, 2, 1), (2, 1, 1, 1)");
+    database_.exec(
+        "insert into dm_elements (type_id, element_name, position_id, x, y) "
+        "values ('dm', 'ДМ.1', 1, 4500000, 1500000);"
+        "insert into contours (contour_id, position_id, contour_name) values (1, 1, 'К'), (2, 1, 'Один');"
+        "insert into contours_points (contour_id, x, y, param) values (1, 5, 6, 2), (1, 1, 2, 1), (2, 1, 1, 1)");
     EXPECT_TRUE(session_.updateGeometry());
-    EXPECT_EQ(database_.value("select ST_AsEWKT(geom) from dm_elements"),
-              QString("SRID=9999;POINT(4500000 1500000)"));
+    EXPECT_EQ(database_.value("select ST_AsEWKT(geom) from dm_elements"), QString("SRID=9999;POINT(4500000 1500000)"));
     EXPECT_EQ(database_.value("select ST_AsEWKT(geom) from contours where contour_id = 1"),
               QString("SRID=9999;LINESTRING(1 2,5 6)"));
     EXPECT_EQ(database_.rows("select 1 from contours where contour_id = 2 and geom is null").size(), 1);

@@ -3,8 +3,7 @@
 
 namespace {
 
-class ReferenceLists : public SessionTest
-{
+class ReferenceLists : public SessionTest {
 protected:
     void SetUp() override
     {

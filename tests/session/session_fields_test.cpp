@@ -99,9 +99,6 @@ TEST(SessionFields, ModuleFolderEndsWithTheSystemsSeparator)
     EXPECT_EQ(ProjectSession().templateDir, folder + "templates");
 }
 
-TEST(SessionFields, ThereIsOneSession)
-{
-    EXPECT_EQ(&session(), &session());
-}
+TEST(SessionFields, ThereIsOneSession) { EXPECT_EQ(&session(), &session()); }
 
 } // namespace

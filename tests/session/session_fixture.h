@@ -27,17 +27,13 @@ inline void endConnections(TestDatabase& database)
 }
 
 /// A role that may log in but read nothing of ours; dropped at the end.
-class PlainRole
-{
+class PlainRole {
 public:
     explicit PlainRole(TestDatabase& database) : database_(database), name_(database.name() + "_role")
     {
         database_.exec("create role " + name_ + " login password 'plain'");
     }
-    ~PlainRole()
-    {
-        database_.exec("drop owned by " + name_ + "; drop role " + name_);
-    }
+    ~PlainRole() { database_.exec("drop owned by " + name_ + "; drop role " + name_); }
     QString name() const { return name_; }
 
 private:
@@ -46,8 +42,7 @@ private:
 };
 
 /// Dialogs that answer from a list and remember what they were asked.
-class ScriptedDialogs final : public ProjectDialogs
-{
+class ScriptedDialogs final : public ProjectDialogs {
 public:
     ScriptedDialogs() { setProjectDialogs(this); }
     ~ScriptedDialogs() override { setProjectDialogs(nullptr); }
@@ -80,8 +75,7 @@ private:
     }
 };
 
-class SessionTest : public ::testing::Test
-{
+class SessionTest : public ::testing::Test {
 protected:
     void SetUp() override { pointAt(session_, database_.name()); }
 

@@ -6,10 +6,9 @@
 
 #include <QString>
 
-class ConsoleCapture final : public PromptBackend
-{
+class ConsoleCapture final : public PromptBackend {
 public:
-    ConsoleCapture() : before_(setPromptBackend(this)) {}
+    ConsoleCapture() : before_(setPromptBackend(this)) { }
     ~ConsoleCapture() override { setPromptBackend(before_); }
     ConsoleCapture(const ConsoleCapture&) = delete;
     ConsoleCapture& operator=(const ConsoleCapture&) = delete;

@@ -12,11 +12,9 @@
 #include <QVector>
 #include <memory>
 
-class ElementDrawing
-{
+class ElementDrawing {
 public:
-    ElementDrawing()
-        : previous_(ncdbHostApplicationServices()->workingDatabase())
+    ElementDrawing() : previous_(ncdbHostApplicationServices()->workingDatabase())
     {
         ncdbHostApplicationServices()->setWorkingDatabase(&database_);
     }

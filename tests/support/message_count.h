@@ -4,8 +4,7 @@
 #include <QStringList>
 #include <QtGlobal>
 
-class MessageCount
-{
+class MessageCount {
 public:
     MessageCount()
     {

@@ -7,8 +7,7 @@
 #include "session/project_session.h"
 #include "support/test_database.h"
 
-class PositionSession
-{
+class PositionSession {
 public:
     static constexpr int position = 7;
     static constexpr int otherPosition = 8;

@@ -27,9 +27,6 @@ inline void PrintTo(const QStringList& texts, std::ostream* stream)
     *stream << "[\"" << texts.join("\", \"").toStdString() << "\"]";
 }
 
-inline std::ostream& operator<<(std::ostream& stream, const QString& text)
-{
-    return stream << text.toStdString();
-}
+inline std::ostream& operator<<(std::ostream& stream, const QString& text) { return stream << text.toStdString(); }
 
 QT_END_NAMESPACE

@@ -7,10 +7,9 @@
 #include <QVector>
 #include <functional>
 
-class ScriptedPrompts : public PromptBackend
-{
+class ScriptedPrompts : public PromptBackend {
 public:
-    ScriptedPrompts() : previous_(setPromptBackend(this)) {}
+    ScriptedPrompts() : previous_(setPromptBackend(this)) { }
     ~ScriptedPrompts() override { setPromptBackend(previous_); }
 
     // --- answers, in the order in which they are asked for -----------------------

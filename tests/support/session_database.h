@@ -8,8 +8,7 @@
 
 #include <gtest/gtest.h>
 
-class SessionDatabase : public ::testing::Test
-{
+class SessionDatabase : public ::testing::Test {
 protected:
     void SetUp() override
     {

@@ -45,14 +45,10 @@ bool receive(int socket, QByteArray& bytes)
     return part > 0;
 }
 
-quint32 number(const QByteArray& bytes, int at)
-{
-    return qFromBigEndian<quint32>(bytes.constData() + at);
-}
+quint32 number(const QByteArray& bytes, int at) { return qFromBigEndian<quint32>(bytes.constData() + at); }
 
 // One client and its server, message by message.
-class Conversation
-{
+class Conversation {
 public:
     Conversation(int client, int server) : client_(client), server_(server)
     {
@@ -158,8 +154,7 @@ private:
 
 } // namespace
 
-StatementRelay::StatementRelay()
-    : listener_(socket(AF_INET, SOCK_STREAM, 0))
+StatementRelay::StatementRelay() : listener_(socket(AF_INET, SOCK_STREAM, 0))
 {
     sockaddr_in here = address(host(), 0);
     socklen_t size = sizeof here;
@@ -177,15 +172,9 @@ StatementRelay::~StatementRelay()
     close(listener_);
 }
 
-QString StatementRelay::host()
-{
-    return QStringLiteral("127.0.0.1");
-}
+QString StatementRelay::host() { return QStringLiteral("127.0.0.1"); }
 
-QString StatementRelay::port() const
-{
-    return QString::number(port_);
-}
+QString StatementRelay::port() const { return QString::number(port_); }
 
 void StatementRelay::cutAfter(int statements)
 {
@@ -215,10 +204,7 @@ QStringList StatementRelay::texts() const
     return texts_;
 }
 
-bool StatementRelay::hasRefused() const
-{
-    return refused_ > 0 && texts().size() >= refused_;
-}
+bool StatementRelay::hasRefused() const { return refused_ > 0 && texts().size() >= refused_; }
 
 // No statement begins with the sign that replaces the first letter.
 void StatementRelay::passOn(QByteArray& statement)
@@ -238,8 +224,8 @@ void StatementRelay::serve()
         return !last;
     };
     while (!stop_) {
-        pollfd sockets[3] = {{listener_, POLLIN, 0}, {talk ? talk->client() : -1, POLLIN, 0},
-                             {talk ? talk->server() : -1, POLLIN, 0}};
+        pollfd sockets[3] = {
+            {listener_, POLLIN, 0}, {talk ? talk->client() : -1, POLLIN, 0}, {talk ? talk->server() : -1, POLLIN, 0}};
         if (poll(sockets, 3, kPollTime) <= 0)
             continue;
         bool goesOn = true;

@@ -9,8 +9,7 @@
 #include <mutex>
 #include <thread>
 
-class StatementRelay
-{
+class StatementRelay {
 public:
     /// Listens on a free port of this machine and passes on to the test server.
     StatementRelay();

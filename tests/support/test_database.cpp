@@ -14,10 +14,7 @@ namespace {
 const int templateLock = 7462;
 const qint64 leftoverSeconds = 3600;
 
-QString variable(const char* name)
-{
-    return QString::fromLocal8Bit(qgetenv(name));
-}
+QString variable(const char* name) { return QString::fromLocal8Bit(qgetenv(name)); }
 
 bool succeed(const sql::Result& result, const QString& what)
 {
@@ -77,10 +74,11 @@ bool makeTemplate(const sql::Connection& server, const QString& name, const QStr
 // A copy does not take the settings of its template with it.
 void copySettings(const sql::Connection& server, const QString& from, const QString& to)
 {
-    const sql::Result settings = server.run(fill(
-        "select split_part(setting, '=', 1), substr(setting, strpos(setting, '=') + 1)"
-        "  from pg_db_role_setting join pg_database on pg_database.oid = setdatabase, unnest(setconfig) as setting"
-        " where datname = '%1' and setrole = 0", from));
+    const sql::Result settings = server.run(
+        fill("select split_part(setting, '=', 1), substr(setting, strpos(setting, '=') + 1)"
+             "  from pg_db_role_setting join pg_database on pg_database.oid = setdatabase, unnest(setconfig) as setting"
+             " where datname = '%1' and setrole = 0",
+             from));
     for (int row = 0; row < settings.ntuples(); ++row)
         run(server, fill("alter database %1 set %2 to '%3'", to, settings.getvalue(row, 0), settings.getvalue(row, 1)));
 }
@@ -114,25 +112,13 @@ void dropLeftovers(const sql::Connection& server)
 
 } // namespace
 
-QString TestServer::host()
-{
-    return variable("TERVA_PG_HOST");
-}
+QString TestServer::host() { return variable("TERVA_PG_HOST"); }
 
-QString TestServer::port()
-{
-    return variable("TERVA_PG_PORT");
-}
+QString TestServer::port() { return variable("TERVA_PG_PORT"); }
 
-QString TestServer::user()
-{
-    return variable("TERVA_PG_USER");
-}
+QString TestServer::user() { return variable("TERVA_PG_USER"); }
 
-QString TestServer::password()
-{
-    return variable("TERVA_PG_PASSWORD");
-}
+QString TestServer::password() { return variable("TERVA_PG_PASSWORD"); }
 
 bool TestServer::isKnown()
 {
@@ -176,25 +162,13 @@ TestDatabase::~TestDatabase()
     drop(sql::Connection(TestServer::conninfo("postgres")), name_);
 }
 
-QString TestDatabase::name() const
-{
-    return name_;
-}
+QString TestDatabase::name() const { return name_; }
 
-QString TestDatabase::conninfo() const
-{
-    return TestServer::conninfo(name_);
-}
+QString TestDatabase::conninfo() const { return TestServer::conninfo(name_); }
 
-sql::Connection& TestDatabase::connection()
-{
-    return connection_;
-}
+sql::Connection& TestDatabase::connection() { return connection_; }
 
-bool TestDatabase::exec(const QString& script)
-{
-    return succeed(connection_.runScript(script), script);
-}
+bool TestDatabase::exec(const QString& script) { return succeed(connection_.runScript(script), script); }
 
 QString TestDatabase::value(const QString& query)
 {

@@ -12,8 +12,7 @@
 #include <QStringList>
 #include <QVector>
 
-class TestServer
-{
+class TestServer {
 public:
     static QString host();
     static QString port();
@@ -27,8 +26,7 @@ public:
     static QString conninfo(const QString& database);
 };
 
-class TestDatabase
-{
+class TestDatabase {
 public:
     enum class Content {
         Schema, ///< a copy of a template that holds share/database.sql

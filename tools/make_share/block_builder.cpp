@@ -7,13 +7,13 @@ const double kPi = 3.14159265358979323846;
 struct WithForm {
     const char* word;
     DynamicBinding::Kind kind;
-    const char* fields;  // p parameter, s second parameter, v vertex, b base, d direction, * values
+    const char* fields; // p parameter, s second parameter, v vertex, b base, d direction, * values
 };
 
 const WithForm kForms[] = {
-    {"move", DynamicBinding::Move, "ps"},       {"stretch", DynamicBinding::Stretch, "vps"},
-    {"length", DynamicBinding::Length, "vpd"},  {"rotate", DynamicBinding::Rotate, "pb"},
-    {"mirror", DynamicBinding::Mirror, "pbd"},  {"visible", DynamicBinding::Visible, "p*"},
+    {"move", DynamicBinding::Move, "ps"},      {"stretch", DynamicBinding::Stretch, "vps"},
+    {"length", DynamicBinding::Length, "vpd"}, {"rotate", DynamicBinding::Rotate, "pb"},
+    {"mirror", DynamicBinding::Mirror, "pbd"}, {"visible", DynamicBinding::Visible, "p*"},
 };
 
 struct TypeWord {
@@ -32,10 +32,7 @@ const Holding kHoldings[] = {{"left", NcDbText::kTextLeft, NcDbText::kTextBase},
                              {"center", NcDbText::kTextCenter, NcDbText::kTextVertMid},
                              {"right", NcDbText::kTextRight, NcDbText::kTextBase}};
 
-NcGePoint3d lifted(const NcGePoint2d& p)
-{
-    return {p.x, p.y, 0.0};
-}
+NcGePoint3d lifted(const NcGePoint2d& p) { return {p.x, p.y, 0.0}; }
 
 bool hold(NcDbText& text, const QString& word)
 {
@@ -49,12 +46,9 @@ bool hold(NcDbText& text, const QString& word)
     return false;
 }
 
-}  // namespace
+} // namespace
 
-BlockBuilder::BlockBuilder(NcDbDatabase& database, NcDbBlockTableRecord& block)
-    : database_(database), block_(block)
-{
-}
+BlockBuilder::BlockBuilder(NcDbDatabase& database, NcDbBlockTableRecord& block) : database_(database), block_(block) { }
 
 bool BlockBuilder::build(const SymbolSource& symbol, QString& message)
 {

@@ -26,6 +26,6 @@ private:
     NcDbDatabase& database_;
     NcDbBlockTableRecord& block_;
     DynamicDefinition definition_;
-    std::vector<DynamicBinding> open_;  // the innermost last
+    std::vector<DynamicBinding> open_; // the innermost last
     NcGePoint2d origin_;
 };

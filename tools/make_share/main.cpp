@@ -50,7 +50,7 @@ bool writeTemplate(const QString& folder)
     return isOk(drawing.saveAs(folder + QLatin1String("/Default.dwt")));
 }
 
-}  // namespace
+} // namespace
 
 int main(int argc, char** argv)
 {

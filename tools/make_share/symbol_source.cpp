@@ -11,7 +11,7 @@ struct Macro {
 
 class SourceReader {
 public:
-    explicit SourceReader(std::vector<SymbolSource>& symbols) : symbols_(symbols) {}
+    explicit SourceReader(std::vector<SymbolSource>& symbols) : symbols_(symbols) { }
 
     bool read(const QString& text, QString& message)
     {
@@ -89,7 +89,7 @@ private:
     Macro* macro_ = nullptr;
 };
 
-}  // namespace
+} // namespace
 
 QStringList sourceWords(const QString& line)
 {

@@ -16,18 +16,11 @@ PointList onTheGround(PointList points)
     return points;
 }
 
-double gap(double from, double to, double at)
-{
-    return std::max({from - at, at - to, 0.0});
-}
+double gap(double from, double to, double at) { return std::max({from - at, at - to, 0.0}); }
 
 } // namespace
 
-BorderRings::BorderRings(const IsoContourSet& set)
-    : set_(set)
-    , border_(onTheGround(set.boundary), true)
-{
-}
+BorderRings::BorderRings(const IsoContourSet& set) : set_(set), border_(onTheGround(set.boundary), true) { }
 
 std::vector<PointList> BorderRings::build()
 {
@@ -58,12 +51,10 @@ void BorderRings::collectNodes()
             continue;
         anyLine_ = true;
         for (const Point3& end : {line.front(), line.back()})
-            nodes_.push_back({end, border_.closest(end).parameter, static_cast<std::int32_t>(i),
-                              -1});
+            nodes_.push_back({end, border_.closest(end).parameter, static_cast<std::int32_t>(i), -1});
     }
-    std::stable_sort(nodes_.begin(), nodes_.end(), [](const BorderNode& a, const BorderNode& b) {
-        return a.parameter < b.parameter;
-    });
+    std::stable_sort(nodes_.begin(), nodes_.end(),
+                     [](const BorderNode& a, const BorderNode& b) { return a.parameter < b.parameter; });
 }
 
 void BorderRings::valueCorners()
@@ -77,8 +68,8 @@ void BorderRings::valueCorners()
 // From the line's end before it, wrapping round the start.
 void BorderRings::valueCornersFromLines()
 {
-    const auto lastEnd = std::find_if(nodes_.rbegin(), nodes_.rend(),
-                                      [](const BorderNode& node) { return node.lineIndex >= 0; });
+    const auto lastEnd =
+        std::find_if(nodes_.rbegin(), nodes_.rend(), [](const BorderNode& node) { return node.lineIndex >= 0; });
     double z = lastEnd->point.z;
     for (BorderNode& node : nodes_) {
         if (node.lineIndex >= 0)
@@ -100,9 +91,8 @@ void BorderRings::valueCornersFromPoints()
             const double dz = gap(box.zMin, box.zMax, corner.z);
             return std::sqrt(dx * dx + dy * dy + dz * dz);
         };
-        const int nearest = tree.smallest(lowerBound, [&](int i) {
-            return geometry::distance(onBorder_[static_cast<std::size_t>(i)], corner);
-        });
+        const int nearest = tree.smallest(
+            lowerBound, [&](int i) { return geometry::distance(onBorder_[static_cast<std::size_t>(i)], corner); });
         node.point.z = nearest < 0 ? 0.0 : onBorder_[static_cast<std::size_t>(nearest)].z;
     }
 }
@@ -175,8 +165,7 @@ double BorderRings::valueInside(const PointList& ring, double level)
     if (!allPoints_)
         allPoints_ = std::make_unique<InnerPoints>(set_.surfacePoints);
     const int inner = allPoints_->firstInside(ring);
-    return inner < 0 ? level
-                     : valueBeside(level, set_.surfacePoints[static_cast<std::size_t>(inner)].z);
+    return inner < 0 ? level : valueBeside(level, set_.surfacePoints[static_cast<std::size_t>(inner)].z);
 }
 
 // At the last level a ring above it keeps that level as its value, and below the
@@ -190,8 +179,7 @@ double BorderRings::valueBeside(double level, double inner) const
     if (band < 0) {
         if (levels.empty() || level != levels.back() || inner > level)
             return level;
-        band = static_cast<int>(std::lower_bound(levels.begin(), levels.end(), level)
-                                - levels.begin());
+        band = static_cast<int>(std::lower_bound(levels.begin(), levels.end(), level) - levels.begin());
     }
     if (band == 0)
         return std::min(inner, std::nextafter(levels.front(), -INFINITY));

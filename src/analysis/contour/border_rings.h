@@ -19,8 +19,7 @@ struct BorderNode {
 // Cuts the map along the lines that end on its border. From each node the walk
 // goes on along the border to the next one, and through a line to its mate;
 // every node is left once, so every line bounds two rings.
-class BorderRings
-{
+class BorderRings {
 public:
     explicit BorderRings(const IsoContourSet& set);
 

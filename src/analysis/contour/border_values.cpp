@@ -29,11 +29,9 @@ PointList onTheGround(PointList points)
 // Nearest measured point for samples that follow each other closely. As long as
 // a sample lies nearer to the last searched place than half the lead that the
 // nearest point has over the second there, no other point can be nearest.
-class NearestAlong
-{
+class NearestAlong {
 public:
-    explicit NearestAlong(const PointList& points)
-        : tree_(points)
+    explicit NearestAlong(const PointList& points) : tree_(points)
     {
         for (const Point3& p : points)
             largest_ = std::max({largest_, std::fabs(p.x), std::fabs(p.y)});
@@ -47,8 +45,8 @@ public:
         const double rounding = 1e-14 * (largest_ + std::fabs(sample.x) + std::fabs(sample.y));
         searched_ = sample;
         found_ = nearest.index;
-        sure_ = std::min(0.5 * (nearest.nextDistance - nearest.distance),
-                         kSearchLimit - nearest.distance) * 0.999 - rounding;
+        sure_ = std::min(0.5 * (nearest.nextDistance - nearest.distance), kSearchLimit - nearest.distance) * 0.999
+            - rounding;
         return found_;
     }
 
@@ -72,8 +70,7 @@ bool valueOnSide(const Point3& a, const Point3& b, Point3* meeting)
 {
     const double dx = b.x - a.x;
     const double dy = b.y - a.y;
-    const double t = std::fabs(dx) >= std::fabs(dy) ? (meeting->x - a.x) / dx
-                                                    : (meeting->y - a.y) / dy;
+    const double t = std::fabs(dx) >= std::fabs(dy) ? (meeting->x - a.x) / dx : (meeting->y - a.y) / dy;
     if (!(t > 0.0 && t < 1.0))
         return false;
     meeting->z = a.z + (b.z - a.z) * t;
@@ -88,9 +85,7 @@ void SurfaceModel::densifyBoundaryValues()
         return;
     const Polyline line(onTheGround(boundary), true);
     NearestAlong nearest(points);
-    const auto pointAt = [this](int i) -> const Point3& {
-        return points[static_cast<std::size_t>(i)];
-    };
+    const auto pointAt = [this](int i) -> const Point3& { return points[static_cast<std::size_t>(i)]; };
     const auto valued = [&](const Point3& place, int found) {
         return Point3{place.x, place.y, found < 0 ? 0.0 : pointAt(found).z};
     };
@@ -172,16 +167,14 @@ std::vector<Crossing> crossings(const PointList& boundary, const PointList& vert
                 const Point3& p = border.line().segmentStart(i);
                 const Point3& q = border.line().segmentEnd(i);
                 Point3 meeting;
-                if (planDistance(p, q) > GEOM_TOL
-                    && geometry::intersectSegments(p, q, a, b, &meeting)
+                if (planDistance(p, q) > GEOM_TOL && geometry::intersectSegments(p, q, a, b, &meeting)
                     && valueOnSide(a, b, &meeting))
                     found.push_back({i, meeting});
             });
         }
     }
-    std::stable_sort(found.begin(), found.end(), [](const Crossing& a, const Crossing& b) {
-        return a.segment < b.segment;
-    });
+    std::stable_sort(found.begin(), found.end(),
+                     [](const Crossing& a, const Crossing& b) { return a.segment < b.segment; });
     return found;
 }
 

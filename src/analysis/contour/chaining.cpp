@@ -10,10 +10,7 @@ using geometry::GEOM_TOL;
 
 namespace {
 
-bool isNear(const Point3& a, const Point3& b)
-{
-    return geometry::distance(a, b) < GEOM_TOL;
-}
+bool isNear(const Point3& a, const Point3& b) { return geometry::distance(a, b) < GEOM_TOL; }
 
 // A line growing at both ends.
 struct GrowingLine {
@@ -50,14 +47,13 @@ struct GrowingLine {
     }
 };
 
-class Chainer
-{
+class Chainer {
 public:
     explicit Chainer(const std::vector<ContourSegment>& segments)
-        : segments_(segments)
-        , taken_(segments.size(), 0)
-        , last_(static_cast<std::int32_t>(segments.size()) - 1)
-        , grid_(2 * segments.size())
+        : segments_(segments),
+          taken_(segments.size(), 0),
+          last_(static_cast<std::int32_t>(segments.size()) - 1),
+          grid_(2 * segments.size())
     {
         // Two ends a segment, numbered so that a later segment stands before an
         // earlier one in its chain.
@@ -142,9 +138,6 @@ private:
 
 } // namespace
 
-std::vector<Isoline> chainSegments(const std::vector<ContourSegment>& segments)
-{
-    return Chainer(segments).run();
-}
+std::vector<Isoline> chainSegments(const std::vector<ContourSegment>& segments) { return Chainer(segments).run(); }
 
 } // namespace contour

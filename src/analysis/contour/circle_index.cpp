@@ -62,10 +62,9 @@ std::size_t CircleIndex::bandOf(double y) const
     const std::size_t first = firstOf_[row];
     const std::size_t last = row + 2 < firstOf_.size() ? firstOf_[row + 1] : limits_.size();
     if (last - first > 8)
-        return static_cast<std::size_t>(
-            std::upper_bound(limits_.begin() + static_cast<std::ptrdiff_t>(first),
-                             limits_.begin() + static_cast<std::ptrdiff_t>(last), y)
-            - limits_.begin());
+        return static_cast<std::size_t>(std::upper_bound(limits_.begin() + static_cast<std::ptrdiff_t>(first),
+                                                         limits_.begin() + static_cast<std::ptrdiff_t>(last), y)
+                                        - limits_.begin());
     std::size_t band = first;
     for (std::size_t i = first; i < last; ++i)
         band += limits_[i] <= y ? 1 : 0;

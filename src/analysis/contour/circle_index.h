@@ -15,8 +15,7 @@ namespace contour {
 // positions up to a horizon only: circles of flat triangles are huge, but near
 // the sweep they are as narrow as the triangle. When the sweep passes the
 // horizon the owner clears the index and adds anew what is left.
-class CircleIndex
-{
+class CircleIndex {
 public:
     // The y of all points that will ever be asked for.
     explicit CircleIndex(std::vector<double> ys);

@@ -22,9 +22,8 @@ std::vector<ClosedLine> closedByArea(const std::vector<Isoline>& lines)
         if (isClosedLine(line))
             closed.push_back({&line, geometry::polygonArea(line)});
     }
-    std::stable_sort(closed.begin(), closed.end(), [](const ClosedLine& a, const ClosedLine& b) {
-        return a.area < b.area;
-    });
+    std::stable_sort(closed.begin(), closed.end(),
+                     [](const ClosedLine& a, const ClosedLine& b) { return a.area < b.area; });
     return closed;
 }
 

@@ -5,16 +5,11 @@ namespace contour {
 namespace {
 
 // Steps in their order; each says false once the build is cancelled.
-class Build
-{
+class Build {
 public:
     Build(const BuildInput& input, const BuildParameters& parameters, const BuildProgress& progress)
-        : input_(input)
-        , parameters_(parameters)
-        , progress_(progress)
-        , useHull_(!input.bounds)
-    {
-    }
+        : input_(input), parameters_(parameters), progress_(progress), useHull_(!input.bounds)
+    { }
 
     BuildStatus run(BuildResult* result)
     {
@@ -61,8 +56,7 @@ private:
     {
         if (!at(BuildStep::Grid, 0.0))
             return false;
-        const PointList grid = surface_.idwGridPoints(parameters_.power, parameters_.neighbours,
-                                                      tick(BuildStep::Grid));
+        const PointList grid = surface_.idwGridPoints(parameters_.power, parameters_.neighbours, tick(BuildStep::Grid));
         if (!at(BuildStep::Grid, 1.0))
             return false;
         PointList all = surface_.rawPoints;
@@ -96,8 +90,8 @@ private:
         result->contours = IsoContourSet(surface_.isolines(result->levels), surface_.boundary);
         result->contours.setLevels(result->levels);
         result->boundary = surface_.boundary;
-        result->statistics = {static_cast<int>(surface_.points.size()), surface_.triangleCount,
-                              surface_.longestEdge(), surface_.box()};
+        result->statistics = {static_cast<int>(surface_.points.size()), surface_.triangleCount, surface_.longestEdge(),
+                              surface_.box()};
         return at(BuildStep::Isolines, 1.0);
     }
 
@@ -140,8 +134,7 @@ private:
 
 } // namespace
 
-BuildResult buildContours(const BuildInput& input, const BuildParameters& parameters,
-                          const BuildProgress& progress)
+BuildResult buildContours(const BuildInput& input, const BuildParameters& parameters, const BuildProgress& progress)
 {
     BuildResult result;
     if (!input.points)

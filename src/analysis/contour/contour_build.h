@@ -18,8 +18,8 @@ enum class Method {
 // What the dialog's controls say; the values here are their defaults.
 struct BuildParameters {
     Method method = Method::Triangulation;
-    double power = 2.0;   // InverseDistance
-    int neighbours = 15;  // InverseDistance; outside 1 .. n-1 all points count
+    double power = 2.0;  // InverseDistance
+    int neighbours = 15; // InverseDistance; outside 1 .. n-1 all points count
     bool calculateBoundary = false;
     bool filterLines = false;
     double filterDistance = 0.1;
@@ -67,10 +67,10 @@ struct BuildStatistics {
 
 struct BuildResult {
     BuildStatus status = BuildStatus::Done;
-    BuildStatistics statistics;  // after the triangles outside were dropped
-    std::vector<double> levels;  // as moved off the points
-    PointList boundary;          // as given or calculated
-    IsoContourSet contours;      // lines, rings
+    BuildStatistics statistics; // after the triangles outside were dropped
+    std::vector<double> levels; // as moved off the points
+    PointList boundary;         // as given or calculated
+    IsoContourSet contours;     // lines, rings
 };
 
 BuildResult buildContours(const BuildInput& input, const BuildParameters& parameters,

@@ -15,8 +15,7 @@ struct Edge {
 // Drops edges that occur twice, in either direction, both copies: of several
 // equal ones the first and the second, then the third and the fourth. Keeps its
 // memory from one list to the next.
-class EdgePairs
-{
+class EdgePairs {
 public:
     void drop(std::vector<Edge>* edges);
 

@@ -58,12 +58,9 @@ std::vector<Edge> outerRim(const std::vector<Triangle>& triangles)
 }
 
 // Edges by their end vertices; the last one left at a vertex is known at once.
-class RimEdges
-{
+class RimEdges {
 public:
-    explicit RimEdges(const std::vector<Edge>& rim)
-        : rim_(rim)
-        , taken_(rim.size(), 0)
+    explicit RimEdges(const std::vector<Edge>& rim) : rim_(rim), taken_(rim.size(), 0)
     {
         for (std::size_t i = 0; i < rim.size(); ++i) {
             ends_.push_back({rim[i].from, static_cast<std::int32_t>(i)});
@@ -85,10 +82,10 @@ public:
     // The highest edge at the vertex, or -1.
     std::int32_t lastAt(std::int32_t vertex)
     {
-        const auto group = static_cast<std::size_t>(
-            std::lower_bound(ends_.begin(), ends_.end(), vertex,
-                             [](const End& end, std::int32_t v) { return end.vertex < v; })
-            - ends_.begin());
+        const auto group =
+            static_cast<std::size_t>(std::lower_bound(ends_.begin(), ends_.end(), vertex,
+                                                      [](const End& end, std::int32_t v) { return end.vertex < v; })
+                                     - ends_.begin());
         std::size_t& left = remaining_[group];
         while (left > 0 && taken_[static_cast<std::size_t>(ends_[group + left - 1].edge)])
             --left;

@@ -15,17 +15,14 @@ namespace {
 constexpr double kMostGridPoints = 16777216.0;
 
 // Value at a place from the points around it, by inverse distance.
-class InverseDistance
-{
+class InverseDistance {
 public:
     InverseDistance(const PointList& points, double power, int neighbours)
-        : points_(points)
-        , tree_(points)
-        , power_(power)
-        , count_(neighbours >= 1 ? std::min(static_cast<std::size_t>(neighbours), points.size())
-                                 : points.size())
-    {
-    }
+        : points_(points),
+          tree_(points),
+          power_(power),
+          count_(neighbours >= 1 ? std::min(static_cast<std::size_t>(neighbours), points.size()) : points.size())
+    { }
 
     double valueAt(double x, double y)
     {
@@ -74,8 +71,7 @@ PointList SurfaceModel::idwGridPoints(double power, int neighbours, const Tick& 
     if (!gridBox(&box))
         return {};
     const double smaller = std::min(box.width(), box.height());
-    const double step = std::min(smaller / 50.0,
-                                 0.2 * smaller / std::sqrt(static_cast<double>(points.size())));
+    const double step = std::min(smaller / 50.0, 0.2 * smaller / std::sqrt(static_cast<double>(points.size())));
     if (!((box.width() / step + 1.0) * (box.height() / step + 1.0) <= kMostGridPoints))
         return {};
 

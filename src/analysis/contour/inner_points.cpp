@@ -36,18 +36,11 @@ struct PlanBox {
     }
 };
 
-double gap(double fromA, double toA, double fromB, double toB)
-{
-    return std::max({fromA - toB, fromB - toA, 0.0});
-}
+double gap(double fromA, double toA, double fromB, double toB) { return std::max({fromA - toB, fromB - toA, 0.0}); }
 
 } // namespace
 
-InnerPoints::InnerPoints(const PointList& points)
-    : points_(points)
-    , tree_(points)
-{
-}
+InnerPoints::InnerPoints(const PointList& points) : points_(points), tree_(points) { }
 
 int InnerPoints::firstInside(const PointList& ring) const
 {

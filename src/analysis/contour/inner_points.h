@@ -7,8 +7,7 @@ namespace contour {
 
 // Finds among many points, in their order, the one that speaks for a ring.
 // Points removed are found no more; the numbers of the others stay.
-class InnerPoints
-{
+class InnerPoints {
 public:
     explicit InnerPoints(const PointList& points);
 

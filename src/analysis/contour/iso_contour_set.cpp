@@ -9,8 +9,7 @@ namespace contour {
 using geometry::GEOM_TOL;
 
 IsoContourSet::IsoContourSet(const std::vector<Isoline>& isolines, const PointList& border)
-    : lines(isolines)
-    , boundary(border)
+    : lines(isolines), boundary(border)
 {
     linePairs.reserve(lines.size());
     for (const Isoline& line : lines)
@@ -20,8 +19,7 @@ IsoContourSet::IsoContourSet(const std::vector<Isoline>& isolines, const PointLi
 void IsoContourSet::setLevels(const std::vector<double>& list)
 {
     levels.clear();
-    std::copy_if(list.begin(), list.end(), std::back_inserter(levels),
-                 [](double level) { return !std::isnan(level); });
+    std::copy_if(list.begin(), list.end(), std::back_inserter(levels), [](double level) { return !std::isnan(level); });
     std::sort(levels.begin(), levels.end());
     levelsSet = true;
 }
@@ -47,8 +45,7 @@ std::vector<std::vector<std::size_t>> bandGroups(const IsoContourSet& set)
     for (std::size_t i = 0; i < set.rings.size(); ++i) {
         const int band = set.rings[i].empty() ? -1 : set.bandOf(set.rings[i].front().z);
         if (band >= 0)
-            bands[static_cast<std::size_t>(band)].push_back(
-                {i, geometry::polygonArea(set.rings[i])});
+            bands[static_cast<std::size_t>(band)].push_back({i, geometry::polygonArea(set.rings[i])});
     }
     std::vector<std::vector<std::size_t>> groups(bands.size());
     for (std::size_t band = 0; band < bands.size(); ++band) {

@@ -17,13 +17,12 @@ struct LinePair {
 // The rings of one band as a solid hatch takes them: largest first, the first
 // one its outer loop. Vertices equal to their predecessor are left out.
 struct HatchBand {
-    int band = 0;        // index into the levels
-    double level = 0.0;  // levels[band]
+    int band = 0;       // index into the levels
+    double level = 0.0; // levels[band]
     std::vector<PointList> rings;
 };
 
-class IsoContourSet
-{
+class IsoContourSet {
 public:
     std::vector<LinePair> linePairs;
     std::vector<Isoline> lines;

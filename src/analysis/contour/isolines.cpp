@@ -14,8 +14,7 @@ namespace {
 constexpr int kMostMoves = 1000;
 
 // Points' values in order, to see whether a level meets one of them.
-class SortedValues
-{
+class SortedValues {
 public:
     explicit SortedValues(const PointList& points)
     {
@@ -52,16 +51,14 @@ double movedOff(double level, const SortedValues& values)
 
 bool cutEdge(const Point3& a, const Point3& b, double level, Point3* cut)
 {
-    if (std::fabs(b.z - a.z) < GEOM_TOL || !(std::min(a.z, b.z) <= level)
-        || !(level <= std::max(a.z, b.z)))
+    if (std::fabs(b.z - a.z) < GEOM_TOL || !(std::min(a.z, b.z) <= level) || !(level <= std::max(a.z, b.z)))
         return false;
     const double t = (level - a.z) / (b.z - a.z);
     *cut = {a.x + (b.x - a.x) * t, a.y + (b.y - a.y) * t, level};
     return true;
 }
 
-bool cutTriangle(const Point3& a, const Point3& b, const Point3& c, double level,
-                 ContourSegment* segment)
+bool cutTriangle(const Point3& a, const Point3& b, const Point3& c, double level, ContourSegment* segment)
 {
     Point3 onAB;
     Point3 onBC;
@@ -117,10 +114,9 @@ std::vector<ContourSegment> cut(const std::vector<Triangle>& triangles, const Po
         }
     }
     std::vector<ContourSegment> all;
-    all.reserve(std::accumulate(byLevel.begin(), byLevel.end(), std::size_t(0),
-                                [](std::size_t sum, const std::vector<ContourSegment>& list) {
-                                    return sum + list.size();
-                                }));
+    all.reserve(
+        std::accumulate(byLevel.begin(), byLevel.end(), std::size_t(0),
+                        [](std::size_t sum, const std::vector<ContourSegment>& list) { return sum + list.size(); }));
     for (std::vector<ContourSegment>& list : byLevel) {
         all.insert(all.end(), list.begin(), list.end());
         std::vector<ContourSegment>().swap(list);

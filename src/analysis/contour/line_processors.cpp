@@ -85,9 +85,6 @@ void IsoContourSet::smoothLines(double tension, int samples)
     smoothed = true;
 }
 
-void IsoContourSet::useSmoothedLines()
-{
-    lines = smoothedLines;
-}
+void IsoContourSet::useSmoothedLines() { lines = smoothedLines; }
 
 } // namespace contour

@@ -8,9 +8,6 @@ namespace contour {
 // step to stop. An empty function is never asked.
 using Tick = std::function<bool(double done)>;
 
-inline bool goesOn(const Tick& tick, double done)
-{
-    return !tick || tick(done);
-}
+inline bool goesOn(const Tick& tick, double done) { return !tick || tick(done); }
 
 } // namespace contour

@@ -14,9 +14,9 @@ namespace {
 
 void dropNonNumbers(PointList* points)
 {
-    points->erase(std::remove_if(points->begin(), points->end(),
-                                 [](const Point3& p) { return !geometry::isFinite(p); }),
-                  points->end());
+    points->erase(
+        std::remove_if(points->begin(), points->end(), [](const Point3& p) { return !geometry::isFinite(p); }),
+        points->end());
 }
 
 // A point goes when an earlier one that stays lies nearer than the tolerance.
@@ -64,8 +64,7 @@ void SurfaceModel::prepare()
     vertices.clear();
     vertices.reserve(points.size() + 3);
     vertices = points;
-    std::stable_sort(vertices.begin(), vertices.end(),
-                     [](const Point3& a, const Point3& b) { return a.x < b.x; });
+    std::stable_sort(vertices.begin(), vertices.end(), [](const Point3& a, const Point3& b) { return a.x < b.x; });
     vertexCount = static_cast<std::int32_t>(vertices.size());
     vertices.resize(vertices.size() + 3);
     triangles.clear();
@@ -103,15 +102,12 @@ double SurfaceModel::longestEdge() const
         const Point3& a = vertices[static_cast<std::size_t>(t.a)];
         const Point3& b = vertices[static_cast<std::size_t>(t.b)];
         const Point3& c = vertices[static_cast<std::size_t>(t.c)];
-        longest = std::max({longest, geometry::planDistance(a, b), geometry::planDistance(b, c),
-                            geometry::planDistance(c, a)});
+        longest = std::max(
+            {longest, geometry::planDistance(a, b), geometry::planDistance(b, c), geometry::planDistance(c, a)});
     }
     return longest;
 }
 
-geometry::Box3 SurfaceModel::box() const
-{
-    return geometry::boxOf(points);
-}
+geometry::Box3 SurfaceModel::box() const { return geometry::boxOf(points); }
 
 } // namespace contour

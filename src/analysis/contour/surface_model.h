@@ -23,10 +23,7 @@ struct Triangle {
     std::int32_t c = 0;
 };
 
-inline bool operator==(const Triangle& p, const Triangle& q)
-{
-    return p.a == q.a && p.b == q.b && p.c == q.c;
-}
+inline bool operator==(const Triangle& p, const Triangle& q) { return p.a == q.a && p.b == q.b && p.c == q.c; }
 
 // Points of one level in a row. Closed when first and last point lie nearer
 // than GEOM_TOL.
@@ -34,8 +31,7 @@ using Isoline = PointList;
 
 bool isClosedLine(const Isoline& line);
 
-class SurfaceModel
-{
+class SurfaceModel {
 public:
     PointList points;                // working set, doubles removed by prepare
     PointList rawPoints;             // as last given, doubles kept

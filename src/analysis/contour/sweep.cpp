@@ -15,15 +15,9 @@ constexpr std::int32_t kTickEvery = 4096;
 // its circle. Here an index answers that, and the array's order is kept by
 // replaying the removals alone: what the array does depends only on which of its
 // places are to go.
-class Sweep
-{
+class Sweep {
 public:
-    Sweep(PointList& vertices, std::int32_t count)
-        : vertices_(vertices)
-        , count_(count)
-        , index_(verticalPlaces())
-    {
-    }
+    Sweep(PointList& vertices, std::int32_t count) : vertices_(vertices), count_(count), index_(verticalPlaces()) { }
 
     bool run(const Tick& tick);
     void collect(std::vector<Triangle>* triangles) const;
@@ -49,10 +43,7 @@ private:
     void removeFrom(std::int32_t place);
     void addTriangle(const Triangle& corners, std::int32_t vertex);
 
-    const Point3& at(std::int32_t vertex) const
-    {
-        return vertices_[static_cast<std::size_t>(vertex)];
-    }
+    const Point3& at(std::int32_t vertex) const { return vertices_[static_cast<std::size_t>(vertex)]; }
     Record& record(std::int32_t id) { return records_[static_cast<std::size_t>(id)]; }
 
     PointList& vertices_;
@@ -61,9 +52,9 @@ private:
     std::vector<Record> records_;
     std::vector<std::int32_t> freeRecords_;
     std::vector<std::int32_t> goneRecords_; // free once the index has forgotten them
-    std::vector<std::int32_t> order_; // records as the array holds them
-    std::vector<std::int32_t> young_; // made by the last vertex, not in the index yet
-    std::vector<std::int32_t> open_;  // in the index: a vertex can still meet them
+    std::vector<std::int32_t> order_;       // records as the array holds them
+    std::vector<std::int32_t> young_;       // made by the last vertex, not in the index yet
+    std::vector<std::int32_t> open_;        // in the index: a vertex can still meet them
     std::vector<std::int32_t> places_;
     std::vector<Edge> edges_;
     EdgePairs edgePairs_;
@@ -132,8 +123,7 @@ bool Sweep::run(const Tick& tick)
 // filled anew with what is open, which is of that order too as a rule.
 void Sweep::startStretch(std::int32_t vertex)
 {
-    const auto length = static_cast<std::int32_t>(
-        std::max(32.0, std::sqrt(static_cast<double>(count_))));
+    const auto length = static_cast<std::int32_t>(std::max(32.0, std::sqrt(static_cast<double>(count_))));
     stretchEnd_ = std::min(count_, vertex + length);
     index_.begin(at(stretchEnd_ - 1).x);
     freeRecords_.insert(freeRecords_.end(), goneRecords_.begin(), goneRecords_.end());
@@ -259,9 +249,7 @@ void Sweep::collect(std::vector<Triangle>* triangles) const
     triangles->reserve(order_.size());
     for (std::int32_t id : order_)
         triangles->push_back(records_[static_cast<std::size_t>(id)].corners);
-    const auto usesOuter = [this](const Triangle& t) {
-        return t.a >= count_ || t.b >= count_ || t.c >= count_;
-    };
+    const auto usesOuter = [this](const Triangle& t) { return t.a >= count_ || t.b >= count_ || t.c >= count_; };
     for (std::size_t i = 0; i < triangles->size();) {
         if (!usesOuter((*triangles)[i])) {
             ++i;
@@ -274,8 +262,8 @@ void Sweep::collect(std::vector<Triangle>* triangles) const
 
 } // namespace
 
-bool sweepTriangulation(PointList* vertices, std::int32_t vertexCount,
-                        std::vector<Triangle>* triangles, const Tick& tick)
+bool sweepTriangulation(PointList* vertices, std::int32_t vertexCount, std::vector<Triangle>* triangles,
+                        const Tick& tick)
 {
     triangles->clear();
     Sweep sweep(*vertices, vertexCount);

@@ -13,7 +13,7 @@ namespace contour {
 // replaced by the last one and new ones go to the end. False, with no triangles,
 // when all points lie at one place, when rounding makes triangles multiply
 // beyond reason, or when stopped.
-bool sweepTriangulation(PointList* vertices, std::int32_t vertexCount,
-                        std::vector<Triangle>* triangles, const Tick& tick);
+bool sweepTriangulation(PointList* vertices, std::int32_t vertexCount, std::vector<Triangle>* triangles,
+                        const Tick& tick);
 
 } // namespace contour

@@ -29,10 +29,7 @@ QString title(LegendKind kind)
                                            : QStringLiteral("Величина вертикальных перемещений, мм");
 }
 
-QString boundText(double bound)
-{
-    return (bound > 0.0 ? QStringLiteral("+") : QString()) + fixed(bound, 1);
-}
+QString boundText(double bound) { return (bound > 0.0 ? QStringLiteral("+") : QString()) + fixed(bound, 1); }
 
 void setCell(NcDbTable& table, int row, int column, const QString& text)
 {

@@ -27,9 +27,8 @@ NcCmColor gradientColor(double m)
 
 QString rangeText(const LevelRange& range, int decimals, const QString& separator, int base)
 {
-    return QStringList{fixed(range.min, decimals), fixed(range.max, decimals),
-                       QString::number(range.color.red(), base), QString::number(range.color.green(), base),
-                       QString::number(range.color.blue(), base)}
+    return QStringList{fixed(range.min, decimals), fixed(range.max, decimals), QString::number(range.color.red(), base),
+                       QString::number(range.color.green(), base), QString::number(range.color.blue(), base)}
         .join(separator);
 }
 
@@ -96,8 +95,8 @@ void LevelMap::recomputeLimits()
 
 bool LevelMap::load()
 {
-    const sql::Result result = session().run(
-        fill(QStringLiteral("select levelmap_name, data from levelmaps where levelmap_id=%1"), id));
+    const sql::Result result =
+        session().run(fill(QStringLiteral("select levelmap_name, data from levelmaps where levelmap_id=%1"), id));
     if (!result.isTuples() || result.ntuples() == 0)
         return false;
     name = result.getvalue(0, 0);
@@ -129,16 +128,16 @@ QString LevelMap::dataText() const
 
 bool LevelMap::exists() const
 {
-    const sql::Result result = session().run(
-        fill(QStringLiteral("select levelmap_id from levelmaps where levelmap_id=%1"), id));
+    const sql::Result result =
+        session().run(fill(QStringLiteral("select levelmap_id from levelmaps where levelmap_id=%1"), id));
     return result.isTuples() && result.ntuples() > 0;
 }
 
 bool LevelMap::update() const
 {
     return session()
-        .run(fill(QStringLiteral("update levelmaps set (levelmap_name,data) = ('%1', '%2') where levelmap_id=%3"),
-                  name, dataText(), id))
+        .run(fill(QStringLiteral("update levelmaps set (levelmap_name,data) = ('%1', '%2') where levelmap_id=%3"), name,
+                  dataText(), id))
         .isCommand();
 }
 
@@ -155,9 +154,7 @@ bool LevelMap::insert()
 
 bool LevelMap::remove() const
 {
-    return session()
-        .run(fill(QStringLiteral("delete from levelmaps  where levelmap_id = %1"), id))
-        .isCommand();
+    return session().run(fill(QStringLiteral("delete from levelmaps  where levelmap_id = %1"), id)).isCommand();
 }
 
 bool LevelMap::saveFile(const QString& path, int base) const
@@ -201,8 +198,8 @@ std::vector<double> LevelMap::levels() const
 
 const LevelRange* LevelMap::rangeOf(double value) const
 {
-    const auto found = std::find_if(ranges.begin(), ranges.end(),
-                                    [value](const LevelRange& range) { return range.holds(value); });
+    const auto found =
+        std::find_if(ranges.begin(), ranges.end(), [value](const LevelRange& range) { return range.holds(value); });
     return found == ranges.end() ? nullptr : &*found;
 }
 
@@ -219,8 +216,7 @@ QString builtInLevelMapName(int id)
 std::vector<std::pair<int, QString>> storedLevelMaps()
 {
     std::vector<std::pair<int, QString>> maps;
-    const sql::Result result =
-        session().run(QStringLiteral("select levelmap_id, levelmap_name from levelmaps"));
+    const sql::Result result = session().run(QStringLiteral("select levelmap_id, levelmap_name from levelmaps"));
     for (int row = 0; row < result.ntuples(); ++row)
         maps.emplace_back(result.toInt(row, 0), result.getvalue(row, 1));
     return maps;

@@ -10,7 +10,7 @@
 struct LevelRange {
     double min = 0.0;
     double max = 0.0;
-    NcCmColor color;   // RGB
+    NcCmColor color; // RGB
 
     // A value at the upper bound belongs to the next range.
     bool holds(double value) const { return min <= value && value < max; }

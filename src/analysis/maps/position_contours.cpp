@@ -6,9 +6,10 @@
 std::vector<std::pair<int, QString>> positionContours(int positionId)
 {
     std::vector<std::pair<int, QString>> contours;
-    const sql::Result result = session().run(fill(
-        QStringLiteral("select contour_id,position_id,contour_name from contours where position_id=%1 order by contour_id"),
-        positionId));
+    const sql::Result result = session().run(
+        fill(QStringLiteral(
+                 "select contour_id,position_id,contour_name from contours where position_id=%1 order by contour_id"),
+             positionId));
     for (int row = 0; row < result.ntuples(); ++row)
         contours.emplace_back(result.toInt(row, 0), result.getvalue(row, 2));
     return contours;

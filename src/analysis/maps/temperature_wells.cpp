@@ -66,10 +66,7 @@ QString stateCondition(const QStringList& states)
     return fill(QStringLiteral(" and (%1) "), conditions.join(QStringLiteral(" or ")));
 }
 
-QString valueLabel(double value)
-{
-    return (value > 0.0 ? QStringLiteral("+") : QString()) + fixed(value, 2);
-}
+QString valueLabel(double value) { return (value > 0.0 ? QStringLiteral("+") : QString()) + fixed(value, 2); }
 
 bool TemperatureWells::load(const WellSelection& selection)
 {

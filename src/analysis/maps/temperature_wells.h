@@ -21,21 +21,21 @@ struct WellRow {
 
 // Which wells are taken.
 struct WellSelection {
-    bool byPosition = true;        // all wells of the position, else those inside the border
+    bool byPosition = true; // all wells of the position, else those inside the border
     int positionId = -1;
     int cycleId = -1;
-    geometry::PointList border;    // corners in plan, for the whole database
-    QStringList states;            // state_id; none takes every state
+    geometry::PointList border; // corners in plan, for the whole database
+    QStringList states;         // state_id; none takes every state
 };
 
 // How a log becomes one number.
 struct Sampling {
     enum Mode { Depth, Elevation, Average };
     Mode mode = Depth;
-    double key = 0.0;              // depth or elevation, metres
-    double from = 0.0, to = 0.0;   // depths of the mean, metres
-    bool toEnd = false;            // the mean goes down to the bottom
-    bool bottom = false;           // overrides all: the last reading of the well
+    double key = 0.0;            // depth or elevation, metres
+    double from = 0.0, to = 0.0; // depths of the mean, metres
+    bool toEnd = false;          // the mean goes down to the bottom
+    bool bottom = false;         // overrides all: the last reading of the well
 };
 
 class TemperatureWells {

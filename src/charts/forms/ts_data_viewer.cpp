@@ -24,10 +24,7 @@ QStandardItem* numberItem(double number)
 } // namespace
 
 TSDataViewer::TSDataViewer(QWidget* parent)
-    : QDialog(parent)
-    , model_(new QStandardItemModel(this))
-    , table_(new QTableView)
-    , picture_(new QLabel)
+    : QDialog(parent), model_(new QStandardItemModel(this)), table_(new QTableView), picture_(new QLabel)
 {
     setObjectName(QStringLiteral("TSDataViewer"));
     model_->setHorizontalHeaderLabels({QStringLiteral("Глубина, м"), QStringLiteral("Температура, °C")});

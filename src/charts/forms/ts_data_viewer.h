@@ -11,8 +11,7 @@ class QStandardItemModel;
 class QTableView;
 class TSMeasure;
 
-class TSDataViewer : public QDialog
-{
+class TSDataViewer : public QDialog {
     Q_OBJECT
 
 public:

@@ -36,10 +36,7 @@ QString textOf(const QString& path)
     return QString::fromUtf8(file.readAll());
 }
 
-bool same(const QString& a, const QString& b)
-{
-    return a.compare(b, Qt::CaseInsensitive) == 0;
-}
+bool same(const QString& a, const QString& b) { return a.compare(b, Qt::CaseInsensitive) == 0; }
 
 bool take(const QVector<HatchPattern>& patterns, const QString& name, bool orFirst, HatchPattern& pattern)
 {

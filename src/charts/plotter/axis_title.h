@@ -5,8 +5,7 @@
 
 #include <QRectF>
 
-class AxisTitle
-{
+class AxisTitle {
 public:
     AxisTitle() = default;
     /// In one line; or else in two, broken at a blank; or else in smaller

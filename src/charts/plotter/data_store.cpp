@@ -6,10 +6,7 @@ int DataStore::addColumn(const QVector<double>& values, const QString& name)
     return columns_.size() - 1;
 }
 
-void DataStore::clear()
-{
-    columns_.clear();
-}
+void DataStore::clear() { columns_.clear(); }
 
 const QVector<double>& DataStore::values(int column) const
 {

@@ -4,8 +4,7 @@
 #include <QString>
 #include <QVector>
 
-class DataStore
-{
+class DataStore {
 public:
     /// Copies the numbers and gives the column's index. Names may repeat and
     /// may be empty: columns are told apart by index.

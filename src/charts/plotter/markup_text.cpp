@@ -23,8 +23,7 @@ int closing(const QString& text, int open)
 
 } // namespace
 
-MarkupText::MarkupText(const QString& markup, const QFont& font)
-    : font_(font)
+MarkupText::MarkupText(const QString& markup, const QFont& font) : font_(font)
 {
     split(markup, 0);
     double width = 0.0, above = QFontMetricsF(font_).ascent(), below = QFontMetricsF(font_).descent();

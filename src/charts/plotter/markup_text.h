@@ -11,8 +11,7 @@
 
 class QPainter;
 
-class MarkupText
-{
+class MarkupText {
 public:
     /// A stretch of text and its level: 0 on the line, -1 below, +1 above;
     /// nested ones count further.

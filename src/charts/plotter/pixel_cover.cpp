@@ -3,17 +3,13 @@
 #include <QtAlgorithms>
 #include <cmath>
 
-PixelCover::PixelCover(const QSize& size)
-    : PixelCover(size, QRectF(QPointF(), QSizeF(size)))
-{
-}
+PixelCover::PixelCover(const QSize& size) : PixelCover(size, QRectF(QPointF(), QSizeF(size))) { }
 
 PixelCover::PixelCover(const QSize& size, const QRectF& region)
-    : grid_(QRect(QPoint(), size) & region.toAlignedRect())
-    , wordsInRow_((size.width() + 63) / 64)
-    , words_(wordsInRow_ * size.height(), 0)
-{
-}
+    : grid_(QRect(QPoint(), size) & region.toAlignedRect()),
+      wordsInRow_((size.width() + 63) / 64),
+      words_(wordsInRow_ * size.height(), 0)
+{ }
 
 // The pixels whose middles lie in the box.
 QRect PixelCover::pixelsOf(const QRectF& box) const

@@ -5,8 +5,7 @@
 #include <QRectF>
 #include <QVector>
 
-class PixelCover
-{
+class PixelCover {
 public:
     explicit PixelCover(const QSize& size);
     /// Of a picture of the size only what lies in the region.

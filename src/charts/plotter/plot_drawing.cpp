@@ -12,14 +12,10 @@
 
 namespace {
 
-class Drawing
-{
+class Drawing {
 public:
     Drawing(const PlotContents& contents, QPainter& painter, const QSize& size, double ratio)
-        : contents_(contents)
-        , painter_(painter)
-        , ratio_(ratio)
-        , stage_(contents, size)
+        : contents_(contents), painter_(painter), ratio_(ratio), stage_(contents, size)
     {
         record_.size = size;
     }
@@ -164,8 +160,9 @@ void Drawing::paintLabels()
         faint.setAlpha(140);
         painter_.setPen(QPen(faint, 0.7));
         const bool above = label.box.center().y() < label.point.y();
-        painter_.drawLine(label.point, QPointF(qBound(label.box.left() + 2.0, label.point.x(), label.box.right() - 2.0),
-                                               above ? label.box.bottom() : label.box.top()));
+        painter_.drawLine(label.point,
+                          QPointF(qBound(label.box.left() + 2.0, label.point.x(), label.box.right() - 2.0),
+                                  above ? label.box.bottom() : label.box.top()));
     }
     painter_.setRenderHint(QPainter::Antialiasing, false);
     for (const ValueLabel& label : stage_.labels()) {
@@ -193,8 +190,9 @@ void Drawing::paintKey(const KeyBox& key, const QPointF& corner)
         const double middle = std::round(box.center().y());
         paintSample(painter_, *entry.graph, entry.color, QRectF(box.left(), middle - 5.0, 22.0, 10.0));
         painter_.setPen(Qt::black);
-        entry.title.draw(painter_, QPointF(box.right() - entry.title.size().width(),
-                                           box.center().y() - entry.title.size().height() / 2.0));
+        entry.title.draw(
+            painter_,
+            QPointF(box.right() - entry.title.size().width(), box.center().y() - entry.title.size().height() / 2.0));
     }
 }
 

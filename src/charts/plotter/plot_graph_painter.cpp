@@ -20,8 +20,7 @@ constexpr int stamped = 2000;
 
 // Curves look better where their points really are than on whole pixels; the
 // library keeps that choice for all its drawing in one place.
-class ExactCurves
-{
+class ExactCurves {
 public:
     ExactCurves() : before_(QwtPainter::roundingAlignment()) { QwtPainter::setRoundingAlignment(false); }
     ~ExactCurves() { QwtPainter::setRoundingAlignment(before_); }

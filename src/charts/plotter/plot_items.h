@@ -74,11 +74,11 @@ struct PlotAxis {
     QString tickFormat; ///< of dates
     bool inverted = false;
     bool grid = true;
-    bool zeroAxis = true;                         ///< a line at zero
-    AxisDrawing drawMode0 = AxisDrawing::None;    ///< at zero
-    AxisDrawing drawMode1 = AxisDrawing::Full;    ///< at the left, below
-    AxisDrawing drawMode2 = AxisDrawing::Line;    ///< at the right, above
-    bool automaticSpacing = true; ///< a gap between this axis and the plot's frame
+    bool zeroAxis = true;                      ///< a line at zero
+    AxisDrawing drawMode0 = AxisDrawing::None; ///< at zero
+    AxisDrawing drawMode1 = AxisDrawing::Full; ///< at the left, below
+    AxisDrawing drawMode2 = AxisDrawing::Line; ///< at the right, above
+    bool automaticSpacing = true;              ///< a gap between this axis and the plot's frame
 
     void setRange(double from, double to)
     {

@@ -11,8 +11,7 @@ struct KeyEntry {
     QRectF box; ///< inside the key
 };
 
-class KeyBox
-{
+class KeyBox {
 public:
     KeyBox() = default;
     /// Lays the entries out as the layout says: a column that is too high is

@@ -11,15 +11,9 @@ constexpr double axisSpacing = 6.0; // between the frame and a further axis
 
 bool isFull(AxisDrawing drawing) { return drawing == AxisDrawing::Full; }
 
-double titleDepth(const AxisTitle& title)
-{
-    return title.isEmpty() ? 0.0 : title.size().height() + titleGap;
-}
+double titleDepth(const AxisTitle& title) { return title.isEmpty() ? 0.0 : title.size().height() + titleGap; }
 
-double tickHeight()
-{
-    return QFontMetricsF(PlotScale::tickFont()).height();
-}
+double tickHeight() { return QFontMetricsF(PlotScale::tickFont()).height(); }
 
 std::unique_ptr<PlotScale> verticalScale(QwtScaleDraw::Alignment side, const PlotRange& range, bool inverted,
                                          double length)
@@ -31,8 +25,7 @@ std::unique_ptr<PlotScale> verticalScale(QwtScaleDraw::Alignment side, const Plo
 
 PlotTicks ticksOf(const PlotAxis& axis, const PlotRange& range, int most)
 {
-    return axis.tickLabels == TickLabels::DateTime ? dateTicks(range, axis.tickFormat, most)
-                                                   : numberTicks(range, most);
+    return axis.tickLabels == TickLabels::DateTime ? dateTicks(range, axis.tickFormat, most) : numberTicks(range, most);
 }
 
 // As many ticks as their labels leave room for.
@@ -57,13 +50,10 @@ QwtScaleMap mapOn(double from, double to, const PlotRange& range, bool inverted)
 }
 
 // Collects the margins about the frame side by side.
-class FrameMaker
-{
+class FrameMaker {
 public:
     FrameMaker(const PlotContents& contents, const PlotRanges& ranges, const QSizeF& picture, const QSizeF& keySize)
-        : contents_(contents)
-        , ranges_(ranges)
-        , keySize_(keySize)
+        : contents_(contents), ranges_(ranges), keySize_(keySize)
     {
         layout_.picture = picture;
     }
@@ -107,10 +97,7 @@ private:
             layout_.secondaryTitle = AxisTitle(contents_.secondaryY.label, contents_.secondaryY.labelFontSize, height);
     }
 
-    double topMargin() const
-    {
-        return edge + qMax(hasTicks() ? tickHeight() / 2.0 : 0.0, keyDepth());
-    }
+    double topMargin() const { return edge + qMax(hasTicks() ? tickHeight() / 2.0 : 0.0, keyDepth()); }
 
     // What a key above the plot takes of the height.
     double keyDepth() const
@@ -118,10 +105,7 @@ private:
         return layout_.step < LayoutStep::NoKey && !keySize_.isEmpty() ? keySize_.height() + 4.0 : 0.0;
     }
 
-    double bottomMargin() const
-    {
-        return edge + titleDepth(layout_.xTitle) + (hasTicks() ? tickHeight() + 8.0 : 0.0);
-    }
+    double bottomMargin() const { return edge + titleDepth(layout_.xTitle) + (hasTicks() ? tickHeight() + 8.0 : 0.0); }
 
     double leftMargin(double height)
     {
@@ -138,8 +122,8 @@ private:
         const double half = QFontMetricsF(PlotScale::tickFont()).horizontalAdvance(QStringLiteral("00.00")) / 2.0;
         if (!contents_.hasSecondaryY || !isFull(contents_.secondaryY.drawMode2))
             return edge + half;
-        layout_.secondary
-            = verticalScale(QwtScaleDraw::RightScale, ranges_.secondaryY, contents_.secondaryY.inverted, height);
+        layout_.secondary =
+            verticalScale(QwtScaleDraw::RightScale, ranges_.secondaryY, contents_.secondaryY.inverted, height);
         return edge + titleDepth(layout_.secondaryTitle) + layout_.secondary->depth()
             + (contents_.secondaryY.automaticSpacing ? axisSpacing : 0.0);
     }
@@ -166,15 +150,14 @@ private:
         const QRectF& frame = layout_.frame;
         const QSizeF picture = layout_.picture;
         const QSizeF x = layout_.xTitle.size(), y = layout_.yTitle.size(), second = layout_.secondaryTitle.size();
-        layout_.xTitleBox = QRectF(QPointF(centred(frame.center().x(), x.width(), picture.width()),
-                                           picture.height() - edge - x.height()), x);
+        layout_.xTitleBox = QRectF(
+            QPointF(centred(frame.center().x(), x.width(), picture.width()), picture.height() - edge - x.height()), x);
         const double top = edge + keyDepth();
-        layout_.yTitleBox = QRectF(edge, centred(frame.center().y(), y.width(), picture.height(), top), y.height(),
-                                   y.width());
-        layout_.secondaryTitleBox
-            = QRectF(picture.width() - edge - second.height(),
-                     centred(frame.center().y(), second.width(), picture.height(), top), second.height(),
-                     second.width());
+        layout_.yTitleBox =
+            QRectF(edge, centred(frame.center().y(), y.width(), picture.height(), top), y.height(), y.width());
+        layout_.secondaryTitleBox =
+            QRectF(picture.width() - edge - second.height(),
+                   centred(frame.center().y(), second.width(), picture.height(), top), second.height(), second.width());
     }
 
     const PlotContents& contents_;

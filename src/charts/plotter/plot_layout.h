@@ -27,10 +27,7 @@ struct PlotLayout {
     std::unique_ptr<PlotScale> x, y, secondary;
     QwtScaleMap xMap, yMap, secondaryMap;
 
-    const QwtScaleMap& mapOf(PlotAxisKey axis) const
-    {
-        return axis == PlotAxisKey::Secondary ? secondaryMap : yMap;
-    }
+    const QwtScaleMap& mapOf(PlotAxisKey axis) const { return axis == PlotAxisKey::Secondary ? secondaryMap : yMap; }
     QPointF pixelOf(double xValue, double yValue, PlotAxisKey axis) const
     {
         return QPointF(xMap.transform(xValue), mapOf(axis).transform(yValue));

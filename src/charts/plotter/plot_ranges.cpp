@@ -43,9 +43,10 @@ PlotRanges shownRanges(const PlotContents& contents)
     bool anyPrimary = false, anySecondary = false;
     const QRectF primary = contents.extents(PlotAxisKey::Primary, &anyPrimary);
     const QRectF secondary = contents.extents(PlotAxisKey::Secondary, &anySecondary);
-    const QRectF both = !anyPrimary ? secondary : !anySecondary ? primary
-        : QRectF(QPointF(qMin(primary.left(), secondary.left()), 0.0),
-                 QPointF(qMax(primary.right(), secondary.right()), 0.0));
+    const QRectF both = !anyPrimary ? secondary
+        : !anySecondary             ? primary
+                                    : QRectF(QPointF(qMin(primary.left(), secondary.left()), 0.0),
+                                             QPointF(qMax(primary.right(), secondary.right()), 0.0));
     PlotRanges ranges;
     ranges.x = shownRange(contents.x, anyPrimary || anySecondary, both.left(), both.right());
     ranges.y = shownRange(contents.y, anyPrimary, primary.top(), primary.bottom());

@@ -10,21 +10,13 @@
 
 namespace {
 
-QList<double> listOf(const QVector<double>& numbers)
-{
-    return numbers.toList();
-}
+QList<double> listOf(const QVector<double>& numbers) { return numbers.toList(); }
 
 } // namespace
 
-QFont PlotScale::tickFont()
-{
-    return plotFont(8.0);
-}
+QFont PlotScale::tickFont() { return plotFont(8.0); }
 
-PlotScale::PlotScale(Alignment side, const PlotRange& range, bool inverted)
-    : range_(range)
-    , inverted_(inverted)
+PlotScale::PlotScale(Alignment side, const PlotRange& range, bool inverted) : range_(range), inverted_(inverted)
 {
     setAlignment(side);
     enableComponent(Backbone, false); // the frame stands there
@@ -46,10 +38,7 @@ void PlotScale::setPlotTicks(const PlotTicks& ticks)
     setScaleDiv(division());
 }
 
-double PlotScale::depth() const
-{
-    return extent(tickFont());
-}
+double PlotScale::depth() const { return extent(tickFont()); }
 
 double PlotScale::widestLabel() const
 {

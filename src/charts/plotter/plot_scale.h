@@ -9,8 +9,7 @@
 
 #include <memory>
 
-class PlotScale : public QwtScaleDraw
-{
+class PlotScale : public QwtScaleDraw {
 public:
     PlotScale(Alignment side, const PlotRange& range, bool inverted);
 

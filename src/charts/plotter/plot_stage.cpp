@@ -24,19 +24,16 @@ QColor labelColor(const GraphLabels& labels, const PlotContents& contents, const
 QPointF insideCorner(const QRectF& frame, const QSizeF& size, KeyPosition position)
 {
     const double left = frame.right() - size.width() - 5.0;
-    const double top = position == KeyPosition::InsideBottomRight ? frame.bottom() - size.height() - 5.0
-                                                                  : frame.top() + 5.0;
+    const double top =
+        position == KeyPosition::InsideBottomRight ? frame.bottom() - size.height() - 5.0 : frame.top() + 5.0;
     return QPointF(std::round(left), std::round(top));
 }
 
 } // namespace
 
 PlotStage::PlotStage(const PlotContents& contents, const QSize& size)
-    : contents_(contents)
-    , size_(size)
-    , ranges_(shownRanges(contents))
-{
-}
+    : contents_(contents), size_(size), ranges_(shownRanges(contents))
+{ }
 
 bool PlotStage::lay()
 {
@@ -64,9 +61,10 @@ void PlotStage::collectStrokes()
     strokes_.clear();
     for (const LineGraph& graph : contents_.graphs) {
         const PlotAxisKey axis = graph.axis;
-        strokes_.append(strokesOf(contents_.store.values(graph.xColumn), contents_.store.values(graph.yColumn),
-                                  [this, axis](double x, double y) { return layout_.pixelOf(x, y, axis); }, size_,
-                                  pixelsOfPoints(graph.symbolSize)));
+        strokes_.append(strokesOf(
+            contents_.store.values(graph.xColumn), contents_.store.values(graph.yColumn),
+            [this, axis](double x, double y) { return layout_.pixelOf(x, y, axis); }, size_,
+            pixelsOfPoints(graph.symbolSize)));
     }
 }
 
@@ -101,7 +99,8 @@ void PlotStage::collectLabels()
         label.fontSize = wanted.fontSize;
         label.boxFrame = wanted.boxFrame;
         label.axis = wanted.axis;
-        const bool inverted = wanted.axis == PlotAxisKey::Primary ? contents_.y.inverted : contents_.secondaryY.inverted;
+        const bool inverted =
+            wanted.axis == PlotAxisKey::Primary ? contents_.y.inverted : contents_.secondaryY.inverted;
         labels_.reserve(labels_.size() + xs.size());
         for (int i = 0; i < qMin(xs.size(), ys.size()); ++i) {
             if (!std::isfinite(xs[i]) || !std::isfinite(ys[i]))

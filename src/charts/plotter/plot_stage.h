@@ -6,8 +6,7 @@
 #include "charts/plotter/plot_strokes.h"
 #include "charts/plotter/value_labels.h"
 
-class PlotStage
-{
+class PlotStage {
 public:
     PlotStage(const PlotContents& contents, const QSize& size);
 

@@ -88,9 +88,9 @@ GraphStrokes strokesOf(const QVector<double>& xs, const QVector<double>& ys, con
 
 QColor rowColor(int index)
 {
-    static const QColor row[] = {QColor(0, 84, 166),   QColor(192, 57, 20),  QColor(0, 128, 72),  QColor(122, 45, 150),
-                                 QColor(160, 110, 0),  QColor(0, 140, 160),  QColor(200, 30, 110), QColor(90, 90, 90),
-                                 QColor(110, 140, 20), QColor(120, 70, 40),  QColor(70, 70, 190), QColor(220, 120, 20)};
+    static const QColor row[] = {QColor(0, 84, 166),   QColor(192, 57, 20), QColor(0, 128, 72),   QColor(122, 45, 150),
+                                 QColor(160, 110, 0),  QColor(0, 140, 160), QColor(200, 30, 110), QColor(90, 90, 90),
+                                 QColor(110, 140, 20), QColor(120, 70, 40), QColor(70, 70, 190),  QColor(220, 120, 20)};
     constexpr int count = int(sizeof(row) / sizeof(row[0]));
     return row[((index % count) + count) % count];
 }

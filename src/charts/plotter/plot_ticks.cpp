@@ -83,10 +83,7 @@ QVector<double> monthStarts(const PlotRange& range, qint64 step)
 }
 
 // The sub-step of months that stands between labelled ones.
-qint64 minorStep(qint64 step)
-{
-    return step <= 3 ? 1 : step <= 6 ? 3 : step <= 12 ? 3 : step <= 24 ? 12 : step / 5;
-}
+qint64 minorStep(qint64 step) { return step <= 3 ? 1 : step <= 6 ? 3 : step <= 12 ? 3 : step <= 24 ? 12 : step / 5; }
 
 } // namespace
 

@@ -11,15 +11,9 @@
 
 namespace {
 
-QSize usable(const QSize& size)
-{
-    return size.expandedTo(QSize(1, 1)).boundedTo(QSize(8192, 8192));
-}
+QSize usable(const QSize& size) { return size.expandedTo(QSize(1, 1)).boundedTo(QSize(8192, 8192)); }
 
-double usableRatio(double ratio)
-{
-    return std::isfinite(ratio) ? qBound(0.25, ratio, 8.0) : 1.0;
-}
+double usableRatio(double ratio) { return std::isfinite(ratio) ? qBound(0.25, ratio, 8.0) : 1.0; }
 
 void widen(QRectF& box, const QPointF& point, bool first)
 {

@@ -29,8 +29,7 @@ struct PlotContents {
     QRectF extents(PlotAxisKey axis, bool* any) const;
 };
 
-class Plotter
-{
+class Plotter {
 public:
     Plotter();
 

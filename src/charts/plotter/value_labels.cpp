@@ -109,10 +109,7 @@ bool setAtPoint(ValueLabel& label, LabelRoom& room)
 
 } // namespace
 
-QString labelText(double value)
-{
-    return general(value);
-}
+QString labelText(double value) { return general(value); }
 
 QSizeF labelSize(const QString& text, double fontSize)
 {

@@ -21,10 +21,7 @@ enum Page { ConnectionPage, DataPage, PathsPage, LogPage };
 
 // --- navigation ------------------------------------------------------------------
 
-void CreateProjectForm::goBack()
-{
-    pages_->setCurrentIndex(pages_->currentIndex() - 1);
-}
+void CreateProjectForm::goBack() { pages_->setCurrentIndex(pages_->currentIndex() - 1); }
 
 void CreateProjectForm::goOn()
 {
@@ -64,10 +61,7 @@ void CreateProjectForm::updateButtons()
     create_->setEnabled(page == PathsPage);
 }
 
-void CreateProjectForm::warn(const QString& text)
-{
-    QMessageBox::warning(this, QStringLiteral("Внимание"), text);
-}
+void CreateProjectForm::warn(const QString& text) { QMessageBox::warning(this, QStringLiteral("Внимание"), text); }
 
 void CreateProjectForm::reject()
 {
@@ -79,8 +73,8 @@ void CreateProjectForm::reject()
 
 void CreateProjectForm::selectSchema()
 {
-    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Файл схемы БД"), schemaPath_,
-                                                      QStringLiteral("*.sql"));
+    const QString path =
+        QFileDialog::getOpenFileName(this, QStringLiteral("Файл схемы БД"), schemaPath_, QStringLiteral("*.sql"));
     if (!path.isEmpty())
         schema_->setText(path);
 }
@@ -88,8 +82,8 @@ void CreateProjectForm::selectSchema()
 void CreateProjectForm::selectProjectFile()
 {
     QString filter = QStringLiteral("*.terva");
-    const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Файл проекта"), projectFile_->text(),
-                                                      filter, &filter);
+    const QString path =
+        QFileDialog::getSaveFileName(this, QStringLiteral("Файл проекта"), projectFile_->text(), filter, &filter);
     if (path.isEmpty())
         return;
     const QString folder = QFileInfo(path).path();
@@ -108,8 +102,7 @@ ConnectionParameters CreateProjectForm::parameters() const
 
 bool CreateProjectForm::fieldsAreGood()
 {
-    if (host_->text().isEmpty() || port_->text().isEmpty() || database_->text().isEmpty()
-        || user_->text().isEmpty()) {
+    if (host_->text().isEmpty() || port_->text().isEmpty() || database_->text().isEmpty() || user_->text().isEmpty()) {
         warn(QStringLiteral("Поля не должны быть пустыми."));
         return false;
     }
@@ -176,8 +169,8 @@ void CreateProjectForm::createProject()
     pages_->setCurrentIndex(LogPage);
     updateButtons();
     creating_ = true;
-    ProjectCreation creation(project_, newProject(), [this](const QString& text) { showStep(text); },
-                             [this] { openCreated(); });
+    ProjectCreation creation(
+        project_, newProject(), [this](const QString& text) { showStep(text); }, [this] { openCreated(); });
     if (creation.run())
         cancel_->setText(QStringLiteral("Закрыть"));
     creating_ = false;

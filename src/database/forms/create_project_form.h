@@ -15,8 +15,7 @@ class QPlainTextEdit;
 class QPushButton;
 class QTabWidget;
 
-class CreateProjectForm : public QDialog
-{
+class CreateProjectForm : public QDialog {
     Q_OBJECT
 
 public:

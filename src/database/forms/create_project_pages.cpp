@@ -32,10 +32,7 @@ const FolderRow templateRow{"Папка шаблонов", "TemplateDir", "btn_S
                             "/work"};
 const FolderRow tempRow{"Временные файлы", "TempDir", "btn_SelectTempPath", "Временные файлы проекта", "/temp"};
 
-QString orElse(const QString& text, const QString& other)
-{
-    return text.isEmpty() ? other : text;
-}
+QString orElse(const QString& text, const QString& other) { return text.isEmpty() ? other : text; }
 
 } // namespace
 
@@ -79,8 +76,8 @@ QWidget* CreateProjectForm::buildConnectionPage()
     host_ = addLineRow(form, QStringLiteral("Сервер"), "SQL_host");
     port_ = addLineRow(form, QStringLiteral("Порт"), "SQL_port");
     database_ = addLineRow(form, QStringLiteral("База данных"), "Database");
-    database_->setValidator(new QRegularExpressionValidator(
-        QRegularExpression(QString::fromLatin1(databaseNamePattern)), database_));
+    database_->setValidator(
+        new QRegularExpressionValidator(QRegularExpression(QString::fromLatin1(databaseNamePattern)), database_));
     user_ = addLineRow(form, QStringLiteral("Пользователь"), "Username");
     password_ = addLineRow(form, QStringLiteral("Пароль"), "Password");
     password_->setEchoMode(QLineEdit::Password);

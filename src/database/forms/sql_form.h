@@ -11,8 +11,7 @@ class QPlainTextEdit;
 class QPushButton;
 class QVBoxLayout;
 
-class SQLForm : public QWidget
-{
+class SQLForm : public QWidget {
     Q_OBJECT
 
 public:

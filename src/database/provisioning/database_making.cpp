@@ -11,9 +11,8 @@ std::optional<QString> createDatabase(const ConnectionParameters& parameters)
     const sql::Connection server(maintenanceConnInfo(parameters));
     if (!server.isOk())
         return sql::decodeServerMessage(server.rawErrorMessage());
-    const sql::Result created = server.run(
-        fill(QStringLiteral("CREATE DATABASE %1 WITH OWNER = %2 ENCODING = 'UTF8';"), parameters.database,
-             parameters.user));
+    const sql::Result created = server.run(fill(QStringLiteral("CREATE DATABASE %1 WITH OWNER = %2 ENCODING = 'UTF8';"),
+                                                parameters.database, parameters.user));
     if (!created.isCommand())
         return sql::decodeServerMessage(created.rawErrorMessage());
     return std::nullopt;

@@ -22,17 +22,16 @@ ConnectionParameters parametersOf(const ProjectSession& session)
 ProjectCreation::ProjectCreation(ProjectSession& session, const NewProject& project, Log log,
                                  std::function<void()> open)
     : session_(session), project_(project), log_(std::move(log)), open_(std::move(open))
-{
-}
+{ }
 
 bool ProjectCreation::run()
 {
     static const Step steps[] = {
-        &ProjectCreation::takeName,        &ProjectCreation::takeCode,      &ProjectCreation::takeOrganization,
-        &ProjectCreation::takeDescription, &ProjectCreation::makeWorkDir,   &ProjectCreation::makeTempDir,
+        &ProjectCreation::takeName,        &ProjectCreation::takeCode,        &ProjectCreation::takeOrganization,
+        &ProjectCreation::takeDescription, &ProjectCreation::makeWorkDir,     &ProjectCreation::makeTempDir,
         &ProjectCreation::makeTemplateDir, &ProjectCreation::takeProjectFile, &ProjectCreation::checkTested,
-        &ProjectCreation::checkSchema,     &ProjectCreation::announce,      &ProjectCreation::makeDatabase,
-        &ProjectCreation::laySchema,       &ProjectCreation::connectToIt,   &ProjectCreation::writeProject,
+        &ProjectCreation::checkSchema,     &ProjectCreation::announce,        &ProjectCreation::makeDatabase,
+        &ProjectCreation::laySchema,       &ProjectCreation::connectToIt,     &ProjectCreation::writeProject,
         &ProjectCreation::writeFile,       &ProjectCreation::openProject,
     };
     for (Step step : steps)

@@ -24,8 +24,7 @@ struct NewProject {
     bool connectionTested = false;
 };
 
-class ProjectCreation
-{
+class ProjectCreation {
 public:
     /// `session` is the new project's own and holds the tested connection
     /// parameters; the sample templates lie beside its module. `open` opens the finished project; it may be empty.
@@ -58,8 +57,7 @@ private:
     bool openProject();
 
     bool takeRequired(const QString& label, const QString& value, QString& target);
-    bool makeFolder(const QString& label, const QString& folder, QString& target,
-                    const std::function<bool()>& make);
+    bool makeFolder(const QString& label, const QString& folder, QString& target, const std::function<bool()>& make);
     bool refuseEmpty();
     bool outcome(const std::optional<QString>& error);
 

@@ -13,8 +13,8 @@ QString maintenanceConnInfo(const ConnectionParameters& parameters)
 
 QString provisioningConnInfo(const ConnectionParameters& parameters)
 {
-    return fill(QStringLiteral("hostaddr=%1 port=%2 dbname=%5 user=%3 password=%4 connect_timeout=3"),
-                parameters.host, parameters.port, parameters.user, parameters.password, parameters.database);
+    return fill(QStringLiteral("hostaddr=%1 port=%2 dbname=%5 user=%3 password=%4 connect_timeout=3"), parameters.host,
+                parameters.port, parameters.user, parameters.password, parameters.database);
 }
 
 namespace {
@@ -25,10 +25,7 @@ bool isSuperuser(const sql::Connection& server)
         == QLatin1String("t");
 }
 
-bool hasRows(const sql::Connection& server, const QString& query)
-{
-    return server.run(query).ntuples() > 0;
-}
+bool hasRows(const sql::Connection& server, const QString& query) { return server.run(query).ntuples() > 0; }
 
 } // namespace
 
@@ -53,8 +50,8 @@ bool testServer(const ConnectionParameters& parameters, const Log& log)
                            "Установите PostGIS перед созданием проекта.\n"));
         return false;
     }
-    if (hasRows(server, fill(QStringLiteral("select datname from pg_database where datname='%1'"),
-                             parameters.database))) {
+    if (hasRows(server,
+                fill(QStringLiteral("select datname from pg_database where datname='%1'"), parameters.database))) {
         log(QStringLiteral("База данных уже существует. \n"));
         return false;
     }

@@ -10,9 +10,7 @@ namespace {
 
 // Notices ("table does not exist, skipping") are of no interest to the user,
 // and libpq would print them to stderr.
-void swallowNotice(void*, const char*)
-{
-}
+void swallowNotice(void*, const char*) { }
 
 // Texts travel as UTF-8, whatever the environment or an old database says.
 void useUtf8(pg_conn* connection)
@@ -31,35 +29,17 @@ QString takeEscaped(char* escaped)
 
 } // namespace
 
-Parameter text(const QString& value)
-{
-    return {value.toUtf8(), false, false};
-}
+Parameter text(const QString& value) { return {value.toUtf8(), false, false}; }
 
-Parameter text(int value)
-{
-    return {QByteArray::number(value), false, false};
-}
+Parameter text(int value) { return {QByteArray::number(value), false, false}; }
 
-Parameter binary(const QByteArray& value)
-{
-    return {value, true, false};
-}
+Parameter binary(const QByteArray& value) { return {value, true, false}; }
 
-Parameter null()
-{
-    return {QByteArray(), false, true};
-}
+Parameter null() { return {QByteArray(), false, true}; }
 
-void Connection::Finish::operator()(pg_conn* connection) const
-{
-    PQfinish(connection);
-}
+void Connection::Finish::operator()(pg_conn* connection) const { PQfinish(connection); }
 
-Connection::Connection(const QString& conninfo)
-{
-    open(conninfo);
-}
+Connection::Connection(const QString& conninfo) { open(conninfo); }
 
 bool Connection::open(const QString& conninfo)
 {
@@ -71,35 +51,17 @@ bool Connection::open(const QString& conninfo)
     return isOk();
 }
 
-void Connection::finish()
-{
-    connection_.reset();
-}
+void Connection::finish() { connection_.reset(); }
 
-bool Connection::isOpen() const
-{
-    return bool(connection_);
-}
+bool Connection::isOpen() const { return bool(connection_); }
 
-bool Connection::isOk() const
-{
-    return connection_ && PQstatus(connection_.get()) == CONNECTION_OK;
-}
+bool Connection::isOk() const { return connection_ && PQstatus(connection_.get()) == CONNECTION_OK; }
 
-QByteArray Connection::rawErrorMessage() const
-{
-    return QByteArray(PQerrorMessage(connection_.get()));
-}
+QByteArray Connection::rawErrorMessage() const { return QByteArray(PQerrorMessage(connection_.get())); }
 
-QString Connection::errorMessage() const
-{
-    return QString::fromUtf8(rawErrorMessage());
-}
+QString Connection::errorMessage() const { return QString::fromUtf8(rawErrorMessage()); }
 
-Result Connection::run(const QString& statement) const
-{
-    return run(statement, {});
-}
+Result Connection::run(const QString& statement) const { return run(statement, {}); }
 
 Result Connection::run(const QString& statement, const QVector<Parameter>& parameters, Format answer) const
 {
@@ -113,8 +75,8 @@ Result Connection::run(const QString& statement, const QVector<Parameter>& param
         lengths[i] = parameter.value.size();
         formats[i] = parameter.binary ? 1 : 0;
     }
-    return Result(PQexecParams(connection_.get(), statement.toUtf8().constData(), int(count), nullptr,
-                               values.data(), lengths.data(), formats.data(), int(answer)));
+    return Result(PQexecParams(connection_.get(), statement.toUtf8().constData(), int(count), nullptr, values.data(),
+                               lengths.data(), formats.data(), int(answer)));
 }
 
 Result Connection::runScript(const QString& script) const

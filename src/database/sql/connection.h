@@ -19,15 +19,14 @@ struct Parameter {
     bool null = false;
 };
 
-Parameter text(const QString& value);     ///< goes as text, cast in the statement
-Parameter text(int value);                ///< the same, decimal
+Parameter text(const QString& value); ///< goes as text, cast in the statement
+Parameter text(int value);            ///< the same, decimal
 Parameter binary(const QByteArray& value);
 Parameter null();
 
 enum class Format { Text = 0, Binary = 1 };
 
-class Connection
-{
+class Connection {
 public:
     Connection() = default;
     explicit Connection(const QString& conninfo);
@@ -49,8 +48,7 @@ public:
     /// Without a handle the result is null.
     Result run(const QString& statement) const;
     /// The same with values for $1, $2, ... and the form of the answer.
-    Result run(const QString& statement, const QVector<Parameter>& parameters,
-               Format answer = Format::Text) const;
+    Result run(const QString& statement, const QVector<Parameter>& parameters, Format answer = Format::Text) const;
     /// Runs a text of any number of statements, in one transaction unless the
     /// text says otherwise; the answer is the last statement's.
     Result runScript(const QString& script) const;

@@ -13,44 +13,21 @@ static_assert(int(Status::BadResponse) == PGRES_BAD_RESPONSE, "");
 static_assert(int(Status::NonfatalError) == PGRES_NONFATAL_ERROR, "");
 static_assert(int(Status::FatalError) == PGRES_FATAL_ERROR, "");
 
-void Result::Clear::operator()(pg_result* result) const
-{
-    PQclear(result);
-}
+void Result::Clear::operator()(pg_result* result) const { PQclear(result); }
 
-Result::Result(pg_result* result) : result_(result)
-{
-}
+Result::Result(pg_result* result) : result_(result) { }
 
-Status Result::status() const
-{
-    return static_cast<Status>(PQresultStatus(result_.get()));
-}
+Status Result::status() const { return static_cast<Status>(PQresultStatus(result_.get())); }
 
-bool Result::isTuples() const
-{
-    return status() == Status::TuplesOk;
-}
+bool Result::isTuples() const { return status() == Status::TuplesOk; }
 
-bool Result::isCommand() const
-{
-    return status() == Status::CommandOk;
-}
+bool Result::isCommand() const { return status() == Status::CommandOk; }
 
-bool Result::isNullResult() const
-{
-    return !result_;
-}
+bool Result::isNullResult() const { return !result_; }
 
-int Result::ntuples() const
-{
-    return PQntuples(result_.get());
-}
+int Result::ntuples() const { return PQntuples(result_.get()); }
 
-int Result::nfields() const
-{
-    return PQnfields(result_.get());
-}
+int Result::nfields() const { return PQnfields(result_.get()); }
 
 // libpq complains on stderr about a cell out of range, so nothing gets there.
 bool Result::holds(int row, int column) const
@@ -103,29 +80,14 @@ QByteArray Result::unescapedBytes(int row, int column) const
     return value;
 }
 
-int Result::toInt(int row, int column, bool* ok) const
-{
-    return getvalue(row, column).toInt(ok);
-}
+int Result::toInt(int row, int column, bool* ok) const { return getvalue(row, column).toInt(ok); }
 
-double Result::toDouble(int row, int column, bool* ok) const
-{
-    return getvalue(row, column).toDouble(ok);
-}
+double Result::toDouble(int row, int column, bool* ok) const { return getvalue(row, column).toDouble(ok); }
 
-QString Result::cmdTuples() const
-{
-    return result_ ? QString::fromUtf8(PQcmdTuples(result_.get())) : QString();
-}
+QString Result::cmdTuples() const { return result_ ? QString::fromUtf8(PQcmdTuples(result_.get())) : QString(); }
 
-QString Result::errorMessage() const
-{
-    return QString::fromUtf8(rawErrorMessage());
-}
+QString Result::errorMessage() const { return QString::fromUtf8(rawErrorMessage()); }
 
-QByteArray Result::rawErrorMessage() const
-{
-    return QByteArray(PQresultErrorMessage(result_.get()));
-}
+QByteArray Result::rawErrorMessage() const { return QByteArray(PQresultErrorMessage(result_.get())); }
 
 } // namespace sql

@@ -24,8 +24,7 @@ enum class Status {
     FatalError = 7,
 };
 
-class Result
-{
+class Result {
 public:
     Result() = default;
     explicit Result(pg_result* result); ///< takes ownership; may be null

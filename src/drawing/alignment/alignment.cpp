@@ -44,20 +44,14 @@ bool isOnSheet()
 {
     QString modelTab, viewport;
     return ncedGetVar(QStringLiteral("TILEMODE"), modelTab) && modelTab == QLatin1String("0")
-           && ncedGetVar(QStringLiteral("CVPORT"), viewport) && viewport == QLatin1String("1");
+        && ncedGetVar(QStringLiteral("CVPORT"), viewport) && viewport == QLatin1String("1");
 }
 
 } // namespace
 
-void alignByUcs()
-{
-    alignToCurrentUcs(ElementTurn::Marker::Align);
-}
+void alignByUcs() { alignToCurrentUcs(ElementTurn::Marker::Align); }
 
-void alignLabelsByUcs()
-{
-    alignToCurrentUcs(ElementTurn::Marker::Keep);
-}
+void alignLabelsByUcs() { alignToCurrentUcs(ElementTurn::Marker::Keep); }
 
 void alignByViewport()
 {
@@ -72,9 +66,7 @@ void alignByViewport()
     const std::optional<NcDbObjectIdArray> entities = entitiesOfModelSpace();
     if (!entities)
         return say(QStringLiteral("\nОшибка открытия пространства модели"));
-    turnBlocks(*entities, {frame->angle, ElementTurn::Marker::Align, frame->scale},
-               [&](const ElementBlock& element) {
-                   return scope->contains(element)
-                          && geometry::pointInPolygon({element.x, element.y, 0.0}, frame->boundary);
-               });
+    turnBlocks(*entities, {frame->angle, ElementTurn::Marker::Align, frame->scale}, [&](const ElementBlock& element) {
+        return scope->contains(element) && geometry::pointInPolygon({element.x, element.y, 0.0}, frame->boundary);
+    });
 }

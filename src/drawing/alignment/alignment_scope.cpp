@@ -30,8 +30,8 @@ std::optional<AlignmentScope> AlignmentScope::ofCurrentPosition()
     AlignmentScope scope;
     scope.everything_ = false;
     for (const FamilyKey key : alignedFamilies) {
-        const sql::Result rows = session().run(fill("select element_id from %1 where position_id=%2",
-                                                    family(key).elements, session().currentPositionId));
+        const sql::Result rows = session().run(
+            fill("select element_id from %1 where position_id=%2", family(key).elements, session().currentPositionId));
         if (!rows.isTuples())
             return {};
         QSet<int>& ids = scope.ids_[key];
@@ -54,8 +54,7 @@ std::optional<AlignmentScope> askAlignmentScope()
     QString answer;
     // The blank at the beginning belongs to the list.
     ncedInitGet(0, QStringLiteral(" Позиции Чертежу _ Position Drawing"));
-    if (ncedGetKword(QStringLiteral("Обрабатывать элементы по [Позиции/Чертежу]  <Позиции>"), answer)
-        != kPromptNormal)
+    if (ncedGetKword(QStringLiteral("Обрабатывать элементы по [Позиции/Чертежу]  <Позиции>"), answer) != kPromptNormal)
         return {};
     say(fill("\n Выбор '%1'", answer));
     return answer == QLatin1String("Position") ? currentPosition() : AlignmentScope();

@@ -8,8 +8,7 @@
 #include <QSet>
 #include <optional>
 
-class AlignmentScope
-{
+class AlignmentScope {
 public:
     /// Every element of the drawing.
     AlignmentScope() = default;

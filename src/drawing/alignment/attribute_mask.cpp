@@ -47,12 +47,19 @@ void maskAttributesOf(NcDbObjectId id, double angle)
 int maskDirection(int attachment)
 {
     switch (attachment) {
-    case 7: case 8: case 9: case 14: case 18: case 22:
-        return 1;
-    case 1: case 2: case 3: case 16: case 20: case 24:
-        return -1;
-    default:
-        return 0;
+    case 7:
+    case 8:
+    case 9:
+    case 14:
+    case 18:
+    case 22: return 1;
+    case 1:
+    case 2:
+    case 3:
+    case 16:
+    case 20:
+    case 24: return -1;
+    default: return 0;
     }
 }
 

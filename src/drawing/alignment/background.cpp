@@ -37,7 +37,7 @@ bool isSpaceOrForeign(const QString& block)
 {
     const QString name = block.toUpper();
     return name == QLatin1String("*MODEL_SPACE") || name == QLatin1String("*PAPER_SPACE")
-           || name.contains(QLatin1Char('|'));
+        || name.contains(QLatin1Char('|'));
 }
 
 // False for a block that is not touched.

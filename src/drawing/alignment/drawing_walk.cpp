@@ -24,7 +24,4 @@ NcDbObjectIdArray entityIds(const NcDbBlockTableRecord& block)
     return ids;
 }
 
-QString modelSpaceError()
-{
-    return QStringLiteral("\nerror opening model_space");
-}
+QString modelSpaceError() { return QStringLiteral("\nerror opening model_space"); }

@@ -4,10 +4,7 @@
 
 #include <cmath>
 
-ElementBlock elementOf(NcDbObjectId id)
-{
-    return ElementBlock(id, StateColors());
-}
+ElementBlock elementOf(NcDbObjectId id) { return ElementBlock(id, StateColors()); }
 
 double currentUcsAngle()
 {
@@ -19,7 +16,4 @@ double currentUcsAngle()
     return planAngle(x);
 }
 
-double planAngle(const NcGeVector3d& axis)
-{
-    return std::atan2(axis.y, axis.x);
-}
+double planAngle(const NcGeVector3d& axis) { return std::atan2(axis.y, axis.x); }

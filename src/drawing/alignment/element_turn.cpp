@@ -24,8 +24,7 @@ void turnMarker(ElementBlock& element, const ElementTurn& turn)
     if (!element.hasDynProp(markerAngle))
         return;
     const double kept = element.dynProps.value(markerAngle).toDouble() + element.blockRotation - turn.angle;
-    element.setDynProp(markerAngle,
-                       turn.marker == ElementTurn::Marker::Keep ? fixed(kept, 6) : QStringLiteral("0.0"));
+    element.setDynProp(markerAngle, turn.marker == ElementTurn::Marker::Keep ? fixed(kept, 6) : QStringLiteral("0.0"));
 }
 
 void turnVector(ElementBlock& element, const LabelVector& vector, double by, double scale)

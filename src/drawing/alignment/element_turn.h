@@ -5,8 +5,8 @@
 
 struct ElementTurn {
     enum class Marker {
-        Keep,  ///< its own rotation makes up for the block's
-        Align  ///< it follows the block
+        Keep, ///< its own rotation makes up for the block's
+        Align ///< it follows the block
     };
 
     double angle = 0.0; ///< rotation of the block afterwards, radians

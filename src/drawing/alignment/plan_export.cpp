@@ -44,7 +44,7 @@ QString lineStatement(const geometry::PointList& points)
     for (const geometry::Point3& p : points)
         texts.append(fixed(p.x, 6) + QLatin1Char(' ') + fixed(p.y, 6));
     return QStringLiteral("INSERT INTO geometries (geom) VALUES (ST_GeomFromText('LINESTRING(")
-           + texts.join(QStringLiteral(", ")) + QStringLiteral(")', 9999));");
+        + texts.join(QStringLiteral(", ")) + QStringLiteral(")', 9999));");
 }
 
 void exportPlan(const std::optional<QString>& layer, const std::function<bool()>& askToClear)

@@ -5,10 +5,7 @@
 
 namespace {
 
-geometry::Point3 planPoint(const NcGePoint3d& p)
-{
-    return {p.x, p.y, p.z};
-}
+geometry::Point3 planPoint(const NcGePoint3d& p) { return {p.x, p.y, p.z}; }
 
 // Both kinds of polyline answer the same questions.
 template <class Polyline>

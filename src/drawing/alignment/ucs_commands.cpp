@@ -73,10 +73,7 @@ void store(const UcsRecord& ucs)
         say(QStringLiteral("Не установлено соединение с базой данных\n"));
 }
 
-bool spansPlane(const UcsRecord& ucs)
-{
-    return ucs.xAxis().crossProduct(ucs.yAxis()).length() > 0.0;
-}
+bool spansPlane(const UcsRecord& ucs) { return ucs.xAxis().crossProduct(ucs.yAxis()).length() > 0.0; }
 
 // The null id when the drawing does not take it.
 NcDbObjectId addToDrawing(const UcsRecord& ucs)

@@ -13,10 +13,8 @@ const QChar separator = QLatin1Char('&');
 } // namespace
 
 UcsRecord::UcsRecord(const QString& ucsName, const NcGePoint3d& origin, const NcGeVector3d& x, const NcGeVector3d& y)
-    : name(ucsName)
-    , numbers{origin.x, origin.y, origin.z, x.x, x.y, x.z, y.x, y.y, y.z}
-{
-}
+    : name(ucsName), numbers{origin.x, origin.y, origin.z, x.x, x.y, x.z, y.x, y.y, y.z}
+{ }
 
 QString UcsRecord::text() const
 {
@@ -47,7 +45,4 @@ QString cleanUcsName(const QString& name)
     return QString(name).replace(refused, QStringLiteral(" "));
 }
 
-QString storableUcsName(const QString& name)
-{
-    return cleanUcsName(name).replace(separator, QLatin1Char(' '));
-}
+QString storableUcsName(const QString& name) { return cleanUcsName(name).replace(separator, QLatin1Char(' ')); }

@@ -16,7 +16,7 @@ struct UcsRecord {
     Numbers numbers{};
 
     UcsRecord() = default;
-    UcsRecord(const QString& ucsName, const Numbers& values) : name(ucsName), numbers(values) {}
+    UcsRecord(const QString& ucsName, const Numbers& values) : name(ucsName), numbers(values) { }
     UcsRecord(const QString& ucsName, const NcGePoint3d& origin, const NcGeVector3d& x, const NcGeVector3d& y);
 
     NcGePoint3d origin() const { return {numbers[0], numbers[1], numbers[2]}; }

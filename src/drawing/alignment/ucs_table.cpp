@@ -28,7 +28,4 @@ bool updateUcs(int id, const UcsRecord& ucs)
         .isCommand();
 }
 
-bool deleteUcs(int id)
-{
-    return session().run(fill("delete from ucs_data where ucs_id=%1", id)).isCommand();
-}
+bool deleteUcs(int id) { return session().run(fill("delete from ucs_data where ucs_id=%1", id)).isCommand(); }

@@ -89,12 +89,12 @@ std::optional<NcGeMatrix3d> sheetToModel(const NcDbViewport& viewport)
     const NcGePoint2d seen = viewport.viewCenter();
     const NcGeVector3d fromCentre = -viewport.centerPoint().asVector();
     const NcGeMatrix3d inView = NcGeMatrix3d::translation({seen.x, seen.y, 0.0}) * NcGeMatrix3d::scaling(1.0 / scale)
-                                * NcGeMatrix3d::translation(fromCentre);
+        * NcGeMatrix3d::translation(fromCentre);
     NcGeMatrix3d toPlane;
     toPlane.setToWorldToPlane(direction);
     const NcGePoint3d target = viewport.viewTarget();
     return NcGeMatrix3d::rotation(-viewport.twistAngle(), direction, target)
-           * NcGeMatrix3d::translation(target.asVector()) * toPlane.inverse() * inView;
+        * NcGeMatrix3d::translation(target.asVector()) * toPlane.inverse() * inView;
 }
 
 std::optional<ViewportFrame> askViewportFrame()
@@ -103,7 +103,7 @@ std::optional<ViewportFrame> askViewportFrame()
     NcGePoint3d picked;
     NcDbObjectId id;
     const bool answered = ncedEntSel(QStringLiteral("\nУкажите видовой экран"), name, picked) == kPromptNormal
-                          && isOk(ncdbGetObjectId(id, name));
+        && isOk(ncdbGetObjectId(id, name));
     const Opened<NcDbViewport> viewport = answered ? Opened<NcDbViewport>(id, kForRead) : Opened<NcDbViewport>();
     if (!viewport) {
         // Users know the message in this spelling.

@@ -32,8 +32,7 @@ constexpr BoxRow boxRows[] = {
 
 } // namespace
 
-ElementSyncFilter::ElementSyncFilter(QWidget* parent)
-    : QDialog(parent)
+ElementSyncFilter::ElementSyncFilter(QWidget* parent) : QDialog(parent)
 {
     setWindowTitle("Выбор элементов");
     setObjectName("ElementSyncFilter");

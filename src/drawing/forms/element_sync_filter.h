@@ -6,8 +6,7 @@
 
 class QCheckBox;
 
-class ElementSyncFilter : public QDialog
-{
+class ElementSyncFilter : public QDialog {
     Q_OBJECT
 
 public:

@@ -10,12 +10,12 @@
 #include <QSpinBox>
 
 EnumeratorForm::EnumeratorForm(Enumerator& enumerator, QWidget* parent)
-    : QDialog(parent)
-    , enumerator_(enumerator)
-    , prefix_(new QLineEdit(enumerator.prefix, this))
-    , counter_(new QLineEdit(QString::number(enumerator.counter), this))
-    , trailing_(new QSpinBox(this))
-    , preview_(new QLabel(this))
+    : QDialog(parent),
+      enumerator_(enumerator),
+      prefix_(new QLineEdit(enumerator.prefix, this)),
+      counter_(new QLineEdit(QString::number(enumerator.counter), this)),
+      trailing_(new QSpinBox(this)),
+      preview_(new QLabel(this))
 {
     setWindowTitle("Настройка нумерации");
     prefix_->setObjectName("Prefix");
@@ -59,7 +59,4 @@ Enumerator EnumeratorForm::entered() const
     return {prefix_->text(), counter_->text().toInt(), trailing_->value()};
 }
 
-void EnumeratorForm::showPreview()
-{
-    preview_->setText(nextName(entered()));
-}
+void EnumeratorForm::showPreview() { preview_->setText(nextName(entered())); }

@@ -9,8 +9,7 @@ class QLabel;
 class QLineEdit;
 class QSpinBox;
 
-class EnumeratorForm : public QDialog
-{
+class EnumeratorForm : public QDialog {
     Q_OBJECT
 
 public:

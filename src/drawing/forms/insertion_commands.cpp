@@ -8,12 +8,6 @@
 
 #include <functional>
 
-void insertKind(int kind)
-{
-    insertElements(kind, &TSGCatalogSelector::choose);
-}
+void insertKind(int kind) { insertElements(kind, &TSGCatalogSelector::choose); }
 
-void editNumbering(FamilyKey family)
-{
-    runModal<EnumeratorForm>(std::ref(enumeratorOf(family)));
-}
+void editNumbering(FamilyKey family) { runModal<EnumeratorForm>(std::ref(enumeratorOf(family))); }

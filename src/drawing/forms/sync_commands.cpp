@@ -10,10 +10,7 @@
 
 namespace {
 
-QString title()
-{
-    return QStringLiteral("Внимание");
-}
+QString title() { return QStringLiteral("Внимание"); }
 
 // The text is the database's too, so it is shown as it stands.
 bool saysYes(QMessageBox::Icon icon, const QString& text)

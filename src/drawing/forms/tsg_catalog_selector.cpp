@@ -9,9 +9,7 @@
 #include <QFormLayout>
 #include <QPushButton>
 
-TSGCatalogSelector::TSGCatalogSelector(QWidget* parent)
-    : QDialog(parent)
-    , catalog_(new QComboBox(this))
+TSGCatalogSelector::TSGCatalogSelector(QWidget* parent) : QDialog(parent), catalog_(new QComboBox(this))
 {
     setWindowTitle("Укажите тип конструкции СОУ");
     catalog_->setObjectName("CatalogList");
@@ -32,8 +30,7 @@ TSGCatalogSelector::TSGCatalogSelector(QWidget* parent)
 
 void TSGCatalogSelector::fillCatalog()
 {
-    const sql::Result rows =
-        session().run("select catalog_id,name,note from tsg_catalog order by catalog_id,name");
+    const sql::Result rows = session().run("select catalog_id,name,note from tsg_catalog order by catalog_id,name");
     for (int row = 0; rows.isTuples() && row < rows.ntuples(); ++row)
         catalog_->addItem(fill("%1 (%2)", rows.getvalue(row, 1), rows.getvalue(row, 2)), rows.toInt(row, 0));
 }

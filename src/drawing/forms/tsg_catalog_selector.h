@@ -6,8 +6,7 @@
 
 class QComboBox;
 
-class TSGCatalogSelector : public QDialog
-{
+class TSGCatalogSelector : public QDialog {
     Q_OBJECT
 
 public:

@@ -8,10 +8,10 @@ struct AuditTexts {
     FamilyKey family;
     QString notInDatabase; ///< %1 the id, as in the next
     QString notInPosition;
-    QString duplicateName; ///< %1 the name
-    QString duplicateId;   ///< %1 the id
+    QString duplicateName;         ///< %1 the name
+    QString duplicateId;           ///< %1 the id
     QString duplicateIdInPosition; ///< what position mode says instead; empty: the same
-    QString missingRows;   ///< asks about rows without a block, %1 their number
+    QString missingRows;           ///< asks about rows without a block, %1 their number
 };
 
 const AuditTexts& auditTexts(FamilyKey family);

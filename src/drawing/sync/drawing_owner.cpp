@@ -19,10 +19,7 @@ std::optional<QString> drawingProperty(const QString& key)
     return value;
 }
 
-bool goesOn(const SyncQuestions& questions, const QString& text)
-{
-    return questions.warn && questions.warn(text);
-}
+bool goesOn(const SyncQuestions& questions, const QString& text) { return questions.warn && questions.warn(text); }
 
 bool projectIsAccepted(const SyncQuestions& questions)
 {

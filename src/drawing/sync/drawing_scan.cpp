@@ -17,10 +17,7 @@ std::optional<int> idOf(const ElementBlock& block)
     return leadingInteger(block.attributes.value(QStringLiteral("element_id")));
 }
 
-QString nameOf(const ElementBlock& block)
-{
-    return block.attributes.value(QStringLiteral("name"));
-}
+QString nameOf(const ElementBlock& block) { return block.attributes.value(QStringLiteral("name")); }
 
 NcGePoint3d placeOf(NcDbObjectId id)
 {

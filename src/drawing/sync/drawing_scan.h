@@ -6,10 +6,9 @@
 #include "drawing/sync/sync_mode.h"
 #include "elements/element_block.h"
 
-class DrawingScan
-{
+class DrawingScan {
 public:
-    explicit DrawingScan(SyncMode mode) : mode_(mode) {}
+    explicit DrawingScan(SyncMode mode) : mode_(mode) { }
 
     /// Clears the error layer, reads the rows' ids and goes through model space
     /// in its order. False when it could not begin or came to a block whose id

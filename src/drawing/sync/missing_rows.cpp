@@ -34,7 +34,7 @@ void offerFamily(FamilyRows& rows, const Family& family, const SyncQuestions& qu
 
 void offerMissingRows(RowsOfFamilies& rows, const SyncQuestions& questions)
 {
-    for (const FamilyKey key : {FamilyKey::Dm, FamilyKey::Ts, FamilyKey::Tss, FamilyKey::Rp, FamilyKey::Ggs,
-                                FamilyKey::Igs, FamilyKey::Tsg})
+    for (const FamilyKey key :
+         {FamilyKey::Dm, FamilyKey::Ts, FamilyKey::Tss, FamilyKey::Rp, FamilyKey::Ggs, FamilyKey::Igs, FamilyKey::Tsg})
         offerFamily(rows[size_t(key)], family(key), questions);
 }

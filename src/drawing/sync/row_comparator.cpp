@@ -36,8 +36,7 @@ void setFamilyAttributes(ElementBlock& element, const sql::Result& rows, int row
 
 RowElement elementOfRow(const sql::Result& rows, int row, FamilyKey family, const StateColors& colors)
 {
-    RowElement made{rows.toInt(row, 0), rows.getvalue(row, 2),
-                    ElementBlock(kindOfType(rows.getvalue(row, 1)), colors)};
+    RowElement made{rows.toInt(row, 0), rows.getvalue(row, 2), ElementBlock(kindOfType(rows.getvalue(row, 1)), colors)};
     ElementBlock& element = made.element;
     element.setAttribute(QStringLiteral("element_id"), QString::number(made.id));
     element.setAttribute(QStringLiteral("name"), made.name);
@@ -62,18 +61,14 @@ NcDbObjectId findBlock(const Family& family, const RowElement& row)
         return {};
     for (const int kind : family.kinds) {
         const QString& blockName = kinds()[size_t(kind)].blockName;
-        const NcDbObjectId found =
-            findBlockReference(blockName, QStringLiteral("element_id"), QString::number(row.id));
+        const NcDbObjectId found = findBlockReference(blockName, QStringLiteral("element_id"), QString::number(row.id));
         if (!found.isNull())
             return found;
     }
     return {};
 }
 
-NcGePoint3d placeOf(const ElementBlock& element)
-{
-    return {element.x, element.y, element.z};
-}
+NcGePoint3d placeOf(const ElementBlock& element) { return {element.x, element.y, element.z}; }
 
 void insertMissing(const RowElement& row, const RowTexts& texts)
 {

@@ -40,10 +40,7 @@ const std::array<Family, familyCount>& families()
     return rows;
 }
 
-const Family& family(FamilyKey key)
-{
-    return families()[size_t(key)];
-}
+const Family& family(FamilyKey key) { return families()[size_t(key)]; }
 
 const Family* familyOfKind(int kind)
 {
@@ -61,12 +58,6 @@ const Family* familyByShortKey(const QString& shortKey)
     return found == rows.end() ? nullptr : &*found;
 }
 
-QString allFamiliesKey()
-{
-    return QStringLiteral("ALL");
-}
+QString allFamiliesKey() { return QStringLiteral("ALL"); }
 
-QString allFamiliesName()
-{
-    return QStringLiteral("Все");
-}
+QString allFamiliesName() { return QStringLiteral("Все"); }

@@ -20,16 +20,16 @@ constexpr int familyCount = 7;
 
 struct Family {
     FamilyKey key;
-    QString shortKey;    ///< of the element list's filter: "DM"
-    QString listName;    ///< in the element list
-    QVector<int> kinds;  ///< in the order in which block names are tried in a drawing; not ascending on purpose
-    QString elements;    ///< tables
+    QString shortKey;   ///< of the element list's filter: "DM"
+    QString listName;   ///< in the element list
+    QVector<int> kinds; ///< in the order in which block names are tried in a drawing; not ascending on purpose
+    QString elements;   ///< tables
     QString dynprops;
-    QString types;       ///< type_id and its display name
-    QString measures;    ///< empty for engineering-geological wells, as are the next two
+    QString types;    ///< type_id and its display name
+    QString measures; ///< empty for engineering-geological wells, as are the next two
     QString inspections;
     QString files;
-    unsigned mask;       ///< bit in the filter of the synchronisation
+    unsigned mask; ///< bit in the filter of the synchronisation
 };
 
 /// In the order of FamilyKey.

@@ -35,8 +35,7 @@ TextMap with(TextMap map, const TextMap& more)
 
 QVector<Row> buildRows()
 {
-    const TextMap label = {
-        {"Положение1 X", "1.39489"}, {"Положение1 Y", "0.895453"}, {"Длина полки", "12.0461"}};
+    const TextMap label = {{"Положение1 X", "1.39489"}, {"Положение1 Y", "0.895453"}, {"Длина полки", "12.0461"}};
     const TextMap benchmarkLabel = {
         {"Положение1 X", "2.01741"}, {"Положение1 Y", "1.29509"}, {"Длина полки", "12.0461"}};
     const TextMap named = blanks({"name", "element_id"});

@@ -36,27 +36,17 @@ namespace {
 int kindWhere(QString Kind::*column, const QString& text)
 {
     const auto& rows = kinds();
-    const auto found =
-        std::find_if(rows.begin(), rows.end(), [&](const Kind& row) { return row.*column == text; });
+    const auto found = std::find_if(rows.begin(), rows.end(), [&](const Kind& row) { return row.*column == text; });
     return found == rows.end() ? noKind : int(found - rows.begin());
 }
 
 } // namespace
 
-bool isKind(int kind)
-{
-    return kind >= 0 && kind < kindCount;
-}
+bool isKind(int kind) { return kind >= 0 && kind < kindCount; }
 
-int kindByBlockName(const QString& blockName)
-{
-    return kindWhere(&Kind::blockName, blockName);
-}
+int kindByBlockName(const QString& blockName) { return kindWhere(&Kind::blockName, blockName); }
 
-int kindByTypeId(const QString& typeId)
-{
-    return kindWhere(&Kind::typeId, typeId);
-}
+int kindByTypeId(const QString& typeId) { return kindWhere(&Kind::typeId, typeId); }
 
 QString blockNameByTypeId(const QString& typeId)
 {

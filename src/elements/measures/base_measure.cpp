@@ -10,16 +10,10 @@
 
 namespace {
 
-QString dateFormat()
-{
-    return QStringLiteral("yyyy-MM-dd");
-}
+QString dateFormat() { return QStringLiteral("yyyy-MM-dd"); }
 
 // An id column of a row; -1 when it is absent.
-int idAt(const sql::Result& row, int column)
-{
-    return row.isNull(0, column) ? -1 : row.toInt(0, column);
-}
+int idAt(const sql::Result& row, int column) { return row.isNull(0, column) ? -1 : row.toInt(0, column); }
 
 // The first entry, in list order, of which `matches` is true.
 template <class Matches>
@@ -32,11 +26,8 @@ int indexWhere(const EntryList& list, Matches matches)
 } // namespace
 
 BaseMeasure::BaseMeasure(const MeasureFamily& family, const MeasureLists& ready)
-    : positionId(session().currentPositionId)
-    , lists(ready)
-    , family_(&family)
-{
-}
+    : positionId(session().currentPositionId), lists(ready), family_(&family)
+{ }
 
 BaseMeasure::~BaseMeasure() = default;
 
@@ -45,20 +36,11 @@ int BaseMeasure::loadElements(bool allBase)
     return ::loadElements(lists, family_->elementTable, positionId, allBase);
 }
 
-int BaseMeasure::loadCycles()
-{
-    return ::loadCycles(lists);
-}
+int BaseMeasure::loadCycles() { return ::loadCycles(lists); }
 
-int BaseMeasure::loadDevices()
-{
-    return ::loadDevices(lists);
-}
+int BaseMeasure::loadDevices() { return ::loadDevices(lists); }
 
-int BaseMeasure::loadPerformers()
-{
-    return ::loadPerformers(lists);
-}
+int BaseMeasure::loadPerformers() { return ::loadPerformers(lists); }
 
 int BaseMeasure::setElementName(const QString& name)
 {
@@ -92,9 +74,9 @@ int BaseMeasure::setDate(const QDateTime& dateTime)
             return takeCycle(record.id, dateTime);
     }
     date = dateTime;
-    const sql::Result row = session().run("select cycle_id from cycles where to_date('"
-                                          + day.toString(QStringLiteral("yyyy.MM.dd"))
-                                          + "', 'yyyy.mm.dd') between date_start and date_end");
+    const sql::Result row =
+        session().run("select cycle_id from cycles where to_date('" + day.toString(QStringLiteral("yyyy.MM.dd"))
+                      + "', 'yyyy.mm.dd') between date_start and date_end");
     return takeCycle(row.isTuples() ? idAt(row, 0) : -1, dateTime);
 }
 
@@ -121,9 +103,8 @@ int BaseMeasure::setCycleId(int id)
 int BaseMeasure::setDeviceSerial(const QString& serial)
 {
     deviceSerial = serial;
-    deviceIndex = indexWhere(lists.devices, [&](const ListEntry& device) {
-        return serialOf(device).trimmed() == serial.trimmed();
-    });
+    deviceIndex = indexWhere(lists.devices,
+                             [&](const ListEntry& device) { return serialOf(device).trimmed() == serial.trimmed(); });
     deviceId = deviceIndex < 0 ? -1 : lists.devices[deviceIndex].id;
     return deviceIndex < 0 ? measureNoDevice : measureOk;
 }
@@ -214,8 +195,8 @@ QString BaseMeasure::insertSql()
 {
     if (!isComplete())
         return {};
-    return "INSERT INTO " + family_->measureTable + " (" + columnList() + ") VALUES (" + valueList()
-        + ") RETURNING " + family_->idColumn;
+    return "INSERT INTO " + family_->measureTable + " (" + columnList() + ") VALUES (" + valueList() + ") RETURNING "
+        + family_->idColumn;
 }
 
 QString BaseMeasure::updateSql(int id)
@@ -228,8 +209,8 @@ QString BaseMeasure::updateSql(int id)
 
 int BaseMeasure::findMeasureId()
 {
-    const sql::Result row = session().run(fill("SELECT %3 FROM %4 WHERE element_id =%1 AND cycle_id = %2",
-                                               elementId, cycleId, family_->idColumn, family_->measureTable));
+    const sql::Result row = session().run(fill("SELECT %3 FROM %4 WHERE element_id =%1 AND cycle_id = %2", elementId,
+                                               cycleId, family_->idColumn, family_->measureTable));
     const int id = row.isTuples() ? idAt(row, 0) : -1;
     exists = id > 0;
     return exists ? id : -1;

@@ -14,8 +14,7 @@ namespace sql {
 class Result;
 }
 
-class BaseMeasure
-{
+class BaseMeasure {
 public:
     /// A value without data.
     static constexpr double noValue = std::numeric_limits<double>::infinity();
@@ -26,8 +25,8 @@ public:
 
     const MeasureFamily& family() const { return *family_; }
 
-    int positionId;        ///< scopes the list of elements
-    int measureId = -1;    ///< the row's id once loaded
+    int positionId;     ///< scopes the list of elements
+    int measureId = -1; ///< the row's id once loaded
     int elementId = -1;
     QString elementName;
     int elementIndex = -1; ///< in the list, like the other indexes

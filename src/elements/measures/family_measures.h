@@ -9,8 +9,7 @@
 #include <memory>
 
 /// Deformation mark: the absolute mark, m.
-class DMMeasure : public BaseMeasure
-{
+class DMMeasure : public BaseMeasure {
 public:
     explicit DMMeasure(const MeasureLists& lists = {});
     double& meas() { return values[0]; }
@@ -19,8 +18,7 @@ public:
 };
 
 /// Benchmark: the absolute mark and its precision.
-class RPMeasure : public BaseMeasure
-{
+class RPMeasure : public BaseMeasure {
 public:
     explicit RPMeasure(const MeasureLists& lists = {});
     double& meas() { return values[0]; }
@@ -28,16 +26,14 @@ public:
 };
 
 /// Hydrogeological well: the level of ground water.
-class GGSMeasure : public BaseMeasure
-{
+class GGSMeasure : public BaseMeasure {
 public:
     explicit GGSMeasure(const MeasureLists& lists = {});
     double& meas() { return values[0]; }
 };
 
 /// Thermostabiliser: temperatures of the air and of the condenser.
-class TSGMeasure : public BaseMeasure
-{
+class TSGMeasure : public BaseMeasure {
 public:
     explicit TSGMeasure(const MeasureLists& lists = {});
     double& envTemp() { return values[0]; }
@@ -45,8 +41,7 @@ public:
 };
 
 /// Snow survey point: density and height.
-class TSSMeasure : public BaseMeasure
-{
+class TSSMeasure : public BaseMeasure {
 public:
     explicit TSSMeasure(const MeasureLists& lists = {});
     double& measDensity() { return values[0]; }
@@ -55,8 +50,7 @@ public:
 
 /// Thermal well: the temperature of the air and the profile. What the import's
 /// check finds is kept with the measure.
-class TSMeasure : public BaseMeasure
-{
+class TSMeasure : public BaseMeasure {
 public:
     explicit TSMeasure(const MeasureLists& lists = {});
     double& tVozd() { return values[0]; }
@@ -68,7 +62,7 @@ public:
     double previousMean = noValue;
     bool validated = false;
     TemperatureLog outliers;
-    TemperatureLog gradients; ///< where the temperature changes too fast
+    TemperatureLog gradients;                      ///< where the temperature changes too fast
     double depthFrom = noValue, depthTo = noValue; ///< of the criterion
 
     /// At once measureNotFound for -1.

@@ -45,10 +45,7 @@ int loadEntries(const QString& statement, int texts, EntryList& entries)
 }
 
 // The server prints years with two digits, which are read as 19yy.
-QDate cycleDate(const QString& text)
-{
-    return QDate::fromString(text, QStringLiteral("dd.MM.yy")).addYears(100);
-}
+QDate cycleDate(const QString& text) { return QDate::fromString(text, QStringLiteral("dd.MM.yy")).addYears(100); }
 
 } // namespace
 
@@ -88,18 +85,13 @@ int loadDevices(MeasureLists& lists)
 
 int loadPerformers(MeasureLists& lists)
 {
-    return loadEntries("select performer_id, fullname,name from performers order by performer_id", 2,
-                       lists.performers);
+    return loadEntries("select performer_id, fullname,name from performers order by performer_id", 2, lists.performers);
 }
 
 int indexOfId(const EntryList& list, int id)
 {
-    const auto found =
-        std::find_if(list.begin(), list.end(), [id](const ListEntry& entry) { return entry.id == id; });
+    const auto found = std::find_if(list.begin(), list.end(), [id](const ListEntry& entry) { return entry.id == id; });
     return found == list.end() ? -1 : int(found - list.begin());
 }
 
-QString serialOf(const ListEntry& device)
-{
-    return device.text.split(separator).first();
-}
+QString serialOf(const ListEntry& device) { return device.text.split(separator).first(); }

@@ -38,8 +38,8 @@ enum MeasureCode {
     measureNoConnection = 5, ///< or the query of a list failed
     measureNoElement = 7,    ///< name not found
     measureNoCycle = 8,
-    measureNoDevice = 9,     ///< serial not found
-    measureNotFound = 11,    ///< id not in the list, or the row could not be read
+    measureNoDevice = 9,  ///< serial not found
+    measureNotFound = 11, ///< id not in the list, or the row could not be read
 };
 
 /// Each replaces its list and returns measureOk, or measureNoConnection, which

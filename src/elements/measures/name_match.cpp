@@ -9,16 +9,16 @@ namespace {
 // sign's own. In the last one the backslashes only set off the marks behind
 // them: a backslash belongs to the set, yet the set does not match it.
 constexpr std::array<const char16_t*, 49> groups = {
-    u"AaАа", u"BbБб", u"CcSsСс", u"DdДд", u"EeЕе", u"FfФф", u"GgГг", u"HhХх", u"IiИи", u"Jj",
-    u"KkКк", u"LlЛл", u"MmМм", u"NnНн", u"OoОо", u"PpПп", u"Qq", u"RrРр", u"TtТт", u"UuУу",
-    u"VvWwВв", u"WwВв", u"XxХх", u"Yy", u"ZzЗз", u"Ёё", u"Жж", u"Йй", u"Цц", u"Чч",
-    u"Шш", u"Щщ", u"Ъъ", u"Ыы", u"Ьь", u"Ээ", u"Юю", u"Яя", u"1", u"2",
-    u"3", u"4", u"5", u"6", u"7", u"8", u"9", u"0", u" \\.\\-\\_",
+    u"AaАа",   u"BbБб", u"CcSsСс", u"DdДд", u"EeЕе", u"FfФф", u"GgГг", u"HhХх", u"IiИи",       u"Jj",
+    u"KkКк",   u"LlЛл", u"MmМм",   u"NnНн", u"OoОо", u"PpПп", u"Qq",   u"RrРр", u"TtТт",       u"UuУу",
+    u"VvWwВв", u"WwВв", u"XxХх",   u"Yy",   u"ZzЗз", u"Ёё",   u"Жж",   u"Йй",   u"Цц",         u"Чч",
+    u"Шш",     u"Щщ",   u"Ъъ",     u"Ыы",   u"Ьь",   u"Ээ",   u"Юю",   u"Яя",   u"1",          u"2",
+    u"3",      u"4",    u"5",      u"6",    u"7",    u"8",    u"9",    u"0",    u" \\.\\-\\_",
 };
 
 struct Membership {
-    int own = -1;           // the first group that holds the sign
-    quint64 matchedBy = 0;  // bit per group whose class matches the sign
+    int own = -1;          // the first group that holds the sign
+    quint64 matchedBy = 0; // bit per group whose class matches the sign
 };
 
 using Memberships = QHash<ushort, Membership>;
@@ -54,8 +54,7 @@ bool takes(const QString& source, const QString& name)
         const QChar sign = name[i];
         if (source[i].isSurrogate() || sign.isSurrogate())
             return false;
-        if (own < 0 ? sign == QLatin1Char('\n')
-                    : !(memberships().value(sign.unicode()).matchedBy >> own & 1))
+        if (own < 0 ? sign == QLatin1Char('\n') : !(memberships().value(sign.unicode()).matchedBy >> own & 1))
             return false;
     }
     return true;

@@ -47,25 +47,13 @@ struct Reading {
     double key, value;
 };
 
-Reading reading(TemperatureLog::const_iterator at)
-{
-    return {at->first, at->second};
-}
+Reading reading(TemperatureLog::const_iterator at) { return {at->first, at->second}; }
 
-bool bothKnown(const Reading& a, const Reading& b)
-{
-    return std::isfinite(a.value) && std::isfinite(b.value);
-}
+bool bothKnown(const Reading& a, const Reading& b) { return std::isfinite(a.value) && std::isfinite(b.value); }
 
-double trapezoid(double first, double second, double length)
-{
-    return (first + second) * 0.5 * length;
-}
+double trapezoid(double first, double second, double length) { return (first + second) * 0.5 * length; }
 
-bool strictlyInside(double key, const Reading& a, const Reading& b)
-{
-    return a.key < key && key < b.key;
-}
+bool strictlyInside(double key, const Reading& a, const Reading& b) { return a.key < key && key < b.key; }
 
 // The bounds of a mean after they were drawn in.
 struct Range {

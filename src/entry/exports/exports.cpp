@@ -19,7 +19,7 @@ Q_DECL_EXPORT int ncrxEntryPoint(int message, void* packet)
 }
 
 // Samples that the host's module template names; the system does not use them.
-Q_DECL_EXPORT void HelloUIDialogcmd() {}
+Q_DECL_EXPORT void HelloUIDialogcmd() { }
 Q_DECL_EXPORT bool showDialog(void* /*parent*/) { return true; }
 
 } // extern "C"

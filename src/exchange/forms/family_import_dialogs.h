@@ -4,13 +4,9 @@
 #include "exchange/forms/measure_import_dialog.h"
 
 template <FamilyKey key>
-class FamilyImportDialog : public MeasureImportDialog
-{
+class FamilyImportDialog : public MeasureImportDialog {
 public:
-    explicit FamilyImportDialog(QWidget* parent = nullptr)
-        : MeasureImportDialog(*importFamily(key), parent)
-    {
-    }
+    explicit FamilyImportDialog(QWidget* parent = nullptr) : MeasureImportDialog(*importFamily(key), parent) { }
 };
 
 using DMImportCmdDialog = FamilyImportDialog<FamilyKey::Dm>;

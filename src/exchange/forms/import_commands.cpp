@@ -4,32 +4,14 @@
 #include "exchange/forms/ts_import_dialog.h"
 #include "session/forms/modal.h"
 
-void importDeformationMarkMeasures()
-{
-    runModal<DMImportCmdDialog>();
-}
+void importDeformationMarkMeasures() { runModal<DMImportCmdDialog>(); }
 
-void importBenchmarkMeasures()
-{
-    runModal<RPImportCmdDialog>();
-}
+void importBenchmarkMeasures() { runModal<RPImportCmdDialog>(); }
 
-void importSnowPointMeasures()
-{
-    runModal<TSSImportCmdDialog>();
-}
+void importSnowPointMeasures() { runModal<TSSImportCmdDialog>(); }
 
-void importGroundwaterMeasures()
-{
-    runModal<GGSImportCmdDialog>();
-}
+void importGroundwaterMeasures() { runModal<GGSImportCmdDialog>(); }
 
-void importThermostabiliserMeasures()
-{
-    runModal<TSGImportCmdDialog>();
-}
+void importThermostabiliserMeasures() { runModal<TSGImportCmdDialog>(); }
 
-void importThermalWellMeasures()
-{
-    runModal<TSImportCmdDialog>();
-}
+void importThermalWellMeasures() { runModal<TSImportCmdDialog>(); }

@@ -29,10 +29,7 @@ const auto choiceChanged = QOverload<int>::of(&QComboBox::currentIndexChanged);
 } // namespace
 
 MeasureImportDialog::MeasureImportDialog(const ImportFamily& family, QWidget* parent)
-    : QDialog(parent)
-    , family_(family)
-    , ui_(this)
-    , table_(family)
+    : QDialog(parent), family_(family), ui_(this), table_(family)
 {
     setObjectName(family_.dialogName);
     setWindowTitle(family_.title);
@@ -195,10 +192,7 @@ void MeasureImportDialog::setDelegates(const EntryList& elements)
     }
 }
 
-void MeasureImportDialog::showSummary()
-{
-    ui_.SummaryLabel->setText(table_.summaryText());
-}
+void MeasureImportDialog::showSummary() { ui_.SummaryLabel->setText(table_.summaryText()); }
 
 // --- what is written -------------------------------------------------------------
 
@@ -213,10 +207,7 @@ void MeasureImportDialog::runImport()
         [this](int row) { moveProgress(row); });
 }
 
-void MeasureImportDialog::copyErrors() const
-{
-    QApplication::clipboard()->setText(table_.uncheckedText());
-}
+void MeasureImportDialog::copyErrors() const { QApplication::clipboard()->setText(table_.uncheckedText()); }
 
 // --- progress --------------------------------------------------------------------
 

@@ -11,8 +11,7 @@
 #include <QDialog>
 #include <QElapsedTimer>
 
-class MeasureImportDialog : public QDialog
-{
+class MeasureImportDialog : public QDialog {
     Q_OBJECT
 
 public:

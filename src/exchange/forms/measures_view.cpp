@@ -2,8 +2,7 @@
 
 #include <QHeaderView>
 
-MeasuresView::MeasuresView(QWidget* parent)
-    : QTableView(parent)
+MeasuresView::MeasuresView(QWidget* parent) : QTableView(parent)
 {
     horizontalHeader()->setDefaultSectionSize(160);
     horizontalHeader()->setStretchLastSection(true);

@@ -5,8 +5,7 @@
 #include <QHash>
 #include <QTableView>
 
-class MeasuresView : public QTableView
-{
+class MeasuresView : public QTableView {
     Q_OBJECT
 
 public:

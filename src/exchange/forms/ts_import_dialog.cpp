@@ -19,8 +19,7 @@ void showMeasure(const TSMeasure& measure, QWidget* parent)
 
 } // namespace
 
-TSImportCmdDialog::TSImportCmdDialog(QWidget* parent)
-    : MeasureImportDialog(*importFamily(FamilyKey::Ts), parent)
+TSImportCmdDialog::TSImportCmdDialog(QWidget* parent) : MeasureImportDialog(*importFamily(FamilyKey::Ts), parent)
 {
     addAirTemperature();
     addProfileButtons();

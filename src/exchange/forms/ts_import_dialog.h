@@ -6,8 +6,7 @@
 
 class QDoubleSpinBox;
 
-class TSImportCmdDialog : public MeasureImportDialog
-{
+class TSImportCmdDialog : public MeasureImportDialog {
     Q_OBJECT
 
 public:

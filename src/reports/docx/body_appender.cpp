@@ -7,15 +7,9 @@
 namespace docx {
 namespace {
 
-QString sectionName()
-{
-    return QStringLiteral("w:sectPr");
-}
+QString sectionName() { return QStringLiteral("w:sectPr"); }
 
-QDomElement make(QDomDocument document, const char* name)
-{
-    return document.createElement(QLatin1String(name));
-}
+QDomElement make(QDomDocument document, const char* name) { return document.createElement(QLatin1String(name)); }
 
 /// Ends the last section of the merged document where it stands, and starts a
 /// new page.
@@ -55,13 +49,11 @@ QHash<QString, QString> adoptNamespaces(const QDomElement& fileRoot, QDomElement
 }
 
 /// Prefixes that a reader may pass over stay so in the merged document.
-void adoptIgnorable(const QDomElement& fileRoot, QDomElement mergedRoot,
-                    const QHash<QString, QString>& different)
+void adoptIgnorable(const QDomElement& fileRoot, QDomElement mergedRoot, const QHash<QString, QString>& different)
 {
     const QString name = QStringLiteral("mc:Ignorable");
     QStringList prefixes = mergedRoot.attribute(name).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    for (const QString& prefix :
-         fileRoot.attribute(name).split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+    for (const QString& prefix : fileRoot.attribute(name).split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
         if (!prefixes.contains(prefix) && !different.contains(QLatin1String("xmlns:") + prefix))
             prefixes.append(prefix);
     }
@@ -71,10 +63,9 @@ void adoptIgnorable(const QDomElement& fileRoot, QDomElement mergedRoot,
 
 bool refersToNoteOrComment(const QDomElement& element)
 {
-    static const QStringList names{
-        QStringLiteral("w:footnoteReference"), QStringLiteral("w:endnoteReference"),
-        QStringLiteral("w:commentReference"), QStringLiteral("w:commentRangeStart"),
-        QStringLiteral("w:commentRangeEnd")};
+    static const QStringList names{QStringLiteral("w:footnoteReference"), QStringLiteral("w:endnoteReference"),
+                                   QStringLiteral("w:commentReference"), QStringLiteral("w:commentRangeStart"),
+                                   QStringLiteral("w:commentRangeEnd")};
     return names.contains(element.tagName());
 }
 
@@ -83,11 +74,10 @@ bool refersToNoteOrComment(const QDomElement& element)
 /// is enough.
 QDomElement holderOfReference(const QDomElement& element)
 {
-    static const QStringList holders{
-        QStringLiteral("w:drawing"),         QStringLiteral("w:pict"),
-        QStringLiteral("w:object"),          QStringLiteral("w:control"),
-        QStringLiteral("w:altChunk"),        QStringLiteral("w:subDoc"),
-        QStringLiteral("w:headerReference"), QStringLiteral("w:footerReference")};
+    static const QStringList holders{QStringLiteral("w:drawing"),         QStringLiteral("w:pict"),
+                                     QStringLiteral("w:object"),          QStringLiteral("w:control"),
+                                     QStringLiteral("w:altChunk"),        QStringLiteral("w:subDoc"),
+                                     QStringLiteral("w:headerReference"), QStringLiteral("w:footerReference")};
     QDomElement at = element;
     while (!at.isNull() && !holders.contains(at.tagName()))
         at = at.parentNode().toElement();
@@ -96,7 +86,7 @@ QDomElement holderOfReference(const QDomElement& element)
 
 class References {
 public:
-    explicit References(const RelationshipMap& relationships) : relationships_(relationships) {}
+    explicit References(const RelationshipMap& relationships) : relationships_(relationships) { }
 
     /// Rewrites `root` and all below it.
     void rewrite(const QDomElement& root)
@@ -144,8 +134,7 @@ private:
 
 } // namespace
 
-void appendBody(const WordDocument& file, const RelationshipMap& relationships,
-                MergedDocument* merged)
+void appendBody(const WordDocument& file, const RelationshipMap& relationships, MergedDocument* merged)
 {
     const QDomElement fileRoot = file.document.documentElement();
     const QDomElement fileBody = fileRoot.firstChildElement(QStringLiteral("w:body"));

@@ -13,7 +13,6 @@ using RelationshipMap = QHash<QString, QString>;
 /// the document now. References are rewritten; what refers to parts that are
 /// not carried over (charts of the body, notes, comments) is left out, since a
 /// reference into nowhere makes Word refuse the whole file.
-void appendBody(const WordDocument& file, const RelationshipMap& relationships,
-                MergedDocument* merged);
+void appendBody(const WordDocument& file, const RelationshipMap& relationships, MergedDocument* merged);
 
 } // namespace docx

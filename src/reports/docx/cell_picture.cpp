@@ -14,10 +14,7 @@ namespace {
 constexpr double emuPerInch = 914400;
 constexpr double pixelsPerInch = 96;
 
-QString pictureNamespace()
-{
-    return QStringLiteral("http://schemas.openxmlformats.org/drawingml/2006/picture");
-}
+QString pictureNamespace() { return QStringLiteral("http://schemas.openxmlformats.org/drawingml/2006/picture"); }
 
 using Attributes = std::initializer_list<std::pair<const char*, QString>>;
 
@@ -29,10 +26,7 @@ QDomElement add(QDomElement parent, const char* name, const Attributes& attribut
     return parent.appendChild(element).toElement();
 }
 
-qint64 extent(int pixels)
-{
-    return qint64(pixels * emuPerInch / pixelsPerInch);
-}
+qint64 extent(int pixels) { return qint64(pixels * emuPerInch / pixelsPerInch); }
 
 QDomElement own(QDomElement parent, const char* name)
 {
@@ -49,8 +43,7 @@ void addShape(const QDomElement& picture, const QString& width, const QString& h
     add(add(shape, "a:prstGeom", {{"prst", QStringLiteral("rect")}}), "a:avLst");
 }
 
-void addPicture(const QDomElement& graphicData, const QString& relationId, const QString& width,
-                const QString& height)
+void addPicture(const QDomElement& graphicData, const QString& relationId, const QString& width, const QString& height)
 {
     const QDomElement picture = add(graphicData, "pic:pic", {{"xmlns:pic", pictureNamespace()}});
     const QDomElement names = add(picture, "pic:nvPicPr");
@@ -62,26 +55,22 @@ void addPicture(const QDomElement& graphicData, const QString& relationId, const
     addShape(picture, width, height);
 }
 
-void addDrawing(const QDomElement& run, const QString& relationId, const QString& width,
-                const QString& height)
+void addDrawing(const QDomElement& run, const QString& relationId, const QString& width, const QString& height)
 {
     const QString zero = QStringLiteral("0");
-    const QDomElement inlined
-        = add(add(run, "w:drawing"), "wp:inline",
-              {{"xmlns:wp", QStringLiteral("http://schemas.openxmlformats.org/drawingml/2006/"
-                                           "wordprocessingDrawing")},
-               {"distT", zero},
-               {"distB", zero},
-               {"distL", zero},
-               {"distR", zero}});
+    const QDomElement inlined = add(add(run, "w:drawing"), "wp:inline",
+                                    {{"xmlns:wp",
+                                      QStringLiteral("http://schemas.openxmlformats.org/drawingml/2006/"
+                                                     "wordprocessingDrawing")},
+                                     {"distT", zero},
+                                     {"distB", zero},
+                                     {"distL", zero},
+                                     {"distR", zero}});
     add(inlined, "wp:extent", {{"cx", width}, {"cy", height}});
-    add(inlined, "wp:docPr",
-        {{"id", QString::number(nextDrawingId())}, {"name", QStringLiteral("Picture")}});
-    const QString drawingNamespace
-        = QStringLiteral("http://schemas.openxmlformats.org/drawingml/2006/main");
+    add(inlined, "wp:docPr", {{"id", QString::number(nextDrawingId())}, {"name", QStringLiteral("Picture")}});
+    const QString drawingNamespace = QStringLiteral("http://schemas.openxmlformats.org/drawingml/2006/main");
     const QDomElement graphic = add(inlined, "a:graphic", {{"xmlns:a", drawingNamespace}});
-    addPicture(add(graphic, "a:graphicData", {{"uri", pictureNamespace()}}), relationId, width,
-               height);
+    addPicture(add(graphic, "a:graphicData", {{"uri", pictureNamespace()}}), relationId, width, height);
 }
 
 /// The picture's "r:embed" needs the prefix; a document without any reference
@@ -96,15 +85,9 @@ void declareRelationships(const QDomDocument& document)
 
 } // namespace
 
-QDomElement firstParagraph(QDomElement cell)
-{
-    return own(cell, "w:p");
-}
+QDomElement firstParagraph(QDomElement cell) { return own(cell, "w:p"); }
 
-QDomElement firstRun(const QDomElement& cell)
-{
-    return own(firstParagraph(cell), "w:r");
-}
+QDomElement firstRun(const QDomElement& cell) { return own(firstParagraph(cell), "w:r"); }
 
 bool putPicture(const QDomElement& cell, const QString& relationId, const QSize& size)
 {
@@ -120,8 +103,7 @@ bool putPicture(const QDomElement& cell, const QString& relationId, const QSize&
             run.removeChild(old);
     }
     declareRelationships(run.ownerDocument());
-    addDrawing(run, storableInXml(relationId), QString::number(width),
-               QString::number(height));
+    addDrawing(run, storableInXml(relationId), QString::number(width), QString::number(height));
     return true;
 }
 

@@ -23,9 +23,7 @@ bool isSameFile(const QString& one, const QString& other)
 bool readFile(const QString& path, PackageReader* package, WordDocument* parts)
 {
     return package->open(path) && parts->read(*package)
-           && !parts->document.documentElement()
-                   .firstChildElement(QStringLiteral("w:body"))
-                   .isNull();
+        && !parts->document.documentElement().firstChildElement(QStringLiteral("w:body")).isNull();
 }
 
 bool copyFile(const QString& from, const QString& to)
@@ -44,8 +42,8 @@ bool copyFile(const QString& from, const QString& to)
 
 /// Carries one relationship of a later file over; what is of no use to the body
 /// is passed over.
-void carryRelationship(const QDomElement& relationship, docx::PartCopier* copier,
-                       MergedDocument* merged, docx::RelationshipMap* map)
+void carryRelationship(const QDomElement& relationship, docx::PartCopier* copier, MergedDocument* merged,
+                       docx::RelationshipMap* map)
 {
     const QString type = relationship.attribute(QStringLiteral("Type"));
     const QString target = relationship.attribute(QStringLiteral("Target"));
@@ -61,8 +59,7 @@ void carryRelationship(const QDomElement& relationship, docx::PartCopier* copier
         const QString source = docx::resolvedTarget(docx::parts::document(), target);
         const QString name = copier->copy(source, type);
         if (!name.isEmpty())
-            map->insert(id, merged->addRelationship(
-                                type, name.mid(docx::parts::folder().size()), QString()));
+            map->insert(id, merged->addRelationship(type, name.mid(docx::parts::folder().size()), QString()));
     }
 }
 
@@ -88,7 +85,7 @@ bool appendFile(const QString& path, MergedDocument* merged)
 
 } // namespace
 
-DocxMerger::DocxMerger(const QStringList& inputs) : inputs_(inputs) {}
+DocxMerger::DocxMerger(const QStringList& inputs) : inputs_(inputs) { }
 
 bool DocxMerger::merge(const QString& outputPath, bool overwrite)
 {
@@ -117,8 +114,7 @@ bool DocxMerger::mergeAll(const QString& outputPath) const
     {
         PackageReader first;
         WordDocument parts;
-        if (!readFile(inputs_.first(), &first, &parts)
-            || !merged.start(first, parts, outputPath)) {
+        if (!readFile(inputs_.first(), &first, &parts) || !merged.start(first, parts, outputPath)) {
             qDebug() << "DocxMerger: Failed to copy first file to" << outputPath;
             return false;
         }

@@ -11,10 +11,7 @@ using docx::rowsOf;
 
 namespace {
 
-QString valueAttribute()
-{
-    return QStringLiteral("w:val");
-}
+QString valueAttribute() { return QStringLiteral("w:val"); }
 
 /// A deep copy; drawings in it get ids of their own.
 QDomElement cloneOf(const QDomElement& element)
@@ -48,10 +45,7 @@ QString hexadecimal(int component)
     return digits.rightJustified(2, QLatin1Char('0'));
 }
 
-QString colorName(int red, int green, int blue)
-{
-    return hexadecimal(red) + hexadecimal(green) + hexadecimal(blue);
-}
+QString colorName(int red, int green, int blue) { return hexadecimal(red) + hexadecimal(green) + hexadecimal(blue); }
 
 QDomElement appendElement(QDomElement parent, const char* name)
 {
@@ -84,21 +78,15 @@ QDomElement paragraphProperties(QDomElement paragraph)
 } // namespace
 
 DocxTable::DocxTable(const QDomElement& tableElement)
-    : document_(tableElement.ownerDocument()), table_(tableElement),
+    : document_(tableElement.ownerDocument()),
+      table_(tableElement),
       properties_(tableElement.firstChildElement(QStringLiteral("w:tblPr"))),
       grid_(tableElement.firstChildElement(QStringLiteral("w:tblGrid")))
-{
-}
+{ }
 
-int DocxTable::rowCount() const
-{
-    return rowsOf(table_).size();
-}
+int DocxTable::rowCount() const { return rowsOf(table_).size(); }
 
-int DocxTable::columnCount() const
-{
-    return docx::ownElements(grid_, "w:gridCol").size();
-}
+int DocxTable::columnCount() const { return docx::ownElements(grid_, "w:gridCol").size(); }
 
 QDomNode DocxTable::rowAt(int) const
 {
@@ -106,10 +94,7 @@ QDomNode DocxTable::rowAt(int) const
     return QDomNode();
 }
 
-QDomElement DocxTable::cellAt(int row, int column) const
-{
-    return docx::cellAtGrid(table_, row, column);
-}
+QDomElement DocxTable::cellAt(int row, int column) const { return docx::cellAtGrid(table_, row, column); }
 
 QDomElement DocxTable::cellByIndex(const QDomNode& rowNode, int cellIndex) const
 {
@@ -119,8 +104,8 @@ QDomElement DocxTable::cellByIndex(const QDomNode& rowNode, int cellIndex) const
 bool DocxTable::containsTag(const QString& tag) const
 {
     for (const QDomElement& control : docx::descendants(table_, "w:sdt")) {
-        const QDomElement name = control.firstChildElement(QStringLiteral("w:sdtPr"))
-                                     .firstChildElement(QStringLiteral("w:tag"));
+        const QDomElement name =
+            control.firstChildElement(QStringLiteral("w:sdtPr")).firstChildElement(QStringLiteral("w:tag"));
         if (!name.isNull() && name.attribute(valueAttribute()) == tag)
             return true;
     }
@@ -171,8 +156,8 @@ void DocxTable::mergeColumns(int row, int first, int last)
     const int to = docx::cellOfColumn(cells, last);
     if (from < 0 || to <= from)
         return;
-    QDomElement span = docx::childInOrder(docx::makeCellProperties(cells.at(from)),
-                                          QStringLiteral("w:gridSpan"), docx::cellPropertyOrder());
+    QDomElement span = docx::childInOrder(docx::makeCellProperties(cells.at(from)), QStringLiteral("w:gridSpan"),
+                                          docx::cellPropertyOrder());
     span.setAttribute(valueAttribute(), last - first + 1);
     for (int place = from + 1; place <= to; ++place)
         cells.at(place).parentNode().removeChild(cells.at(place));
@@ -190,10 +175,7 @@ bool DocxTable::setCellText(QDomElement cell, const QString& text)
     return true;
 }
 
-bool DocxTable::setCellText(int row, int column, const QString& text)
-{
-    return setCellText(cellAt(row, column), text);
-}
+bool DocxTable::setCellText(int row, int column, const QString& text) { return setCellText(cellAt(row, column), text); }
 
 bool DocxTable::setCellText(const QDomNode& rowNode, int cellIndex, const QString& text)
 {
@@ -215,13 +197,10 @@ bool DocxTable::clearCell(QDomElement cell)
     return true;
 }
 
-bool DocxTable::clearCell(const QDomNode& rowNode, int cellIndex)
-{
-    return clearCell(cellByIndex(rowNode, cellIndex));
-}
+bool DocxTable::clearCell(const QDomNode& rowNode, int cellIndex) { return clearCell(cellByIndex(rowNode, cellIndex)); }
 
-bool DocxTable::setParagraphProperty(int row, int column0, const QString& elementName,
-                                     const QString& attribute, const QString& value)
+bool DocxTable::setParagraphProperty(int row, int column0, const QString& elementName, const QString& attribute,
+                                     const QString& value)
 {
     const QDomElement cell = cellAt(row, column0);
     if (cell.isNull() || elementName.isEmpty() || attribute.isEmpty() || value.isEmpty())
@@ -241,8 +220,8 @@ bool DocxTable::setCellShading(QDomElement cell, const QString& color)
 {
     if (cell.isNull())
         return false;
-    QDomElement shading = docx::childInOrder(docx::makeCellProperties(cell),
-                                             QStringLiteral("w:shd"), docx::cellPropertyOrder());
+    QDomElement shading =
+        docx::childInOrder(docx::makeCellProperties(cell), QStringLiteral("w:shd"), docx::cellPropertyOrder());
     shading.setAttribute(QStringLiteral("w:fill"), storableInXml(color));
     shading.setAttribute(valueAttribute(), QStringLiteral("clear"));
     shading.setAttribute(QStringLiteral("w:color"), QStringLiteral("auto"));

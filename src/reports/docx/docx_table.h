@@ -55,8 +55,8 @@ public:
 
     /// Sets an attribute of a paragraph property ("w:jc", "w:val", "center") in
     /// the first paragraph of the cell at `column0`.
-    bool setParagraphProperty(int row, int column0, const QString& elementName,
-                              const QString& attribute, const QString& value);
+    bool setParagraphProperty(int row, int column0, const QString& elementName, const QString& attribute,
+                              const QString& value);
     /// Alignment of the row's first cell: "left", "center", "right", "both".
     bool setRowAlignment(int row, const QString& value);
 

@@ -24,10 +24,7 @@ bool hasChild(const QDomElement& element, const char* name)
 
 DocxTemplate::DocxTemplate() = default;
 
-DocxTemplate::~DocxTemplate()
-{
-    close();
-}
+DocxTemplate::~DocxTemplate() { close(); }
 
 bool DocxTemplate::open(const QString& path)
 {
@@ -53,8 +50,7 @@ void DocxTemplate::close()
 {
     zip.close();
     document = QDomDocument();
-    for (auto* map : {&tagAliases, &tagValues, &relationsToTargets, &targetsToRelations,
-                      &newImagePaths})
+    for (auto* map : {&tagAliases, &tagValues, &relationsToTargets, &targetsToRelations, &newImagePaths})
         map->clear();
     tagTypes.clear();
     tagElements.clear();
@@ -123,10 +119,7 @@ bool DocxTemplate::readImages(const docx::WordDocument& parts)
     return true;
 }
 
-QStringList DocxTemplate::tags() const
-{
-    return valid_ ? tagTypes.keys() : QStringList();
-}
+QStringList DocxTemplate::tags() const { return valid_ ? tagTypes.keys() : QStringList(); }
 
 bool DocxTemplate::setTag(const QString& tag, const QString& value)
 {
@@ -171,8 +164,7 @@ QString DocxTemplate::addImage(const QPixmap& pixmap)
 
     QString path;
     for (int counter = nextRelation; path.isEmpty(); ++counter) {
-        const QString name
-            = fill(QStringLiteral("word/media/image_auto_%1.%2"), counter, "png");
+        const QString name = fill(QStringLiteral("word/media/image_auto_%1.%2"), counter, "png");
         if (!zip.contains(name) && !newImagePaths.values().contains(name))
             path = name;
     }

@@ -56,20 +56,20 @@ public:
 
     enum TagType { Picture = 1, Text = 2, Other = 3 };
 
-    docx::PackageReader zip;                    ///< the template's file
-    QDomDocument document;                      ///< word/document.xml
-    QMap<QString, int> tagTypes;                ///< tag to TagType
-    QMap<QString, QString> tagAliases;          ///< tag to the control's title
-    QMap<QString, QString> tagValues;           ///< tag to its text, or picture's r:embed
-    QMap<QString, QDomElement> tagElements;     ///< tag to its w:sdt
-    QMap<QString, QString> relationsToTargets;  ///< relationship id to image entry
-    QMap<QString, QString> targetsToRelations;  ///< the reverse
-    QMap<QString, QPixmap> m_rels_image;        ///< relationship id, or tag of a replacement
-    QMap<QString, QPixmap> newImages;           ///< new relationship id to picture
-    QMap<QString, QString> newImagePaths;       ///< new relationship id to entry
-    int nextRelation = 1;                       ///< where the search for a new id starts
-    QString relationsXml;                       ///< of the last save
-    QString contentTypesXml;                    ///< of the last save; empty without pictures
+    docx::PackageReader zip;                   ///< the template's file
+    QDomDocument document;                     ///< word/document.xml
+    QMap<QString, int> tagTypes;               ///< tag to TagType
+    QMap<QString, QString> tagAliases;         ///< tag to the control's title
+    QMap<QString, QString> tagValues;          ///< tag to its text, or picture's r:embed
+    QMap<QString, QDomElement> tagElements;    ///< tag to its w:sdt
+    QMap<QString, QString> relationsToTargets; ///< relationship id to image entry
+    QMap<QString, QString> targetsToRelations; ///< the reverse
+    QMap<QString, QPixmap> m_rels_image;       ///< relationship id, or tag of a replacement
+    QMap<QString, QPixmap> newImages;          ///< new relationship id to picture
+    QMap<QString, QString> newImagePaths;      ///< new relationship id to entry
+    int nextRelation = 1;                      ///< where the search for a new id starts
+    QString relationsXml;                      ///< of the last save
+    QString contentTypesXml;                   ///< of the last save; empty without pictures
 
 private:
     void readControls();
@@ -78,7 +78,7 @@ private:
     void readRelationshipIds(const QDomDocument& relationships);
 
     bool valid_ = false;
-    QSet<QString> changedTexts_;    ///< tags set by setTag, so that others stay untouched
+    QSet<QString> changedTexts_; ///< tags set by setTag, so that others stay untouched
     QSet<QString> changedPictures_;
     QSet<QString> relationshipIds_; ///< of every type
     std::unique_ptr<docx::ReservedDrawingIds> reservedIds_;

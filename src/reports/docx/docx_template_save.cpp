@@ -30,25 +30,13 @@ QString sanitized(const QString& tag, bool (*isAllowed)(QChar))
     return name;
 }
 
-bool isPunctuation(QChar c)
-{
-    return c == QLatin1Char('_') || c == QLatin1Char('-') || c == QLatin1Char('.');
-}
+bool isPunctuation(QChar c) { return c == QLatin1Char('_') || c == QLatin1Char('-') || c == QLatin1Char('.'); }
 
-bool isAllowedInPath(QChar c)
-{
-    return isPunctuation(c) || (c.unicode() < 0x80 && c.isLetterOrNumber());
-}
+bool isAllowedInPath(QChar c) { return isPunctuation(c) || (c.unicode() < 0x80 && c.isLetterOrNumber()); }
 
-bool isAllowedInId(QChar c)
-{
-    return isPunctuation(c) || c.isLetter() || c.isDigit();
-}
+bool isAllowedInId(QChar c) { return isPunctuation(c) || c.isLetter() || c.isDigit(); }
 
-QString withoutFolder(const QString& path)
-{
-    return path.mid(docx::parts::folder().size());
-}
+QString withoutFolder(const QString& path) { return path.mid(docx::parts::folder().size()); }
 
 } // namespace
 
@@ -56,7 +44,7 @@ QString withoutFolder(const QString& path)
 /// second save hands out the same names again.
 class DocxTemplateSave {
 public:
-    explicit DocxTemplateSave(DocxTemplate* of) : template_(*of) {}
+    explicit DocxTemplateSave(DocxTemplate* of) : template_(*of) { }
 
     bool run(const QString& path)
     {
@@ -78,15 +66,13 @@ private:
         for (auto type = template_.tagTypes.begin(); type != template_.tagTypes.end(); ++type) {
             const QString& tag = type.key();
             const QPixmap pixmap = template_.m_rels_image.value(tag);
-            if (type.value() != DocxTemplate::Picture || pixmap.isNull()
-                || !template_.changedPictures_.contains(tag))
+            if (type.value() != DocxTemplate::Picture || pixmap.isNull() || !template_.changedPictures_.contains(tag))
                 continue;
             const QString path = freePath(tag, &counter);
             addPicture({tag, true, freeId(tag), path, pixmap});
         }
         for (auto image = template_.newImages.begin(); image != template_.newImages.end(); ++image)
-            addPicture({QString(), false, image.key(),
-                        template_.newImagePaths.value(image.key()), image.value()});
+            addPicture({QString(), false, image.key(), template_.newImagePaths.value(image.key()), image.value()});
     }
 
     void addPicture(const NewPicture& picture)
@@ -101,8 +87,8 @@ private:
     {
         QString path;
         do {
-            const QString name = fill(QStringLiteral("tag_image_%1_%2.png"),
-                                      sanitized(tag, isAllowedInPath), (*counter)++);
+            const QString name =
+                fill(QStringLiteral("tag_image_%1_%2.png"), sanitized(tag, isAllowedInPath), (*counter)++);
             path = fill(QStringLiteral("word/media/%1"), name);
         } while (template_.zip.contains(path));
         return path;
@@ -114,8 +100,7 @@ private:
         int attempt = 0;
         do {
             id = fill(QStringLiteral("rId_tag_%1_%2"), sanitized(tag, isAllowedInId), attempt++);
-        } while (template_.relationshipIds_.contains(id) || template_.newImages.contains(id)
-                 || ids_.contains(id));
+        } while (template_.relationshipIds_.contains(id) || template_.newImages.contains(id) || ids_.contains(id));
         return id;
     }
 
@@ -136,8 +121,7 @@ private:
         }
     }
 
-    bool readPart(const QString& name, const char* notOpened, const char* notParsed,
-                  QDomDocument* part) const
+    bool readPart(const QString& name, const char* notOpened, const char* notParsed, QDomDocument* part) const
     {
         QByteArray bytes;
         if (!template_.zip.read(name, &bytes)) {
@@ -225,18 +209,13 @@ private:
     static bool writePicture(const NewPicture& picture, docx::PackageWriter* writer)
     {
         const QString owner = picture.ofTag ? picture.tag : picture.id;
-        qDebug() << "Adding new image file:" << picture.path
-                 << (picture.ofTag ? "for tag" : "for rId") << owner;
+        qDebug() << "Adding new image file:" << picture.path << (picture.ofTag ? "for tag" : "for rId") << owner;
         const QByteArray bytes = docx::pngBytes(picture.pixmap);
         if (bytes.isEmpty() || !writer->add(picture.path, bytes)) {
-            qDebug() << (picture.ofTag ? "Failed to save image for tag"
-                                       : "Failed to save image for rId")
-                     << owner;
+            qDebug() << (picture.ofTag ? "Failed to save image for tag" : "Failed to save image for rId") << owner;
             return false;
         }
-        qDebug() << (picture.ofTag ? "Successfully saved image for tag"
-                                   : "Successfully saved image for rId")
-                 << owner;
+        qDebug() << (picture.ofTag ? "Successfully saved image for tag" : "Successfully saved image for rId") << owner;
         return true;
     }
 
@@ -245,7 +224,4 @@ private:
     QSet<QString> ids_;
 };
 
-bool DocxTemplate::save(const QString& path)
-{
-    return valid_ && DocxTemplateSave(this).run(path);
-}
+bool DocxTemplate::save(const QString& path) { return valid_ && DocxTemplateSave(this).run(path); }

@@ -17,10 +17,7 @@ QHash<qint64, int>& reservations()
 
 } // namespace
 
-bool isDrawingProperties(const QDomElement& element)
-{
-    return element.tagName().endsWith(QLatin1String(":docPr"));
-}
+bool isDrawingProperties(const QDomElement& element) { return element.tagName().endsWith(QLatin1String(":docPr")); }
 
 DrawingIds drawingIds(const QDomElement& root)
 {

@@ -9,8 +9,7 @@ namespace {
 
 bool grows(const QString& entry)
 {
-    return entry == parts::document() || entry == parts::relationships()
-           || entry == parts::contentTypes();
+    return entry == parts::document() || entry == parts::relationships() || entry == parts::contentTypes();
 }
 
 /// The number of an id "rId12", 0 for any other form.
@@ -24,8 +23,7 @@ qint64 numberOf(const QString& id)
 
 } // namespace
 
-bool MergedDocument::start(const PackageReader& first, const WordDocument& firstParts,
-                           const QString& path)
+bool MergedDocument::start(const PackageReader& first, const WordDocument& firstParts, const QString& path)
 {
     parts_ = firstParts;
     body_ = parts_.document.documentElement().firstChildElement(QStringLiteral("w:body"));
@@ -64,13 +62,11 @@ void MergedDocument::readContentTypes()
 bool MergedDocument::finish()
 {
     return writer_.add(parts::document(), printXml(parts_.document, 1))
-           && writer_.add(parts::relationships(), printXml(parts_.relationships, 1))
-           && writer_.add(parts::contentTypes(), printXml(parts_.contentTypes, 1))
-           && writer_.commit();
+        && writer_.add(parts::relationships(), printXml(parts_.relationships, 1))
+        && writer_.add(parts::contentTypes(), printXml(parts_.contentTypes, 1)) && writer_.commit();
 }
 
-QString MergedDocument::addRelationship(const QString& type, const QString& target,
-                                        const QString& mode)
+QString MergedDocument::addRelationship(const QString& type, const QString& target, const QString& mode)
 {
     QString id;
     do {
@@ -92,8 +88,8 @@ QString MergedDocument::newPartName(const PartPlace& place, const QString& suffi
     QString name;
     do {
         name = place.folder
-               + fill(QStringLiteral("%1%2.%3"), place.prefix, partCounter_++,
-                      suffix.isEmpty() ? QStringLiteral("bin") : suffix);
+            + fill(QStringLiteral("%1%2.%3"), place.prefix, partCounter_++,
+                   suffix.isEmpty() ? QStringLiteral("bin") : suffix);
     } while (writer_.contains(name));
     return name;
 }
@@ -108,15 +104,14 @@ qint64 MergedDocument::newDrawingId()
     return drawingCounter_++;
 }
 
-bool MergedDocument::addPart(const QString& name, const QString& contentType,
-                             const QByteArray& bytes)
+bool MergedDocument::addPart(const QString& name, const QString& contentType, const QByteArray& bytes)
 {
     declare(name, contentType);
     return writer_.add(name, bytes);
 }
 
-bool MergedDocument::copyPart(const QString& name, const QString& contentType,
-                              const PackageReader& from, const QString& oldName)
+bool MergedDocument::copyPart(const QString& name, const QString& contentType, const PackageReader& from,
+                              const QString& oldName)
 {
     declare(name, contentType);
     return writer_.copy(from, oldName, name);
@@ -124,8 +119,7 @@ bool MergedDocument::copyPart(const QString& name, const QString& contentType,
 
 bool MergedDocument::addRelationshipsPart(const QString& name, const QByteArray& bytes)
 {
-    addDefault(QStringLiteral("rels"),
-               QStringLiteral("application/vnd.openxmlformats-package.relationships+xml"));
+    addDefault(QStringLiteral("rels"), QStringLiteral("application/vnd.openxmlformats-package.relationships+xml"));
     return writer_.add(name, bytes);
 }
 

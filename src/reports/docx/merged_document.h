@@ -29,8 +29,7 @@ public:
 
     /// Adds a part and declares its content type.
     bool addPart(const QString& name, const QString& contentType, const QByteArray& bytes);
-    bool copyPart(const QString& name, const QString& contentType, const PackageReader& from,
-                  const QString& oldName);
+    bool copyPart(const QString& name, const QString& contentType, const PackageReader& from, const QString& oldName);
     /// Adds a relationships part: its content type is declared by every package.
     bool addRelationshipsPart(const QString& name, const QByteArray& bytes);
 

@@ -20,8 +20,7 @@ bool isSafeName(const QString& name)
     if (name.isEmpty() || name.size() > longestName || name.startsWith(QLatin1Char('/')))
         return false;
     for (const QChar c : name) {
-        if (c < QLatin1Char(' ') || c == QLatin1Char('\\') || c == QLatin1Char(':')
-            || c == QChar::ReplacementCharacter)
+        if (c < QLatin1Char(' ') || c == QLatin1Char('\\') || c == QLatin1Char(':') || c == QChar::ReplacementCharacter)
             return false;
     }
     const QStringList segments = name.split(QLatin1Char('/'));
@@ -37,10 +36,7 @@ bool isSupported(const QuaZipFileInfo64& info)
 
 PackageReader::PackageReader() = default;
 
-PackageReader::~PackageReader()
-{
-    close();
-}
+PackageReader::~PackageReader() { close(); }
 
 bool PackageReader::open(const QString& path)
 {
@@ -75,8 +71,7 @@ bool PackageReader::listEntries(qint64 packedSize)
     const int count = zip_->getEntriesCount();
     if (count <= 0 || count > PackageBounds::entries)
         return fail(QStringLiteral("no entries, or too many"));
-    const qint64 bound = qMin(PackageBounds::total,
-                              qMax(PackageBounds::freeTotal, packedSize * PackageBounds::ratio));
+    const qint64 bound = qMin(PackageBounds::total, qMax(PackageBounds::freeTotal, packedSize * PackageBounds::ratio));
     for (bool more = zip_->goToFirstFile(); more; more = zip_->goToNextFile()) {
         if (!listCurrentEntry())
             return false;
@@ -134,8 +129,7 @@ bool PackageReader::read(const QString& name, QByteArray* bytes) const
     });
 }
 
-bool PackageReader::stream(const QString& name,
-                           const std::function<bool(const char*, qint64)>& take) const
+bool PackageReader::stream(const QString& name, const std::function<bool(const char*, qint64)>& take) const
 {
     if (!isOpen() || !contains(name) || !zip_->setCurrentFile(name, QuaZip::csSensitive))
         return false;

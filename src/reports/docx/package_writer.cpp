@@ -31,8 +31,8 @@ public:
         zip->setUtf8Enabled(!isAscii(name));
         QuaZipNewInfo info(name);
         info.dateTime = time.isValid() ? time : QDateTime(QDate(1980, 1, 1), QTime(0, 0));
-        open_ = file_.open(QIODevice::WriteOnly, info, nullptr, 0, Z_DEFLATED,
-                           Z_DEFAULT_COMPRESSION, false, rawWindow, memoryLevel);
+        open_ = file_.open(QIODevice::WriteOnly, info, nullptr, 0, Z_DEFLATED, Z_DEFAULT_COMPRESSION, false, rawWindow,
+                           memoryLevel);
     }
 
     bool isOpen() const { return open_; }
@@ -99,9 +99,7 @@ bool PackageWriter::copy(const PackageReader& from, const QString& name, const Q
         return false;
     Entry entry(zip_.get(), newName, from.entry(name).time);
     const bool copied = entry.isOpen()
-                        && from.stream(name, [&entry](const char* piece, qint64 length) {
-                               return entry.write(piece, length);
-                           });
+        && from.stream(name, [&entry](const char* piece, qint64 length) { return entry.write(piece, length); });
     if (!copied || !entry.close())
         return fail();
     names_.insert(newName);
@@ -114,8 +112,8 @@ bool PackageWriter::commit()
         return false;
     const auto file = std::move(file_);
     zip_->close();
-    const bool sound = !failed_ && zip_->getZipError() == ZIP_OK && names_.size() <= mostEntries
-                       && file->pos() <= mostBytes;
+    const bool sound =
+        !failed_ && zip_->getZipError() == ZIP_OK && names_.size() <= mostEntries && file->pos() <= mostBytes;
     zip_.reset();
     if (!sound)
         file->cancelWriting();

@@ -19,11 +19,9 @@ bool renumberDrawings(const QDomElement& root, MergedDocument* merged)
     return found;
 }
 
-PartCopier::PartCopier(const PackageReader& source, const WordDocument& sourceParts,
-                       MergedDocument* merged)
+PartCopier::PartCopier(const PackageReader& source, const WordDocument& sourceParts, MergedDocument* merged)
     : source_(source), sourceParts_(sourceParts), merged_(merged)
-{
-}
+{ }
 
 QString PartCopier::copy(const QString& sourceName, const QString& relationshipType)
 {
@@ -33,8 +31,7 @@ QString PartCopier::copy(const QString& sourceName, const QString& relationshipT
     return name;
 }
 
-QString PartCopier::schedule(const QString& sourceName, const QString& relationshipType,
-                             const PartPlace& place)
+QString PartCopier::schedule(const QString& sourceName, const QString& relationshipType, const PartPlace& place)
 {
     if (newNames_.contains(sourceName))
         return newNames_.value(sourceName);
@@ -54,8 +51,8 @@ void PartCopier::run(const Job& job)
     if (type.isEmpty())
         type = declaredType(job.source);
     const bool copied = job.source.endsWith(QLatin1String(".xml"))
-                            ? copyXml(job, type)
-                            : merged_->copyPart(job.target, type, source_, job.source);
+        ? copyXml(job, type)
+        : merged_->copyPart(job.target, type, source_, job.source);
     failed_ = failed_ || !copied;
     if (!failed_ && source_.contains(relationshipsPartOf(job.source)))
         copyRelationships(job);
@@ -95,8 +92,8 @@ bool PartCopier::redirect(QDomElement relationship, const Job& job)
         return true;
     const QString type = relationship.attribute(QStringLiteral("Type"));
     const QString target = QStringLiteral("Target");
-    const QString name = schedule(resolvedTarget(job.source, relationship.attribute(target)), type,
-                                  placeOfReachedPart(type));
+    const QString name =
+        schedule(resolvedTarget(job.source, relationship.attribute(target)), type, placeOfReachedPart(type));
     relationship.setAttribute(target, relativeTarget(job.target, name));
     return !name.isEmpty();
 }

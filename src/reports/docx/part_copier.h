@@ -14,8 +14,7 @@ bool renumberDrawings(const QDomElement& root, MergedDocument* merged);
 /// Copies parts of one file. A part that is reached twice is copied once.
 class PartCopier {
 public:
-    PartCopier(const PackageReader& source, const WordDocument& sourceParts,
-               MergedDocument* merged);
+    PartCopier(const PackageReader& source, const WordDocument& sourceParts, MergedDocument* merged);
 
     /// Copies the part that the body points at and everything it reaches. Gives
     /// the new name, empty if the source has no such part.
@@ -31,8 +30,7 @@ private:
         QString type;
     };
 
-    QString schedule(const QString& sourceName, const QString& relationshipType,
-                     const PartPlace& place);
+    QString schedule(const QString& sourceName, const QString& relationshipType, const PartPlace& place);
     void run(const Job& job);
     bool copyXml(const Job& job, const QString& contentType);
     void copyRelationships(const Job& job);

@@ -42,8 +42,8 @@ constexpr TypeRow typesByRelationship[] = {
 };
 
 constexpr TypeRow typesByName[] = {
-    {".png", "image/png"},    {".jpeg", "image/jpeg"},  {".jpg", "image/jpeg"},
-    {".emf", "image/x-emf"},  {".wmf", "image/x-wmf"},  {".xml", "application/xml"},
+    {".png", "image/png"},   {".jpeg", "image/jpeg"}, {".jpg", "image/jpeg"},
+    {".emf", "image/x-emf"}, {".wmf", "image/x-wmf"}, {".xml", "application/xml"},
 };
 
 template <size_t rows>
@@ -65,27 +65,15 @@ QString typeOf(const TypeRow (&table)[rows], const QString& name, Qt::CaseSensit
     return QString();
 }
 
-QString folderOf(const QString& partName)
-{
-    return partName.left(partName.lastIndexOf(QLatin1Char('/')) + 1);
-}
+QString folderOf(const QString& partName) { return partName.left(partName.lastIndexOf(QLatin1Char('/')) + 1); }
 
-QString fileOf(const QString& partName)
-{
-    return partName.mid(partName.lastIndexOf(QLatin1Char('/')) + 1);
-}
+QString fileOf(const QString& partName) { return partName.mid(partName.lastIndexOf(QLatin1Char('/')) + 1); }
 
 } // namespace
 
-PartPlace placeOfBodyPart(const QString& relationshipType)
-{
-    return placeOf(bodyPlaces, relationshipType);
-}
+PartPlace placeOfBodyPart(const QString& relationshipType) { return placeOf(bodyPlaces, relationshipType); }
 
-PartPlace placeOfReachedPart(const QString& relationshipType)
-{
-    return placeOf(reachedPlaces, relationshipType);
-}
+PartPlace placeOfReachedPart(const QString& relationshipType) { return placeOf(reachedPlaces, relationshipType); }
 
 QString contentTypeOf(const QString& relationshipType, const QString& partName)
 {
@@ -107,8 +95,7 @@ QString suffixOf(const QString& partName)
 
 QString relationshipsPartOf(const QString& partName)
 {
-    return folderOf(partName) + QLatin1String("_rels/") + fileOf(partName)
-           + QLatin1String(".rels");
+    return folderOf(partName) + QLatin1String("_rels/") + fileOf(partName) + QLatin1String(".rels");
 }
 
 QString resolvedTarget(const QString& partName, const QString& target)

@@ -21,30 +21,15 @@ int widthOf(const QDomElement& cell)
 
 } // namespace
 
-QVector<QDomElement> rowsOf(const QDomElement& table)
-{
-    return ownElements(table, "w:tr");
-}
+QVector<QDomElement> rowsOf(const QDomElement& table) { return ownElements(table, "w:tr"); }
 
-QVector<QDomElement> cellsOf(const QDomElement& row)
-{
-    return ownElements(row, "w:tc");
-}
+QVector<QDomElement> cellsOf(const QDomElement& row) { return ownElements(row, "w:tc"); }
 
-QDomElement rowOf(const QDomElement& table, int index)
-{
-    return ownElement(table, "w:tr", index);
-}
+QDomElement rowOf(const QDomElement& table, int index) { return ownElement(table, "w:tr", index); }
 
-QDomElement cellOf(const QDomElement& row, int index)
-{
-    return ownElement(row, "w:tc", index);
-}
+QDomElement cellOf(const QDomElement& row, int index) { return ownElement(row, "w:tc", index); }
 
-QDomElement cellProperties(const QDomElement& cell)
-{
-    return cell.firstChildElement(QStringLiteral("w:tcPr"));
-}
+QDomElement cellProperties(const QDomElement& cell) { return cell.firstChildElement(QStringLiteral("w:tcPr")); }
 
 QDomElement gridSpanOf(const QDomElement& cell)
 {
@@ -69,8 +54,7 @@ QDomElement cellAtGrid(const QDomElement& table, int row, int column)
     const int cell = cellOfColumn(cells, column);
     QDomElement at = cells.value(cell);
     for (; !at.isNull(); at = cellOf(rowOf(table, --row), cell)) {
-        const QDomElement merge
-            = cellProperties(at).firstChildElement(QStringLiteral("w:vMerge"));
+        const QDomElement merge = cellProperties(at).firstChildElement(QStringLiteral("w:vMerge"));
         if (merge.isNull())
             return at;
         if (merge.hasAttribute(value))
@@ -81,20 +65,20 @@ QDomElement cellAtGrid(const QDomElement& table, int row, int column)
 
 const QStringList& cellPropertyOrder()
 {
-    static const QStringList order
-        = prefixed("cnfStyle tcW gridSpan hMerge vMerge tcBorders shd noWrap tcMar textDirection "
-                   "tcFitText vAlign hideMark headers cellIns cellDel cellMerge tcPrChange");
+    static const QStringList order =
+        prefixed("cnfStyle tcW gridSpan hMerge vMerge tcBorders shd noWrap tcMar textDirection "
+                 "tcFitText vAlign hideMark headers cellIns cellDel cellMerge tcPrChange");
     return order;
 }
 
 const QStringList& paragraphPropertyOrder()
 {
-    static const QStringList order = prefixed(
-        "pStyle keepNext keepLines pageBreakBefore framePr widowControl numPr suppressLineNumbers "
-        "pBdr shd tabs suppressAutoHyphens kinsoku wordWrap overflowPunct topLinePunct autoSpaceDE "
-        "autoSpaceDN bidi adjustRightInd snapToGrid spacing ind contextualSpacing mirrorIndents "
-        "suppressOverlap jc textDirection textAlignment textboxTightWrap outlineLvl divId cnfStyle "
-        "rPr sectPr pPrChange");
+    static const QStringList order =
+        prefixed("pStyle keepNext keepLines pageBreakBefore framePr widowControl numPr suppressLineNumbers "
+                 "pBdr shd tabs suppressAutoHyphens kinsoku wordWrap overflowPunct topLinePunct autoSpaceDE "
+                 "autoSpaceDN bidi adjustRightInd snapToGrid spacing ind contextualSpacing mirrorIndents "
+                 "suppressOverlap jc textDirection textAlignment textboxTightWrap outlineLvl divId cnfStyle "
+                 "rPr sectPr pPrChange");
     return order;
 }
 

@@ -12,12 +12,11 @@ namespace {
 /// Parts other than the document that may hold drawings: headers, notes.
 bool mayHoldDrawings(const QString& name)
 {
-    return name.startsWith(parts::folder()) && name.endsWith(QLatin1String(".xml"))
-           && name.count(QLatin1Char('/')) == 1 && name != parts::document();
+    return name.startsWith(parts::folder()) && name.endsWith(QLatin1String(".xml")) && name.count(QLatin1Char('/')) == 1
+        && name != parts::document();
 }
 
-bool readImages(const PackageReader& package, const QDomDocument& relationships,
-                QMap<QString, QString>* images)
+bool readImages(const PackageReader& package, const QDomDocument& relationships, QMap<QString, QString>* images)
 {
     for (const QDomElement& relationship : relationshipElements(relationships)) {
         if (relationship.attribute(QStringLiteral("Type")) != imageRelationshipType())
@@ -37,10 +36,8 @@ bool readImages(const PackageReader& package, const QDomDocument& relationships,
 bool WordDocument::read(const PackageReader& package)
 {
     images.clear();
-    return readXml(package, parts::document(), &document)
-           && readXml(package, parts::relationships(), &relationships)
-           && readXml(package, parts::contentTypes(), &contentTypes)
-           && readImages(package, relationships, &images);
+    return readXml(package, parts::document(), &document) && readXml(package, parts::relationships(), &relationships)
+        && readXml(package, parts::contentTypes(), &contentTypes) && readImages(package, relationships, &images);
 }
 
 bool readXml(const PackageReader& package, const QString& name, QDomDocument* document)
@@ -64,8 +61,8 @@ DrawingIds drawingIds(const PackageReader& package, const QDomDocument& document
     DrawingIds ids = drawingIds(document.documentElement());
     for (const PackageEntry& entry : package.entries()) {
         QByteArray bytes;
-        if (mayHoldDrawings(entry.name) && package.read(entry.name, &bytes)
-            && bytes.contains(":docPr") && findFault(bytes).isEmpty())
+        if (mayHoldDrawings(entry.name) && package.read(entry.name, &bytes) && bytes.contains(":docPr")
+            && findFault(bytes).isEmpty())
             ids += drawingIds(bytes);
     }
     return ids;

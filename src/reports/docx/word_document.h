@@ -18,8 +18,7 @@ inline QString folder() { return QStringLiteral("word/"); }
 
 inline QString imageRelationshipType()
 {
-    return QStringLiteral(
-        "http://schemas.openxmlformats.org/officeDocument/2006/relationships/image");
+    return QStringLiteral("http://schemas.openxmlformats.org/officeDocument/2006/relationships/image");
 }
 
 inline QString relationshipsNamespace()

@@ -8,10 +8,7 @@ namespace {
 /// One pass over the bytes. Markup is ASCII in UTF-8, so bytes suffice.
 class Scanner {
 public:
-    explicit Scanner(const QByteArray& xml)
-        : at_(xml.constData()), end_(xml.constData() + xml.size())
-    {
-    }
+    explicit Scanner(const QByteArray& xml) : at_(xml.constData()), end_(xml.constData() + xml.size()) { }
 
     QString run()
     {

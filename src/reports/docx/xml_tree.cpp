@@ -29,8 +29,7 @@ private:
 
 class TreeBuilder {
 public:
-    TreeBuilder(const QByteArray& xml, QDomDocument* document)
-        : reader_(xml), document_(document), parent_(*document)
+    TreeBuilder(const QByteArray& xml, QDomDocument* document) : reader_(xml), document_(document), parent_(*document)
     {
         reader_.setNamespaceProcessing(false);
     }
@@ -48,28 +47,16 @@ private:
     void take(QXmlStreamReader::TokenType token)
     {
         switch (token) {
-        case QXmlStreamReader::StartDocument:
-            addDeclaration();
-            break;
-        case QXmlStreamReader::StartElement:
-            parent_ = parent_.appendChild(makeElement());
-            break;
-        case QXmlStreamReader::EndElement:
-            parent_ = parent_.parentNode();
-            break;
-        case QXmlStreamReader::Characters:
-            addText();
-            break;
-        case QXmlStreamReader::Comment:
-            parent_.appendChild(document_->createComment(reader_.text().toString()));
-            break;
+        case QXmlStreamReader::StartDocument: addDeclaration(); break;
+        case QXmlStreamReader::StartElement: parent_ = parent_.appendChild(makeElement()); break;
+        case QXmlStreamReader::EndElement: parent_ = parent_.parentNode(); break;
+        case QXmlStreamReader::Characters: addText(); break;
+        case QXmlStreamReader::Comment: parent_.appendChild(document_->createComment(reader_.text().toString())); break;
         case QXmlStreamReader::ProcessingInstruction:
-            parent_.appendChild(document_->createProcessingInstruction(
-                reader_.processingInstructionTarget().toString(),
-                reader_.processingInstructionData().toString()));
+            parent_.appendChild(document_->createProcessingInstruction(reader_.processingInstructionTarget().toString(),
+                                                                       reader_.processingInstructionData().toString()));
             break;
-        default:
-            break;
+        default: break;
         }
     }
 
@@ -142,9 +129,6 @@ bool parseXml(const QByteArray& bytes, QDomDocument* document, QString* error)
     return false;
 }
 
-QByteArray printXml(const QDomDocument& document, int indent)
-{
-    return document.toByteArray(indent);
-}
+QByteArray printXml(const QDomDocument& document, int indent) { return document.toByteArray(indent); }
 
 } // namespace docx

@@ -24,8 +24,7 @@ bool visitOwn(const QDomNode& root, const QString& wanted, Visit& visit)
 {
     for (QDomNode child = root.firstChild(); !child.isNull(); child = child.nextSibling()) {
         const QString name = child.nodeName();
-        const bool goOn = name == wanted ? visit(child)
-                                         : !isWrapper(name) || visitOwn(child, wanted, visit);
+        const bool goOn = name == wanted ? visit(child) : !isWrapper(name) || visitOwn(child, wanted, visit);
         if (!goOn)
             return false;
     }
@@ -34,8 +33,7 @@ bool visitOwn(const QDomNode& root, const QString& wanted, Visit& visit)
 
 bool isBlank(QChar c)
 {
-    return c == QLatin1Char(' ') || c == QLatin1Char('\t') || c == QLatin1Char('\n')
-           || c == QLatin1Char('\r');
+    return c == QLatin1Char(' ') || c == QLatin1Char('\t') || c == QLatin1Char('\n') || c == QLatin1Char('\r');
 }
 
 } // namespace

@@ -8,10 +8,7 @@
 
 namespace docx {
 
-inline bool isNamed(const QDomElement& element, const char* name)
-{
-    return element.tagName() == QLatin1String(name);
-}
+inline bool isNamed(const QDomElement& element, const char* name) { return element.tagName() == QLatin1String(name); }
 
 /// The element behind `at` in document order, not leaving `root`; null at the
 /// end. With `inside` false what `at` holds is passed over.

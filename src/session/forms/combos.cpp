@@ -24,7 +24,4 @@ void fillPredictionCombo(QComboBox* combo, const QString& separator)
     addEntries(combo, session().predictionEntries(separator));
 }
 
-void fillStateCombo(QComboBox* combo)
-{
-    addEntries(combo, session().stateEntries());
-}
+void fillStateCombo(QComboBox* combo) { addEntries(combo, session().stateEntries()); }

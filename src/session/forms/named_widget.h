@@ -14,7 +14,4 @@ Widget* named(const char* name, Arguments&&... arguments)
 }
 
 /// A caption beside a field.
-inline QLabel* label(const char* text)
-{
-    return new QLabel(QString::fromUtf8(text));
-}
+inline QLabel* label(const char* text) { return new QLabel(QString::fromUtf8(text)); }

@@ -8,10 +8,7 @@ PaletteRefresh installed;
 
 } // namespace
 
-void setPaletteRefresh(PaletteRefresh refresh)
-{
-    installed = std::move(refresh);
-}
+void setPaletteRefresh(PaletteRefresh refresh) { installed = std::move(refresh); }
 
 void refreshPalettes()
 {

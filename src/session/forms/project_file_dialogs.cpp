@@ -10,8 +10,7 @@
 
 namespace {
 
-class ProjectBoxes final : public ProjectDialogs
-{
+class ProjectBoxes final : public ProjectDialogs {
 public:
     QString openProjectFile(const QString& start) override
     {

@@ -16,8 +16,7 @@ QLineEdit* addField(QFormLayout* form, const QString& label, const char* name)
     return field;
 }
 
-QPushButton* addButton(QDialogButtonBox* box, const QString& text, QDialogButtonBox::ButtonRole role,
-                       const char* name)
+QPushButton* addButton(QDialogButtonBox* box, const QString& text, QDialogButtonBox::ButtonRole role, const char* name)
 {
     QPushButton* button = box->addButton(text, role);
     button->setObjectName(QString::fromLatin1(name));
@@ -41,7 +40,8 @@ SQLConnectionDialog::SQLConnectionDialog(QWidget* parent) : QDialog(parent)
     password_->setEchoMode(QLineEdit::Password);
 
     auto* buttons = new QDialogButtonBox;
-    QPushButton* accept = addButton(buttons, QStringLiteral("Подключиться"), QDialogButtonBox::AcceptRole, "ConnectBTN");
+    QPushButton* accept =
+        addButton(buttons, QStringLiteral("Подключиться"), QDialogButtonBox::AcceptRole, "ConnectBTN");
     accept->setDefault(true);
     addButton(buttons, QStringLiteral("Отмена"), QDialogButtonBox::RejectRole, "CancelBtn")->setAutoDefault(false);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);

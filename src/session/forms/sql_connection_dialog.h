@@ -7,8 +7,7 @@
 
 class QLineEdit;
 
-class SQLConnectionDialog : public QDialog
-{
+class SQLConnectionDialog : public QDialog {
     Q_OBJECT
 
 public:

@@ -13,10 +13,7 @@ using contour::Isoline;
 using geometry::Point3;
 using geometry::PointList;
 
-bool sameBits(double a, double b)
-{
-    return std::memcmp(&a, &b, sizeof a) == 0;
-}
+bool sameBits(double a, double b) { return std::memcmp(&a, &b, sizeof a) == 0; }
 
 bool sameBits(const Point3& a, const Point3& b)
 {
@@ -28,21 +25,19 @@ void expectSame(const PointList& ours, const PointList& plain, const std::string
     ASSERT_EQ(ours.size(), plain.size()) << what;
     for (std::size_t i = 0; i < ours.size(); ++i) {
         ASSERT_TRUE(sameBits(ours[i], plain[i]))
-            << what << ", point " << i << ": " << ours[i].x << ' ' << ours[i].y << ' ' << ours[i].z
-            << " against " << plain[i].x << ' ' << plain[i].y << ' ' << plain[i].z;
+            << what << ", point " << i << ": " << ours[i].x << ' ' << ours[i].y << ' ' << ours[i].z << " against "
+            << plain[i].x << ' ' << plain[i].y << ' ' << plain[i].z;
     }
 }
 
-void expectSame(const std::vector<PointList>& ours, const std::vector<PointList>& plain,
-                const std::string& what)
+void expectSame(const std::vector<PointList>& ours, const std::vector<PointList>& plain, const std::string& what)
 {
     ASSERT_EQ(ours.size(), plain.size()) << what;
     for (std::size_t i = 0; i < ours.size(); ++i)
         ASSERT_NO_FATAL_FAILURE(expectSame(ours[i], plain[i], what + " " + std::to_string(i)));
 }
 
-void expectSame(const contour::SurfaceModel& ours, const reference::PlainSurface& plain,
-                const std::string& step)
+void expectSame(const contour::SurfaceModel& ours, const reference::PlainSurface& plain, const std::string& step)
 {
     ASSERT_NO_FATAL_FAILURE(expectSame(ours.points, plain.points, step + ": points"));
     ASSERT_NO_FATAL_FAILURE(expectSame(ours.rawPoints, plain.rawPoints, step + ": raw points"));
@@ -90,10 +85,8 @@ void compareBuilds(const samples::Sample& sample)
     const contour::IsoContourSet& set = ours.contours;
     ASSERT_NO_FATAL_FAILURE(expectSame(ours.boundary, plain.surface.boundary, "boundary"));
     ASSERT_NO_FATAL_FAILURE(expectSame(set.lines, plain.contours.lines, "line"));
-    ASSERT_NO_FATAL_FAILURE(
-        expectSame(set.smoothedLines, plain.contours.smoothedLines, "smoothed line"));
-    ASSERT_NO_FATAL_FAILURE(
-        expectSame(set.surfacePoints, plain.contours.surfacePoints, "surface points"));
+    ASSERT_NO_FATAL_FAILURE(expectSame(set.smoothedLines, plain.contours.smoothedLines, "smoothed line"));
+    ASSERT_NO_FATAL_FAILURE(expectSame(set.surfacePoints, plain.contours.surfacePoints, "surface points"));
     ASSERT_NO_FATAL_FAILURE(expectSame(set.closedRings, plain.contours.closedRings, "closed ring"));
     ASSERT_NO_FATAL_FAILURE(expectSame(set.rings, plain.contours.rings, "ring"));
     ASSERT_EQ(set.ringsBuilt, plain.contours.ringsBuilt);
@@ -104,9 +97,7 @@ void compareBuilds(const samples::Sample& sample)
         ASSERT_NO_FATAL_FAILURE(expectSame(bands[i], plainBands[i], "band " + std::to_string(i)));
 }
 
-class Agreement : public testing::TestWithParam<int>
-{
-};
+class Agreement : public testing::TestWithParam<int> { };
 
 // Twenty seeds a case: 420 sets in all.
 TEST_P(Agreement, surfaceOfEverySeed)
@@ -152,8 +143,8 @@ TEST(AgreementOfLargeSets, smoothFieldWithBorderAndExactEdges)
         sample.input.points = samples::smoothField(5, 1500, 1000.0);
         PointList bounds;
         for (int i = 0; i < 40; ++i)
-            bounds.push_back({500 + (i % 2 ? 430 : 380) * std::cos(i * 0.157),
-                              500 + (i % 2 ? 430 : 380) * std::sin(i * 0.157), 0});
+            bounds.push_back(
+                {500 + (i % 2 ? 430 : 380) * std::cos(i * 0.157), 500 + (i % 2 ? 430 : 380) * std::sin(i * 0.157), 0});
         sample.input.bounds = bounds;
         sample.input.exactEdges = exact;
         sample.input.levels = {-9, -6, -3, 0, 3, 6, 9};

@@ -135,9 +135,8 @@ TEST(Build, progressIsToldAndCancels)
     ASSERT_GT(calls, 20);
     for (int stopAt = 1; stopAt <= calls; stopAt += 7) {
         int asked = 0;
-        const BuildResult stopped = buildContours(fieldInput(true), p, [&](BuildStep, double) {
-            return ++asked < stopAt;
-        });
+        const BuildResult stopped =
+            buildContours(fieldInput(true), p, [&](BuildStep, double) { return ++asked < stopAt; });
         EXPECT_EQ(stopped.status, BuildStatus::Cancelled);
         EXPECT_EQ(asked, stopAt); // never asked again
         EXPECT_TRUE(stopped.contours.lines.empty() && stopped.contours.rings.empty());

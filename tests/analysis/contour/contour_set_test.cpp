@@ -17,12 +17,15 @@ const PointList kSquare{{0, 0, 0}, {100, 0, 0}, {100, 100, 0}, {0, 100, 0}};
 
 Isoline loopAround(double x, double y, double half, double level)
 {
-    return {{x - half, y - half, level}, {x + half, y - half, level}, {x + half, y + half, level},
-            {x - half, y + half, level}, {x - half, y - half, level}};
+    return {{x - half, y - half, level},
+            {x + half, y - half, level},
+            {x + half, y + half, level},
+            {x - half, y + half, level},
+            {x - half, y - half, level}};
 }
 
-IsoContourSet setOf(const std::vector<Isoline>& lines, const std::vector<double>& levels,
-                    const PointList& points = {}, const PointList& boundary = kSquare)
+IsoContourSet setOf(const std::vector<Isoline>& lines, const std::vector<double>& levels, const PointList& points = {},
+                    const PointList& boundary = kSquare)
 {
     IsoContourSet set(lines, boundary);
     set.setLevels(levels);
@@ -81,8 +84,8 @@ TEST(ClosedRings, loopStandsInTheBandsAboveAndBelow)
 
 TEST(ClosedRings, lowestLevelGivesOneCopyAndTheTopNone)
 {
-    IsoContourSet set = setOf({loopAround(20, 20, 5, 1), loopAround(60, 60, 6, 3)}, {1, 2, 3},
-                              {{20, 20, 0}, {60, 60, 4}, {5, 5, 5}});
+    IsoContourSet set =
+        setOf({loopAround(20, 20, 5, 1), loopAround(60, 60, 6, 3)}, {1, 2, 3}, {{20, 20, 0}, {60, 60, 4}, {5, 5, 5}});
     EXPECT_TRUE(set.buildClosedRings());
     ASSERT_EQ(set.closedRings.size(), 1U);
     EXPECT_EQ(set.closedRings[0][0].z, 1.0);
@@ -94,24 +97,22 @@ TEST(ClosedRings, lowestLevelGivesOneCopyAndTheTopNone)
 TEST(ClosedRings, referencePointsLeaveTheSurface)
 {
     const PointList points{{50, 50, 9}, {90, 90, 2}, {58, 58, 2}};
-    IsoContourSet set = setOf({loopAround(50, 50, 20, 2), loopAround(50, 50, 5, 4)}, {1, 2, 4, 6},
-                              points);
+    IsoContourSet set = setOf({loopAround(50, 50, 20, 2), loopAround(50, 50, 5, 4)}, {1, 2, 4, 6}, points);
     set.buildClosedRings();
     EXPECT_EQ(set.surfacePoints, (PointList{{90, 90, 2}}));
     EXPECT_EQ(set.closedRings.size(), 4U);
     EXPECT_EQ(set.closedRings[0][0].z, 4.0);
     EXPECT_EQ(set.closedRings[2][0].z, 2.0);
 
-    IsoContourSet none = setOf({loopAround(50, 50, 5, 2)}, {1, 2, 3},
-                               {{57, 50, 90}, {70, 50, 2}, {50, 71, 2}});
+    IsoContourSet none = setOf({loopAround(50, 50, 5, 2)}, {1, 2, 3}, {{57, 50, 90}, {70, 50, 2}, {50, 71, 2}});
     none.buildClosedRings();
     EXPECT_EQ(none.surfacePoints, (PointList{{57, 50, 90}, {50, 71, 2}}));
 }
 
 TEST(Rings, mapWithoutLinesIsItsBorderAtItsLowestValue)
 {
-    IsoContourSet set = setOf({}, {1, 2, 3}, {{0, 0, 2.5}, {100, 0, 1.5}, {100, 100, 2.6},
-                                              {0, 100, 2.7}, {50, 50, 0.5}});
+    IsoContourSet set =
+        setOf({}, {1, 2, 3}, {{0, 0, 2.5}, {100, 0, 1.5}, {100, 100, 2.6}, {0, 100, 2.7}, {50, 50, 0.5}});
     set.buildRings();
     ASSERT_TRUE(set.ringsBuilt);
     ASSERT_EQ(set.rings.size(), 1U);
@@ -150,8 +151,7 @@ TEST(Rings, twoLinesSplitTheMapIntoThree)
 {
     const Isoline left{{30, 0, 1}, {30, 100, 1}};
     const Isoline right{{60, 100, 2}, {60, 0, 2}};
-    IsoContourSet set = setOf({left, right}, {1, 2, 3},
-                              {{0, 0, 0.5}, {100, 0, 2.5}, {45, 50, 1.5}});
+    IsoContourSet set = setOf({left, right}, {1, 2, 3}, {{0, 0, 0.5}, {100, 0, 2.5}, {45, 50, 1.5}});
     set.buildRings();
     ASSERT_EQ(set.rings.size(), 3U);
     std::vector<double> areas;
@@ -181,7 +181,7 @@ TEST(Rings, besideTheLastLevel)
     IsoContourSet set = setOf({line}, {1, 2, 3}, {{0, 0, 2.5}, {100, 0, 3.5}});
     set.buildRings();
     ASSERT_EQ(set.rings.size(), 2U);
-    EXPECT_EQ(set.bandOf(set.rings[0][0].z), 1); // below it
+    EXPECT_EQ(set.bandOf(set.rings[0][0].z), 1);  // below it
     EXPECT_EQ(set.bandOf(set.rings[1][0].z), -1); // above it
     EXPECT_EQ(set.hatchBands().size(), 1U);
 }
@@ -268,8 +268,7 @@ TEST(Bands, needRings)
 
 TEST(Bands, nestedLoopsStandInTwoBandsEachLargestFirst)
 {
-    IsoContourSet set = setOf({loopAround(50, 50, 30, 1), loopAround(50, 50, 20, 2),
-                               loopAround(50, 50, 10, 3)},
+    IsoContourSet set = setOf({loopAround(50, 50, 30, 1), loopAround(50, 50, 20, 2), loopAround(50, 50, 10, 3)},
                               {0, 1, 2, 3, 4}, {{50, 50, 3.5}, {50, 65, 2.5}, {50, 75, 1.5}, {0, 0, 0.5}});
     set.buildRings();
     const std::vector<std::vector<PointList>> groups = set.groupByBand();
@@ -325,8 +324,7 @@ TEST(Lines, refineCutsLongSegmentsAndRepeatsTheirStart)
 {
     IsoContourSet set({{{0, 0, 1}, {4, 0, 1}, {5, 0, 1}}}, {});
     set.refineLines(2.0, 4);
-    EXPECT_EQ(set.lines[0], (Isoline{{0, 0, 1}, {0, 0, 1}, {1, 0, 1}, {2, 0, 1}, {3, 0, 1},
-                                     {4, 0, 1}, {5, 0, 1}}));
+    EXPECT_EQ(set.lines[0], (Isoline{{0, 0, 1}, {0, 0, 1}, {1, 0, 1}, {2, 0, 1}, {3, 0, 1}, {4, 0, 1}, {5, 0, 1}}));
 }
 
 TEST(Lines, tenPartsAreTen)

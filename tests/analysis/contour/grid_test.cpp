@@ -46,8 +46,7 @@ TEST(Grid, stepShrinksWithTheNumberOfPoints)
     for (int i = 0; i < 400; ++i)
         points.push_back({i % 20 / 1.9, i / 20 / 1.9, 0});
     // 0.2 * 10 / sqrt(400) is 0.1, half of a fiftieth of the side.
-    EXPECT_NEAR(static_cast<double>(modelOf(points).idwGridPoints(2.0, 1).size()), 101.0 * 101.0,
-                203.0);
+    EXPECT_NEAR(static_cast<double>(modelOf(points).idwGridPoints(2.0, 1).size()), 101.0 * 101.0, 203.0);
 }
 
 TEST(Grid, atAPointItsValueStands)
@@ -63,18 +62,15 @@ TEST(Grid, powerTwoIsTheSquareAndOthersAreTheirPower)
     const PointList third = modelOf(kFour).idwGridPoints(3.0, 0);
     const double d1 = std::hypot(2, 2), d2 = std::hypot(8, 2), d3 = std::hypot(8, 8), d4 = d2;
     const auto expected = [&](double power) {
-        const double w1 = std::pow(d1, -power), w2 = std::pow(d2, -power),
-                     w3 = std::pow(d3, -power), w4 = std::pow(d4, -power);
+        const double w1 = std::pow(d1, -power), w2 = std::pow(d2, -power), w3 = std::pow(d3, -power),
+                     w4 = std::pow(d4, -power);
         return (w1 * 1 + w2 * 2 + w3 * 3 + w4 * 8) / (w1 + w2 + w3 + w4);
     };
     EXPECT_NEAR(valueAt(square, 2, 2), expected(2.0), 1e-12);
     EXPECT_NEAR(valueAt(third, 2, 2), expected(3.0), 1e-12);
 }
 
-TEST(Grid, powerOfZeroIsTheMean)
-{
-    EXPECT_DOUBLE_EQ(valueAt(modelOf(kFour).idwGridPoints(0.0, 0), 2, 2), 3.5);
-}
+TEST(Grid, powerOfZeroIsTheMean) { EXPECT_DOUBLE_EQ(valueAt(modelOf(kFour).idwGridPoints(0.0, 0), 2, 2), 3.5); }
 
 TEST(Grid, onlyTheNearestCount)
 {
@@ -136,9 +132,6 @@ TEST(Grid, stopsWhenAsked)
     EXPECT_EQ(asked, 3);
 }
 
-TEST(PlainGrid, valueWithoutPointsIsZero)
-{
-    EXPECT_EQ(reference::PlainSurface().idwValue(1, 2, 2.0, 3), 0.0);
-}
+TEST(PlainGrid, valueWithoutPointsIsZero) { EXPECT_EQ(reference::PlainSurface().idwValue(1, 2, 2.0, 3), 0.0); }
 
 } // namespace

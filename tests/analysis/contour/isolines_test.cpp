@@ -38,10 +38,7 @@ TEST(Levels, zeroGoesUp)
     EXPECT_EQ(movedLevel(-0.0, {0.0}), 0.003 - 0.001);
 }
 
-TEST(Levels, movesAgainFromTheNextPoint)
-{
-    EXPECT_EQ(movedLevel(2.0, {1.999, 2.0}), 2.0 - 0.001 - 0.001);
-}
+TEST(Levels, movesAgainFromTheNextPoint) { EXPECT_EQ(movedLevel(2.0, {1.999, 2.0}), 2.0 - 0.001 - 0.001); }
 
 TEST(Levels, atMostAThousandMoves)
 {
@@ -107,8 +104,8 @@ ContourSegment segment(double x0, double y0, double x1, double y1, double z = 1.
 
 TEST(Chain, growsAtBothEndsFromTheFirst)
 {
-    const std::vector<Isoline> lines = chainSegments(
-        {segment(1, 0, 2, 0), segment(3, 0, 2, 0), segment(0, 0, 1, 0), segment(3, 0, 4, 0)});
+    const std::vector<Isoline> lines =
+        chainSegments({segment(1, 0, 2, 0), segment(3, 0, 2, 0), segment(0, 0, 1, 0), segment(3, 0, 4, 0)});
     ASSERT_EQ(lines.size(), 1U);
     ASSERT_EQ(lines[0].size(), 5U);
     for (int i = 0; i < 5; ++i)
@@ -117,8 +114,7 @@ TEST(Chain, growsAtBothEndsFromTheFirst)
 
 TEST(Chain, ofTwoThatFitTheLaterIsTaken)
 {
-    const std::vector<Isoline> lines
-        = chainSegments({segment(0, 0, 1, 0), segment(1, 0, 2, 5), segment(1, 0, 2, -5)});
+    const std::vector<Isoline> lines = chainSegments({segment(0, 0, 1, 0), segment(1, 0, 2, 5), segment(1, 0, 2, -5)});
     ASSERT_EQ(lines.size(), 2U);
     EXPECT_EQ(lines[0].back().y, -5.0);
     EXPECT_EQ(lines[1].back().y, 5.0);
@@ -126,8 +122,8 @@ TEST(Chain, ofTwoThatFitTheLaterIsTaken)
 
 TEST(Chain, closedLineEnds)
 {
-    const std::vector<Isoline> lines = chainSegments(
-        {segment(0, 0, 1, 0), segment(1, 0, 1, 1), segment(1, 1, 0, 0), segment(5, 5, 6, 6)});
+    const std::vector<Isoline> lines =
+        chainSegments({segment(0, 0, 1, 0), segment(1, 0, 1, 1), segment(1, 1, 0, 0), segment(5, 5, 6, 6)});
     ASSERT_EQ(lines.size(), 2U);
     EXPECT_EQ(lines[0].size(), 4U);
     EXPECT_TRUE(isClosedLine(lines[0]));
@@ -139,8 +135,7 @@ TEST(Chain, closedLineTakesTheVeryLastSegment)
 {
     const ContourSegment tail = segment(1, 1, -3, 0);
     const ContourSegment other = segment(5, 5, 6, 6);
-    const std::vector<ContourSegment> loop{segment(0, 0, 1, 0), segment(1, 1, 0, 0),
-                                           segment(1, 0, 1, 1)};
+    const std::vector<ContourSegment> loop{segment(0, 0, 1, 0), segment(1, 1, 0, 0), segment(1, 0, 1, 1)};
     std::vector<ContourSegment> tailInTheMiddle{loop[0], tail, loop[1], loop[2], other};
     // The tail fits the line's start only after the loop's last two segments.
     const std::vector<Isoline> middle = chainSegments(tailInTheMiddle);
@@ -164,9 +159,6 @@ TEST(Chain, endsWithinTheToleranceJoin)
     EXPECT_EQ(chainSegments({segment(0, 0, 1, 0), segment(1 + 11e-7, 0, 2, 0)}).size(), 2U);
 }
 
-TEST(Chain, nothingGivesNothing)
-{
-    EXPECT_TRUE(chainSegments({}).empty());
-}
+TEST(Chain, nothingGivesNothing) { EXPECT_TRUE(chainSegments({}).empty()); }
 
 } // namespace

@@ -7,15 +7,9 @@ namespace samples {
 
 namespace {
 
-double field(double x, double y)
-{
-    return 6.0 * std::sin(x * 0.07) * std::cos(y * 0.05) + 0.03 * x - 2.0;
-}
+double field(double x, double y) { return 6.0 * std::sin(x * 0.07) * std::cos(y * 0.05) + 0.03 * x - 2.0; }
 
-double rounded(double v)
-{
-    return std::round(v * 100.0) / 100.0;
-}
+double rounded(double v) { return std::round(v * 100.0) / 100.0; }
 
 PointList scattered(Random& random, int count, bool noise)
 {
@@ -61,8 +55,8 @@ PointList rings(Random& random, int count)
     for (int i = 0; i < count; ++i) {
         const double angle = 6.283185307179586 * i / count * 5.0;
         const double radius = 10.0 * (1 + i % 5);
-        points.push_back({50 + radius * std::cos(angle), 50 + radius * std::sin(angle),
-                          5.0 - 2.0 * (i % 5) + random.in(0, 0.1)});
+        points.push_back(
+            {50 + radius * std::cos(angle), 50 + radius * std::sin(angle), 5.0 - 2.0 * (i % 5) + random.in(0, 0.1)});
     }
     return points;
 }
@@ -121,16 +115,18 @@ PointList boundsOfKind(int kind, Random& random, const PointList& points)
     case 0: // the box itself
         return {{a.x, a.y, 0}, {b.x, a.y, 0}, {b.x, b.y, 0}, {a.x, b.y, 0}};
     case 1: // around all, closed by a repeated point
-        return {{a.x - w, a.y - h, 3}, {b.x + w, a.y - h, 3}, {b.x + w, b.y + h, 3},
-                {a.x - w, b.y + h, 3}, {a.x - w, a.y - h, 3}};
+        return {{a.x - w, a.y - h, 3},
+                {b.x + w, a.y - h, 3},
+                {b.x + w, b.y + h, 3},
+                {a.x - w, b.y + h, 3},
+                {a.x - w, a.y - h, 3}};
     case 2: { // a star inside
         PointList star;
         const int corners = 2 * (3 + random.below(9));
         for (int i = 0; i < corners; ++i) {
             const double angle = 6.283185307179586 * i / corners;
             const double part = i % 2 ? 0.2 : 0.45;
-            star.push_back({a.x + w * (0.5 + part * std::cos(angle)),
-                            a.y + h * (0.5 + part * std::sin(angle)), 0});
+            star.push_back({a.x + w * (0.5 + part * std::cos(angle)), a.y + h * (0.5 + part * std::sin(angle)), 0});
         }
         return star;
     }
@@ -210,8 +206,7 @@ Sample sampleOf(std::uint32_t seed)
     Random random(seed * 2654435761U + 17U);
     Sample sample;
     const int kind = static_cast<int>(seed) % kPointKinds;
-    sample.parameters.method = seed % 5 == 3 ? contour::Method::InverseDistance
-                                             : contour::Method::Triangulation;
+    sample.parameters.method = seed % 5 == 3 ? contour::Method::InverseDistance : contour::Method::Triangulation;
     bool grid = sample.parameters.method == contour::Method::InverseDistance;
     PointList points = pointsOfKind(kind, random, 4 + random.below(grid ? 20 : 90));
     const bool far = random.chance(0.3);
@@ -247,8 +242,7 @@ Sample sampleOf(std::uint32_t seed)
 
     const int count = random.below(10);
     for (int i = 0; i < count; ++i)
-        sample.input.levels.push_back(random.chance(0.7) ? std::round(random.in(-6, 6))
-                                                         : random.in(-6, 6));
+        sample.input.levels.push_back(random.chance(0.7) ? std::round(random.in(-6, 6)) : random.in(-6, 6));
     if (random.chance(0.7))
         std::sort(sample.input.levels.begin(), sample.input.levels.end());
     if (count > 2 && random.chance(0.5))

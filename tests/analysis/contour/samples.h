@@ -14,13 +14,9 @@ using contour::BuildParameters;
 using geometry::Point3;
 using geometry::PointList;
 
-class Random
-{
+class Random {
 public:
-    explicit Random(std::uint32_t seed)
-        : engine_(seed)
-    {
-    }
+    explicit Random(std::uint32_t seed) : engine_(seed) { }
 
     // The library's own distributions differ between makers.
     double unit() { return static_cast<double>(engine_()) / 4294967296.0; }

@@ -59,10 +59,7 @@ TEST(Prepare, distanceIsBelowTheWidenedTolerance)
     EXPECT_EQ(modelOf({{0, 0, 0}, {std::nextafter(GEOM_TOL, 0.0), 0, 0}}).points.size(), 1U);
 }
 
-TEST(Prepare, twoValuesAtOnePlaceStay)
-{
-    EXPECT_EQ(modelOf({{1, 1, 3}, {1, 1, 4}, {0, 0, 0}}).points.size(), 3U);
-}
+TEST(Prepare, twoValuesAtOnePlaceStay) { EXPECT_EQ(modelOf({{1, 1, 3}, {1, 1, 4}, {0, 0, 0}}).points.size(), 3U); }
 
 TEST(Prepare, verticesAreByXAndStable)
 {
@@ -132,8 +129,8 @@ TEST(Triangulate, pointsAtOnePlaceGiveNothing)
 
 TEST(Triangulate, coversTheHullWithoutOverlap)
 {
-    SurfaceModel model = triangulatedModelOf({{0, 0, 0}, {10, 0, 0}, {10, 10, 0}, {0, 10, 0},
-                                              {3, 4, 0}, {7, 2, 0}, {6, 8, 0}, {330, 5, 0}});
+    SurfaceModel model = triangulatedModelOf(
+        {{0, 0, 0}, {10, 0, 0}, {10, 10, 0}, {0, 10, 0}, {3, 4, 0}, {7, 2, 0}, {6, 8, 0}, {330, 5, 0}});
     double area = 0.0;
     for (const contour::Triangle& t : model.triangles) {
         const Point3 a = model.vertices[t.a], b = model.vertices[t.b], c = model.vertices[t.c];
@@ -168,8 +165,8 @@ TEST(Triangulate, extremeCoordinatesDoNoHarm)
     const double values[] = {0, 1, -1, 1e-300, 1e300, -1e300, 1e155, 5e-7, 1e9, 1e17};
     for (double x : values) {
         for (double y : values) {
-            SurfaceModel model = triangulatedModelOf(
-                {{0, 0, 0}, {1, 0, 1}, {0, 1, 2}, {x, y, 3}, {y, x, 4}, {x, x, x}, {-x, y, y}});
+            SurfaceModel model =
+                triangulatedModelOf({{0, 0, 0}, {1, 0, 1}, {0, 1, 2}, {x, y, 3}, {y, x, 4}, {x, x, x}, {-x, y, y}});
             model.boundaryFromHull();
             model.densifyBoundaryValues();
             model.idwGridPoints(2.0, 3);
@@ -239,9 +236,8 @@ TEST(BorderValues, valueCountsInTheDistance)
         SurfaceModel model = modelOf({{2, 1, value}, {4, 6, 0}});
         model.boundary = bounds;
         model.densifyBoundaryValues();
-        return std::count_if(model.points.begin() + 6, model.points.end(), [](const Point3& p) {
-            return p.y == 0.0 && std::fabs(p.x - 11.77) < 0.03;
-        });
+        return std::count_if(model.points.begin() + 6, model.points.end(),
+                             [](const Point3& p) { return p.y == 0.0 && std::fabs(p.x - 11.77) < 0.03; });
     };
     EXPECT_EQ(addedAtTheLeap(0.0), 0);
     EXPECT_EQ(addedAtTheLeap(100.0), 1);

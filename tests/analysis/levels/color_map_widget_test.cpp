@@ -116,7 +116,9 @@ TEST_F(ColorMaps, AChangedCountAsksFirstWhenSomethingWasEdited)
 TEST_F(ColorMaps, AreWrittenToTheDatabaseUnderAName)
 {
     widget().setLevelMapId(LevelMap::Temperature);
-    driver.expect(QStringLiteral("Сохранить палитру")).set(QStringLiteral("input"), QStringLiteral("Зимняя")).press(QStringLiteral("OK"));
+    driver.expect(QStringLiteral("Сохранить палитру"))
+        .set(QStringLiteral("input"), QStringLiteral("Зимняя"))
+        .press(QStringLiteral("OK"));
     child<QPushButton>("WriteDB_btn")->click();
     EXPECT_TRUE(driver.done()) << driver.report();
     EXPECT_EQ(database.value("select levelmap_name from levelmaps"), QStringLiteral("Зимняя"));
@@ -129,11 +131,15 @@ TEST_F(ColorMaps, DeletingAMapInUseAsksForEachUseAndFallsBack)
     const int id = storeMap(QStringLiteral("Склад"));
     session().deformationColormapId = session().temperatureColormapId = session().dynamicTemperatureColormapId = id;
     widget().setLevelMapId(id);
-    driver.expect(QStringLiteral("Внимание")).text(QStringLiteral("Удалить палитру 'Склад' ?")).press(QStringLiteral("Да"));
     driver.expect(QStringLiteral("Внимание"))
-        .text(QStringLiteral("Палитра 'Склад' установлена для карт деформаций. \n Удалить в любом случае?")).press(QStringLiteral("Да"));
+        .text(QStringLiteral("Удалить палитру 'Склад' ?"))
+        .press(QStringLiteral("Да"));
     driver.expect(QStringLiteral("Внимание"))
-        .text(QStringLiteral("Палитра 'Склад' установлена для карт температур. \n Удалить в любом случае?")).press(QStringLiteral("Да"));
+        .text(QStringLiteral("Палитра 'Склад' установлена для карт деформаций. \n Удалить в любом случае?"))
+        .press(QStringLiteral("Да"));
+    driver.expect(QStringLiteral("Внимание"))
+        .text(QStringLiteral("Палитра 'Склад' установлена для карт температур. \n Удалить в любом случае?"))
+        .press(QStringLiteral("Да"));
     driver.expect(QStringLiteral("Внимание"))
         .text(QStringLiteral("Палитра 'Склад' установлена для карт динамики температур. \n Удалить в любом случае?"))
         .press(QStringLiteral("Да"));
@@ -180,7 +186,9 @@ TEST_F(ColorMaps, AFileThatIsNoPaletteIsTold)
     file.write("1, 2, 3\n");
     file.close();
     driver.expect(QStringLiteral("Загрузить цветовую палитру уровней")).files({path});
-    driver.expect(QStringLiteral("Внимание")).text(QStringLiteral("Ошибка загрузки палитры ") + path).press(QStringLiteral("OK"));
+    driver.expect(QStringLiteral("Внимание"))
+        .text(QStringLiteral("Ошибка загрузки палитры ") + path)
+        .press(QStringLiteral("OK"));
     child<QPushButton>("LoadColorMapBtn")->click();
     EXPECT_TRUE(driver.done()) << driver.report();
 }

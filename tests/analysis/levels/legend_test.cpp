@@ -1,8 +1,8 @@
 // The legend in the drawing, through its command.
 #include "analysis/levels/forms/level_map_selector_form.h"
-#include "support/pictures.h"
 #include "analysis/levels/forms/map_legend_form.h"
 #include "hostkit/model_space.h"
+#include "support/pictures.h"
 #include "support/session_database.h"
 
 #include <drawing/application.h>
@@ -15,7 +15,7 @@ namespace {
 // Answers the one prompt of the command.
 class PointAnswer final : public PromptBackend {
 public:
-    explicit PointAnswer(bool give) : give_(give), before_(setPromptBackend(this)) {}
+    explicit PointAnswer(bool give) : give_(give), before_(setPromptBackend(this)) { }
     ~PointAnswer() override { setPromptBackend(before_); }
     PromptReply ask(const PromptRequest& request) override
     {

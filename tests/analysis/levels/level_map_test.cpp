@@ -1,6 +1,6 @@
 // Colour maps: built-in scales, the gradient, files and rows.
-#include "analysis/levels/level_map.h"
 #include "analysis/levels/built_in_scales.h"
+#include "analysis/levels/level_map.h"
 #include "support/session_database.h"
 
 #include <QFile>
@@ -11,10 +11,7 @@ namespace {
 
 using Rgb = std::array<int, 3>;
 
-Rgb rgb(const LevelRange& range)
-{
-    return {range.color.red(), range.color.green(), range.color.blue()};
-}
+Rgb rgb(const LevelRange& range) { return {range.color.red(), range.color.green(), range.color.blue()}; }
 
 QString written(const QString& path)
 {
@@ -35,7 +32,7 @@ protected:
     QTemporaryDir folder_;
 };
 
-class LevelMapRows : public SessionDatabase {};
+class LevelMapRows : public SessionDatabase { };
 
 } // namespace
 

@@ -1,6 +1,6 @@
 // Lines, hatches, groups and labels in the drawing.
-#include "analysis/maps/map_drawing.h"
 #include "analysis/maps/layer_input.h"
+#include "analysis/maps/map_drawing.h"
 #include "analysis/maps/map_fixture.h"
 #include "analysis/maps/value_labels.h"
 
@@ -50,8 +50,9 @@ TEST_F(MapDrawing, ALockedLayerIsUnlocked)
 TEST_F(MapDrawing, ABandIsOneSolidHatchInItsColourUnderAllElse)
 {
     drawPolylines(layer, {ring(0, 1, 0)});
-    const NcDbObjectIdArray ids = drawHatches({{5, -3.0, {ring(0, 10, -3), ring(2, 4, -3)}}, {6, -1.5, {ring(5, 6, -1.5)}}},
-                                              LevelMap(LevelMap::Temperature), layer);
+    const NcDbObjectIdArray ids =
+        drawHatches({{5, -3.0, {ring(0, 10, -3), ring(2, 4, -3)}}, {6, -1.5, {ring(5, 6, -1.5)}}},
+                    LevelMap(LevelMap::Temperature), layer);
     ASSERT_EQ(ids.size(), 2u);
     const Opened<NcDbHatch> hatch(ids[0], kForRead);
     EXPECT_EQ(hatch->patternName(), QStringLiteral("SOLID"));

@@ -18,9 +18,10 @@ protected:
         ncDocManagerPtr()->appContextNewDocument(QString());
         ensureLayer(QStringLiteral("MAP"), 7);
         ensureLayer(QStringLiteral("BORDER"), 7);
-        database.exec("insert into devices (device_id, name, serial) overriding system value values (1, 'К', 'SN');"
-                      "insert into performers (performer_id, fullname, name) overriding system value values (1, 'О', 'О');"
-                      "insert into states (state_id, note, colorindex) values ('lost', 'Утрачен', 1);");
+        database.exec(
+            "insert into devices (device_id, name, serial) overriding system value values (1, 'К', 'SN');"
+            "insert into performers (performer_id, fullname, name) overriding system value values (1, 'О', 'О');"
+            "insert into states (state_id, note, colorindex) values ('lost', 'Утрачен', 1);");
         session().reloadStates();
     }
     void TearDown() override
@@ -32,13 +33,26 @@ protected:
     void addWell(int id, const char* name, double x, double y, double z, double h, const char* log,
                  const char* state = "exist", int position = 1, int cycle = 2)
     {
-        database.exec(QStringLiteral("insert into ts_elements (element_id, type_id, element_name, state_id, position_id, "
-                                     "x, y, z, h, block_rotation, marker_rotation, scale) overriding system value values (%1, 'ts', '%2', '%3', %4, "
-                                     "%5, %6, %7, %8, 0, 0, 1)")
-                          .arg(id).arg(name).arg(state).arg(position).arg(x).arg(y).arg(z).arg(h));
+        database.exec(
+            QStringLiteral("insert into ts_elements (element_id, type_id, element_name, state_id, position_id, "
+                           "x, y, z, h, block_rotation, marker_rotation, scale) overriding system value values (%1, "
+                           "'ts', '%2', '%3', %4, "
+                           "%5, %6, %7, %8, 0, 0, 1)")
+                .arg(id)
+                .arg(name)
+                .arg(state)
+                .arg(position)
+                .arg(x)
+                .arg(y)
+                .arg(z)
+                .arg(h));
         if (log)
-            database.exec(QStringLiteral("insert into ts_meas (element_id, cycle_id, device_id, date, t_vozd, meas, performer_id) "
-                                         "values (%1, %2, 1, '2023-07-15', 0, '%3', 1)").arg(id).arg(cycle).arg(log));
+            database.exec(QStringLiteral(
+                              "insert into ts_meas (element_id, cycle_id, device_id, date, t_vozd, meas, performer_id) "
+                              "values (%1, %2, 1, '2023-07-15', 0, '%3', 1)")
+                              .arg(id)
+                              .arg(cycle)
+                              .arg(log));
     }
 
     // Five wells in a square with one in its middle, colder to the east.

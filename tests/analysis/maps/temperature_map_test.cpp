@@ -1,11 +1,11 @@
 // The form, the isocontour dialog and the command as a whole.
-#include "analysis/maps/forms/state_filter_form.h"
-#include "support/pictures.h"
 #include "analysis/levels/level_map.h"
 #include "analysis/maps/forms/iso_contours_cmd_dialog.h"
+#include "analysis/maps/forms/state_filter_form.h"
 #include "analysis/maps/forms/temperature_map_command.h"
 #include "analysis/maps/forms/temperature_map_form.h"
 #include "analysis/maps/map_fixture.h"
+#include "support/pictures.h"
 
 #include <script/modal_driver.h>
 
@@ -29,7 +29,7 @@ namespace {
 // Gives the border when the command asks for it, or leaves the prompt.
 class BorderAnswer final : public PromptBackend {
 public:
-    explicit BorderAnswer(NcDbObjectId border) : border_(border), before_(setPromptBackend(this)) {}
+    explicit BorderAnswer(NcDbObjectId border) : border_(border), before_(setPromptBackend(this)) { }
     ~BorderAnswer() override { setPromptBackend(before_); }
     PromptReply ask(const PromptRequest& request) override
     {
@@ -80,10 +80,7 @@ contour::PointList squarePoints()
     return {{0, 0, -0.2}, {100, 0, -4}, {100, 100, -4.2}, {0, 100, -0.1}, {50, 50, -2}};
 }
 
-contour::PointList squareBounds()
-{
-    return {{-10, -10, 0}, {110, -10, 0}, {110, 110, 0}, {-10, 110, 0}};
-}
+contour::PointList squareBounds() { return {{-10, -10, 0}, {110, -10, 0}, {110, 110, 0}, {-10, 110, 0}}; }
 
 } // namespace
 
@@ -174,11 +171,13 @@ TEST_F(TemperatureMap, ValuesGoToAFileAndToTheClipboard)
     EXPECT_TRUE(driver.done()) << driver.report();
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(QString::fromUtf8(file.readAll()), QStringLiteral("1.00;-0.20;-4.00;-4.20;-0.10;-2.00\n"
-                                                                "3.00;-0.40;-4.50;-4.60;-0.30;-2.50\n"));
+    EXPECT_EQ(QString::fromUtf8(file.readAll()),
+              QStringLiteral("1.00;-0.20;-4.00;-4.20;-0.10;-2.00\n"
+                             "3.00;-0.40;-4.50;-4.60;-0.30;-2.50\n"));
     child<QPushButton>(form, "CopyClipBTN")->click();
-    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("1.00\t-0.20\t-4.00\t-4.20\t-0.10\t-2.00\n"
-                                                                "3.00\t-0.40\t-4.50\t-4.60\t-0.30\t-2.50\n"));
+    EXPECT_EQ(QApplication::clipboard()->text(),
+              QStringLiteral("1.00\t-0.20\t-4.00\t-4.20\t-0.10\t-2.00\n"
+                             "3.00\t-0.40\t-4.50\t-4.60\t-0.30\t-2.50\n"));
 }
 
 TEST_F(TemperatureMap, ByDatabaseAsksForALayer)
@@ -363,7 +362,8 @@ TEST_F(TemperatureMap, EmptyLayersAreTold)
     IsoContoursCmdDialog dialog;
     child<QComboBox>(dialog, "PointLayer")->setCurrentText(QStringLiteral("MAP"));
     driver.expect(QStringLiteral("Внимание"))
-        .text(QStringLiteral("На слое MAP не найдено ни одной точки")).press(QStringLiteral("OK"));
+        .text(QStringLiteral("На слое MAP не найдено ни одной точки"))
+        .press(QStringLiteral("OK"));
     child<QPushButton>(dialog, "SelectPointBtn")->click();
     EXPECT_TRUE(driver.done()) << driver.report();
     child<QComboBox>(dialog, "BoundLayer")->setCurrentText(QStringLiteral("MAP"));
@@ -399,7 +399,8 @@ TEST_F(TemperatureMap, EscTakesThePositionsFirstContour)
         .check(QStringLiteral("PositionContourList"), QStringLiteral("Контур 1"))
         .press(QStringLiteral("okButton"));
     driver.expect(QStringLiteral("Построение изоконтуров"))
-        .set(QStringLiteral("HatchOutLayer"), QStringLiteral("MAP")).press(QStringLiteral("okButton"));
+        .set(QStringLiteral("HatchOutLayer"), QStringLiteral("MAP"))
+        .press(QStringLiteral("okButton"));
     BorderAnswer answer{NcDbObjectId()};
     buildTemperatureMap();
     ASSERT_TRUE(driver.done()) << driver.report();

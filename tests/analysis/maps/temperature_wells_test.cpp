@@ -1,6 +1,6 @@
 // Which wells a map takes and how a log becomes one number.
-#include "analysis/maps/temperature_wells.h"
 #include "analysis/maps/map_fixture.h"
+#include "analysis/maps/temperature_wells.h"
 
 #include <cmath>
 

@@ -11,14 +11,14 @@
 
 namespace {
 
-class DataViewer : public ::testing::Test
-{
+class DataViewer : public ::testing::Test {
 protected:
     DataViewer()
     {
         measure.elementName = "ТС-7";
         // A sound log with one reading that jumps and one that is missing.
-        const double temperatures[] = {3.21, 1.4, -0.35, -1.9, 2.8, -2.755, -2.9, -3.05, -3.1, BaseMeasure::noValue, -3.15};
+        const double temperatures[] = {3.21, 1.4, -0.35, -1.9, 2.8, -2.755, -2.9, -3.05, -3.1, BaseMeasure::noValue,
+                                       -3.15};
         double depth = 0.5;
         for (double temperature : temperatures) {
             measure.profile.append({depth, temperature});

@@ -10,13 +10,9 @@ struct UcsCommand {
     bool keepsMarker;
 };
 
-void PrintTo(const UcsCommand& command, std::ostream* out)
-{
-    *out << command.name;
-}
+void PrintTo(const UcsCommand& command, std::ostream* out) { *out << command.name; }
 
-class AlignByUcs : public AlignmentFixture, public ::testing::WithParamInterface<UcsCommand>
-{
+class AlignByUcs : public AlignmentFixture, public ::testing::WithParamInterface<UcsCommand> {
 protected:
     void run() { AlignmentFixture::run(GetParam().name); }
     void addRow(const QString& table, const QString& type, int id, int position)
@@ -24,7 +20,9 @@ protected:
         database->exec(QString("insert into %1 (element_id, type_id, element_name, state_id, position_id, x, y, z, h, "
                                "block_rotation, marker_rotation, scale) overriding system value values "
                                "(%3, '%2', 'Э', 'exist', %4, 0, 0, 0, 0, 0, 0, 1)")
-                           .arg(table, type).arg(id).arg(position));
+                           .arg(table, type)
+                           .arg(id)
+                           .arg(position));
     }
 };
 
@@ -34,9 +32,9 @@ TEST_P(AlignByUcs, TurnsEveryBlockOfTheDrawing)
 {
     const NcDbObjectId mark =
         insert(0, 1, {10, 20, 0.0, 2.0}, {{"Положение1 X", "3"}, {"Положение1 Y", "4"}, {"Угол1", "0.5"}});
-    const NcDbObjectId stabiliser = insert(18, 2, {30, 40, quarterTurn},
-                                           {{"Положение1 X", "1"}, {"Положение1 Y", "0"},
-                                            {"Положение2 X", "0"}, {"Положение2 Y", "5"}});
+    const NcDbObjectId stabiliser =
+        insert(18, 2, {30, 40, quarterTurn},
+               {{"Положение1 X", "1"}, {"Положение1 Y", "0"}, {"Положение2 X", "0"}, {"Положение2 Y", "5"}});
     const QStringList definitions = {"dm_def", "tsg_g_def"};
     turnUcs(quarterTurn, {1000, 2000, 0});
     host.keyword("Drawing");
@@ -86,7 +84,7 @@ TEST_P(AlignByUcs, PositionTakesItsOwnElementsAlone)
         const char* table;
         const char* type;
     };
-    const Row rows[] = {{0, "dm_elements", "dm"},    {2, "ts_elements", "ts"},     {8, "rp_elements", "rp_gl"},
+    const Row rows[] = {{0, "dm_elements", "dm"},      {2, "ts_elements", "ts"},   {8, "rp_elements", "rp_gl"},
                         {20, "tss_elements", "tss_h"}, {3, "ggs_elements", "ggs"}, {5, "tsg_elements", "tsg"},
                         {17, "igs_elements", "skv"}};
     QVector<NcDbObjectId> own, foreign;
@@ -218,9 +216,7 @@ INSTANTIATE_TEST_SUITE_P(Commands, AlignByUcs,
                          ::testing::Values(UcsCommand{"TERVA_ALIGN_BY_UCS", false},
                                            UcsCommand{"TERVA_ALIGN_LABELS_BY_UCS", true}));
 
-class AlignTwice : public AlignmentFixture
-{
-};
+class AlignTwice : public AlignmentFixture { };
 
 TEST_F(AlignTwice, TheSecondRunOfAlignByUcsChangesNothing)
 {

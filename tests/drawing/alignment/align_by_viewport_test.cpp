@@ -7,8 +7,7 @@ namespace {
 const QString pickPrompt = "\nУкажите видовой экран";
 const QString scopePrompt = "Обрабатывать элементы по [Позиции/Чертежу]  <Позиции>";
 
-class AlignByViewport : public AlignmentFixture
-{
+class AlignByViewport : public AlignmentFixture {
 protected:
     // A window of 100 by 50 on the sheet, at half the size of the model: it sees
     // x from -90 to 110 and y from -30 to 70.
@@ -46,8 +45,7 @@ protected:
 
 TEST_F(AlignByViewport, TurnsWhatIsSeenAndScalesItsLabels)
 {
-    const NcDbObjectId seen =
-        insert(0, 1, {0, 0}, {{"Положение1 X", "3"}, {"Положение1 Y", "4"}, {"Угол1", "0.5"}});
+    const NcDbObjectId seen = insert(0, 1, {0, 0}, {{"Положение1 X", "3"}, {"Положение1 Y", "4"}, {"Угол1", "0.5"}});
     const NcDbObjectId beyond = insert(0, 2, {200, 0}, {{"Угол1", "0.5"}});
     const QStringList before = state(beyond);
     host.pick(viewport).keyword("Drawing");
@@ -114,7 +112,8 @@ TEST_F(AlignByViewport, TheSheetIsCarriedBackAsItIsShown)
     const NcGePoint3d p = *sheetToModel(window()) * NcGePoint3d(130, 90, 0);
     // How the window shows a point of the model.
     const double x = p.x - 7, y = p.y + 4;
-    const double shownX = x * std::cos(0.3) - y * std::sin(0.3) - 10, shownY = x * std::sin(0.3) + y * std::cos(0.3) - 20;
+    const double shownX = x * std::cos(0.3) - y * std::sin(0.3) - 10,
+                 shownY = x * std::sin(0.3) + y * std::cos(0.3) - 20;
     EXPECT_NEAR(100 + 0.5 * shownX, 130, 1e-9);
     EXPECT_NEAR(100 + 0.5 * shownY, 90, 1e-9);
 }
@@ -183,8 +182,7 @@ TEST_F(AlignByViewport, WorksOnTheSheetOnly)
 
 TEST_F(AlignByViewport, NothingPickedOrSomethingElseIsAnError)
 {
-    const NcDbObjectId circle =
-        toSheet(std::make_unique<NcDbCircle>(NcGePoint3d(), NcGeVector3d(0, 0, 1), 20));
+    const NcDbObjectId circle = toSheet(std::make_unique<NcDbCircle>(NcGePoint3d(), NcGeVector3d(0, 0, 1), 20));
     host.cancel().enter().pick(circle);
     run();
     run();

@@ -16,8 +16,7 @@
 
 constexpr double quarterTurn = M_PI / 2;
 
-class AlignmentFixture : public ::testing::Test
-{
+class AlignmentFixture : public ::testing::Test {
 protected:
     AlignmentFixture()
     {

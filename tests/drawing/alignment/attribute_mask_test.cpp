@@ -6,8 +6,7 @@
 
 namespace {
 
-class AttributeMask : public AlignmentFixture
-{
+class AttributeMask : public AlignmentFixture {
 protected:
     void run() { AlignmentFixture::run("TERVA_MASK_ATTRIBUTES"); }
     static NcDbAttribute& attribute(NcDbObjectId id, const QString& tag)
@@ -87,11 +86,11 @@ TEST_F(AttributeMask, RowsGiveWayAlongTheUcs)
         int horizontal, vertical, attachment, direction;
     };
     const Case cases[] = {
-        {NcDbText::kTextLeft, NcDbText::kTextBase, 7, 1},      {NcDbText::kTextCenter, NcDbText::kTextBottom, 8, 1},
-        {NcDbText::kTextRight, NcDbText::kTextBase, 9, 1},     {NcDbText::kTextLeft, NcDbText::kTextTop, 1, -1},
-        {NcDbText::kTextCenter, NcDbText::kTextTop, 2, -1},    {NcDbText::kTextRight, NcDbText::kTextTop, 3, -1},
-        {NcDbText::kTextLeft, NcDbText::kTextVertMid, 4, 0},   {NcDbText::kTextCenter, NcDbText::kTextVertMid, 5, 0},
-        {NcDbText::kTextMiddle, NcDbText::kTextBase, 5, 0},    {NcDbText::kTextRight, NcDbText::kTextVertMid, 6, 0},
+        {NcDbText::kTextLeft, NcDbText::kTextBase, 7, 1},    {NcDbText::kTextCenter, NcDbText::kTextBottom, 8, 1},
+        {NcDbText::kTextRight, NcDbText::kTextBase, 9, 1},   {NcDbText::kTextLeft, NcDbText::kTextTop, 1, -1},
+        {NcDbText::kTextCenter, NcDbText::kTextTop, 2, -1},  {NcDbText::kTextRight, NcDbText::kTextTop, 3, -1},
+        {NcDbText::kTextLeft, NcDbText::kTextVertMid, 4, 0}, {NcDbText::kTextCenter, NcDbText::kTextVertMid, 5, 0},
+        {NcDbText::kTextMiddle, NcDbText::kTextBase, 5, 0},  {NcDbText::kTextRight, NcDbText::kTextVertMid, 6, 0},
     };
     const double angle = M_PI / 6, scale = 2.0;
     turnUcs(angle, {500, 0, 0});

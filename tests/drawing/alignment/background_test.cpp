@@ -16,8 +16,7 @@ Entity& entity(NcDbObjectId id)
     return *HostAccess::objectAs<Entity>(id);
 }
 
-class Background : public AlignmentFixture
-{
+class Background : public AlignmentFixture {
 protected:
     Background()
     {

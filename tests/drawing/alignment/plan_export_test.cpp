@@ -17,8 +17,7 @@ std::unique_ptr<NcDbLine> line(double x1, double y1, double x2, double y2)
     return std::make_unique<NcDbLine>(NcGePoint3d(x1, y1, 5), NcGePoint3d(x2, y2, 7));
 }
 
-class PlanExport : public AlignmentFixture
-{
+class PlanExport : public AlignmentFixture {
 protected:
     void SetUp() override
     {
@@ -27,7 +26,8 @@ protected:
     }
     QVector<QStringList> geometries()
     {
-        return database->rows("select ST_AsText(geom), ST_SRID(geom), ST_IsValid(geom), name from geometries order by id");
+        return database->rows(
+            "select ST_AsText(geom), ST_SRID(geom), ST_IsValid(geom), name from geometries order by id");
     }
     // Runs the command with a layer and an answer.
     void run(const QString& layer, const QString& clear)
@@ -66,10 +66,12 @@ TEST_F(PlanExport, WritesLinesAndPolylinesOfEveryLayer)
     add(std::make_unique<NcDbCircle>(NcGePoint3d(), NcGeVector3d(0, 0, 1), 1.0));
     insert(0, 1, {3, 3});
     run("Все слои", "Нет");
-    EXPECT_EQ(host.console, warning + "Выбранный слой: Все слои\nЭлементов чертежа обработано: 5\nРазмер geomFromDwg: 3\n");
-    EXPECT_EQ(geometries(), (QVector<QStringList>{{"LINESTRING(0 0,10 20)", "9999", "t", QString()},
-                                                  {"LINESTRING(1 1,2 1,2 3)", "9999", "t", QString()},
-                                                  {"LINESTRING(0 0,4 0,4 4,0 0)", "9999", "t", QString()}}));
+    EXPECT_EQ(host.console,
+              warning + "Выбранный слой: Все слои\nЭлементов чертежа обработано: 5\nРазмер geomFromDwg: 3\n");
+    EXPECT_EQ(geometries(),
+              (QVector<QStringList>{{"LINESTRING(0 0,10 20)", "9999", "t", QString()},
+                                    {"LINESTRING(1 1,2 1,2 3)", "9999", "t", QString()},
+                                    {"LINESTRING(0 0,4 0,4 4,0 0)", "9999", "t", QString()}}));
     EXPECT_EQ(faults(), QStringList());
 }
 
@@ -100,17 +102,18 @@ TEST_F(PlanExport, ArcsBecomeChordsWithinAMillimetre)
     older->appendVertex({4, 0, 0});
     add(std::move(older));
     run("Все слои", "Нет");
-    const QVector<QStringList> rows =
-        database->rows("select ST_NPoints(geom), ST_IsValid(geom), ST_IsClosed(geom), "
-                       "ST_HausdorffDistance(geom, ST_SetSRID(ST_ExteriorRing(ST_Buffer(ST_MakePoint(100, 50), 10, 2048)), "
-                       "9999), 0.25) < 0.0011, ST_YMax(geom), ST_YMin(geom) from geometries order by id");
+    const QVector<QStringList> rows = database->rows(
+        "select ST_NPoints(geom), ST_IsValid(geom), ST_IsClosed(geom), "
+        "ST_HausdorffDistance(geom, ST_SetSRID(ST_ExteriorRing(ST_Buffer(ST_MakePoint(100, 50), 10, 2048)), "
+        "9999), 0.25) < 0.0011, ST_YMax(geom), ST_YMin(geom) from geometries order by id");
     ASSERT_EQ(rows.size(), 2);
     EXPECT_EQ(rows[0].mid(0, 4), (QStringList{"225", "t", "t", "t"}));
     EXPECT_NEAR(rows[1][4].toDouble(), 2.0, 0.001) << "clockwise from the left runs over the top";
     EXPECT_NEAR(rows[1][5].toDouble(), 0.0, 1e-9);
-    EXPECT_EQ(database->value("select max(abs(ST_Distance(d.geom, ST_SetSRID(ST_MakePoint(100, 50), 9999)) - 10)) < 1e-5 "
-                              "from geometries, ST_DumpPoints(geometries.geom) d where id = 1"),
-              "t");
+    EXPECT_EQ(
+        database->value("select max(abs(ST_Distance(d.geom, ST_SetSRID(ST_MakePoint(100, 50), 9999)) - 10)) < 1e-5 "
+                        "from geometries, ST_DumpPoints(geometries.geom) d where id = 1"),
+        "t");
 }
 
 TEST_F(PlanExport, ClearsTheTableOnlyWhenToldTo)
@@ -155,9 +158,10 @@ TEST_F(PlanExport, MakesTheTableOnDemand)
     add(line(0, 0, 1, 0));
     run("Все слои", "Да");
     EXPECT_EQ(geometries().size(), 1);
-    EXPECT_EQ(database->rows("select column_name, coalesce(character_maximum_length, 0) from information_schema.columns "
-                             "where table_name = 'geometries' order by ordinal_position"),
-              (QVector<QStringList>{{"id", "0"}, {"name", "255"}, {"geom", "0"}}));
+    EXPECT_EQ(
+        database->rows("select column_name, coalesce(character_maximum_length, 0) from information_schema.columns "
+                       "where table_name = 'geometries' order by ordinal_position"),
+        (QVector<QStringList>{{"id", "0"}, {"name", "255"}, {"geom", "0"}}));
 }
 
 TEST_F(PlanExport, ALineOfOnePointIsPassedOver)

@@ -8,8 +8,7 @@ namespace {
 
 const QString noConnection = "Не установлено соединение с базой данных\n";
 
-class UcsCommands : public AlignmentFixture
-{
+class UcsCommands : public AlignmentFixture {
 protected:
     UcsCommands() { session().currentPositionName = "Поз/1"; }
     ~UcsCommands() override { session().currentPositionName.clear(); }
@@ -25,8 +24,7 @@ protected:
     }
     static NcDbUCSTableRecord* ucs(const QString& name)
     {
-        return HostAccess::objectAs<NcDbUCSTableRecord>(
-            HostAccess::recordId(drawing(), drawing().ucsTableId(), name));
+        return HostAccess::objectAs<NcDbUCSTableRecord>(HostAccess::recordId(drawing(), drawing().ucsTableId(), name));
     }
     QVector<QStringList> rows() { return database->rows("select ucs_name, ucs_data from ucs_data order by ucs_id"); }
     void store(const QString& name, const QString& data)
@@ -44,8 +42,12 @@ TEST_F(UcsCommands, StoresTheChosenSystemOfTheDrawing)
     addUcs("Юг", {1, 2, 3}, {0, 1, 0}, {-1, 0, 0});
     addUcs("Север", {4.5, 0, 0}, {1, 0, 0}, {0, 1, 0});
     ModalDriver driver;
-    driver.expect("Сохранить ПСК").text("Имя").step("items", {"input", "Поз 1-Юг", "Поз 1-Север"})
-        .check("input", "Поз 1-Юг").set("input", "Поз 1-Север").press("OK");
+    driver.expect("Сохранить ПСК")
+        .text("Имя")
+        .step("items", {"input", "Поз 1-Юг", "Поз 1-Север"})
+        .check("input", "Поз 1-Юг")
+        .set("input", "Поз 1-Север")
+        .press("OK");
     run("TERVA_GET_UCS");
     EXPECT_TRUE(driver.done()) << driver.report();
     EXPECT_EQ(host.console,
@@ -53,9 +55,10 @@ TEST_F(UcsCommands, StoresTheChosenSystemOfTheDrawing)
                   + "Юг;1.000000;2.000000;3.000000;0.000000;1.000000;0.000000;-1.000000;0.000000;0.000000\n"
                     "Север;4.500000;0.000000;0.000000;1.000000;0.000000;0.000000;0.000000;1.000000;0.000000\n"
                     "ПСК Поз 1-Север сохранена с ID:1");
-    EXPECT_EQ(rows(), (QVector<QStringList>{{"Поз 1-Север",
-                                             "Поз 1-Север&4.500000&0.000000&0.000000&1.000000&0.000000&0.000000&"
-                                             "0.000000&1.000000&0.000000"}}));
+    EXPECT_EQ(rows(),
+              (QVector<QStringList>{{"Поз 1-Север",
+                                     "Поз 1-Север&4.500000&0.000000&0.000000&1.000000&0.000000&0.000000&"
+                                     "0.000000&1.000000&0.000000"}}));
     EXPECT_EQ(faults(), QStringList());
 }
 
@@ -89,8 +92,7 @@ TEST_F(UcsCommands, ClosingTheBoxStoresNothing)
 TEST_F(UcsCommands, AnEmptyTableIsTold)
 {
     run("TERVA_GET_UCS");
-    EXPECT_EQ(host.console,
-              drawingLine() + "Таблица UCS пуста. В чертеже нет ни одной именованной ПСК!\n");
+    EXPECT_EQ(host.console, drawingLine() + "Таблица UCS пуста. В чертеже нет ни одной именованной ПСК!\n");
 }
 
 TEST_F(UcsCommands, AnErasedSystemIsNoneOfTheDrawings)

@@ -11,10 +11,10 @@
 
 namespace {
 
-const char* const fieldNames[] = {"OrigX", "OrigY", "OrigZ", "xAxisX", "xAxisY", "xAxisZ", "yAxisX", "yAxisY", "yAxisZ"};
+const char* const fieldNames[] = {"OrigX",  "OrigY",  "OrigZ",  "xAxisX", "xAxisY",
+                                  "xAxisZ", "yAxisX", "yAxisY", "yAxisZ"};
 
-class UcsForm : public AlignmentFixture
-{
+class UcsForm : public AlignmentFixture {
 protected:
     void SetUp() override
     {
@@ -54,14 +54,18 @@ TEST_F(UcsForm, ListsSystemsByNameAndShowsTheirNumbers)
     QStringList names, captions;
     for (int i = 0; i < list(form).count(); ++i)
         names.append(list(form).item(i)->text());
-    EXPECT_EQ(names, database->rows("select array_to_string(array_agg(ucs_name order by ucs_name), ';') from ucs_data")
-                         .value(0).value(0).split(';'));
+    EXPECT_EQ(names,
+              database->rows("select array_to_string(array_agg(ucs_name order by ucs_name), ';') from ucs_data")
+                  .value(0)
+                  .value(0)
+                  .split(';'));
     for (const QLabel* caption : form.findChildren<QLabel*>())
         captions.append(caption->text());
     EXPECT_EQ(captions, (QStringList{"Базовая точка", "Ось Х", "Ось Y"}));
     choose(form, "Юг");
-    EXPECT_EQ(shown(form), (QStringList{"1.000000", "2.500000", "3.000000", "0.000000", "1.000000", "0.000000",
-                                        "-1.000000", "0.000000", "0.000000"}));
+    EXPECT_EQ(shown(form),
+              (QStringList{"1.000000", "2.500000", "3.000000", "0.000000", "1.000000", "0.000000", "-1.000000",
+                           "0.000000", "0.000000"}));
     EXPECT_EQ(form.shownUcs()->name, "Юг");
     EXPECT_EQ(form.shownUcs()->origin(), NcGePoint3d(1, 2.5, 3));
     EXPECT_TRUE(takePicture(form, "ucs_selection_form"));

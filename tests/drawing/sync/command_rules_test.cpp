@@ -7,7 +7,7 @@
 
 namespace {
 
-class SyncCommand : public SyncFixture {};
+class SyncCommand : public SyncFixture { };
 
 const QString prompt = "Синхронизировать [Чертеж/aттрибуты-по-Позиции/Аттрибуты-по-чертежу]  <aттрибуты-по-Позиции>";
 const Family& marks = family(FamilyKey::Dm);
@@ -100,11 +100,24 @@ TEST_F(SyncCommand, TellsAMissingPositionFromOneThatIsNoNumber)
 TEST(ElementIdText, IsReadAsTheNumberThatItBeginsWith)
 {
     const Conversion conversions[] = {
-        {"17", 17},  {"  \t\n17", 17},      {"+17", 17},           {"-17", -17},
-        {"17abc", 17}, {"17.9", 17},        {"0", 0},              {"2147483647", 2147483647},
-        {"2147483648", {}}, {"-2147483649", {}}, {"99999999999999999999", {}},
-        {"", {}},    {" ", {}},             {"abc17", {}},         {"+", {}},
-        {"- 5", {}}, {"\u0661\u0667", {}},  {"\u00a017", {}},
+        {"17", 17},
+        {"  \t\n17", 17},
+        {"+17", 17},
+        {"-17", -17},
+        {"17abc", 17},
+        {"17.9", 17},
+        {"0", 0},
+        {"2147483647", 2147483647},
+        {"2147483648", {}},
+        {"-2147483649", {}},
+        {"99999999999999999999", {}},
+        {"", {}},
+        {" ", {}},
+        {"abc17", {}},
+        {"+", {}},
+        {"- 5", {}},
+        {"\u0661\u0667", {}},
+        {"\u00a017", {}},
     };
     for (const Conversion& c : conversions)
         EXPECT_EQ(leadingInteger(QString::fromUtf8(c.text)), c.id) << c.text;
@@ -128,8 +141,9 @@ TEST_F(SyncCommand, EndsAtABlockWithoutANumberAndSaysWhichAndWhere)
     addBlock(0, 3, "3", 30, 40);
     yes = true;
     toDatabase("Position");
-    EXPECT_EQ(host.console, "\nАнализ чертежа:\nОбрабатываем блок 1 \n"
-                            "\nОшибка: блок без числового element_id: 'dm_gl_def' X:1234.500 Y:-6.250 Z:7.000\n");
+    EXPECT_EQ(host.console,
+              "\nАнализ чертежа:\nОбрабатываем блок 1 \n"
+              "\nОшибка: блок без числового element_id: 'dm_gl_def' X:1234.500 Y:-6.250 Z:7.000\n");
     EXPECT_EQ(cell(marks, 1, "x"), "10") << "what was written stays";
     EXPECT_EQ(cell(marks, 3, "x"), "100");
     EXPECT_EQ(asked, QStringList()) << "an unfinished scan offers nothing for deletion";
@@ -144,9 +158,11 @@ TEST_F(SyncCommand, EndsAtBlocksOfNoFamily)
         NcDbBlockTable* table = nullptr;
         drawing.database().getSymbolTable(table, kForRead);
         Opened<NcDbBlockTable>(table)->getAt(name, definition);
-        const NcDbObjectId id = appendToModelSpace(std::make_unique<NcDbBlockReference>(NcGePoint3d(1, 2, 3), definition));
+        const NcDbObjectId id =
+            appendToModelSpace(std::make_unique<NcDbBlockReference>(NcGePoint3d(1, 2, 3), definition));
         toDatabase("Dwg");
-        EXPECT_EQ(host.console, "\nАнализ чертежа:\n\nОшибка: блок без числового element_id: '" + name
+        EXPECT_EQ(host.console,
+                  "\nАнализ чертежа:\n\nОшибка: блок без числового element_id: '" + name
                       + "' X:1.000 Y:2.000 Z:3.000\n");
         Opened<NcDbBlockReference>(id, kForWrite)->erase();
     }

@@ -4,21 +4,17 @@
 
 namespace {
 
-class DatabaseToDrawing : public EveryFamily
-{
+class DatabaseToDrawing : public EveryFamily {
 protected:
     unsigned mask() const { return family().mask; }
     // What a run over this family alone prints before its rows.
     QString head() const { return "Инициальзация слоев ГМН\nИнициальзация блоков ГМН\n" + texts().heading; }
 };
 
-class RowsToDrawing : public SyncFixture {};
+class RowsToDrawing : public SyncFixture { };
 
 // A default of "0.0" comes back from the drawing as the number it is.
-QString asDrawn(QString props)
-{
-    return props.replace(":0.0", ":0");
-}
+QString asDrawn(QString props) { return props.replace(":0.0", ":0"); }
 
 struct Attribute {
     FamilyKey family;
@@ -28,11 +24,8 @@ struct Attribute {
 
 // Attributes that mirror numbers, with the row's z 1.5, h 2.125 and e 1.
 const Attribute mirrored[] = {
-    {FamilyKey::Rp, "rp_z", "1.50"},
-    {FamilyKey::Tsg, "h", "2.13"},
-    {FamilyKey::Tsg, "de", "1.00"},
-    {FamilyKey::Tsg, "z", "1.50"},
-    {FamilyKey::Igs, "Z", "0"},
+    {FamilyKey::Rp, "rp_z", "1.50"}, {FamilyKey::Tsg, "h", "2.13"}, {FamilyKey::Tsg, "de", "1.00"},
+    {FamilyKey::Tsg, "z", "1.50"},   {FamilyKey::Igs, "Z", "0"},
 };
 
 } // namespace
@@ -73,8 +66,7 @@ TEST_P(DatabaseToDrawing, WinsOnAllCountsOverAFoundBlock)
     ElementBlock wanted(lastKind(), StateColors());
     wanted.setDynProp("Длина полки", "8.5");
     database->exec("update " + family().dynprops + " set props = '" + wanted.propsText() + "'");
-    database->exec("update " + family().elements
-                   + " set state_id = 'lost', block_rotation = 6, scale = 0.5");
+    database->exec("update " + family().elements + " set state_id = 'lost', block_rotation = 6, scale = 0.5");
     ElementBlock other(lastKind(), StateColors());
     other.setAttribute("element_id", "31");
     other.setAttribute("name", "М1");
@@ -127,9 +119,9 @@ TEST_P(DatabaseToDrawing, ReplacesABlockOfAnotherKindAndKeepsItsScaleAndRotation
         const NcDbObjectId id = drawing.references().last();
         toDrawing(mask());
 
-        EXPECT_EQ(host.console, head() + "\n Определения блоков с ID=31,не совпадают (Чертеж:"
-                      + kinds()[size_t(drawnKind)].blockName + ", БД:" + kinds()[size_t(firstKind())].blockName
-                      + ") Будет выполнена замена.");
+        EXPECT_EQ(host.console,
+                  head() + "\n Определения блоков с ID=31,не совпадают (Чертеж:" + kinds()[size_t(drawnKind)].blockName
+                      + ", БД:" + kinds()[size_t(firstKind())].blockName + ") Будет выполнена замена.");
         EXPECT_EQ(markers(), sorted({circle(10, 100, 200, 3), circle(9, 100, 200, 3)}));
         EXPECT_TRUE(id.isErased());
         ASSERT_EQ(drawing.references().size(), 1);
@@ -191,15 +183,15 @@ TEST_P(DatabaseToDrawing, ARowWithoutPropertiesIsBroughtUnlessItIsAStabilisers)
 
 TEST_P(DatabaseToDrawing, SurvivesARowOfNothingButItsKey)
 {
-    database->exec("insert into " + family().elements + " (element_id, position_id, block_rotation, marker_rotation, "
-                   "scale) values (31, 7, null, null, null); insert into " + family().dynprops
-                   + " (element_id) values (31)");
+    database->exec("insert into " + family().elements
+                   + " (element_id, position_id, block_rotation, marker_rotation, "
+                     "scale) values (31, 7, null, null, null); insert into "
+                   + family().dynprops + " (element_id) values (31)");
     addBlock(firstKind(), 31, "М1", 5, 6);
     toDrawing(mask());
     // Without a type there is no block to look for: nothing is found, nothing erased.
     EXPECT_EQ(drawing.references().size(), 1);
-    EXPECT_EQ(host.console, head() + told(texts().notFound, 31, "")
-                  + "\n Block  not found in current AcDbDatabase\n");
+    EXPECT_EQ(host.console, head() + told(texts().notFound, 31, "") + "\n Block  not found in current AcDbDatabase\n");
     EXPECT_EQ(markers(), QStringList(circle(10, 0, 0)));
 }
 
@@ -240,8 +232,8 @@ TEST_F(RowsToDrawing, GoThroughTheFamiliesInTheirOrder)
 {
     toDrawing();
     QString expected = "Инициальзация слоев ГМН\nИнициальзация блоков ГМН\n";
-    for (const FamilyKey key : {FamilyKey::Dm, FamilyKey::Ts, FamilyKey::Rp, FamilyKey::Tss, FamilyKey::Ggs,
-                                FamilyKey::Tsg, FamilyKey::Igs})
+    for (const FamilyKey key :
+         {FamilyKey::Dm, FamilyKey::Ts, FamilyKey::Rp, FamilyKey::Tss, FamilyKey::Ggs, FamilyKey::Tsg, FamilyKey::Igs})
         expected += expectedTexts(key).heading;
     EXPECT_EQ(host.console, expected);
 }

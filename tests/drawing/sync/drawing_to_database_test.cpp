@@ -3,7 +3,7 @@
 
 namespace {
 
-class DrawingToDatabase : public EveryFamily {};
+class DrawingToDatabase : public EveryFamily { };
 
 // Column by column: what the row held, what the drawing says, who wins.
 struct Column {
@@ -72,7 +72,8 @@ TEST_P(DrawingToDatabase, ReportsAnIdWithoutARowInEveryMode)
     for (const char* mode : {"Drawing", "Position", "Dwg"}) {
         toDatabase(mode);
         EXPECT_EQ(host.console.left(host.console.indexOf("Обновление")),
-                  "\nАнализ чертежа:\n" + told(texts().notInDatabase, 31)) << mode;
+                  "\nАнализ чертежа:\n" + told(texts().notInDatabase, 31))
+            << mode;
         EXPECT_EQ(markers(), sorted(cross(10, 20))) << mode;
     }
     EXPECT_EQ(ids(family()), "");
@@ -118,8 +119,7 @@ TEST_P(DrawingToDatabase, TakesTwoRowsOfOneNameForADuplicateAndOffersTheSecond)
     addBlock(firstKind(), 31, "А", 10, 20);
     addBlock(firstKind(), 32, "Б", 30, 40);
     toDatabase("Drawing");
-    EXPECT_EQ(host.console,
-              "\nАнализ чертежа:\nОбрабатываем блок М \n" + told(texts().duplicateName, 0, "М"));
+    EXPECT_EQ(host.console, "\nАнализ чертежа:\nОбрабатываем блок М \n" + told(texts().duplicateName, 0, "М"));
     EXPECT_EQ(markers(), sorted({circle(5, 30, 40), circle(5.5, 30, 40)}));
     EXPECT_EQ(cell(family(), 32, "x"), "100");
 
@@ -160,8 +160,9 @@ TEST_P(DrawingToDatabase, AsksAboutRowsWithoutABlockInPositionModeOnly)
     toDatabase("Position");
     EXPECT_FALSE(host.console.contains("Пропускаем"));
     EXPECT_EQ(ids(family()), "31,50");
-    EXPECT_EQ(database->value("select string_agg(element_id::text, ',' order by element_id) from "
-                              + family().dynprops), "31,50") << "what hangs on the rows goes with them";
+    EXPECT_EQ(database->value("select string_agg(element_id::text, ',' order by element_id) from " + family().dynprops),
+              "31,50")
+        << "what hangs on the rows goes with them";
 }
 
 TEST_P(DrawingToDatabase, DoesNotTellARefusedDeletion)

@@ -9,10 +9,9 @@ namespace {
 
 constexpr double pi = 3.14159265358979323846;
 
-class RandomDrawing : public SyncFixture, public ::testing::WithParamInterface<int>
-{
+class RandomDrawing : public SyncFixture, public ::testing::WithParamInterface<int> {
 protected:
-    RandomDrawing() : random(unsigned(GetParam())) {}
+    RandomDrawing() : random(unsigned(GetParam())) { }
     int below(int limit) { return int(random() % unsigned(limit)); }
     double real(double from, double to) { return from + (to - from) * double(random() % 100000) / 100000.0; }
 
@@ -22,15 +21,9 @@ protected:
         const Opened<NcDbBlockReference> block(id, kForWrite);
         const NcGePoint3d place = block->position();
         switch (below(5)) {
-        case 0:
-            block->transformBy(NcGeMatrix3d::translation({real(-500, 500), real(-500, 500), real(-5, 5)}));
-            break;
-        case 1:
-            block->transformBy(NcGeMatrix3d::rotation(real(-2 * pi, 2 * pi), NcGeVector3d::kZAxis, place));
-            break;
-        case 2:
-            block->transformBy(NcGeMatrix3d::scaling(real(0.1, 3), place));
-            break;
+        case 0: block->transformBy(NcGeMatrix3d::translation({real(-500, 500), real(-500, 500), real(-5, 5)})); break;
+        case 1: block->transformBy(NcGeMatrix3d::rotation(real(-2 * pi, 2 * pi), NcGeVector3d::kZAxis, place)); break;
+        case 2: block->transformBy(NcGeMatrix3d::scaling(real(0.1, 3), place)); break;
         case 3:
             for (NcDbDynBlockReferenceProperty& property : NcDbDynBlockReference(id).getBlockProperties()) {
                 if (property.propertyType() == 40)
@@ -39,8 +32,7 @@ protected:
                     property.setValue(property.getAllowedValues().back());
             }
             break;
-        default:
-            rename(*block, "переименован");
+        default: rename(*block, "переименован");
         }
     }
     static void rename(const NcDbBlockReference& block, const QString& name)
@@ -113,12 +105,21 @@ protected:
     std::mt19937 random;
 };
 
-class Edited : public RandomDrawing {};
+class Edited : public RandomDrawing { };
 
-class Spoiled : public RandomDrawing
-{
+class Spoiled : public RandomDrawing {
 protected:
-    enum Fault { NoAttribute, ForeignId, DoubledId, DoubledName, UnknownKind, Mirrored, ScaleZero, NoNumber, FaultCount };
+    enum Fault {
+        NoAttribute,
+        ForeignId,
+        DoubledId,
+        DoubledName,
+        UnknownKind,
+        Mirrored,
+        ScaleZero,
+        NoNumber,
+        FaultCount
+    };
 
     static bool isUnreadable(int fault) { return fault == NoAttribute || fault == UnknownKind || fault == NoNumber; }
 
@@ -136,16 +137,12 @@ protected:
                 Opened<NcDbAttribute>(attribute, kForWrite)->erase();
             break;
         }
-        case ForeignId:
-            addBlock(kind, 5000 + row, name, real(0, 9));
-            break;
+        case ForeignId: addBlock(kind, 5000 + row, name, real(0, 9)); break;
         case DoubledName:
             addBlock(kind, 21, "doubled", real(0, 9));
             addBlock(kind, 22, "doubled", real(0, 9));
             break;
-        case UnknownKind:
-            addBlock(6, row, name, real(0, 9));
-            break;
+        case UnknownKind: addBlock(6, row, name, real(0, 9)); break;
         case Mirrored:
         case ScaleZero: {
             const double factor = fault == Mirrored ? -1 : 0;
@@ -153,11 +150,8 @@ protected:
                 ->setScaleFactors({factor, 1, 1});
             break;
         }
-        case NoNumber:
-            addBlock(kind, QString("№") + QString::number(row), name, real(0, 9));
-            break;
-        default:
-            addBlock(kind, row, name, real(0, 9));
+        case NoNumber: addBlock(kind, QString("№") + QString::number(row), name, real(0, 9)); break;
+        default: addBlock(kind, row, name, real(0, 9));
         }
     }
     void addRows()
@@ -194,7 +188,8 @@ protected:
     void expectPlaces(const QMap<QString, double>& places)
     {
         for (const Family& family : families()) {
-            for (const QStringList& row : database->rows("select element_id, x, element_name from " + family.elements)) {
+            for (const QStringList& row :
+                 database->rows("select element_id, x, element_name from " + family.elements)) {
                 const double expected = places.value(family.shortKey + row[0], 100);
                 EXPECT_NEAR(row[1].toDouble(), expected, 1e-9) << family.shortKey.toStdString() << row[0].toStdString();
                 EXPECT_EQ(row[2], row[0].toInt() > 20 ? QString("doubled") : family.shortKey + row[0]);
@@ -243,7 +238,9 @@ TEST_P(Edited, EndInStepAfterBothSynchronisations)
     for (const NcDbObjectId& id : drawing.references()) {
         const ElementBlock block(id, StateColors());
         EXPECT_EQ(database->value(QString("select count(*) from %1 where element_id = %2")
-                                      .arg(block.family()->elements).arg(block.elementId())), "1");
+                                      .arg(block.family()->elements)
+                                      .arg(block.elementId())),
+                  "1");
     }
     EXPECT_EQ(drawing.faults(), QStringList());
 }
@@ -276,8 +273,8 @@ TEST_P(Spoiled, GivesItsReportAndHarmsNoRow)
     toDrawing();
     EXPECT_GE(drawing.references().size(), blocks);
     for (const Family& family : families()) {
-        for (const QStringList& row : database->rows("select element_id, type_id from " + family.elements
-                                                     + " where position_id = 7"))
+        for (const QStringList& row :
+             database->rows("select element_id, type_id from " + family.elements + " where position_id = 7"))
             EXPECT_FALSE(findBlockReference(blockNameByTypeId(row[1]), "element_id", row[0]).isNull())
                 << family.elements << row[0];
     }

@@ -15,8 +15,7 @@ const QString pickPrompt = "\nВыберите блок для перенуме�
 const QString numberPrompt =
     "ВНИМАНИЕ!!! ДЕЙСТВИЕ НЕОБРАТИМО!!!\nВведите номер указанного элемента для перенумерации: ";
 
-class Renumber : public EveryFamily
-{
+class Renumber : public EveryFamily {
 protected:
     // Rows and blocks 11, 12, ... with these names.
     void fill(const QStringList& names, int kind)
@@ -34,8 +33,7 @@ protected:
         host.entity(blocks[picked]).integer(number);
         renumberElements();
         host.dropUnused();
-        return host.console.mid(host.console.lastIndexOf("Значение: "))
-            .remove(QRegularExpression("^Значение: [^\n]*"));
+        return host.console.mid(host.console.lastIndexOf("Значение: ")).remove(QRegularExpression("^Значение: [^\n]*"));
     }
     QString namesInDatabase()
     {
@@ -52,8 +50,7 @@ protected:
     QVector<NcDbObjectId> blocks;
 };
 
-class RenumberCommand : public Renumber
-{
+class RenumberCommand : public Renumber {
 protected:
     void SetUp() override { fill({"М1", "М2", "М3"}); }
 };
@@ -83,8 +80,8 @@ TEST(RenumberPlan, PartsANameBeforeTheDigitsAtItsEnd)
         const char* name;
         const char* prefix;
         int number;
-    } rows[] = {{"ДМ.007", "ДМ.", 7}, {"12", "", 12}, {"А1Б2", "А1Б", 2}, {"М-0", "М-", 0}, {"М 00", "М ", 0},
-                {"М2147483647", "М", 2147483647}};
+    } rows[] = {{"ДМ.007", "ДМ.", 7}, {"12", "", 12},    {"А1Б2", "А1Б", 2},
+                {"М-0", "М-", 0},     {"М 00", "М ", 0}, {"М2147483647", "М", 2147483647}};
     for (const auto& row : rows) {
         const auto parted = numberedRow(5, row.name);
         ASSERT_TRUE(parted) << row.name;
@@ -193,8 +190,10 @@ TEST_P(RenumberCommand, RefusesWhatIsNoBlockOrNoneOfOurs)
     host.console.clear();
     host.entity(entities().back());
     renumberElements();
-    EXPECT_EQ(host.console, intro + "\nВыбран статический блок:: \"Рамка\"\nАтрибут: Лист, Значение: 4"
-                                    "\nБлок: Рамка не является блоком ГМН");
+    EXPECT_EQ(host.console,
+              intro
+                  + "\nВыбран статический блок:: \"Рамка\"\nАтрибут: Лист, Значение: 4"
+                    "\nБлок: Рамка не является блоком ГМН");
 }
 
 TEST_P(RenumberCommand, DoesNotServePilesNorTheYoungestBenchmark)
@@ -226,8 +225,9 @@ TEST_P(RenumberCommand, TellsWhatTheServerSays)
 TEST_P(RenumberCommand, LeavesOutRowsWithoutANumberSoThatTheCountsDiffer)
 {
     database->exec("update " + family().elements + " set element_name = 'М' where element_id = 12");
-    EXPECT_EQ(run(0, 1), "\nWarning: Element ID: 12 has an invalid name: М"
-                         "\nКоличество элементов в БД и чертеже не совпадает! Синхронизируйте чертеж!");
+    EXPECT_EQ(run(0, 1),
+              "\nWarning: Element ID: 12 has an invalid name: М"
+              "\nКоличество элементов в БД и чертеже не совпадает! Синхронизируйте чертеж!");
 }
 
 TEST_P(RenumberCommand, ComparesNamesButNotTheFirstPairs)
@@ -276,8 +276,8 @@ TEST_P(RenumberCommand, ComparesTheSequenceAfterTheQuestion)
 TEST_P(RenumberCommand, WritesAllRowsOrNone)
 {
     database->exec("create function refuse() returns trigger language plpgsql as $$ begin raise exception 'no'; end $$;"
-                   "create trigger refusal before update on " + family().elements
-                   + " for each row when (new.element_id = 12) execute function refuse()");
+                   "create trigger refusal before update on "
+                   + family().elements + " for each row when (new.element_id = 12) execute function refuse()");
     const QString text = run(2, 1);
     database->exec("drop function refuse cascade");
     EXPECT_EQ(text, "\nКомманда не выполнена!");

@@ -17,8 +17,7 @@ namespace {
 
 const QString question = "Активный документ не совпадает с документом позиции\n  Выполнить его замену в базе данных";
 
-class StoredDrawing : public ::testing::Test
-{
+class StoredDrawing : public ::testing::Test {
 protected:
     StoredDrawing()
     {
@@ -140,10 +139,13 @@ TEST_F(StoredDrawing, IsWrittenAndReadByTheseStatements)
     relay.cutAfter(-1);
     store();
     store();
-    EXPECT_EQ(relay.texts(), (QStringList{"insert into positions_files (position_id, content) values "
-                                          "($1::integer,$2::bytea) returning file_id", copy,
-                                          "update positions_files set content = $2::bytea  where "
-                                          "position_id=$1::integer", copy}));
+    EXPECT_EQ(relay.texts(),
+              (QStringList{"insert into positions_files (position_id, content) values "
+                           "($1::integer,$2::bytea) returning file_id",
+                           copy,
+                           "update positions_files set content = $2::bytea  where "
+                           "position_id=$1::integer",
+                           copy}));
     session().connection.finish();
 }
 

@@ -30,8 +30,7 @@ inline QString told(QString text, int id, const QString& name = {}, const QStrin
     return text;
 }
 
-class SyncFixture : public ::testing::Test
-{
+class SyncFixture : public ::testing::Test {
 protected:
     SyncFixture()
     {
@@ -84,11 +83,17 @@ protected:
             if (entity->layer() != errorLayerName())
                 continue;
             if (const auto* circle = HostAccess::objectAs<NcDbCircle>(id))
-                shapes << QString("circle %1 %2,%3,%4").arg(circle->radius()).arg(circle->center().x)
-                              .arg(circle->center().y).arg(circle->center().z);
+                shapes << QString("circle %1 %2,%3,%4")
+                              .arg(circle->radius())
+                              .arg(circle->center().x)
+                              .arg(circle->center().y)
+                              .arg(circle->center().z);
             if (const auto* line = HostAccess::objectAs<NcDbLine>(id))
-                shapes << QString("line %1,%2..%3,%4").arg(line->startPoint().x).arg(line->startPoint().y)
-                              .arg(line->endPoint().x).arg(line->endPoint().y);
+                shapes << QString("line %1,%2..%3,%4")
+                              .arg(line->startPoint().x)
+                              .arg(line->startPoint().y)
+                              .arg(line->endPoint().x)
+                              .arg(line->endPoint().y);
         }
         shapes.sort();
         return shapes;
@@ -117,13 +122,14 @@ protected:
         database->exec(fill("insert into %1 (element_id, type_id, element_name, state_id, position_id, x, y, z, h, "
                             "block_rotation, marker_rotation, scale) values (%2, '%3', '%4', 'exist', %5, %6, %7, "
                             "3, 4, 0, 0, 1); insert into %8 (element_id, props) values (%2, '%9')",
-                            family.elements, id, kinds()[size_t(made)].typeId, name, position, fixed(x, 9),
-                            fixed(y, 9), family.dynprops, ElementBlock(made, StateColors()).propsText()));
+                            family.elements, id, kinds()[size_t(made)].typeId, name, position, fixed(x, 9), fixed(y, 9),
+                            family.dynprops, ElementBlock(made, StateColors()).propsText()));
     }
     QString cell(const Family& family, int id, const QString& column)
     {
         return database->value(QString("select %1 from %2 left join %3 using (element_id) where element_id = %4")
-                                   .arg(column, family.elements, family.dynprops).arg(id));
+                                   .arg(column, family.elements, family.dynprops)
+                                   .arg(id));
     }
     QString ids(const Family& family)
     {
@@ -162,8 +168,7 @@ protected:
 };
 
 /// The same for each of the seven families.
-class EveryFamily : public SyncFixture, public ::testing::WithParamInterface<FamilyKey>
-{
+class EveryFamily : public SyncFixture, public ::testing::WithParamInterface<FamilyKey> {
 protected:
     const Family& family() const { return ::family(GetParam()); }
     const ExpectedTexts& texts() const { return expectedTexts(GetParam()); }

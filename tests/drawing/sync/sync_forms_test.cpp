@@ -15,7 +15,7 @@
 
 namespace {
 
-class SyncForms : public SyncFixture {};
+class SyncForms : public SyncFixture { };
 
 struct Box {
     const char* name;
@@ -36,10 +36,7 @@ const Box boxes[] = {
     {"PKSelect", "", 256, false, false},
 };
 
-QCheckBox& check(const ElementSyncFilter& form, const char* name)
-{
-    return *form.findChild<QCheckBox*>(name);
-}
+QCheckBox& check(const ElementSyncFilter& form, const char* name) { return *form.findChild<QCheckBox*>(name); }
 
 } // namespace
 

@@ -11,8 +11,7 @@ namespace {
 constexpr int mostStatements = 500;
 
 // A position with something of everything in all families.
-class World
-{
+class World {
 public:
     explicit World(StatementRelay& relay)
     {
@@ -115,9 +114,15 @@ private:
     {
         const ElementBlock block(id, StateColors());
         const auto& reference = ElementDrawing::reference(id);
-        QStringList words{block.blockName, fixed(block.x, 6), fixed(block.y, 6), fixed(block.z, 6),
-                          fixed(block.blockRotation, 6), fixed(block.scale, 6), QString::number(reference.colorIndex()),
-                          reference.layer(), block.propsText()};
+        QStringList words{block.blockName,
+                          fixed(block.x, 6),
+                          fixed(block.y, 6),
+                          fixed(block.z, 6),
+                          fixed(block.blockRotation, 6),
+                          fixed(block.scale, 6),
+                          QString::number(reference.colorIndex()),
+                          reference.layer(),
+                          block.propsText()};
         for (auto it = block.attributes.begin(); it != block.attributes.end(); ++it)
             words << it.key() + "=" + it.value();
         return words.join(" | ");
@@ -186,10 +191,7 @@ TEST(CutConnection, DrawingToDatabaseByDrawing)
     checkEvery(cut, [](World& world) { world.toDatabase("Drawing"); });
 }
 
-TEST(CutConnection, DatabaseToDrawing)
-{
-    checkEvery(cut, bringPosition);
-}
+TEST(CutConnection, DatabaseToDrawing) { checkEvery(cut, bringPosition); }
 
 TEST(RefusedStatement, DrawingToDatabaseByPosition)
 {
@@ -201,10 +203,7 @@ TEST(RefusedStatement, DrawingToDatabaseByDrawing)
     checkEvery(refusal, [](World& world) { world.toDatabase("Drawing"); });
 }
 
-TEST(RefusedStatement, DatabaseToDrawing)
-{
-    checkEvery(refusal, bringPosition);
-}
+TEST(RefusedStatement, DatabaseToDrawing) { checkEvery(refusal, bringPosition); }
 
 // Renumbering the second time would move on: either nothing happened or all.
 TEST(CutConnection, RenumberingHappensWholeOrNotAtAll)

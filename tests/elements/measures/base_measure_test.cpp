@@ -1,8 +1,8 @@
 #include "elements/measures/family_measures.h"
 
 #include "base/placeholders.h"
-#include "support/scripted_prompts.h"
 #include "support/position_session.h"
+#include "support/scripted_prompts.h"
 
 #include <gtest/gtest.h>
 
@@ -27,10 +27,7 @@ const FamilyCase cases[] = {
     {FamilyKey::Tsg, "tsg", "tsg", "meas_id", {{-20.5, -18.25}}, "env_temp,exchanger_temp", "-20.5000,-18.2500"},
 };
 
-void PrintTo(const FamilyCase& c, std::ostream* out)
-{
-    *out << c.prefix;
-}
+void PrintTo(const FamilyCase& c, std::ostream* out) { *out << c.prefix; }
 
 constexpr auto lists =
     "insert into cycles (cycle_id, number, date_start, date_end, description) values "
@@ -40,8 +37,7 @@ constexpr auto lists =
     "(2, 'Коса', ' B 9 ', null);"
     "insert into performers (performer_id, fullname, name, post) values (6, 'Иванов И. И.', 'ИванИИ', 'геодезист')";
 
-class MeasureTest : public ::testing::Test
-{
+class MeasureTest : public ::testing::Test {
 protected:
     MeasureTest() { database->exec(lists); }
 
@@ -73,7 +69,7 @@ protected:
     ScriptedPrompts host;
 };
 
-class EveryFamily : public MeasureTest, public ::testing::WithParamInterface<FamilyCase> {};
+class EveryFamily : public MeasureTest, public ::testing::WithParamInterface<FamilyCase> { };
 
 QStringList texts(const EntryList& list)
 {
@@ -258,9 +254,9 @@ TEST_F(MeasureTest, ListTextsAreJoinedAndCyclesGoByTheirStart)
     ASSERT_EQ(measure.loadCycles(), 0);
     ASSERT_EQ(measure.loadDevices(), 0);
     ASSERT_EQ(measure.loadPerformers(), 0);
-    EXPECT_EQ(texts(measure.lists.cycles), (QStringList{"1 | 01.09.20 | 30.09.20 | осень",
-                                                        "2 | 10.03.21 | 13.03.21 | весна",
-                                                        "3 | 01.09.21 |  | открыт"}));
+    EXPECT_EQ(texts(measure.lists.cycles),
+              (QStringList{"1 | 01.09.20 | 30.09.20 | осень", "2 | 10.03.21 | 13.03.21 | весна",
+                           "3 | 01.09.21 |  | открыт"}));
     EXPECT_EQ(ids(measure.lists.cycles), (QVector<int>{2, 3, 4}));
     EXPECT_EQ(texts(measure.lists.devices), (QStringList{"A-17 | нивелир", " B 9  | "}));
     EXPECT_EQ(texts(measure.lists.performers), (QStringList{"Иванов И. И. | ИванИИ"}));
@@ -325,7 +321,8 @@ TEST_F(MeasureTest, CycleThatOnlyTheDatabaseKnowsIsNotInTheList)
 {
     DMMeasure measure;
     measure.loadCycles();
-    database->exec("insert into cycles (cycle_id, number, date_start, date_end) values (9, 9, '2022-01-01', '2022-01-31')");
+    database->exec(
+        "insert into cycles (cycle_id, number, date_start, date_end) values (9, 9, '2022-01-01', '2022-01-31')");
     EXPECT_EQ(measure.setDate(QDateTime(QDate(2022, 1, 5), {})), 8);
     measure.loadCycles();
     EXPECT_EQ(measure.setDate(QDateTime(QDate(2022, 1, 5), {})), 0);

@@ -7,11 +7,11 @@
 
 namespace {
 
-const QStringList classTexts = {
-    "AaАа", "BbБб", "CcSsСс", "DdДд", "EeЕе", "FfФф", "GgГг", "HhХх", "IiИи", "Jj", "KkКк", "LlЛл", "MmМм",
-    "NnНн", "OoОо", "PpПп", "Qq", "RrРр", "TtТт", "UuУу", "VvWwВв", "WwВв", "XxХх", "Yy", "ZzЗз", "Ёё",
-    "Жж", "Йй", "Цц", "Чч", "Шш", "Щщ", "Ъъ", "Ыы", "Ьь", "Ээ", "Юю", "Яя", "1", "2", "3", "4", "5", "6",
-    "7", "8", "9", "0", " \\.\\-\\_"};
+const QStringList classTexts = {"AaАа",   "BbБб", "CcSsСс", "DdДд", "EeЕе", "FfФф", "GgГг", "HhХх", "IiИи",      "Jj",
+                                "KkКк",   "LlЛл", "MmМм",   "NnНн", "OoОо", "PpПп", "Qq",   "RrРр", "TtТт",      "UuУу",
+                                "VvWwВв", "WwВв", "XxХх",   "Yy",   "ZzЗз", "Ёё",   "Жж",   "Йй",   "Цц",        "Чч",
+                                "Шш",     "Щщ",   "Ъъ",     "Ыы",   "Ьь",   "Ээ",   "Юю",   "Яя",   "1",         "2",
+                                "3",      "4",    "5",      "6",    "7",    "8",    "9",    "0",    " \\.\\-\\_"};
 
 // The same rule said with a regular expression, slow and literal.
 bool matchByExpression(const QString& a, const QString& b)
@@ -40,12 +40,9 @@ struct Case {
     bool match;
 };
 
-void PrintTo(const Case& c, std::ostream* out)
-{
-    *out << c.a << " / " << c.b;
-}
+void PrintTo(const Case& c, std::ostream* out) { *out << c.a << " / " << c.b; }
 
-class NamesMatch : public ::testing::TestWithParam<Case> {};
+class NamesMatch : public ::testing::TestWithParam<Case> { };
 
 } // namespace
 
@@ -57,19 +54,17 @@ TEST_P(NamesMatch, Answers)
 
 INSTANTIATE_TEST_SUITE_P(
     Table, NamesMatch,
-    ::testing::Values(
-        Case{"Т-1", "T-1", true}, Case{"T-1", "Т-1", true},            // Cyrillic and Latin T
-        Case{"Т-1", "Т1", false}, Case{"Т1", "Т-1", false},            // lengths
-        Case{"Т 1", "Т-1", true}, Case{"Т-1", "Т_1", true}, Case{"Т_1", "Т.1", true}, Case{"Т.1", "Т 1", true},
-        Case{"ТС-1", "tc_1", true}, Case{"TS-1", "ТС-1", true},        // S goes with C
-        Case{"№1", "Б1", false}, Case{"Б1", "№1", true},               // an unknown sign of b takes anything
-        Case{"Х1", "X1", true}, Case{"X1", "Х1", false},               // Cyrillic Х belongs to H
-        Case{"H1", "Х1", true}, Case{"H1", "X1", false},
-        Case{"W1", "V1", true}, Case{"V1", "W1", true}, Case{"В1", "W1", true},
-        Case{"Т1", "Т2", false}, Case{"", "", true}, Case{"", "Т", false},
-        Case{"а\\б", "а\\б", true}, Case{"а\\б", "a\\б", false}, Case{"а.б", "а\\б", false}, Case{"а\\б", "а.б", false},
-        Case{"Ё", "Е", false}, Case{"ё", "Ё", true},
-        Case{"#\n", "#\n", true}, Case{"1\n", "2\n", false}, Case{"a\n", "а\n", false}));
+    ::testing::Values(Case{"Т-1", "T-1", true}, Case{"T-1", "Т-1", true}, // Cyrillic and Latin T
+                      Case{"Т-1", "Т1", false}, Case{"Т1", "Т-1", false}, // lengths
+                      Case{"Т 1", "Т-1", true}, Case{"Т-1", "Т_1", true}, Case{"Т_1", "Т.1", true},
+                      Case{"Т.1", "Т 1", true}, Case{"ТС-1", "tc_1", true}, Case{"TS-1", "ТС-1", true}, // S goes with C
+                      Case{"№1", "Б1", false}, Case{"Б1", "№1", true}, // an unknown sign of b takes anything
+                      Case{"Х1", "X1", true}, Case{"X1", "Х1", false}, // Cyrillic Х belongs to H
+                      Case{"H1", "Х1", true}, Case{"H1", "X1", false}, Case{"W1", "V1", true}, Case{"V1", "W1", true},
+                      Case{"В1", "W1", true}, Case{"Т1", "Т2", false}, Case{"", "", true}, Case{"", "Т", false},
+                      Case{"а\\б", "а\\б", true}, Case{"а\\б", "a\\б", false}, Case{"а.б", "а\\б", false},
+                      Case{"а\\б", "а.б", false}, Case{"Ё", "Е", false}, Case{"ё", "Ё", true}, Case{"#\n", "#\n", true},
+                      Case{"1\n", "2\n", false}, Case{"a\n", "а\n", false}));
 
 TEST(NamesMatchTable, EveryPairOfAGroupMatchesItsFirstSign)
 {

@@ -64,7 +64,7 @@ TEST(TemperatureProfile, EmptyPiecesArePassedOver)
     EXPECT_EQ(profile, (TemperatureProfile{{0.5, 1}, {1, 2}}));
 }
 
-class BrokenProfile : public ::testing::TestWithParam<const char*> {};
+class BrokenProfile : public ::testing::TestWithParam<const char*> { };
 
 TEST_P(BrokenProfile, FailsAndKeepsThePairsBefore)
 {

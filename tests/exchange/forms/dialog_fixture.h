@@ -13,8 +13,7 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-class ImportDialogs : public ::testing::Test
-{
+class ImportDialogs : public ::testing::Test {
 protected:
     static constexpr const char* wellsTitle = "Импорт измерений термоскважин";
     static constexpr const char* ownFormat = "Terva CSV(*.csv)";
@@ -56,8 +55,7 @@ protected:
     ModalDriver driver;
 };
 
-inline const QByteArray wellFile =
-    "Имя;Серийный номер;Дата замера;Время замера;Темп.возд;1;2;3\r\n"
-    "T.1;SN-1;05.01.2021;12:00:00;-5;-1;-1.1;-1.2\r\n"
-    "Т-2;SN-1;05.01.2021;12:00:00;;-1;-1.1;-1.2\r\n"
-    "Т-9;SN-9;05.09.2021;12:00:00;-5;обрыв;;\r\n";
+inline const QByteArray wellFile = "Имя;Серийный номер;Дата замера;Время замера;Темп.возд;1;2;3\r\n"
+                                   "T.1;SN-1;05.01.2021;12:00:00;-5;-1;-1.1;-1.2\r\n"
+                                   "Т-2;SN-1;05.01.2021;12:00:00;;-1;-1.1;-1.2\r\n"
+                                   "Т-9;SN-9;05.09.2021;12:00:00;-5;обрыв;;\r\n";

@@ -49,19 +49,41 @@ TEST_F(ImportDialogs, EachFamilyHasItsTitleFormatAndColumns)
         QString first;
         QStringList own;
     } cases[] = {
-        {std::make_unique<DMImportCmdDialog>(), "DMImportCmdDialog", "Импорт измерений деформационных марок", usual,
-         "Статус", {"Значение", "Валидность"}},
-        {std::make_unique<RPImportCmdDialog>(), "RPImportCmdDialog", "Импорт измерений реперов", usual, "Импорт",
+        {std::make_unique<DMImportCmdDialog>(),
+         "DMImportCmdDialog",
+         "Импорт измерений деформационных марок",
+         usual,
+         "Статус",
+         {"Значение", "Валидность"}},
+        {std::make_unique<RPImportCmdDialog>(),
+         "RPImportCmdDialog",
+         "Импорт измерений реперов",
+         usual,
+         "Импорт",
          {"Измерение", "Точность"}},
-        {std::make_unique<GGSImportCmdDialog>(), "GGSImportCmdDialog", "Импорт измерений гидрогеологических скважин",
-         usual, "Импорт", {"Уровень воды"}},
-        {std::make_unique<TSGImportCmdDialog>(), "TSGImportCmdDialog",
-         "Импорт измерений термостабилизационных элементов.", usual, "Импорт",
+        {std::make_unique<GGSImportCmdDialog>(),
+         "GGSImportCmdDialog",
+         "Импорт измерений гидрогеологических скважин",
+         usual,
+         "Импорт",
+         {"Уровень воды"}},
+        {std::make_unique<TSGImportCmdDialog>(),
+         "TSGImportCmdDialog",
+         "Импорт измерений термостабилизационных элементов.",
+         usual,
+         "Импорт",
          {"Температура\n воздуха", "Температура\n теплообменника"}},
-        {std::make_unique<TSSImportCmdDialog>(), "TSSImportCmdDialog", "Импорт измерений точек снегомерной съемки",
-         usual, "Импорт", {"Плотность снега", "Высота снега"}},
-        {std::make_unique<TSImportCmdDialog>(), "TSImportCmdDialog", wellsTitle,
-         {"Термостатика CSV(*.csv)", "РусГеоТех CSV(*.csv)", "Terva CSV(*.csv)"}, "Статус",
+        {std::make_unique<TSSImportCmdDialog>(),
+         "TSSImportCmdDialog",
+         "Импорт измерений точек снегомерной съемки",
+         usual,
+         "Импорт",
+         {"Плотность снега", "Высота снега"}},
+        {std::make_unique<TSImportCmdDialog>(),
+         "TSImportCmdDialog",
+         wellsTitle,
+         {"Термостатика CSV(*.csv)", "РусГеоТех CSV(*.csv)", "Terva CSV(*.csv)"},
+         "Статус",
          {"Температура\n воздуха", "Данные", "Валидность"}},
     };
     for (const auto& c : cases) {
@@ -76,8 +98,7 @@ TEST_F(ImportDialogs, EachFamilyHasItsTitleFormatAndColumns)
         EXPECT_EQ(headers(view), QStringList(c.first) + fixed + c.own);
         EXPECT_EQ(view->horizontalHeader()->defaultSectionSize(), 160);
         EXPECT_TRUE(view->horizontalHeader()->stretchLastSection());
-        EXPECT_EQ(child<QLabel>(*c.dialog, "SummaryLabel")->text(),
-                  "Всего: 0 | Без данных: 0 | Верифицированных: 0");
+        EXPECT_EQ(child<QLabel>(*c.dialog, "SummaryLabel")->text(), "Всего: 0 | Без данных: 0 | Верифицированных: 0");
         EXPECT_LE(c.dialog->minimumSizeHint().width(), 1280) << "fits a small laptop's screen";
         EXPECT_LE(c.dialog->minimumSizeHint().height(), 720);
     }
@@ -91,11 +112,18 @@ TEST_F(ImportDialogs, ControlsHaveTheirCaptionsAndStartingValues)
         const char* caption;
         bool checked;
     } radios[] = {
-        {"EncodingCP1251", "Windows 1251", false},    {"EncodingUTF8", "UTF-8", true},
-        {"SeparatorSemi", "Т\x6F" "чка с запятой (;)", true}, {"SeparatorComma", "Запятая (,)", false},
-        {"SeparatorTab", "Табуляция", false},         {"SeparatorSpace", "Пробел", false},
+        {"EncodingCP1251", "Windows 1251", false},
+        {"EncodingUTF8", "UTF-8", true},
+        {"SeparatorSemi",
+         "Т\x6F"
+         "чка с запятой (;)",
+         true},
+        {"SeparatorComma", "Запятая (,)", false},
+        {"SeparatorTab", "Табуляция", false},
+        {"SeparatorSpace", "Пробел", false},
         {"SeparatorCustom", "Пользовательский", false},
-        {"ProjectPosition", "Установленная позиция проекта", true}, {"AllDatabase", "По всей базе", false},
+        {"ProjectPosition", "Установленная позиция проекта", true},
+        {"AllDatabase", "По всей базе", false},
     };
     for (const auto& radio : radios) {
         auto* button = child<QRadioButton>(dialog, radio.name);
@@ -168,18 +196,21 @@ TEST_F(ImportDialogs, AFileIsReadMendedAndImported)
         .step("check-cell", {"measuresView", "1", "0", "unchecked"})
         .step("cell", {"measuresView", "1", "5", "-7.5"})
         .step("check-cell", {"measuresView", "1", "0", "checked"})
-        .check("SummaryLabel", "Всего: 3 | Без данных: 1 | Верифицированных: 2 (из них валидных 0, с "
-                               "предупреждениями 0, с ошибками 2)")
+        .check("SummaryLabel",
+               "Всего: 3 | Без данных: 1 | Верифицированных: 2 (из них валидных 0, с "
+               "предупреждениями 0, с ошибками 2)")
         .press("ImportBtn");
     driver.expect("Внимание")
         .text("Термоскважина T.1 содержит невалидные данные .\n Импортировать их? ")
         .press("Да для всех")
-        .check("ReadProgress", "3").press("CloseBtn");
+        .check("ReadProgress", "3")
+        .press("CloseBtn");
     importThermalWellMeasures();
     EXPECT_TRUE(driver.done()) << driver.report().toStdString();
-    EXPECT_EQ(console.text(), "\nИмпорт измерений для деформационной марки T.1 завершен\nИмпорт измерений для "
-                              "деформационной марки Т-2 завершенИмпорт измерений завершен. В базе данных создано "
-                              "(обновлено) измерений - 2 ");
+    EXPECT_EQ(console.text(),
+              "\nИмпорт измерений для деформационной марки T.1 завершен\nИмпорт измерений для "
+              "деформационной марки Т-2 завершенИмпорт измерений завершен. В базе данных создано "
+              "(обновлено) измерений - 2 ");
     EXPECT_EQ(database->rows("select element_id, cycle_id, device_id, performer_id, t_vozd, meas from ts_meas order "
                              "by element_id"),
               QVector<QStringList>({{"1", "1", "1", "1", "-5", "1.00:-1.00|2.00:-1.10|3.00:-1.20"},
@@ -336,11 +367,10 @@ TEST_F(ImportDialogs, ADialogAtWorkShowsItsProgressAndStaysOpen)
     child<QComboBox>(dialog, "ImportTemplate")->setCurrentIndex(2);
     child<QLineEdit>(dialog, "FileName")->setText(write(wellFile));
     QVector<int> steps;
-    QObject::connect(child<QProgressBar>(dialog, "ReadProgress"), &QProgressBar::valueChanged, &dialog,
-                     [&](int step) {
-                         steps.append(step);
-                         dialog.reject();
-                     });
+    QObject::connect(child<QProgressBar>(dialog, "ReadProgress"), &QProgressBar::valueChanged, &dialog, [&](int step) {
+        steps.append(step);
+        dialog.reject();
+    });
     child<QRadioButton>(dialog, "EncodingCP1251")->setChecked(true);
     child<QRadioButton>(dialog, "EncodingUTF8")->setChecked(true);
     EXPECT_TRUE(dialog.isVisible());
@@ -352,8 +382,7 @@ TEST_F(ImportDialogs, ADialogAtWorkShowsItsProgressAndStaysOpen)
 TEST_F(ImportDialogs, AFileDialogThatIsClosedChangesNothing)
 {
     driver.expect(wellsTitle).press("OpenFileBtn");
-    driver.expect("Открыть файл").close()
-        .check("FileName", "").step("rows", {"measuresView", "0"}).press("CloseBtn");
+    driver.expect("Открыть файл").close().check("FileName", "").step("rows", {"measuresView", "0"}).press("CloseBtn");
     importThermalWellMeasures();
     EXPECT_TRUE(driver.done()) << driver.report().toStdString();
 }
@@ -402,8 +431,11 @@ TEST_F(ImportDialogs, TheButtonOfAProfileShowsIt)
 
 TEST_F(ImportDialogs, UncheckedRowsGoToTheClipboard)
 {
-    openWells(write(wellFile)).set("OperatorCombo", "data:1").press("BTNOperatorToAll").press("CopyErrorsBtn").press(
-        "CloseBtn");
+    openWells(write(wellFile))
+        .set("OperatorCombo", "data:1")
+        .press("BTNOperatorToAll")
+        .press("CopyErrorsBtn")
+        .press("CloseBtn");
     importThermalWellMeasures();
     EXPECT_TRUE(driver.done()) << driver.report().toStdString();
     EXPECT_EQ(QApplication::clipboard()->text(),
@@ -415,9 +447,7 @@ TEST_F(ImportDialogs, UncheckedRowsGoToTheClipboard)
 
 TEST_F(ImportDialogs, CataloguesOpenAndTheCombosFollow)
 {
-    openWells(write(wellFile))
-        .set("CyclesCombo", "data:2")
-        .press("BTNCycleList");
+    openWells(write(wellFile)).set("CyclesCombo", "data:2").press("BTNCycleList");
     driver.expect("Циклы измерений")
         .step("rows", {"Cycles", "2"})
         .call([this](QWidget*) {
@@ -430,9 +460,10 @@ TEST_F(ImportDialogs, CataloguesOpenAndTheCombosFollow)
         .set("CyclesCombo", "data:9")
         .step("cell", {"measuresView", "2", "2", "9 - 01.09.21 - 30.09.21 - "})
         .press("BTNDevicesList");
-    driver.expect("Оборудование").press("OK")
-        .press("BTNPerformersList");
-    driver.expect("Исполнители").step("rows", {"Performers", "1"}).press("OK")
+    driver.expect("Оборудование").press("OK").press("BTNPerformersList");
+    driver.expect("Исполнители")
+        .step("rows", {"Performers", "1"})
+        .press("OK")
         .step("check-cell", {"measuresView", "2", "2", "9 - 01.09.21 - 30.09.21 - "})
         .press("CloseBtn");
     importThermalWellMeasures();

@@ -37,10 +37,7 @@ struct Expected {
     QSet<QDate> days;
 };
 
-QString number(QString cell)
-{
-    return fixed(cell.replace(',', '.').toDouble(), 2);
-}
+QString number(QString cell) { return fixed(cell.replace(',', '.').toDouble(), 2); }
 
 Expected expectedOf(const QString& path, bool windows1251)
 {
@@ -72,8 +69,7 @@ Expected expectedOf(const QString& path, bool windows1251)
     return expected;
 }
 
-class RealLogs : public ImportDialogs, public ::testing::WithParamInterface<RealFile>
-{
+class RealLogs : public ImportDialogs, public ::testing::WithParamInterface<RealFile> {
 protected:
     void makeProject(const QString& folder, const QSet<QDate>& days)
     {
@@ -115,11 +111,12 @@ TEST_P(RealLogs, AreStoredAsTheyStandInTheFile)
         .step("rows", {"measuresView", QString::number(file.rows)})
         .set("OperatorCombo", "data:1")
         .press("BTNOperatorToAll")
-        .check("SummaryLabel", QString("Всего: %1 | Без данных: %2 | Верифицированных: %3 (из них валидных 0, с "
-                                       "предупреждениями 0, с ошибками %3)")
-                                   .arg(file.rows)
-                                   .arg(file.rows - file.profiles)
-                                   .arg(file.profiles))
+        .check("SummaryLabel",
+               QString("Всего: %1 | Без данных: %2 | Верифицированных: %3 (из них валидных 0, с "
+                       "предупреждениями 0, с ошибками %3)")
+                   .arg(file.rows)
+                   .arg(file.rows - file.profiles)
+                   .arg(file.profiles))
         .press("ImportBtn");
     ExpectedWindow box = driver.expect("Внимание");
     box.textContains("содержит невалидные данные").press("Да для всех");
@@ -140,16 +137,16 @@ TEST_P(RealLogs, AreStoredAsTheyStandInTheFile)
         EXPECT_EQ(stored.value(row.key()), row.value()) << row.key().first.toStdString();
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Boreholes, RealLogs,
-    ::testing::Values(RealFile{"sedov", "terva.csv", 50, 50, 49}, RealFile{"sedov", "terva_cp1251.csv", 50, 50, 49},
-                      RealFile{"sedov", "terva_negative_depths.csv", 16, 16, 16},
-                      RealFile{"storglaciaren", "terva.csv", 181, 181, 181},
-                      RealFile{"corvatsch", "terva.csv", 36, 36, 36},
-                      RealFile{"tete-rousse", "terva.csv", 41, 41, 41},
-                      RealFile{"jarvis-logger", "terva.csv", 752, 752, 752},
-                      RealFile{"yakutsk", "terva.csv", 86, 75, 75},
-                      RealFile{"yakutsk", "terva_sentinel.csv", 86, 86, 86}));
+INSTANTIATE_TEST_SUITE_P(Boreholes, RealLogs,
+                         ::testing::Values(RealFile{"sedov", "terva.csv", 50, 50, 49},
+                                           RealFile{"sedov", "terva_cp1251.csv", 50, 50, 49},
+                                           RealFile{"sedov", "terva_negative_depths.csv", 16, 16, 16},
+                                           RealFile{"storglaciaren", "terva.csv", 181, 181, 181},
+                                           RealFile{"corvatsch", "terva.csv", 36, 36, 36},
+                                           RealFile{"tete-rousse", "terva.csv", 41, 41, 41},
+                                           RealFile{"jarvis-logger", "terva.csv", 752, 752, 752},
+                                           RealFile{"yakutsk", "terva.csv", 86, 75, 75},
+                                           RealFile{"yakutsk", "terva_sentinel.csv", 86, 86, 86}));
 
 TEST_F(ImportDialogs, FilesThatAreNoLogsGiveAnEmptyTable)
 {
@@ -183,8 +180,7 @@ TEST_F(ImportDialogs, FilesThatAreNoLogsGiveAnEmptyTable)
         dialog.findChild<QRadioButton*>("EncodingCP1251")->setChecked(true);
         dialog.findChild<QRadioButton*>("EncodingUTF8")->setChecked(true);
         EXPECT_EQ(view->model()->rowCount(), 0) << what;
-        EXPECT_EQ(dialog.findChild<QLabel*>("SummaryLabel")->text(),
-                  "Всего: 0 | Без данных: 0 | Верифицированных: 0")
+        EXPECT_EQ(dialog.findChild<QLabel*>("SummaryLabel")->text(), "Всего: 0 | Без данных: 0 | Верифицированных: 0")
             << what;
     }
     name->setText(write("\xEF\xBB\xBF" + header + "Т-1;SN-1;05.01.2021;12:00;1;,5;1,5;\n" + header + rows));

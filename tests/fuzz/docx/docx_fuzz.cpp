@@ -14,11 +14,10 @@ constexpr int deepest = 200; ///< filling may add some levels to these
 
 QMap<QString, QByteArray> neededParts()
 {
-    return {
-        {"[Content_Types].xml", "<Types xmlns=\"http://schemas.openxmlformats.org/package/2006/content-types\"/>"},
-        {"word/_rels/document.xml.rels",
-         "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\"/>"},
-        {"word/document.xml", "<w:document xmlns:w=\"w\"><w:body><w:p/></w:body></w:document>"}};
+    return {{"[Content_Types].xml", "<Types xmlns=\"http://schemas.openxmlformats.org/package/2006/content-types\"/>"},
+            {"word/_rels/document.xml.rels",
+             "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\"/>"},
+            {"word/document.xml", "<w:document xmlns:w=\"w\"><w:body><w:p/></w:body></w:document>"}};
 }
 
 int depthOf(const QDomElement& element)
@@ -59,9 +58,8 @@ void change(DocxTable table, const QString& image)
 void fill(DocxTemplate* docx, const QString& pictureFile)
 {
     for (const QString& tag : docx->tags())
-        docx->setTag(tag, docx->tagTypes.value(tag) == DocxTemplate::Picture
-                              ? pictureFile
-                              : QString("<%1>&\x01 ") + tag);
+        docx->setTag(tag,
+                     docx->tagTypes.value(tag) == DocxTemplate::Picture ? pictureFile : QString("<%1>&\x01 ") + tag);
     const QString image = docx->addImage(picture());
     int changed = 0;
     for (const QDomElement& table : docx::descendants(docx->document.documentElement(), "w:tbl")) {

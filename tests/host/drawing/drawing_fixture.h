@@ -22,10 +22,7 @@ protected:
         ncdbHostApplicationServices()->setWorkingDatabase(nullptr);
     }
 
-    NcDbObjectId blockNamed(const QString& name)
-    {
-        return HostAccess::recordId(drawing, drawing.blockTableId(), name);
-    }
+    NcDbObjectId blockNamed(const QString& name) { return HostAccess::recordId(drawing, drawing.blockTableId(), name); }
     NcDbObjectId modelSpace() { return blockNamed(QStringLiteral("*Model_Space")); }
 
     NcStatus append(NcDbEntity* entity, NcDbObjectId block, NcDbObjectId* id = nullptr)

@@ -62,10 +62,10 @@ protected:
     PromptBackend* before = nullptr;
 };
 
-class Documents_ : public Application {};
-class CommandsTest : public Application {};
-class Modules : public Application {};
-class Editor : public Application {};
+class Documents_ : public Application { };
+class CommandsTest : public Application { };
+class Modules : public Application { };
+class Editor : public Application { };
 
 TEST_F(Documents_, ANewOneIsCurrentAndItsDrawingTheWorkingOne)
 {
@@ -144,7 +144,8 @@ TEST_F(Documents_, TemplatesAreFoundByPathAndInTheFolders)
     QTemporaryDir folder;
     NcApDocument* document = newDocument();
     addPoint(*document->database());
-    ASSERT_EQ(ncDocManagerPtr()->saveDocumentAs(document, folder.filePath(QStringLiteral("Образец.dwt"))), NcStatus::Ok);
+    ASSERT_EQ(ncDocManagerPtr()->saveDocumentAs(document, folder.filePath(QStringLiteral("Образец.dwt"))),
+              NcStatus::Ok);
     EXPECT_EQ(ncDocManagerPtr()->appContextNewDocument(QStringLiteral("Образец.dwt")), NcStatus::FileAccess);
     EXPECT_EQ(ncDocManagerPtr()->documentCount(), 1);
     addTemplateFolder(folder.path());
@@ -232,7 +233,8 @@ TEST_F(CommandsTest, AreListedInTheOrderOfTheirRegistration)
 
 TEST_F(CommandsTest, OnlyTransparentOnesRunInsideAnother)
 {
-    addCommand(QStringLiteral("INNER"), [] { g_log << QStringLiteral("inner"); }, kTransparent);
+    addCommand(
+        QStringLiteral("INNER"), [] { g_log << QStringLiteral("inner"); }, kTransparent);
     addCommand(QStringLiteral("OTHER"), [] { g_log << QStringLiteral("other"); });
     addCommand(QStringLiteral("OUTER"), [] {
         g_log << activeCommand();
@@ -314,15 +316,19 @@ TEST_F(Editor, ReactorsHearOfCommandsAndPickedEntities)
         NcSelectionSet set;
         g_log << QString::number(ncedSSGet(QStringLiteral("_I"), {}, set));
     });
-    addCommand(QStringLiteral("PICKS"), [] {
-        NcSelectionSet set;
-        g_log << QString::number(ncedSSGet(QStringLiteral("_I"), {}, set));
-    }, kUsePickSet | kRedraw);
+    addCommand(
+        QStringLiteral("PICKS"),
+        [] {
+            NcSelectionSet set;
+            g_log << QString::number(ncedSSGet(QStringLiteral("_I"), {}, set));
+        },
+        kUsePickSet | kRedraw);
     runCommand(QStringLiteral("PICKS"));
     EXPECT_EQ(g_log, (QStringList{"picked", "start _PICKS", "5100", "end _PICKS"}));
     g_log.clear();
     runCommand(QStringLiteral("PLAIN"));
-    EXPECT_EQ(g_log, (QStringList{"picked", "start _PLAIN", "-5001", "end _PLAIN"})) << "it does not use the picked set";
+    EXPECT_EQ(g_log, (QStringList{"picked", "start _PLAIN", "-5001", "end _PLAIN"}))
+        << "it does not use the picked set";
     NcEditor::instance()->removeReactor(&reactor);
     g_log.clear();
     NcSelectionSet set;
@@ -368,10 +374,7 @@ TEST_F(Editor, TheMainWindowIsForgottenWhenItIsGone)
     EXPECT_EQ(ndsw_ncadMainWnd(), nullptr);
 }
 
-QString moduleFile(const QString& name)
-{
-    return QStringLiteral(TEST_MODULES "/lib") + name + QStringLiteral(".so");
-}
+QString moduleFile(const QString& name) { return QStringLiteral(TEST_MODULES "/lib") + name + QStringLiteral(".so"); }
 
 TEST_F(Modules, AreLoadedToldAndUnloaded)
 {
@@ -382,7 +385,8 @@ TEST_F(Modules, AreLoadedToldAndUnloaded)
     EXPECT_TRUE(host.load(moduleFile(QStringLiteral("sample_module"))));
     EXPECT_EQ(host.loaded().size(), 1);
     EXPECT_EQ(qApp->property("sampleModule").toString(), QStringLiteral("message 1;"));
-    EXPECT_EQ(qApp->property("sampleModulePath").toString(), QDir::cleanPath(moduleFile(QStringLiteral("sample_module"))));
+    EXPECT_EQ(qApp->property("sampleModulePath").toString(),
+              QDir::cleanPath(moduleFile(QStringLiteral("sample_module"))));
     EXPECT_EQ(runCommand(QStringLiteral("sample_hello")), CommandOutcome::Done);
     EXPECT_TRUE(host.unload(moduleFile(QStringLiteral("sample_module"))));
     EXPECT_FALSE(host.unload(moduleFile(QStringLiteral("sample_module"))));
@@ -412,4 +416,4 @@ TEST_F(Modules, WhatIsNoneIsRefusedWithItsCause)
     EXPECT_EQ(ncModulePath(nullptr), QString());
 }
 
-}  // namespace
+} // namespace

@@ -32,8 +32,9 @@ protected:
     bool names(AuditFinding::Rule rule)
     {
         const std::vector<AuditFinding> findings = audit(drawing);
-        return std::any_of(findings.begin(), findings.end(),
-                           [&](const AuditFinding& finding) { return finding.rule == rule && !finding.text.isEmpty(); });
+        return std::any_of(findings.begin(), findings.end(), [&](const AuditFinding& finding) {
+            return finding.rule == rule && !finding.text.isEmpty();
+        });
     }
     NcDbObjectId missing() { return NcDbObjectId(&drawing, 0xABCDEF); }
 
@@ -77,8 +78,8 @@ TEST_F(Audit, DanglingAndDoubledMembers)
 
 TEST_F(Audit, EntitiesThatNobodyLists)
 {
-    HostAccess::entities(raw<NcDbBlockTableRecord>(modelSpace())).erase(
-        HostAccess::entities(raw<NcDbBlockTableRecord>(modelSpace())).begin());
+    HostAccess::entities(raw<NcDbBlockTableRecord>(modelSpace()))
+        .erase(HostAccess::entities(raw<NcDbBlockTableRecord>(modelSpace())).begin());
     expectOnly(AuditFinding::MissingOwner);
 }
 
@@ -118,7 +119,8 @@ TEST_F(Audit, AttributesWithoutDefinition)
 
 TEST_F(Audit, UnknownDynamicValues)
 {
-    HostAccess::dynamicValues(raw<NcDbBlockReference>(reference)).emplace_back(QStringLiteral("p"), QStringLiteral("1"));
+    HostAccess::dynamicValues(raw<NcDbBlockReference>(reference))
+        .emplace_back(QStringLiteral("p"), QStringLiteral("1"));
     expectOnly(AuditFinding::DynamicProperty);
 }
 
@@ -180,4 +182,4 @@ TEST_F(Audit, ErasedObjectsAreNobodysConcern)
     EXPECT_TRUE(audit(drawing).empty());
 }
 
-}  // namespace
+} // namespace

@@ -100,9 +100,9 @@ TEST_F(Clone, CloningTwiceBringsNothingNew)
     clone({outer, inner});
     const size_t count = HostAccess::data(drawing).objects.size();
     NcDbIdMapping second;
-    EXPECT_EQ(drawing.wblockCloneObjects({outer, inner}, drawing.blockTableId(), second,
-                                         NcDbDatabase::kIgnoreDuplicates),
-              NcStatus::Ok);
+    EXPECT_EQ(
+        drawing.wblockCloneObjects({outer, inner}, drawing.blockTableId(), second, NcDbDatabase::kIgnoreDuplicates),
+        NcStatus::Ok);
     EXPECT_EQ(HostAccess::data(drawing).objects.size(), count);
 }
 
@@ -157,4 +157,4 @@ TEST_F(Clone, DrawOrderGoesAlong)
     EXPECT_EQ(read<NcDbSortentsTable>(HostAccess::sortents(copy)).getFullDrawOrder().front(), mapping.cloneOf(tag));
 }
 
-}  // namespace
+} // namespace

@@ -57,10 +57,10 @@ protected:
     PromptBackend* before = nullptr;
 };
 
-class ConsoleText : public ConsoleTest {};
-class Prompts : public ConsoleTest {};
-class Selection : public ConsoleTest {};
-class Coordinates : public ConsoleTest {};
+class ConsoleText : public ConsoleTest { };
+class Prompts : public ConsoleTest { };
+class Selection : public ConsoleTest { };
+class Coordinates : public ConsoleTest { };
 
 TEST_F(ConsoleText, StringsAreWide)
 {
@@ -396,4 +396,4 @@ TEST_F(Coordinates, TheCurrentViewportIsALivingOne)
     EXPECT_TRUE(ncedGetCurViewportObjectId().isNull());
 }
 
-}  // namespace
+} // namespace

@@ -337,9 +337,9 @@ TEST_F(Dynamic, DefinitionsSurviveTheirText)
 TEST_F(Dynamic, ABadLineLeavesTheDefinition)
 {
     const QStringList good = dynamicDefinitionText(*HostAccess::dynamic(read<NcDbBlockTableRecord>(block)));
-    for (const char* bad : {"", "wobble|1|a", "move|1|нет|", "rotate|2A|Угол1|x|0", "length|ZZ|Длина полки|1|0|1",
-                            "parameter|p|41|0", "parameter|Угол1|40|0", "mirror|1", "rotate|1|Угол1|0|0|0",
-                            "parameter||40|0"}) {
+    for (const char* bad :
+         {"", "wobble|1|a", "move|1|нет|", "rotate|2A|Угол1|x|0", "length|ZZ|Длина полки|1|0|1", "parameter|p|41|0",
+          "parameter|Угол1|40|0", "mirror|1", "rotate|1|Угол1|0|0|0", "parameter||40|0"}) {
         DynamicDefinition kept;
         kept.parameters = {{QStringLiteral("k"), 40, QStringLiteral("0"), {}}};
         EXPECT_FALSE(parseDynamicDefinition(good + QStringList(QString::fromUtf8(bad)), kept)) << bad;
@@ -347,4 +347,4 @@ TEST_F(Dynamic, ABadLineLeavesTheDefinition)
     }
 }
 
-}  // namespace
+} // namespace

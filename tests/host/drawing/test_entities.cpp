@@ -6,12 +6,9 @@ namespace {
 
 const double kPi = 3.141592653589793;
 
-class Entities : public DrawingTest {};
+class Entities : public DrawingTest { };
 
-NcGeMatrix3d quarterTurn()
-{
-    return NcGeMatrix3d::rotation(kPi / 2.0, NcGeVector3d::kZAxis);
-}
+NcGeMatrix3d quarterTurn() { return NcGeMatrix3d::rotation(kPi / 2.0, NcGeVector3d::kZAxis); }
 
 NcGeMatrix3d mirrorAtYAxis()
 {
@@ -29,8 +26,8 @@ TEST(Geometry, RotationAndScalingKeepTheirCentre)
 
 TEST(Geometry, InverseUndoesAndASingularMatrixGivesTheIdentity)
 {
-    const NcGeMatrix3d matrix = NcGeMatrix3d::translation({1, 2, 3}) * NcGeMatrix3d::rotation(0.7, {1, 1, 1})
-                                * NcGeMatrix3d::scaling(2.5);
+    const NcGeMatrix3d matrix =
+        NcGeMatrix3d::translation({1, 2, 3}) * NcGeMatrix3d::rotation(0.7, {1, 1, 1}) * NcGeMatrix3d::scaling(2.5);
     expectPoint(matrix.inverse() * (matrix * NcGePoint3d(4, 5, 6)), 4, 5, 6);
     EXPECT_EQ(NcGeMatrix3d::scaling(0.0).inverse(), NcGeMatrix3d());
 }
@@ -363,4 +360,4 @@ TEST_F(Entities, AClonesGeometryAndPropertiesAreTheOriginals)
     }
 }
 
-}  // namespace
+} // namespace

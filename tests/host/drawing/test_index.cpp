@@ -206,4 +206,4 @@ TEST_F(RandomEdits, LeaveTheIndexEqualToAWalk)
     EXPECT_TRUE(audit(drawing).empty());
 }
 
-}  // namespace
+} // namespace

@@ -57,11 +57,12 @@ TEST(MTextAttribute, IsHeldAsTheTextOfOneLineWas)
     struct Row {
         int horizontal, vertical, attachment;
     };
-    const Row rows[] = {{NcDbText::kTextLeft, NcDbText::kTextTop, 1},       {NcDbText::kTextCenter, NcDbText::kTextTop, 2},
-                        {NcDbText::kTextRight, NcDbText::kTextTop, 3},      {NcDbText::kTextLeft, NcDbText::kTextVertMid, 4},
-                        {NcDbText::kTextMiddle, NcDbText::kTextBase, 5},    {NcDbText::kTextRight, NcDbText::kTextVertMid, 6},
-                        {NcDbText::kTextLeft, NcDbText::kTextBase, 7},      {NcDbText::kTextCenter, NcDbText::kTextBottom, 8},
-                        {NcDbText::kTextRight, NcDbText::kTextBase, 9}};
+    const Row rows[] = {
+        {NcDbText::kTextLeft, NcDbText::kTextTop, 1},    {NcDbText::kTextCenter, NcDbText::kTextTop, 2},
+        {NcDbText::kTextRight, NcDbText::kTextTop, 3},   {NcDbText::kTextLeft, NcDbText::kTextVertMid, 4},
+        {NcDbText::kTextMiddle, NcDbText::kTextBase, 5}, {NcDbText::kTextRight, NcDbText::kTextVertMid, 6},
+        {NcDbText::kTextLeft, NcDbText::kTextBase, 7},   {NcDbText::kTextCenter, NcDbText::kTextBottom, 8},
+        {NcDbText::kTextRight, NcDbText::kTextBase, 9}};
     for (const Row& row : rows) {
         NcDbAttribute attribute;
         attribute.setHorizontalMode(row.horizontal);

@@ -2,7 +2,7 @@
 
 namespace {
 
-class Objects : public DrawingTest {};
+class Objects : public DrawingTest { };
 
 TEST_F(Objects, AFreshObjectHasNoIdAndTakesChanges)
 {
@@ -173,4 +173,4 @@ TEST_F(Objects, ListenersHearOfEachChange)
     HostAccess::data(drawing).listeners.clear();
 }
 
-}  // namespace
+} // namespace

@@ -243,4 +243,4 @@ TEST_F(References, TheBoxHoldsBlockAndAttributes)
     EXPECT_GT(box->max.x, 102.0) << "the text reaches over the line";
 }
 
-}  // namespace
+} // namespace

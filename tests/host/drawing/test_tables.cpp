@@ -2,7 +2,7 @@
 
 namespace {
 
-class Tables : public DrawingTest {};
+class Tables : public DrawingTest { };
 
 QStringList names(const NcDbSymbolTable& table)
 {
@@ -343,4 +343,4 @@ TEST_F(Tables, ViewportsTellTheirScaleAndBorder)
     expectPoint(copy->extents()->min, 0, 0);
 }
 
-}  // namespace
+} // namespace

@@ -29,7 +29,7 @@ protected:
     QTemporaryDir folder;
 };
 
-}  // namespace
+} // namespace
 
 TEST_F(BrokenFile, noDrawingLeavesTheDrawingAsItWas)
 {
@@ -37,9 +37,13 @@ TEST_F(BrokenFile, noDrawingLeavesTheDrawingAsItWas)
     fillRandomly(drawing, 3);
     const QStringList before = drawingLines(drawing);
     const QByteArray whole = drawingBytes(drawing);
-    const QByteArray bad[] = {QByteArray(), QByteArray("AC1032\0\0\0\0\0\x01binary", 17), QByteArray("  0\nEOF\n"),
-                              QByteArray("some text\nof two lines\n"), whole.left(whole.size() / 2),
-                              whole.left(whole.size() - 5), QByteArray("  0\nSECTION\n  2\nENTITIES\n  0\nEOF\n"),
+    const QByteArray bad[] = {QByteArray(),
+                              QByteArray("AC1032\0\0\0\0\0\x01binary", 17),
+                              QByteArray("  0\nEOF\n"),
+                              QByteArray("some text\nof two lines\n"),
+                              whole.left(whole.size() / 2),
+                              whole.left(whole.size() - 5),
+                              QByteArray("  0\nSECTION\n  2\nENTITIES\n  0\nEOF\n"),
                               QByteArray(1000, '\0')};
     for (const QByteArray& bytes : bad) {
         EXPECT_EQ(read(drawing, bytes), NcStatus::FileFormat) << bytes.left(40).toStdString();

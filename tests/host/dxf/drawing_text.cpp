@@ -12,15 +12,9 @@ QString number(double value)
     return QString::number(value == 0.0 ? 0.0 : value, 'g', QLocale::FloatingPointShortest);
 }
 
-QString point(const NcGePoint3d& p)
-{
-    return QStringLiteral("(%1 %2 %3)").arg(number(p.x), number(p.y), number(p.z));
-}
+QString point(const NcGePoint3d& p) { return QStringLiteral("(%1 %2 %3)").arg(number(p.x), number(p.y), number(p.z)); }
 
-QString vector(const NcGeVector3d& v)
-{
-    return point({v.x, v.y, v.z});
-}
+QString vector(const NcGeVector3d& v) { return point({v.x, v.y, v.z}); }
 
 QString color(const NcCmColor& c)
 {
@@ -29,14 +23,11 @@ QString color(const NcCmColor& c)
     return QString::number(c.colorIndex());
 }
 
-QString handle(NcDbObjectId id)
-{
-    return handleText(id.handle());
-}
+QString handle(NcDbObjectId id) { return handleText(id.handle()); }
 
 class Lines {
 public:
-    explicit Lines(const NcDbDatabase& database) : drawing_(HostAccess::data(database)) {}
+    explicit Lines(const NcDbDatabase& database) : drawing_(HostAccess::data(database)) { }
 
     QStringList make()
     {
@@ -59,8 +50,9 @@ private:
         add(QStringLiteral("dim %1 %2").arg(number(drawing_.dimtxt), number(drawing_.dimscale)));
         add(QStringLiteral("current %1 %2").arg(handle(drawing_.currentLayer), handle(drawing_.currentSpace)));
         for (int row = 0; row < 3; ++row)
-            add(QStringLiteral("ucs %1 %2 %3 %4").arg(number(drawing_.ucs.entry[row][0]), number(drawing_.ucs.entry[row][1]),
-                                                      number(drawing_.ucs.entry[row][2]), number(drawing_.ucs.entry[row][3])));
+            add(QStringLiteral("ucs %1 %2 %3 %4")
+                    .arg(number(drawing_.ucs.entry[row][0]), number(drawing_.ucs.entry[row][1]),
+                         number(drawing_.ucs.entry[row][2]), number(drawing_.ucs.entry[row][3])));
     }
 
     template <class Method>
@@ -77,8 +69,11 @@ private:
     {
         const auto& layer = static_cast<const NcDbLayerTableRecord&>(record);
         add(QStringLiteral("linetype ") + layer.linetype());
-        add(QStringLiteral("layer %1 %2 color %3 %4%5%6").arg(handle(layer.objectId()), layer.getName(), color(layer.color()))
-                .arg(layer.isLocked()).arg(layer.isOff()).arg(layer.isFrozen()));
+        add(QStringLiteral("layer %1 %2 color %3 %4%5%6")
+                .arg(handle(layer.objectId()), layer.getName(), color(layer.color()))
+                .arg(layer.isLocked())
+                .arg(layer.isOff())
+                .arg(layer.isFrozen()));
     }
 
     void ucs(const NcDbSymbolTableRecord& record)
@@ -132,8 +127,10 @@ private:
 
     void entity(const NcDbEntity& entity)
     {
-        add(QStringLiteral("%1 %2 layer %3 color %4 visible %5").arg(QLatin1String(entity.isA()->name()),
-            handle(entity.objectId()), entity.layer(), color(entity.color())).arg(entity.isVisible()));
+        add(QStringLiteral("%1 %2 layer %3 color %4 visible %5")
+                .arg(QLatin1String(entity.isA()->name()), handle(entity.objectId()), entity.layer(),
+                     color(entity.color()))
+                .arg(entity.isVisible()));
         add(QStringLiteral("linetype ") + entity.linetype());
         for (const auto& xdata : HostAccess::data(entity).xdata) {
             add(QStringLiteral("xdata ") + xdata.first);
@@ -174,7 +171,8 @@ private:
         if (const auto* polyline = as<NcDbPolyline>(entity)) {
             add(QStringLiteral("closed %1 elevation %2").arg(polyline->isClosed()).arg(number(polyline->elevation())));
             for (const NcDbPolyline::Vertex& v : HostAccess::vertices(*polyline))
-                add(point({v.point.x, v.point.y, v.bulge}) + number(v.startWidth) + QLatin1Char(' ') + number(v.endWidth));
+                add(point({v.point.x, v.point.y, v.bulge}) + number(v.startWidth) + QLatin1Char(' ')
+                    + number(v.endWidth));
         }
         if (const auto* polyline = as<NcDb2dPolyline>(entity)) {
             add(QStringLiteral("closed %1").arg(polyline->isClosed()));
@@ -193,8 +191,11 @@ private:
         add(text.contents());
         add(point(text.location()) + number(text.textHeight()) + QLatin1Char(' ') + number(text.width())
             + QLatin1Char(' ') + number(text.rotation()));
-        add(QStringLiteral("%1 %2 %3 %4").arg(text.attachment()).arg(text.backgroundFillOn())
-                .arg(text.useBackgroundColorOn()).arg(number(text.backgroundScaleFactor())));
+        add(QStringLiteral("%1 %2 %3 %4")
+                .arg(text.attachment())
+                .arg(text.backgroundFillOn())
+                .arg(text.useBackgroundColorOn())
+                .arg(number(text.backgroundScaleFactor())));
     }
 
     void texts(const NcDbEntity& entity)
@@ -208,10 +209,15 @@ private:
             add(QStringLiteral("modes %1 %2").arg(text->horizontalMode()).arg(text->verticalMode()));
         }
         if (const auto* definition = as<NcDbAttributeDefinition>(entity))
-            add(QStringLiteral("tag %1 %2 %3%4").arg(definition->tag(), definition->prompt())
-                    .arg(definition->isConstant()).arg(definition->isInvisible()));
+            add(QStringLiteral("tag %1 %2 %3%4")
+                    .arg(definition->tag(), definition->prompt())
+                    .arg(definition->isConstant())
+                    .arg(definition->isInvisible()));
         if (const auto* attribute = as<NcDbAttribute>(entity)) {
-            add(QStringLiteral("tag %1 %2 %3").arg(attribute->tag()).arg(attribute->isInvisible()).arg(attribute->fieldLength()));
+            add(QStringLiteral("tag %1 %2 %3")
+                    .arg(attribute->tag())
+                    .arg(attribute->isInvisible())
+                    .arg(attribute->fieldLength()));
             if (const NcDbMText* text = HostAccess::mtext(*attribute).get())
                 mtext(*text);
         }
@@ -221,8 +227,12 @@ private:
     {
         if (const auto* hatch = as<NcDbHatch>(entity)) {
             add(vector(hatch->normal()) + number(hatch->elevation()));
-            add(QStringLiteral("%1 %2 %3 %4 %5 %6").arg(hatch->associative()).arg(HostAccess::evaluated(*hatch))
-                    .arg(hatch->patternType()).arg(hatch->patternName(), number(hatch->patternScale())).arg(hatch->hatchStyle()));
+            add(QStringLiteral("%1 %2 %3 %4 %5 %6")
+                    .arg(hatch->associative())
+                    .arg(HostAccess::evaluated(*hatch))
+                    .arg(hatch->patternType())
+                    .arg(hatch->patternName(), number(hatch->patternScale()))
+                    .arg(hatch->hatchStyle()));
             for (const NcDbHatch::Loop& loop : HostAccess::loops(*hatch)) {
                 add(QStringLiteral("loop %1").arg(loop.type));
                 for (size_t i = 0; i < loop.points.size(); ++i)
@@ -255,10 +265,17 @@ private:
         for (int column = 0; column < table.numColumns(); ++column)
             add(QStringLiteral("column ") + number(table.columnWidth(column)));
         for (const NcDbTable::Cell& cell : HostAccess::cells(table))
-            add(QStringLiteral("cell %1 %2 %3 %4 %5").arg(cell.text, number(cell.textHeight)).arg(cell.alignment)
-                    .arg(cell.hasBackground).arg(cell.hasBackground ? color(cell.background) : QString()));
+            add(QStringLiteral("cell %1 %2 %3 %4 %5")
+                    .arg(cell.text, number(cell.textHeight))
+                    .arg(cell.alignment)
+                    .arg(cell.hasBackground)
+                    .arg(cell.hasBackground ? color(cell.background) : QString()));
         for (const auto& merge : HostAccess::merges(table))
-            add(QStringLiteral("merge %1 %2 %3 %4").arg(merge.minRow).arg(merge.maxRow).arg(merge.minColumn).arg(merge.maxColumn));
+            add(QStringLiteral("merge %1 %2 %3 %4")
+                    .arg(merge.minRow)
+                    .arg(merge.maxRow)
+                    .arg(merge.minColumn)
+                    .arg(merge.maxColumn));
     }
 
     void references(const NcDbEntity& entity)
@@ -288,12 +305,9 @@ private:
     QStringList lines_;
 };
 
-}  // namespace
+} // namespace
 
-QStringList drawingLines(const NcDbDatabase& database)
-{
-    return Lines(database).make();
-}
+QStringList drawingLines(const NcDbDatabase& database) { return Lines(database).make(); }
 
 QString firstDifference(const QStringList& expected, const QStringList& found)
 {
@@ -302,7 +316,9 @@ QString firstDifference(const QStringList& expected, const QStringList& found)
         if (one == other)
             continue;
         const QStringList before = expected.mid(std::max(0, i - 6), std::min(i, 6));
-        return QStringLiteral("line %1, after\n  %2\nexpected %3\nfound    %4").arg(i).arg(before.join(QLatin1String("\n  ")), one, other);
+        return QStringLiteral("line %1, after\n  %2\nexpected %3\nfound    %4")
+            .arg(i)
+            .arg(before.join(QLatin1String("\n  ")), one, other);
     }
     return {};
 }

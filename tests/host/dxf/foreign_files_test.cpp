@@ -35,9 +35,11 @@ QStringList contentOf(const DxfRecord& record)
     for (const DxfGroup& group : record.groups) {
         bool isReal = false;
         const double real = group.value.toDouble(&isReal);
-        const bool number = isReal && ((group.code >= 10 && group.code < 60) || (group.code >= 140 && group.code < 150));
+        const bool number =
+            isReal && ((group.code >= 10 && group.code < 60) || (group.code >= 140 && group.code < 150));
         // A line break of either form; a circumflex of either form.
-        const QString text = QString(group.value.trimmed()).replace(QLatin1String("^J"), QLatin1String("\\P"))
+        const QString text = QString(group.value.trimmed())
+                                 .replace(QLatin1String("^J"), QLatin1String("\\P"))
                                  .replace(QLatin1String("^ "), QLatin1String("^"));
         content << QStringLiteral("%1 %2").arg(group.code).arg(number ? QString::number(real, 'g', 15) : text);
     }
@@ -80,7 +82,7 @@ protected:
     NcDbDatabase drawing;
 };
 
-}  // namespace
+} // namespace
 
 TEST(ForeignFiles, allAreReadAndSavedSoundly)
 {
@@ -143,12 +145,17 @@ TEST(ForeignFiles, entitiesComeBackGroupByGroup)
             for (const QString& group : contentOf(after.entities[i].main))
                 lost.removeOne(group);
             // Values that say what is so without them.
-            static const QStringList kPlain = {QStringLiteral("43 0"), QStringLiteral("39 0"), QStringLiteral("50 0"), QStringLiteral("210 0"), QStringLiteral("220 0"), QStringLiteral("230 1"),
-                                               QStringLiteral("42 0"), QStringLiteral("72 0"), QStringLiteral("41 1"), QStringLiteral("42 1"), QStringLiteral("43 1"), QStringLiteral("62 256"), QStringLiteral("73 0"), QStringLiteral("74 0"), QStringLiteral("38 0"), QStringLiteral("40 0"), QStringLiteral("41 0"),
-                                               QStringLiteral("11 1"), QStringLiteral("21 0"), QStringLiteral("31 0"), QStringLiteral("30 0")};
+            static const QStringList kPlain = {
+                QStringLiteral("43 0"),  QStringLiteral("39 0"),  QStringLiteral("50 0"), QStringLiteral("210 0"),
+                QStringLiteral("220 0"), QStringLiteral("230 1"), QStringLiteral("42 0"), QStringLiteral("72 0"),
+                QStringLiteral("41 1"),  QStringLiteral("42 1"),  QStringLiteral("43 1"), QStringLiteral("62 256"),
+                QStringLiteral("73 0"),  QStringLiteral("74 0"),  QStringLiteral("38 0"), QStringLiteral("40 0"),
+                QStringLiteral("41 0"),  QStringLiteral("11 1"),  QStringLiteral("21 0"), QStringLiteral("31 0"),
+                QStringLiteral("30 0")};
             for (const QString& plain : kPlain)
                 lost.removeAll(plain);
-            EXPECT_EQ(lost.join(QLatin1Char(' ')).toStdString(), "") << file.toStdString() << ' ' << one.type.toStdString();
+            EXPECT_EQ(lost.join(QLatin1Char(' ')).toStdString(), "")
+                << file.toStdString() << ' ' << one.type.toStdString();
         }
     }
 }
@@ -181,7 +188,8 @@ TEST_F(ForeignFile, layerThatOnlyEntitiesNameIsMade)
     resave(QStringLiteral("ez-R12_with_trash_beyond_EOF.dxf"));
     ASSERT_EQ(entities<NcDbCircle>().size(), 1u);
     EXPECT_EQ(entities<NcDbCircle>().front()->radius(), 1.5);
-    EXPECT_FALSE(HostAccess::recordId(drawing, drawing.layerTableId(), QStringLiteral("Layer_is_a_required_tag")).isNull());
+    EXPECT_FALSE(
+        HostAccess::recordId(drawing, drawing.layerTableId(), QStringLiteral("Layer_is_a_required_tag")).isNull());
 }
 
 TEST_F(ForeignFile, escapesOfCharactersAreUnderstood)
@@ -249,8 +257,10 @@ TEST_F(ForeignFile, textKeepsItsStyle)
 
 TEST(TextOfFiles, cyrillicOfOldCodePage)
 {
-    const QByteArray bytes = "  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1009\n  9\n$DWGCODEPAGE\n  3\nANSI_1251\n  0\nENDSEC\n"
-                             "  0\nSECTION\n  2\nENTITIES\n  0\nTEXT\n  8\n\xD1\xEB\xEE\xE9\n 10\n1.0\n 20\n2.0\n 40\n2.5\n  1\n\xC4\xCC.17\n  0\nENDSEC\n  0\nEOF\n";
+    const QByteArray bytes =
+        "  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1009\n  9\n$DWGCODEPAGE\n  3\nANSI_1251\n  0\nENDSEC\n"
+        "  0\nSECTION\n  2\nENTITIES\n  0\nTEXT\n  8\n\xD1\xEB\xEE\xE9\n 10\n1.0\n 20\n2.0\n 40\n2.5\n  "
+        "1\n\xC4\xCC.17\n  0\nENDSEC\n  0\nEOF\n";
     QTemporaryDir folder;
     QFile file(folder.filePath(QStringLiteral("old.dxf")));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));

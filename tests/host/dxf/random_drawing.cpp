@@ -9,7 +9,7 @@ namespace {
 
 class Maker {
 public:
-    Maker(NcDbDatabase& database, unsigned seed) : database_(database), random_(seed) {}
+    Maker(NcDbDatabase& database, unsigned seed) : database_(database), random_(seed) { }
 
     void fill()
     {
@@ -21,7 +21,8 @@ public:
         const int blocks = whole(1, 3);
         for (int i = 0; i < blocks; ++i)
             block(i);
-        const NcDbObjectId model = HostAccess::data(database_).modelSpace, paper = HostAccess::data(database_).paperSpace;
+        const NcDbObjectId model = HostAccess::data(database_).modelSpace,
+                           paper = HostAccess::data(database_).paperSpace;
         contents(model, whole(5, 25));
         contents(paper, whole(0, 4));
         window(paper);
@@ -49,11 +50,21 @@ private:
 
     QString word()
     {
-        static const QStringList kWords = {
-            QStringLiteral("ДМ.017"), QStringLiteral("Скважина ТС-5"), QStringLiteral("%%d 45"), QStringLiteral(" "),
-            QString(), QStringLiteral("a^b"), QStringLiteral("строка\tс табуляцией"), QStringLiteral("Ёжик №1 «да»"),
-            QStringLiteral("back\\slash"), QStringLiteral("{скобки}"), QStringLiteral("ведущий "), QStringLiteral("  0"),
-            QString::fromUtf8("\xF0\x9F\x98\x80 за пределами"), QStringLiteral("две\nстроки"), QString(700, QChar(0x0416))};
+        static const QStringList kWords = {QStringLiteral("ДМ.017"),
+                                           QStringLiteral("Скважина ТС-5"),
+                                           QStringLiteral("%%d 45"),
+                                           QStringLiteral(" "),
+                                           QString(),
+                                           QStringLiteral("a^b"),
+                                           QStringLiteral("строка\tс табуляцией"),
+                                           QStringLiteral("Ёжик №1 «да»"),
+                                           QStringLiteral("back\\slash"),
+                                           QStringLiteral("{скобки}"),
+                                           QStringLiteral("ведущий "),
+                                           QStringLiteral("  0"),
+                                           QString::fromUtf8("\xF0\x9F\x98\x80 за пределами"),
+                                           QStringLiteral("две\nстроки"),
+                                           QString(700, QChar(0x0416))};
         return kWords[whole(0, kWords.size() - 1)];
     }
     QString lines()
@@ -94,8 +105,8 @@ private:
         HostAccess::frozen(*layer) = coin();
         HostAccess::locked(*layer) = coin();
         layers_.push_back(QStringLiteral("Слой %1").arg(number));
-        const NcDbObjectId id =
-            HostAccess::addRecord(*HostAccess::objectAs<NcDbLayerTable>(database_.layerTableId()), std::move(layer), layers_.back());
+        const NcDbObjectId id = HostAccess::addRecord(*HostAccess::objectAs<NcDbLayerTable>(database_.layerTableId()),
+                                                      std::move(layer), layers_.back());
         if (coin())
             HostAccess::data(database_).currentLayer = id;
     }
@@ -108,7 +119,8 @@ private:
         HostAccess::yAxis(*ucs) = {-std::sin(1.0 * number), std::cos(1.0 * number), 0.0};
         HostAccess::addRecord(*HostAccess::objectAs<NcDbUCSTable>(database_.ucsTableId()), std::move(ucs),
                               QStringLiteral("ПСК %1").arg(number));
-        const NcDbObjectId view = HostAccess::recordId(database_, database_.viewportTableId(), QStringLiteral("*Active"));
+        const NcDbObjectId view =
+            HostAccess::recordId(database_, database_.viewportTableId(), QStringLiteral("*Active"));
         auto& active = *HostAccess::objectAs<NcDbViewportTableRecord>(view);
         HostAccess::center(active) = point2d();
         HostAccess::height(active) = size();
@@ -125,7 +137,8 @@ private:
         if (coin())
             HostAccess::linetype(*entity) = coin() ? QStringLiteral("ByBlock") : QStringLiteral("Continuous");
         if (whole(0, 6) == 0)
-            HostAccess::data(*entity).xdata.push_back({QStringLiteral("ACAD"), {{1000, word().left(20).simplified()}, {1040, QStringLiteral("1.5")}}});
+            HostAccess::data(*entity).xdata.push_back(
+                {QStringLiteral("ACAD"), {{1000, word().left(20).simplified()}, {1040, QStringLiteral("1.5")}}});
         return HostAccess::addEntity(record(owner), std::move(entity));
     }
 
@@ -155,8 +168,14 @@ private:
     {
         auto definition = std::make_unique<DynamicDefinition>();
         definition->parameters = {{QStringLiteral("Положение1 X"), 40, QStringLiteral("1.39489"), {}},
-                                  {QStringLiteral("Отраженное состояние1"), 70, QStringLiteral("0"), {QStringLiteral("0"), QStringLiteral("1")}},
-                                  {QStringLiteral("Выноска"), 1, QStringLiteral("Выноска видна"), {QStringLiteral("Выноска видна"), QStringLiteral("скр|ыта\\")}}};
+                                  {QStringLiteral("Отраженное состояние1"),
+                                   70,
+                                   QStringLiteral("0"),
+                                   {QStringLiteral("0"), QStringLiteral("1")}},
+                                  {QStringLiteral("Выноска"),
+                                   1,
+                                   QStringLiteral("Выноска видна"),
+                                   {QStringLiteral("Выноска видна"), QStringLiteral("скр|ыта\\")}}};
         for (NcDbObjectId id : HostAccess::entities(block)) {
             DynamicBinding move;
             move.entity = id.handle();
@@ -225,7 +244,8 @@ private:
     std::unique_ptr<NcDbEntity> hatch()
     {
         auto made = std::make_unique<NcDbHatch>();
-        static const int kTypes[] = {NcDbHatch::kPolyline, NcDbHatch::kExternal | NcDbHatch::kPolyline, NcDbHatch::kDefault, NcDbHatch::kExternal};
+        static const int kTypes[] = {NcDbHatch::kPolyline, NcDbHatch::kExternal | NcDbHatch::kPolyline,
+                                     NcDbHatch::kDefault, NcDbHatch::kExternal};
         for (int i = whole(1, 3); i > 0; --i) {
             NcDbHatch::Loop loop;
             loop.type = kTypes[whole(0, 3)];
@@ -317,7 +337,8 @@ private:
         HostAccess::scale(reference) = coin() ? NcScale3d() : NcScale3d{size(), -size(), size()};
         if (HostAccess::dynamic(record(definition)) && coin()) {
             auto& values = HostAccess::dynamicValues(reference);
-            values.push_back({QStringLiteral("Положение1 X"), coin() ? QStringLiteral("7.25") : QStringLiteral("1.39489")});
+            values.push_back(
+                {QStringLiteral("Положение1 X"), coin() ? QStringLiteral("7.25") : QStringLiteral("1.39489")});
             if (coin())
                 values.push_back({QStringLiteral("Выноска"), QStringLiteral("скр|ыта\\")});
         }
@@ -360,9 +381,11 @@ private:
         NcDbForeignEntity& ellipse = *made;
         add(model, std::move(made));
         HostAccess::data(ellipse).foreignGroups = {
-            {100, QStringLiteral("AcDbEllipse")}, {10, QStringLiteral("1.0")}, {20, QStringLiteral("2.0")}, {30, QStringLiteral("0.0")},
-            {11, QStringLiteral("5.0")}, {21, QStringLiteral("0.0")}, {31, QStringLiteral("0.0")}, {40, QStringLiteral("0.5")},
-            {41, QStringLiteral("0.0")}, {42, QStringLiteral("6.283185307179586")}};
+            {100, QStringLiteral("AcDbEllipse")}, {10, QStringLiteral("1.0")},
+            {20, QStringLiteral("2.0")},          {30, QStringLiteral("0.0")},
+            {11, QStringLiteral("5.0")},          {21, QStringLiteral("0.0")},
+            {31, QStringLiteral("0.0")},          {40, QStringLiteral("0.5")},
+            {41, QStringLiteral("0.0")},          {42, QStringLiteral("6.283185307179586")}};
     }
 
     void groups(NcDbObjectId model)
@@ -413,9 +436,6 @@ private:
     NcDbObjectIdArray blocks_;
 };
 
-}  // namespace
+} // namespace
 
-void fillRandomly(NcDbDatabase& database, unsigned seed)
-{
-    Maker(database, seed).fill();
-}
+void fillRandomly(NcDbDatabase& database, unsigned seed) { Maker(database, seed).fill(); }

@@ -16,7 +16,8 @@ protected:
         auto& table = *HostAccess::objectAs<NcDbBlockTable>(drawing.blockTableId());
         definition = HostAccess::addRecord(table, std::make_unique<NcDbBlockTableRecord>(), QStringLiteral("ts_def"));
         auto& block = *HostAccess::objectAs<NcDbBlockTableRecord>(definition);
-        const NcDbObjectId line = HostAccess::addEntity(block, std::make_unique<NcDbLine>(NcGePoint3d(), NcGePoint3d(1, 0, 0)));
+        const NcDbObjectId line =
+            HostAccess::addEntity(block, std::make_unique<NcDbLine>(NcGePoint3d(), NcGePoint3d(1, 0, 0)));
         auto rules = std::make_unique<DynamicDefinition>();
         rules->parameters = {{QStringLiteral("Длина полки"), 40, QStringLiteral("1"), {}}};
         DynamicBinding length;
@@ -59,7 +60,7 @@ int blockCount(const NcDbDatabase& database)
     return int(HostAccess::records(*HostAccess::objectAs<NcDbBlockTable>(database.blockTableId())).size());
 }
 
-}  // namespace
+} // namespace
 
 TEST_F(ReferenceFile, defaultValuesPointToTheDefinition)
 {
@@ -101,7 +102,9 @@ TEST_F(ReferenceFile, copyThatAnotherProgramUsesItselfStays)
     QByteArray text = save();
     // Another reference to the copy, without the extension data.
     const int end = text.indexOf("\n  0\nENDSEC\n", text.indexOf("ENTITIES"));
-    text.insert(end + 1, "  0\nINSERT\n  5\nFFF0\n100\nAcDbEntity\n  8\n0\n100\nAcDbBlockReference\n  2\n*U1\n 10\n0.0\n 20\n0.0\n 30\n0.0\n");
+    text.insert(end + 1,
+                "  0\nINSERT\n  5\nFFF0\n100\nAcDbEntity\n  8\n0\n100\nAcDbBlockReference\n  2\n*U1\n 10\n0.0\n "
+                "20\n0.0\n 30\n0.0\n");
     QFile file(path());
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(text);

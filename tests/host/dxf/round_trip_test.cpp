@@ -24,7 +24,7 @@ void expectSoundDrawing(const NcDbDatabase& drawing)
         ADD_FAILURE() << finding.text.toStdString();
 }
 
-}  // namespace
+} // namespace
 
 TEST(DrawingRoundTrip, everyFieldOfRandomDrawings)
 {
@@ -43,7 +43,8 @@ TEST(DrawingRoundTrip, everyFieldOfRandomDrawings)
 TEST(DrawingRoundTrip, secondSaveIsTheSameFile)
 {
     QTemporaryDir folder;
-    const QString first = folder.filePath(QStringLiteral("first.dwg")), second = folder.filePath(QStringLiteral("second.dwg"));
+    const QString first = folder.filePath(QStringLiteral("first.dwg")),
+                  second = folder.filePath(QStringLiteral("second.dwg"));
     for (unsigned seed = 0; seed < 20; ++seed) {
         NcDbDatabase drawing;
         fillRandomly(drawing, seed);

@@ -31,35 +31,31 @@ Property real(const char* name, const char* value)
     return {QString::fromUtf8(name), 40, QString::fromUtf8(value), {}};
 }
 
-const Property kMirrored{QStringLiteral("Отраженное состояние1"), 70, QStringLiteral("0"), {QStringLiteral("0"), QStringLiteral("1")}};
+const Property kMirrored{
+    QStringLiteral("Отраженное состояние1"), 70, QStringLiteral("0"), {QStringLiteral("0"), QStringLiteral("1")}};
 
 // The doubled letter belongs to existing blocks.
 Property state(const char* name)
 {
-    return {QString::fromUtf8(name), 1, QStringLiteral("Выноска видна"), {QStringLiteral("Выноска видна"), QStringLiteral("Выноскаа скрыта")}};
+    return {QString::fromUtf8(name),
+            1,
+            QStringLiteral("Выноска видна"),
+            {QStringLiteral("Выноска видна"), QStringLiteral("Выноскаа скрыта")}};
 }
 
 Properties label(const char* x, const char* y, const char* stateName, const Properties& more = {})
 {
-    Properties all{real("Положение1 X", x), real("Положение1 Y", y), real("Длина полки", "12.0461"), kMirrored, state(stateName)};
+    Properties all{real("Положение1 X", x), real("Положение1 Y", y), real("Длина полки", "12.0461"), kMirrored,
+                   state(stateName)};
     all.insert(all.end(), more.begin(), more.end());
     return all;
 }
 
-Properties mark(const Properties& more = {})
-{
-    return label("1.39489", "0.895453", "Видимость1", more);
-}
+Properties mark(const Properties& more = {}) { return label("1.39489", "0.895453", "Видимость1", more); }
 
-Properties usual(const Properties& more = {})
-{
-    return label("1.39489", "0.895453", "Выноска", more);
-}
+Properties usual(const Properties& more = {}) { return label("1.39489", "0.895453", "Выноска", more); }
 
-Properties benchmark(const Properties& more = {})
-{
-    return label("2.01741", "1.29509", "Видимость1", more);
-}
+Properties benchmark(const Properties& more = {}) { return label("2.01741", "1.29509", "Видимость1", more); }
 
 Attributes tags(const QStringList& more = {})
 {
@@ -96,7 +92,10 @@ const std::vector<Block>& blocks()
         {"dm_pv", "dm_pv_def", tags(), mark()},
         {"tt", "tt_def", tags(), usual()},
         {"tss_p", "tss_p_def", tags(), usual()},
-        {"pk", "pk_def", {{QStringLiteral("Z"), QStringLiteral("0")}, {QStringLiteral("ELEMENT_ID"), QStringLiteral("0")}}, {}},
+        {"pk",
+         "pk_def",
+         {{QStringLiteral("Z"), QStringLiteral("0")}, {QStringLiteral("ELEMENT_ID"), QStringLiteral("0")}},
+         {}},
         {"skv", "skv_def", well, usual()},
         {"tsg_g", "tsg_g_def", stabiliser, usual({real("Положение2 X", "0"), real("Положение2 Y", "5")})},
         {"tsg_vs", "tsg_vs_def", stabiliser, usual({real("Заглубление X", "0"), real("Заглубление Y", "5")})},
@@ -106,15 +105,9 @@ const std::vector<Block>& blocks()
     return all;
 }
 
-QString pathOf(const QString& file)
-{
-    return QCoreApplication::applicationDirPath() + QLatin1Char('/') + file;
-}
+QString pathOf(const QString& file) { return QCoreApplication::applicationDirPath() + QLatin1Char('/') + file; }
 
-QString blockPath(const Block& block)
-{
-    return pathOf(QStringLiteral("blocks/%1.dwg").arg(QLatin1String(block.file)));
-}
+QString blockPath(const Block& block) { return pathOf(QStringLiteral("blocks/%1.dwg").arg(QLatin1String(block.file))); }
 
 Properties propertiesOf(const NcDbBlockTableRecord& record)
 {
@@ -138,9 +131,9 @@ Properties sorted(Properties properties)
     return sorted(std::move(properties), [](const Property& a, const Property& b) { return a.name < b.name; });
 }
 
-class ShareBlock : public ::testing::TestWithParam<size_t> {};
+class ShareBlock : public ::testing::TestWithParam<size_t> { };
 
-}  // namespace
+} // namespace
 
 TEST_P(ShareBlock, hasTheAttributesAndPropertiesOfItsKind)
 {
@@ -219,6 +212,8 @@ TEST(ShareFiles, templateIsAPlainMetricDrawing)
     EXPECT_EQ(HostAccess::records(*HostAccess::objectAs<NcDbLayerTable>(drawing.layerTableId())).size(), 1u);
     bool metres = false;
     for (const HeaderVariable& variable : HostAccess::data(drawing).header)
-        metres = metres || (variable.name == QLatin1String("$INSUNITS") && variable.groups.front().value.trimmed() == QLatin1String("6"));
+        metres = metres
+            || (variable.name == QLatin1String("$INSUNITS")
+                && variable.groups.front().value.trimmed() == QLatin1String("6"));
     EXPECT_TRUE(metres);
 }

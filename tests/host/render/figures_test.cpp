@@ -9,10 +9,7 @@
 
 namespace {
 
-QRectF boxOfFirst(const DisplayList& list)
-{
-    return list.figures().empty() ? QRectF() : list.figures().front().box;
-}
+QRectF boxOfFirst(const DisplayList& list) { return list.figures().empty() ? QRectF() : list.figures().front().box; }
 
 void expectBox(const QRectF& box, double left, double bottom, double right, double top, double gap)
 {
@@ -42,7 +39,7 @@ QStringList mtextLines(const QString& contents, double width = 0.0)
     return textsOf(scene.record());
 }
 
-}  // namespace
+} // namespace
 
 TEST(Figures, CirclesAndArcsTouchTheirBox)
 {
@@ -230,7 +227,8 @@ TEST(Figures, ASolidHatchFillsItsLoops)
 
 TEST(Figures, PatternsAreReadFromTheirText)
 {
-    const auto patterns = parsePatterns(QStringLiteral("; comment\n*SAND, песок\n0, 0,0, 0,2, 1,-1\n90, 1,0, 0,4\nbad\n*ICE\n45,0,0,0,1\n"));
+    const auto patterns = parsePatterns(
+        QStringLiteral("; comment\n*SAND, песок\n0, 0,0, 0,2, 1,-1\n90, 1,0, 0,4\nbad\n*ICE\n45,0,0,0,1\n"));
     ASSERT_EQ(patterns.size(), 2u);
     EXPECT_EQ(patterns[0].name, QStringLiteral("SAND"));
     ASSERT_EQ(patterns[0].lines.size(), 2u);

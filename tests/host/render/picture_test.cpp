@@ -15,8 +15,9 @@ namespace {
 NcDbHatch* square(double left, double bottom, double size)
 {
     auto* hatch = new NcDbHatch;
-    hatch->appendLoop(NcDbHatch::kExternal, {{left, bottom}, {left + size, bottom}, {left + size, bottom + size},
-                                             {left, bottom + size}}, {0, 0, 0, 0});
+    hatch->appendLoop(NcDbHatch::kExternal,
+                      {{left, bottom}, {left + size, bottom}, {left + size, bottom + size}, {left, bottom + size}},
+                      {0, 0, 0, 0});
     return hatch;
 }
 
@@ -49,7 +50,7 @@ protected:
     Scene scene;
 };
 
-}  // namespace
+} // namespace
 
 TEST_F(PictureTest, FillsStandWhereTheyBelongWithYUpwards)
 {
@@ -89,7 +90,8 @@ TEST_F(PictureTest, LinesShowOnADarkGround)
         PaintStyle style;
         style.paper = paper;
         style.lineWidth = 8.0;
-        paintFigures(recordDrawing(scene.drawing), painter, fitWindow(QRectF(0, 0, 30, 10), QRectF(image.rect())), style);
+        paintFigures(recordDrawing(scene.drawing), painter, fitWindow(QRectF(0, 0, 30, 10), QRectF(image.rect())),
+                     style);
         return image;
     };
     const QImage dark = painted(QColor(30, 36, 42));
@@ -169,7 +171,8 @@ TEST_F(PictureTest, WhatCannotBeWrittenIsNamed)
     EXPECT_TRUE(exportPicture(scene.drawing, folder.filePath(QStringLiteral("a.bmp"))).contains(QStringLiteral("bmp")));
     PictureOptions options;
     options.pixels = QSize(5, 5);
-    EXPECT_TRUE(exportPicture(scene.drawing, folder.filePath(QStringLiteral("a.png")), options).contains(QStringLiteral("от 16")));
+    EXPECT_TRUE(exportPicture(scene.drawing, folder.filePath(QStringLiteral("a.png")), options)
+                    .contains(QStringLiteral("от 16")));
     EXPECT_FALSE(exportPicture(scene.drawing, QStringLiteral("/proc/нельзя/a.png")).isEmpty());
 }
 

@@ -7,17 +7,11 @@
 
 namespace {
 
-NcDbLine* line(double x1, double y1, double x2, double y2)
-{
-    return new NcDbLine({x1, y1, 0.0}, {x2, y2, 0.0});
-}
+NcDbLine* line(double x1, double y1, double x2, double y2) { return new NcDbLine({x1, y1, 0.0}, {x2, y2, 0.0}); }
 
-QPointF firstPoint(const Figure& figure)
-{
-    return figure.polygons.front().front();
-}
+QPointF firstPoint(const Figure& figure) { return figure.polygons.front().front(); }
 
-}  // namespace
+} // namespace
 
 TEST(DrawingWalker, EntitiesComeInTheOrderOfTheirMakingWithTheirSource)
 {

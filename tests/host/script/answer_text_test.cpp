@@ -8,7 +8,8 @@ PromptRequest keywordRequest()
 {
     PromptRequest request;
     request.kind = PromptRequest::Keyword;
-    request.keywords = {{QStringLiteral("Да"), QStringLiteral("Yes")}, {QStringLiteral("Нет"), QStringLiteral("No")},
+    request.keywords = {{QStringLiteral("Да"), QStringLiteral("Yes")},
+                        {QStringLiteral("Нет"), QStringLiteral("No")},
                         {QStringLiteral("Нигде"), QStringLiteral("Nowhere")}};
     return request;
 }
@@ -26,7 +27,7 @@ QString keyword(const QString& typed)
     return parseAnswer(keywordRequest(), typed, reply) ? reply.text : QString();
 }
 
-}  // namespace
+} // namespace
 
 TEST(AnswerText, AKeywordComesBackAsItsGlobalWord)
 {

@@ -108,7 +108,7 @@ std::string ran(Form& form, ModalDriver& driver)
     return driver.report().toStdString();
 }
 
-}  // namespace
+} // namespace
 
 TEST(ModalDriver, SetsEveryKindOfField)
 {
@@ -148,8 +148,14 @@ TEST(ModalDriver, ItemsGoByIndexAndByData)
 {
     Form form;
     ModalDriver driver;
-    driver.expect("Форма").set("combo", "data:20").check("combo", "два").set("combo", "index:0").check("combo", "раз")
-        .step("items", {"combo", "раз", "два"}).step("items", {"tabs", "Общее", "Пути"}).press("okButton");
+    driver.expect("Форма")
+        .set("combo", "data:20")
+        .check("combo", "два")
+        .set("combo", "index:0")
+        .check("combo", "раз")
+        .step("items", {"combo", "раз", "два"})
+        .step("items", {"tabs", "Общее", "Пути"})
+        .press("okButton");
     EXPECT_EQ(ran(form, driver), "");
 }
 
@@ -237,8 +243,9 @@ TEST(ModalDriver, StandardButtonsAnswerToBothLanguages)
     const auto ask = [](const QString& button) {
         ModalDriver driver;
         driver.expect("Вопрос").press(button);
-        const auto pressed = QMessageBox::question(nullptr, QStringLiteral("Вопрос"), QString(),
-            QMessageBox::Yes | QMessageBox::No | QMessageBox::YesToAll | QMessageBox::NoToAll);
+        const auto pressed =
+            QMessageBox::question(nullptr, QStringLiteral("Вопрос"), QString(),
+                                  QMessageBox::Yes | QMessageBox::No | QMessageBox::YesToAll | QMessageBox::NoToAll);
         EXPECT_TRUE(driver.done()) << driver.report().toStdString();
         return pressed;
     };
@@ -265,8 +272,8 @@ TEST(ModalDriver, FileDialogsTakePaths)
     EXPECT_EQ(QFileDialog::getSaveFileName(nullptr, QStringLiteral("Сохранить"), {}, {}, nullptr, none),
               folder.filePath(QStringLiteral("c.csv")));
     driver.expect("Папка").files({folder.path()});
-    EXPECT_EQ(QFileDialog::getExistingDirectory(nullptr, QStringLiteral("Папка"), {},
-                                                QFileDialog::ShowDirsOnly | none), folder.path());
+    EXPECT_EQ(QFileDialog::getExistingDirectory(nullptr, QStringLiteral("Папка"), {}, QFileDialog::ShowDirsOnly | none),
+              folder.path());
     EXPECT_TRUE(driver.done()) << driver.report().toStdString();
 }
 
@@ -275,7 +282,8 @@ TEST(ModalDriver, AFileThatIsNotThereIsAFailure)
     ModalDriver driver;
     driver.expect("Открыть").files({QStringLiteral("/нет/такого")});
     EXPECT_TRUE(QFileDialog::getOpenFileName(nullptr, QStringLiteral("Открыть"), {}, {}, nullptr,
-                                             QFileDialog::DontUseNativeDialog).isEmpty());
+                                             QFileDialog::DontUseNativeDialog)
+                    .isEmpty());
     EXPECT_NE(driver.report().toStdString().find("нет файла"), std::string::npos);
 }
 

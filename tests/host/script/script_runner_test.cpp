@@ -114,7 +114,7 @@ protected:
     ScriptRunner runner;
 };
 
-}  // namespace
+} // namespace
 
 TEST_F(ScriptRunnerTest, AnswersAreGivenInOrderAndEchoed)
 {
@@ -160,14 +160,12 @@ TEST_F(ScriptRunnerTest, AFormIsFilledAndANestedBoxAnswered)
           "expect \"принято ТС.1 1\"\n");
 }
 
-TEST_F(ScriptRunnerTest, AFormCanBeClosed)
-{
-    plays("command FORM\ndialog *\nclose\nexpect \"отменено  0\"");
-}
+TEST_F(ScriptRunnerTest, AFormCanBeClosed) { plays("command FORM\ndialog *\nclose\nexpect \"отменено  0\""); }
 
 TEST_F(ScriptRunnerTest, AnInputDialogHasItsField)
 {
-    plays("command INPUT\ndialog Ввод\ntext \"Имя слоя\"\ncheck input 0\nset input Карта\npress ОК\nexpect \"слой Карта 1\"");
+    plays("command INPUT\ndialog Ввод\ntext \"Имя слоя\"\ncheck input 0\nset input Карта\npress ОК\nexpect \"слой "
+          "Карта 1\"");
 }
 
 TEST_F(ScriptRunnerTest, VariablesComeFromTheCallerTheScriptAndTheEnvironment)
@@ -231,20 +229,23 @@ TEST_F(ScriptRunnerTest, ColoursAreChosenInTheHostsDialog)
     plays("command INDEX\ndialog \"Выбор цвета\"\ncheck colorValue 7\ncolor 5\nexpect \"номер 5 1\"");
     plays("command INDEX\ndialog \"Выбор цвета\"\nclose\nexpect \"номер 7 0\"");
     plays("command TRUECOLOR\ndialog \"Выбор цвета\"\ncolor 10,20,30\nexpect \"цвет 10,20,30 1\"");
-    plays("command TRUECOLOR\ndialog *\npress Другой…\ndialog \"Другой цвет\"\ncolor 1,2,3\npress OK\nexpect \"цвет 1,2,3 1\"");
+    plays("command TRUECOLOR\ndialog *\npress Другой…\ndialog \"Другой цвет\"\ncolor 1,2,3\npress OK\nexpect \"цвет "
+          "1,2,3 1\"");
 }
 
 TEST_F(ScriptRunnerTest, CommandsThatModulesQueueAreTheHosts)
 {
     addHostCommand(QStringLiteral("QUEUE"), [](const QStringList&) {
-        ncedCommand({QStringLiteral("_.zoom"), QStringLiteral("_Center"), QStringLiteral("10,20"), QStringLiteral("50")});
+        ncedCommand(
+            {QStringLiteral("_.zoom"), QStringLiteral("_Center"), QStringLiteral("10,20"), QStringLiteral("50")});
         ncDocManagerPtr()->sendStringToExecute(ncDocManagerPtr()->curDocument(), QStringLiteral("_regen\n"));
     });
     plays("command QUEUE");
     const ActiveView view = activeView(*ncDocManagerPtr()->curDocument()->database());
     EXPECT_EQ(view.center, QPointF(10, 20));
     EXPECT_EQ(view.height, 50.0);
-    EXPECT_FALSE(runner.console().text().contains(QStringLiteral("Неизвестная"))) << runner.console().text().toStdString();
+    EXPECT_FALSE(runner.console().text().contains(QStringLiteral("Неизвестная")))
+        << runner.console().text().toStdString();
 }
 
 TEST_F(ScriptRunnerTest, FilesAreChecked)
@@ -259,15 +260,9 @@ TEST_F(ScriptRunnerTest, FilesAreChecked)
 
 // --- where it stops
 
-TEST_F(ScriptRunnerTest, StopsAtAnUnknownWord)
-{
-    stops("\necho\nprees OK", 3, "неизвестное слово «prees»");
-}
+TEST_F(ScriptRunnerTest, StopsAtAnUnknownWord) { stops("\necho\nprees OK", 3, "неизвестное слово «prees»"); }
 
-TEST_F(ScriptRunnerTest, StopsAtAnUnknownCommand)
-{
-    stops("echo\ncommand NOSUCH", 2, "нет команды «NOSUCH»");
-}
+TEST_F(ScriptRunnerTest, StopsAtAnUnknownCommand) { stops("echo\ncommand NOSUCH", 2, "нет команды «NOSUCH»"); }
 
 TEST_F(ScriptRunnerTest, StopsWhenAPromptIsNotAnswered)
 {
@@ -275,10 +270,7 @@ TEST_F(ScriptRunnerTest, StopsWhenAPromptIsNotAnswered)
     stops("command ASK", 1, "остался без ответа");
 }
 
-TEST_F(ScriptRunnerTest, StopsAtALeftOverAnswer)
-{
-    stops("command ASK\nkeyword Да\nkeyword Нет\n", 3, "без вопроса");
-}
+TEST_F(ScriptRunnerTest, StopsAtALeftOverAnswer) { stops("command ASK\nkeyword Да\nkeyword Нет\n", 3, "без вопроса"); }
 
 TEST_F(ScriptRunnerTest, StopsWhenThePromptIsAnother)
 {

@@ -28,7 +28,7 @@ QString errorOf(const QString& line)
     return error;
 }
 
-}  // namespace
+} // namespace
 
 TEST(ScriptText, LinesKeepTheirNumbersWithoutBlanksAndComments)
 {
@@ -43,7 +43,8 @@ TEST(ScriptText, LinesKeepTheirNumbersWithoutBlanksAndComments)
 
 TEST(ScriptText, WordsAreSplitAtBlanksOutsideOfQuotes)
 {
-    EXPECT_EQ(words(QStringLiteral("set Имя \"ТС 1\"")), (QStringList{"set", QStringLiteral("Имя"), QStringLiteral("ТС 1")}));
+    EXPECT_EQ(words(QStringLiteral("set Имя \"ТС 1\"")),
+              (QStringList{"set", QStringLiteral("Имя"), QStringLiteral("ТС 1")}));
     EXPECT_EQ(words(QStringLiteral("count 3 layer=\"Мой слой\"")),
               (QStringList{"count", "3", QStringLiteral("layer=Мой слой")}));
     EXPECT_EQ(words(QStringLiteral("set A \"\"")), (QStringList{"set", "A", ""}));

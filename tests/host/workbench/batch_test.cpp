@@ -45,7 +45,7 @@ protected:
     QTemporaryDir folder;
 };
 
-}  // namespace
+} // namespace
 
 TEST_F(BatchTest, PrintsTheConsoleAsTheUserWouldSeeIt)
 {
@@ -65,8 +65,9 @@ TEST_F(BatchTest, AFailureNamesFileAndLine)
 
 TEST_F(BatchTest, VariablesAreGivenOnTheCommandLine)
 {
-    const Outcome run = play("echo ${A} ${B}\n", {QStringLiteral("--var"), QStringLiteral("A=раз=1"), QStringLiteral("--var"),
-                                             QStringLiteral("B=два слова")});
+    const Outcome run = play(
+        "echo ${A} ${B}\n",
+        {QStringLiteral("--var"), QStringLiteral("A=раз=1"), QStringLiteral("--var"), QStringLiteral("B=два слова")});
     EXPECT_EQ(run.out, QStringLiteral("раз=1 два слова\n"));
     EXPECT_EQ(play("echo", {QStringLiteral("--var"), QStringLiteral("БезЗначения")}).code, 2);
 }
@@ -75,9 +76,11 @@ TEST_F(BatchTest, ADrawingIsSavedAndOpenedAgain)
 {
     const QStringList out = {QStringLiteral("--var"), QStringLiteral("OUT=") + folder.path()};
     const Outcome first = play("command TEXT\npoint 1,2\nreal 5\nenter\nstring \"Скважина № 1\"\n"
-                           "command SAVEAS\nstring ${OUT}/a.dxf\nexists ${OUT}/a.dxf\n", out);
+                               "command SAVEAS\nstring ${OUT}/a.dxf\nexists ${OUT}/a.dxf\n",
+                               out);
     EXPECT_EQ(first.code, 0) << first.err.toStdString();
-    const Outcome second = play("documents 1\ncount 1 class=NcDbText\n", QStringList{folder.filePath(QStringLiteral("a.dxf"))});
+    const Outcome second =
+        play("documents 1\ncount 1 class=NcDbText\n", QStringList{folder.filePath(QStringLiteral("a.dxf"))});
     EXPECT_EQ(second.code, 0) << second.err.toStdString();
     EXPECT_EQ(play("echo", {folder.filePath(QStringLiteral("нет.dxf"))}).code, 1);
 }
@@ -102,7 +105,7 @@ TEST_F(BatchTest, BadOptionsAndModulesAreRefused)
 {
     EXPECT_EQ(runProgram({QStringLiteral("--batch"), script("echo"), QStringLiteral("--bad")}).code, 2);
     const Outcome run = runProgram({QStringLiteral("--batch"), script("echo"), QStringLiteral("--module"),
-                                folder.filePath(QStringLiteral("нет.nrx"))});
+                                    folder.filePath(QStringLiteral("нет.nrx"))});
     EXPECT_EQ(run.code, 2);
     EXPECT_FALSE(run.err.isEmpty());
     EXPECT_EQ(play("echo", {QStringLiteral("--timeout"), QStringLiteral("0")}).code, 2);

@@ -124,13 +124,13 @@ protected:
     std::unique_ptr<MainWindow> window;
 };
 
-}  // namespace
+} // namespace
 
 TEST_F(MainWindowTest, PointsArePickedInTheDrawing)
 {
     showHundred();
-    run(QStringLiteral("LINE"), {[&] { click(-20, 10); }, [&] { click(20, 10); },
-                                 [&] { QTest::mouseClick(view(), Qt::RightButton); }});
+    run(QStringLiteral("LINE"),
+        {[&] { click(-20, 10); }, [&] { click(20, 10); }, [&] { QTest::mouseClick(view(), Qt::RightButton); }});
     EXPECT_EQ(count("NcDbLine"), 1);
     EXPECT_TRUE(history().contains(QStringLiteral("Команда: LINE\nПервая точка: -"))) << history().toStdString();
     EXPECT_EQ(prompt(), QStringLiteral("Команда:"));
@@ -138,8 +138,9 @@ TEST_F(MainWindowTest, PointsArePickedInTheDrawing)
 
 TEST_F(MainWindowTest, AnswersAreTypedAndRefusedWhenTheyDoNotFit)
 {
-    run(QStringLiteral("circle"), {[&] { type(QStringLiteral("5,5")); }, [&] { type(QStringLiteral("много")); },
-                                   [&] { type(QStringLiteral("2.5")); }});
+    run(QStringLiteral("circle"),
+        {[&] { type(QStringLiteral("5,5")); }, [&] { type(QStringLiteral("много")); },
+         [&] { type(QStringLiteral("2.5")); }});
     EXPECT_EQ(count("NcDbCircle"), 1);
     EXPECT_TRUE(history().contains(QStringLiteral("Такой ответ не подходит.")));
 }
@@ -361,7 +362,8 @@ TEST_F(MainWindowTest, AScriptPlaysInTheWindow)
 
 TEST(CommandTable, RowsAreReadAndNonsenseIsPassedOver)
 {
-    const auto rows = parseMenuTable(QStringLiteral("# заголовок;a;b\nПроект;TERVA_X;Открыть…\r\nПроект;-;\nбез полей\n;A;B\nПроект;;B\n"));
+    const auto rows = parseMenuTable(
+        QStringLiteral("# заголовок;a;b\nПроект;TERVA_X;Открыть…\r\nПроект;-;\nбез полей\n;A;B\nПроект;;B\n"));
     ASSERT_EQ(rows.size(), 2);
     EXPECT_EQ(rows[0].command, QStringLiteral("TERVA_X"));
     EXPECT_EQ(rows[0].caption, QStringLiteral("Открыть…"));

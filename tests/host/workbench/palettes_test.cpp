@@ -22,8 +22,8 @@ struct CountedPalette : hostQtPalette {
 std::unique_ptr<hostUiQtPaletteSet> makeSet(QWidget* parent, int& count)
 {
     auto set = std::make_unique<hostUiQtPaletteSet>();
-    EXPECT_TRUE(hostUiPaletteSet_Create(set.get(), QStringLiteral("Состав проекта"), 0x50410000, QRect(30, 50, 270, 300),
-                                        parent, 46));
+    EXPECT_TRUE(hostUiPaletteSet_Create(set.get(), QStringLiteral("Состав проекта"), 0x50410000,
+                                        QRect(30, 50, 270, 300), parent, 46));
     hostUiPaletteSet_EnableDocking(set.get(), kDockAnySide);
     hostUiPaletteSet_RestoreControlBar(set.get(), 59420);
     for (const char* title : {"Состав", "Циклы"}) {
@@ -36,7 +36,7 @@ std::unique_ptr<hostUiQtPaletteSet> makeSet(QWidget* parent, int& count)
     return set;
 }
 
-}  // namespace
+} // namespace
 
 TEST(Palettes, ASetIsAWindowOfItsOwnWithoutAMainWindow)
 {

@@ -25,8 +25,7 @@
 
 namespace {
 
-class Wizard : public ::testing::Test
-{
+class Wizard : public ::testing::Test {
 protected:
     void SetUp() override
     {
@@ -181,8 +180,10 @@ TEST_F(Wizard, AGoodTestLetsGoOn)
 {
     typeConnection(name_);
     press("btn_testconnect");
-    EXPECT_TRUE(log("ConnOutput").endsWith("connect_timeout=3Подключение успешно. \nБаза данных свободна. \n"
-                                           "Всё хорошо, можно создавать базу данных. \n")) << log("ConnOutput");
+    EXPECT_TRUE(log("ConnOutput")
+                    .endsWith("connect_timeout=3Подключение успешно. \nБаза данных свободна. \n"
+                              "Всё хорошо, можно создавать базу данных. \n"))
+        << log("ConnOutput");
     press("NextBtn");
     EXPECT_EQ(pages()->currentIndex(), 1);
 }
@@ -214,7 +215,9 @@ TEST_F(Wizard, AProjectFileBringsItsFolders)
         .call([](QWidget* window) -> QString {
             auto* dialog = qobject_cast<QFileDialog*>(window);
             return dialog && dialog->acceptMode() == QFileDialog::AcceptSave
-                    && dialog->nameFilters() == QStringList{"*.terva"} ? QString() : QString("not a save dialog");
+                    && dialog->nameFilters() == QStringList{"*.terva"}
+                ? QString()
+                : QString("not a save dialog");
         })
         .files({folder_.filePath("new.terva")});
     press("btn_OpenProject");
@@ -228,7 +231,11 @@ TEST_F(Wizard, AProjectFileBringsItsFolders)
 TEST_F(Wizard, AskedFoldersGoIntoTheirFields)
 {
     pages()->setCurrentIndex(2);
-    struct Row { const char* button; const char* field; const char* title; };
+    struct Row {
+        const char* button;
+        const char* field;
+        const char* title;
+    };
     for (const Row& row : {Row{"btn_selectWorkPath", "WorkingDir", "Рабочая папка проекта"},
                            Row{"btn_SelectTemplatePath", "TemplateDir", "Папка шаблонов проекта"},
                            Row{"btn_SelectTempPath", "TempDir", "Временные файлы проекта"}}) {

@@ -16,8 +16,7 @@
 
 namespace {
 
-class SqlPage : public ::testing::Test
-{
+class SqlPage : public ::testing::Test {
 protected:
     void SetUp() override
     {
@@ -91,8 +90,9 @@ TEST_F(SqlPage, ShowsTheSession)
     QStringList labels;
     for (const QLabel* label : form.findChildren<QLabel*>())
         labels << label->text();
-    EXPECT_EQ(labels, (QStringList{"Сервер SQL", "Сервер", "Порт", "База данных", "Пользователь", "Пароль",
-                                   "Параметры проекции (proj4)"}));
+    EXPECT_EQ(labels,
+              (QStringList{"Сервер SQL", "Сервер", "Порт", "База данных", "Пользователь", "Пароль",
+                           "Параметры проекции (proj4)"}));
     EXPECT_EQ(button(form, "btn_testconnect")->text(), QString("Тест соединения"));
     EXPECT_EQ(button(form, "btn_saveparams")->text(), QString("Сохранить"));
     EXPECT_EQ(button(form, "ConnectBTN")->text(), QString("Подключить"));

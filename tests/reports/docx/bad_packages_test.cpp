@@ -38,20 +38,14 @@ QVector<ZipEntry> without(const QString& name)
     return entries;
 }
 
-QByteArray withDocument(const QByteArray& xml)
-{
-    return zipBytes(sound().document(xml).entries());
-}
+QByteArray withDocument(const QByteArray& xml) { return zipBytes(sound().document(xml).entries()); }
 
-QByteArray withEntry(const QString& name)
-{
-    return zipBytes(sound().entry(name, "x").entries());
-}
+QByteArray withEntry(const QString& name) { return zipBytes(sound().entry(name, "x").entries()); }
 
 QByteArray nested(int depth)
 {
     return "<w:document xmlns:w=\"w\"><w:body>" + QByteArray("<w:p>").repeated(depth)
-           + QByteArray("</w:p>").repeated(depth) + "</w:body></w:document>";
+        + QByteArray("</w:p>").repeated(depth) + "</w:body></w:document>";
 }
 
 QByteArray manyEntries(int count)
@@ -81,12 +75,9 @@ struct BadPackage {
     std::function<QByteArray()> make;
 };
 
-void PrintTo(const BadPackage& bad, std::ostream* stream)
-{
-    *stream << bad.name;
-}
+void PrintTo(const BadPackage& bad, std::ostream* stream) { *stream << bad.name; }
 
-class BadPackages : public testing::TestWithParam<BadPackage> {};
+class BadPackages : public testing::TestWithParam<BadPackage> { };
 
 /// Peak memory of this process in megabytes, from the system's own account.
 qint64 peakMegabytes()
@@ -108,10 +99,8 @@ const QVector<BadPackage>& badPackages()
         {"cut", [] { return zipBytes(sound().entries()).left(700); }},
         {"cutInTheDirectory", [] { return zipBytes(sound().entries()).chopped(30); }},
         {"noContainer", [] { return QByteArray(5000, 'x'); }},
-        {"encryptedEntry",
-         [] { return zipBytes(changed("word/document.xml", [](ZipEntry* e) { e->flags = 1; })); }},
-        {"unknownPacking",
-         [] { return zipBytes(changed("word/document.xml", [](ZipEntry* e) { e->method = 14; })); }},
+        {"encryptedEntry", [] { return zipBytes(changed("word/document.xml", [](ZipEntry* e) { e->flags = 1; })); }},
+        {"unknownPacking", [] { return zipBytes(changed("word/document.xml", [](ZipEntry* e) { e->method = 14; })); }},
         {"wrongChecksumOfTheDocument",
          [] { return zipBytes(changed("word/document.xml", [](ZipEntry* e) { e->wrongChecksum = true; })); }},
         {"wrongChecksumOfAnyEntry",
@@ -123,15 +112,11 @@ const QVector<BadPackage>& badPackages()
         {"absoluteImageTarget",
          [] { return zipBytes(sound().relationship("rId6", "image", "/word/media/a.png").entries()); }},
         {"externalImage",
-         [] {
-             return zipBytes(sound().relationship("rId6", "image", "http://a/b.png", "External").entries());
-         }},
+         [] { return zipBytes(sound().relationship("rId6", "image", "http://a/b.png", "External").entries()); }},
         {"imageOutsideTheFolder",
          [] { return zipBytes(sound().relationship("rId6", "image", "../../a.png").entries()); }},
         {"mainPartOfAnotherName",
-         [] {
-             return zipBytes(changed("word/document.xml", [](ZipEntry* e) { e->name = "word/document2.xml"; }));
-         }},
+         [] { return zipBytes(changed("word/document.xml", [](ZipEntry* e) { e->name = "word/document2.xml"; })); }},
         {"hundredThousandEntries", [] { return manyEntries(100000); }},
         {"moreEntriesThanCounted", [] { return zipBytes(sound().entries(), 3); }},
         {"fewerEntriesThanCounted", [] { return zipBytes(sound().entries(), 9000); }},
@@ -153,15 +138,16 @@ const QVector<BadPackage>& badPackages()
         {"entryThatUnpacksToLessThanDeclared",
          [] { return zipBytes(changed("word/document.xml", [](ZipEntry* e) { e->declaredSize = 5000; })); }},
         {"entryDeclaredAsGigabytes",
-         [] {
-             return zipBytes(changed("word/document.xml", [](ZipEntry* e) { e->declaredSize = 0xfffffffe; }));
-         }},
+         [] { return zipBytes(changed("word/document.xml", [](ZipEntry* e) { e->declaredSize = 0xfffffffe; })); }},
         {"documentTooLarge",
          [] { return withDocument("<w:document>" + QByteArray(65 * 1024 * 1024, ' ') + "</w:document>"); }},
         {"fiftyThousandNestedElements", [] { return withDocument(nested(50000)); }},
         {"nestedJustTooDeep", [] { return withDocument(nested(255)); }},
         {"millionsOfElements",
-         [] { return withDocument("<w:document><w:body>" + QByteArray("<a/>").repeated(1600000) + "</w:body></w:document>"); }},
+         [] {
+             return withDocument("<w:document><w:body>" + QByteArray("<a/>").repeated(1600000)
+                                 + "</w:body></w:document>");
+         }},
         {"thousandsOfAttributes",
          [] {
              QByteArray attributes;
@@ -177,9 +163,8 @@ const QVector<BadPackage>& badPackages()
          }},
         {"documentTypeInRelationships",
          [] {
-             return zipBytes(changed("word/_rels/document.xml.rels", [](ZipEntry* e) {
-                 e->bytes = "<!DOCTYPE d><Relationships/>";
-             }));
+             return zipBytes(changed("word/_rels/document.xml.rels",
+                                     [](ZipEntry* e) { e->bytes = "<!DOCTYPE d><Relationships/>"; }));
          }},
         {"foreignEncoding",
          [] { return withDocument("<?xml version=\"1.0\" encoding=\"windows-1251\"?><w:document/>"); }},
@@ -188,9 +173,7 @@ const QVector<BadPackage>& badPackages()
         {"documentCut", [] { return withDocument("<w:document><w:bo"); }},
         {"documentOfBytes", [] { return withDocument(QByteArray(100, '\0')); }},
         {"relationshipsNotWellFormed",
-         [] {
-             return zipBytes(changed("word/_rels/document.xml.rels", [](ZipEntry* e) { e->bytes = "<a>"; }));
-         }},
+         [] { return zipBytes(changed("word/_rels/document.xml.rels", [](ZipEntry* e) { e->bytes = "<a>"; })); }},
         {"nameThatLeavesTheFolder", [] { return withEntry("word/../../x"); }},
         {"nameThatClimbs", [] { return withEntry("../x"); }},
         {"absoluteName", [] { return withEntry("/etc/x"); }},

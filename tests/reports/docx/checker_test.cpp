@@ -28,8 +28,7 @@ TEST(PackageChecker, seesEachBreach)
 {
     const QByteArray bytes = imageBytes("PNG");
     EXPECT_EQ(faultsOf(DocxMaker().entry("word/a.png", bytes)), QStringList("no content type: word/a.png"));
-    EXPECT_EQ(faultsOf(DocxMaker(drawing("rId6", 1))),
-              QStringList("word/document.xml: blip refers to nothing: rId6"));
+    EXPECT_EQ(faultsOf(DocxMaker(drawing("rId6", 1))), QStringList("word/document.xml: blip refers to nothing: rId6"));
     EXPECT_EQ(faultsOf(DocxMaker(drawing("rId6", 1)).relationship("rId6", "hyperlink", "h", "External")).size(), 1);
     EXPECT_EQ(faultsOf(DocxMaker(drawing("", 1) + drawing("", 1))),
               QStringList("word/document.xml: drawing id twice 1"));

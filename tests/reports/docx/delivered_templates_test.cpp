@@ -10,10 +10,7 @@
 
 namespace {
 
-QDir delivered()
-{
-    return QDir(QCoreApplication::applicationDirPath() + "/templates");
-}
+QDir delivered() { return QDir(QCoreApplication::applicationDirPath() + "/templates"); }
 
 QStringList describedTags(const QString& path)
 {

@@ -14,26 +14,23 @@ const QByteArray wordType = "application/vnd.openxmlformats-officedocument.wordp
 
 } // namespace
 
-QStringList Folder::files() const
-{
-    return QDir(dir_.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
-}
+QStringList Folder::files() const { return QDir(dir_.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
 
 DocxMaker::DocxMaker(const QByteArray& body) : body_(body)
 {
     types_ = "<Default Extension=\"rels\" ContentType=\"application/vnd.openxmlformats-package."
              "relationships+xml\"/><Default Extension=\"xml\" ContentType=\"application/xml\"/>"
              "<Override PartName=\"/word/document.xml\" ContentType=\""
-             + wordType + "document.main+xml\"/>";
+        + wordType + "document.main+xml\"/>";
 }
 
 DocxMaker& DocxMaker::relationship(const QString& id, const QString& typeEnd, const QString& target,
                                    const QString& mode)
 {
     relationships_ += "<Relationship Id=\"" + id.toUtf8()
-                      + "\" Type=\"http://schemas.openxmlformats.org/officeDocument/2006/"
-                        "relationships/"
-                      + typeEnd.toUtf8() + "\" Target=\"" + target.toUtf8() + "\"";
+        + "\" Type=\"http://schemas.openxmlformats.org/officeDocument/2006/"
+          "relationships/"
+        + typeEnd.toUtf8() + "\" Target=\"" + target.toUtf8() + "\"";
     if (!mode.isEmpty())
         relationships_ += " TargetMode=\"" + mode.toUtf8() + "\"";
     relationships_ += "/>";
@@ -77,12 +74,12 @@ QVector<ZipEntry> DocxMaker::entries() const
     QByteArray xml = document_;
     if (xml.isEmpty())
         xml = declaration
-              + "<w:document xmlns:w=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\""
-                " xmlns:r=\"http://schemas.openxmlformats.org/officeDocument/2006/relationships\""
-                " xmlns:wp=\"http://schemas.openxmlformats.org/drawingml/2006/"
-                "wordprocessingDrawing\""
-                " xmlns:a=\"http://schemas.openxmlformats.org/drawingml/2006/main\" "
-              + rootAttributes_ + "><w:body>" + body_ + "</w:body></w:document>";
+            + "<w:document xmlns:w=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\""
+              " xmlns:r=\"http://schemas.openxmlformats.org/officeDocument/2006/relationships\""
+              " xmlns:wp=\"http://schemas.openxmlformats.org/drawingml/2006/"
+              "wordprocessingDrawing\""
+              " xmlns:a=\"http://schemas.openxmlformats.org/drawingml/2006/main\" "
+            + rootAttributes_ + "><w:body>" + body_ + "</w:body></w:document>";
     const auto entry = [](const QString& name, const QByteArray& bytes) {
         ZipEntry made;
         made.name = name;
@@ -93,8 +90,9 @@ QVector<ZipEntry> DocxMaker::entries() const
                                "2006/relationships\">";
     QVector<ZipEntry> all{
         entry("[Content_Types].xml",
-              declaration + "<Types xmlns=\"http://schemas.openxmlformats.org/package/2006/"
-                            "content-types\">"
+              declaration
+                  + "<Types xmlns=\"http://schemas.openxmlformats.org/package/2006/"
+                    "content-types\">"
                   + types_ + "</Types>"),
         entry("_rels/.rels",
               declaration + package
@@ -102,8 +100,7 @@ QVector<ZipEntry> DocxMaker::entries() const
                     "officeDocument/2006/relationships/officeDocument\" "
                     "Target=\"word/document.xml\"/></Relationships>"),
         entry("word/document.xml", xml),
-        entry("word/_rels/document.xml.rels",
-              declaration + package + relationships_ + "</Relationships>")};
+        entry("word/_rels/document.xml.rels", declaration + package + relationships_ + "</Relationships>")};
     return all + more_;
 }
 
@@ -115,14 +112,11 @@ QString DocxMaker::write(const QString& path) const
 
 QByteArray control(const QByteArray& tag, const QByteArray& kind, const QByteArray& content)
 {
-    return "<w:sdt><w:sdtPr><w:alias w:val=\"title of " + tag + "\"/><w:tag w:val=\"" + tag
-           + "\"/>" + kind + "</w:sdtPr><w:sdtContent>" + content + "</w:sdtContent></w:sdt>";
+    return "<w:sdt><w:sdtPr><w:alias w:val=\"title of " + tag + "\"/><w:tag w:val=\"" + tag + "\"/>" + kind
+        + "</w:sdtPr><w:sdtContent>" + content + "</w:sdtContent></w:sdt>";
 }
 
-QByteArray textControl(const QByteArray& tag, const QByteArray& text)
-{
-    return control(tag, "<w:text/>", run(text));
-}
+QByteArray textControl(const QByteArray& tag, const QByteArray& text) { return control(tag, "<w:text/>", run(text)); }
 
 QByteArray pictureControl(const QByteArray& tag, const QByteArray& id)
 {
@@ -133,32 +127,25 @@ QByteArray drawing(const QByteArray& id, int docPr)
 {
     const QByteArray picture = "http://schemas.openxmlformats.org/drawingml/2006/picture";
     return "<w:r><w:drawing><wp:inline><wp:extent cx=\"95250\" cy=\"95250\"/><wp:docPr id=\""
-           + QByteArray::number(docPr)
-           + "\" name=\"p\"/><a:graphic><a:graphicData uri=\"" + picture + "\"><pic:pic xmlns:pic=\""
-           + picture
-           + "\"><pic:nvPicPr><pic:cNvPr id=\"0\" name=\"p\"/><pic:cNvPicPr/></pic:nvPicPr>"
-             "<pic:blipFill><a:blip r:embed=\""
-           + id
-           + "\"/><a:stretch><a:fillRect/></a:stretch></pic:blipFill><pic:spPr><a:xfrm>"
-             "<a:off x=\"0\" y=\"0\"/><a:ext cx=\"95250\" cy=\"95250\"/></a:xfrm>"
-             "<a:prstGeom prst=\"rect\"><a:avLst/></a:prstGeom></pic:spPr></pic:pic>"
-             "</a:graphicData></a:graphic></wp:inline></w:drawing></w:r>";
+        + QByteArray::number(docPr) + "\" name=\"p\"/><a:graphic><a:graphicData uri=\"" + picture
+        + "\"><pic:pic xmlns:pic=\"" + picture
+        + "\"><pic:nvPicPr><pic:cNvPr id=\"0\" name=\"p\"/><pic:cNvPicPr/></pic:nvPicPr>"
+          "<pic:blipFill><a:blip r:embed=\""
+        + id
+        + "\"/><a:stretch><a:fillRect/></a:stretch></pic:blipFill><pic:spPr><a:xfrm>"
+          "<a:off x=\"0\" y=\"0\"/><a:ext cx=\"95250\" cy=\"95250\"/></a:xfrm>"
+          "<a:prstGeom prst=\"rect\"><a:avLst/></a:prstGeom></pic:spPr></pic:pic>"
+          "</a:graphicData></a:graphic></wp:inline></w:drawing></w:r>";
 }
 
-QByteArray run(const QByteArray& text)
-{
-    return "<w:r><w:t>" + text + "</w:t></w:r>";
-}
+QByteArray run(const QByteArray& text) { return "<w:r><w:t>" + text + "</w:t></w:r>"; }
 
-QByteArray paragraph(const QByteArray& content)
-{
-    return "<w:p>" + content + "</w:p>";
-}
+QByteArray paragraph(const QByteArray& content) { return "<w:p>" + content + "</w:p>"; }
 
 QByteArray cell(const QByteArray& text, const QByteArray& properties)
 {
     return "<w:tc><w:tcPr><w:tcW w:w=\"2000\" w:type=\"dxa\"/>" + properties + "</w:tcPr>"
-           + paragraph(text.isEmpty() ? QByteArray() : run(text)) + "</w:tc>";
+        + paragraph(text.isEmpty() ? QByteArray() : run(text)) + "</w:tc>";
 }
 
 QByteArray row(const QVector<QByteArray>& cells)
@@ -207,10 +194,7 @@ QMap<QString, QByteArray> unpacked(const QString& path)
     return entries;
 }
 
-QByteArray documentPart(const QString& path)
-{
-    return unpacked(path).value("word/document.xml");
-}
+QByteArray documentPart(const QString& path) { return unpacked(path).value("word/document.xml"); }
 
 QString textOf(const QDomElement& element)
 {
@@ -241,8 +225,7 @@ QMap<QString, QString> relationship(const QString& path, const QString& id)
             continue;
         EXPECT_TRUE(attributes.isEmpty()) << "an id stands twice: " << id;
         for (int i = 0; i < one.attributes().count(); ++i)
-            attributes.insert(one.attributes().item(i).nodeName(),
-                              one.attributes().item(i).nodeValue());
+            attributes.insert(one.attributes().item(i).nodeName(), one.attributes().item(i).nodeValue());
     }
     return attributes;
 }

@@ -94,8 +94,9 @@ TEST(DocxMerger, tellsTheLogWhyItRefuses)
     DocxMerger(inputs.mid(0, 1)).merge(unreachable, true);
     DocxMerger({folder / "bad.docx", inputs[0]}).merge(unreachable, true);
     const QString notCopied = "DocxMerger: Failed to copy first file to \"" + unreachable + "\"";
-    EXPECT_EQ(log.texts(), QStringList({"DocxMerger: Output file already exists and overwrite is false",
-                                        "DocxMerger: Failed to remove existing file", notCopied, notCopied, notCopied}));
+    EXPECT_EQ(log.texts(),
+              QStringList({"DocxMerger: Output file already exists and overwrite is false",
+                           "DocxMerger: Failed to remove existing file", notCopied, notCopied, notCopied}));
 }
 
 TEST(DocxMerger, refusesAnOutputThatIsTheFirstInput)
@@ -121,8 +122,7 @@ TEST(DocxMerger, separatesBodiesByPageAndSection)
     Folder folder;
     ASSERT_TRUE(DocxMerger({passport(folder, "1.docx", "a"), passport(folder, "2.docx", "b")})
                     .merge(folder / "out.docx", false));
-    EXPECT_EQ(bodyNames(folder / "out.docx"),
-              QStringList({"w:p", "w:p", "w:p", "w:p", "w:p", "w:p", "w:sectPr"}));
+    EXPECT_EQ(bodyNames(folder / "out.docx"), QStringList({"w:p", "w:p", "w:p", "w:p", "w:p", "w:p", "w:sectPr"}));
     const QDomDocument part = mergedDocument(folder / "out.docx");
     const auto paragraphs = elements(part, "w:p");
     EXPECT_EQ(elements(paragraphs[2], "w:sectPr").size(), 1) << "the first file's section ends";
@@ -136,8 +136,7 @@ TEST(DocxMerger, appendsAtTheEndOfABodyWithoutASection)
 {
     Folder folder;
     const QString bare = DocxMaker(paragraph(run("a"))).write(folder / "1.docx");
-    ASSERT_TRUE(DocxMerger({bare, bare, passport(folder, "2.docx", "b"), bare})
-                    .merge(folder / "out.docx", false));
+    ASSERT_TRUE(DocxMerger({bare, bare, passport(folder, "2.docx", "b"), bare}).merge(folder / "out.docx", false));
     EXPECT_EQ(bodyNames(folder / "out.docx"),
               QStringList({"w:p", "w:p", "w:p", "w:p", "w:p", "w:p", "w:p", "w:p", "w:p"}));
     EXPECT_EQ(textOf(mergedDocument(folder / "out.docx").documentElement()), "aaba");
@@ -187,7 +186,8 @@ TEST(DocxMerger, mergesItsOwnResultsAgain)
 TEST(DocxMerger, stillFindsDrawingIdsWhereTheFirstFileHasTheHighest)
 {
     Folder folder;
-    const QString first = DocxMaker(paragraph(drawing("", 2147483647)) + paragraph(drawing("", 1))).write(folder / "1.docx");
+    const QString first =
+        DocxMaker(paragraph(drawing("", 2147483647)) + paragraph(drawing("", 1))).write(folder / "1.docx");
     ASSERT_TRUE(DocxMerger({first, passport(folder, "2.docx", "b")}).merge(folder / "out.docx", false));
     EXPECT_EQ(findFaults(folder / "out.docx"), QStringList());
     EXPECT_EQ(elements(mergedDocument(folder / "out.docx"), "wp:docPr")[2].attribute("id"), "2");
@@ -196,12 +196,12 @@ TEST(DocxMerger, stillFindsDrawingIdsWhereTheFirstFileHasTheHighest)
 TEST(DocxMerger, keepsHyperlinksWithTheirMode)
 {
     Folder folder;
-    const QString later
-        = DocxMaker("<w:p><w:hyperlink r:id=\"rId1\">" + run("link")
-                    + "</w:hyperlink><w:hyperlink w:anchor=\"here\"/><w:hyperlink r:id=\"rId2\"/></w:p>")
-              .relationship("rId1", "hyperlink", "http://example.org/?a=1&amp;b=2", "External")
-              .relationship("rId2", "hyperlink", "#top")
-              .write(folder / "2.docx");
+    const QString later =
+        DocxMaker("<w:p><w:hyperlink r:id=\"rId1\">" + run("link")
+                  + "</w:hyperlink><w:hyperlink w:anchor=\"here\"/><w:hyperlink r:id=\"rId2\"/></w:p>")
+            .relationship("rId1", "hyperlink", "http://example.org/?a=1&amp;b=2", "External")
+            .relationship("rId2", "hyperlink", "#top")
+            .write(folder / "2.docx");
     ASSERT_TRUE(DocxMerger({passport(folder, "1.docx", "a"), later}).merge(folder / "out.docx", false));
     const QDomDocument part = mergedDocument(folder / "out.docx");
     const auto links = elements(part, "w:hyperlink");
@@ -217,42 +217,44 @@ TEST(DocxMerger, keepsHyperlinksWithTheirMode)
 TEST(DocxMerger, keepsHeadersAndFootersWithAllTheyReach)
 {
     Folder folder;
-    const QByteArray relationships
-        = "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\">"
-          "<Relationship Id=\"rId1\" Type=\"x/image\" Target=\"media/logo.emf\"/>"
-          "<Relationship Id=\"rId2\" Type=\"x/chart\" Target=\"/word/charts/chart1.xml\"/>"
-          "<Relationship Id=\"rId3\" Type=\"x/hyperlink\" Target=\"http://a/\" TargetMode=\"External\"/>"
-          "<Relationship Id=\"rId4\" Type=\"x/image\" Target=\"media/gone.png\"/></Relationships>";
-    const QByteArray chartRelationships
-        = "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\">"
-          "<Relationship Id=\"rId1\" Type=\"x/package\" Target=\"../embeddings/book.xlsx\"/>"
-          "<Relationship Id=\"rId2\" Type=\"x/theme\" Target=\"../theme/theme9.xml\"/>"
-          "<Relationship Id=\"rId3\" Type=\"x/image\" Target=\"../media/logo.emf\"/></Relationships>";
-    const QString later
-        = DocxMaker(paragraph(run("b"))
-                    + "<w:sectPr><w:headerReference w:type=\"default\" r:id=\"rId1\"/>"
-                      "<w:footerReference w:type=\"default\" r:id=\"rId2\"/></w:sectPr>")
-              .relationship("rId1", "header", "header1.xml")
-              .relationship("rId2", "footer", "footer1.xml")
-              .relationship("rId3", "styles", "styles.xml")
-              .entry("word/header1.xml",
-                     headerOf + "<w:p><w:r><wp:docPr id=\"4\"/><a:blip r:embed=\"rId1\"/><c:chart r:id=\"rId2\"/></w:r></w:p></w:hdr>")
-              .entry("word/_rels/header1.xml.rels", relationships)
-              .entry("word/footer1.xml", headerOf + "</w:hdr>")
-              .entry("word/styles.xml", "<s/>")
-              .entry("word/media/logo.emf", "emf")
-              .entry("word/charts/chart1.xml", "<c:chart xmlns:c=\"c\"/>")
-              .entry("word/charts/_rels/chart1.xml.rels", chartRelationships)
-              .entry("word/embeddings/book.xlsx", "book")
-              .entry("word/theme/theme9.xml", "<t/>")
-              .declare("<Default Extension=\"emf\" ContentType=\"image/x-emf\"/>"
-                       "<Default Extension=\"xlsx\" ContentType=\"application/book\"/>")
-              .write(folder / "2.docx");
+    const QByteArray relationships =
+        "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\">"
+        "<Relationship Id=\"rId1\" Type=\"x/image\" Target=\"media/logo.emf\"/>"
+        "<Relationship Id=\"rId2\" Type=\"x/chart\" Target=\"/word/charts/chart1.xml\"/>"
+        "<Relationship Id=\"rId3\" Type=\"x/hyperlink\" Target=\"http://a/\" TargetMode=\"External\"/>"
+        "<Relationship Id=\"rId4\" Type=\"x/image\" Target=\"media/gone.png\"/></Relationships>";
+    const QByteArray chartRelationships =
+        "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\">"
+        "<Relationship Id=\"rId1\" Type=\"x/package\" Target=\"../embeddings/book.xlsx\"/>"
+        "<Relationship Id=\"rId2\" Type=\"x/theme\" Target=\"../theme/theme9.xml\"/>"
+        "<Relationship Id=\"rId3\" Type=\"x/image\" Target=\"../media/logo.emf\"/></Relationships>";
+    const QString later = DocxMaker(paragraph(run("b"))
+                                    + "<w:sectPr><w:headerReference w:type=\"default\" r:id=\"rId1\"/>"
+                                      "<w:footerReference w:type=\"default\" r:id=\"rId2\"/></w:sectPr>")
+                              .relationship("rId1", "header", "header1.xml")
+                              .relationship("rId2", "footer", "footer1.xml")
+                              .relationship("rId3", "styles", "styles.xml")
+                              .entry("word/header1.xml",
+                                     headerOf
+                                         + "<w:p><w:r><wp:docPr id=\"4\"/><a:blip r:embed=\"rId1\"/><c:chart "
+                                           "r:id=\"rId2\"/></w:r></w:p></w:hdr>")
+                              .entry("word/_rels/header1.xml.rels", relationships)
+                              .entry("word/footer1.xml", headerOf + "</w:hdr>")
+                              .entry("word/styles.xml", "<s/>")
+                              .entry("word/media/logo.emf", "emf")
+                              .entry("word/charts/chart1.xml", "<c:chart xmlns:c=\"c\"/>")
+                              .entry("word/charts/_rels/chart1.xml.rels", chartRelationships)
+                              .entry("word/embeddings/book.xlsx", "book")
+                              .entry("word/theme/theme9.xml", "<t/>")
+                              .declare("<Default Extension=\"emf\" ContentType=\"image/x-emf\"/>"
+                                       "<Default Extension=\"xlsx\" ContentType=\"application/book\"/>")
+                              .write(folder / "2.docx");
     ASSERT_TRUE(DocxMerger({passport(folder, "1.docx", "a"), later}).merge(folder / "out.docx", false));
     EXPECT_EQ(findFaults(folder / "out.docx"), QStringList());
 
     const QDomDocument part = mergedDocument(folder / "out.docx");
-    const QString header = relationship(folder / "out.docx", elements(part, "w:headerReference")[0].attribute("r:id"))["Target"];
+    const QString header =
+        relationship(folder / "out.docx", elements(part, "w:headerReference")[0].attribute("r:id"))["Target"];
     EXPECT_EQ(header, "header_merged_1.xml");
     EXPECT_EQ(relationship(folder / "out.docx", elements(part, "w:footerReference")[0].attribute("r:id"))["Target"],
               "footer_merged_6.xml");
@@ -281,12 +283,13 @@ TEST(DocxMerger, declaresAnImageByItsSuffixOrByItsName)
 {
     Folder folder;
     const QByteArray jpeg = imageBytes("JPEG");
-    const QString later = DocxMaker(paragraph(drawing("rId1", 1)) + paragraph(drawing("rId2", 2)) + paragraph(drawing("rId3", 3)))
-                              .image("rId1", "media/a.jpeg", jpeg)
-                              .image("rId2", "media/b.PNG", imageBytes("PNG"))
-                              .image("rId3", "media/c.tmp", imageBytes("PNG"))
-                              .declare("<Default Extension=\"tmp\" ContentType=\"image/png\"/>")
-                              .write(folder / "2.docx");
+    const QString later =
+        DocxMaker(paragraph(drawing("rId1", 1)) + paragraph(drawing("rId2", 2)) + paragraph(drawing("rId3", 3)))
+            .image("rId1", "media/a.jpeg", jpeg)
+            .image("rId2", "media/b.PNG", imageBytes("PNG"))
+            .image("rId3", "media/c.tmp", imageBytes("PNG"))
+            .declare("<Default Extension=\"tmp\" ContentType=\"image/png\"/>")
+            .write(folder / "2.docx");
     ASSERT_TRUE(DocxMerger({passport(folder, "1.docx", "a"), later}).merge(folder / "out.docx", false));
     QDomDocument types;
     ASSERT_TRUE(types.setContent(unpacked(folder / "out.docx")["[Content_Types].xml"]));
@@ -304,14 +307,14 @@ TEST(DocxMerger, declaresAnImageByItsSuffixOrByItsName)
 TEST(DocxMerger, leavesOutWhatRefersToPartsThatAreNotCarriedOver)
 {
     Folder folder;
-    const QString later
-        = DocxMaker("<w:p><w:r><w:drawing><c:chart xmlns:c=\"c\" r:id=\"rId1\"/></w:drawing></w:r>" + run("b")
-                    + "<w:r><w:footnoteReference w:id=\"2\"/></w:r><w:commentRangeStart w:id=\"0\"/></w:p>"
-                      "<w:altChunk r:id=\"rId2\"/>"
-                      "<w:sectPr><w:headerReference r:id=\"rId9\"/></w:sectPr>")
-              .relationship("rId1", "chart", "charts/chart1.xml")
-              .entry("word/charts/chart1.xml", "<c/>")
-              .write(folder / "2.docx");
+    const QString later =
+        DocxMaker("<w:p><w:r><w:drawing><c:chart xmlns:c=\"c\" r:id=\"rId1\"/></w:drawing></w:r>" + run("b")
+                  + "<w:r><w:footnoteReference w:id=\"2\"/></w:r><w:commentRangeStart w:id=\"0\"/></w:p>"
+                    "<w:altChunk r:id=\"rId2\"/>"
+                    "<w:sectPr><w:headerReference r:id=\"rId9\"/></w:sectPr>")
+            .relationship("rId1", "chart", "charts/chart1.xml")
+            .entry("word/charts/chart1.xml", "<c/>")
+            .write(folder / "2.docx");
     ASSERT_TRUE(DocxMerger({passport(folder, "1.docx", "a"), later}).merge(folder / "out.docx", false));
     const QByteArray xml = documentPart(folder / "out.docx");
     for (const char* gone : {"c:chart", "footnoteReference", "commentRangeStart", "altChunk", "headerReference"})
@@ -333,14 +336,16 @@ TEST(DocxMerger, carriesOlderPicturesToo)
 TEST(DocxMerger, bringsTheNamespacesOfLaterFiles)
 {
     Folder folder;
-    const QString first = DocxMaker(paragraph(run("a")))
-                              .rootAttributes("xmlns:mc=\"http://schemas.openxmlformats.org/markup-compatibility/2006\" "
-                                              "xmlns:w14=\"one\" mc:Ignorable=\"w14\"")
-                              .write(folder / "1.docx");
-    const QString later = DocxMaker("<w:p w14:x=\"1\" w15:y=\"2\">" + run("b") + "</w:p>")
-                              .rootAttributes("xmlns:mc=\"http://schemas.openxmlformats.org/markup-compatibility/2006\" "
-                                              "xmlns:w14=\"two\" xmlns:w15=\"three\" mc:Ignorable=\"w14 w15\"")
-                              .write(folder / "2.docx");
+    const QString first =
+        DocxMaker(paragraph(run("a")))
+            .rootAttributes("xmlns:mc=\"http://schemas.openxmlformats.org/markup-compatibility/2006\" "
+                            "xmlns:w14=\"one\" mc:Ignorable=\"w14\"")
+            .write(folder / "1.docx");
+    const QString later =
+        DocxMaker("<w:p w14:x=\"1\" w15:y=\"2\">" + run("b") + "</w:p>")
+            .rootAttributes("xmlns:mc=\"http://schemas.openxmlformats.org/markup-compatibility/2006\" "
+                            "xmlns:w14=\"two\" xmlns:w15=\"three\" mc:Ignorable=\"w14 w15\"")
+            .write(folder / "2.docx");
     ASSERT_TRUE(DocxMerger({first, later}).merge(folder / "out.docx", false));
     EXPECT_EQ(findFaults(folder / "out.docx"), QStringList());
     const QDomDocument part = mergedDocument(folder / "out.docx");
@@ -370,7 +375,8 @@ TEST(DocxMerger, endsAtPartsThatPointAtEachOther)
 {
     Folder folder;
     const auto link = [](const QByteArray& target) {
-        return "<Relationships xmlns=\"r\"><Relationship Id=\"rId1\" Type=\"x/part\" Target=\"" + target + "\"/></Relationships>";
+        return "<Relationships xmlns=\"r\"><Relationship Id=\"rId1\" Type=\"x/part\" Target=\"" + target
+            + "\"/></Relationships>";
     };
     DocxMaker maker(paragraph(run("b")));
     maker.relationship("rId1", "header", "header1.xml").entry("word/header1.xml", headerOf + "</w:hdr>");
@@ -389,12 +395,14 @@ TEST(DocxMerger, endsAtPartsThatPointAtEachOther)
 TEST(DocxMerger, copiesAPartThatARelationshipWithoutATypeNames)
 {
     Folder folder;
-    const QString later = DocxMaker(paragraph(run("b")))
-                              .relationship("rId1", "header", "header1.xml")
-                              .entry("word/header1.xml", headerOf + "</w:hdr>")
-                              .entry("word/_rels/header1.xml.rels", "<Relationships xmlns=\"r\"><Relationship Id=\"rId1\" Target=\"p.xml\"/></Relationships>")
-                              .entry("word/p.xml", "<p/>")
-                              .write(folder / "2.docx");
+    const QString later =
+        DocxMaker(paragraph(run("b")))
+            .relationship("rId1", "header", "header1.xml")
+            .entry("word/header1.xml", headerOf + "</w:hdr>")
+            .entry("word/_rels/header1.xml.rels",
+                   "<Relationships xmlns=\"r\"><Relationship Id=\"rId1\" Target=\"p.xml\"/></Relationships>")
+            .entry("word/p.xml", "<p/>")
+            .write(folder / "2.docx");
     ASSERT_TRUE(DocxMerger({passport(folder, "1.docx", "a"), later}).merge(folder / "out.docx", false));
     EXPECT_TRUE(unpacked(folder / "out.docx").contains("word/part_merged_2.xml"));
 }

@@ -59,8 +59,7 @@ protected:
         convert("pdf", written("before") + written("after") + written("merged"));
         convert("docx", written("after") + written("merged"));
         readings_ = QJsonDocument::fromJson(
-                        runIndependent(QStringList("read") + written("before") + written("after")
-                                       + written("merged")))
+                        runIndependent(QStringList("read") + written("before") + written("after") + written("merged")))
                         .object();
     }
 
@@ -119,24 +118,23 @@ protected:
             EXPECT_TRUE(DocxMerger({path, next}).merge(place("merged/pair-" + names[i]), false));
         }
         EXPECT_TRUE(DocxMerger(all).merge(place("merged/all.docx"), false));
-        EXPECT_TRUE(DocxMerger({place("merged/all.docx"), place("merged/all.docx")})
-                        .merge(place("merged/twice.docx"), false));
+        EXPECT_TRUE(
+            DocxMerger({place("merged/all.docx"), place("merged/all.docx")}).merge(place("merged/twice.docx"), false));
     }
 
     /// A report as ours are: texts, a table with a merged head that grows, a
     /// photograph in PNG and one in JPEG, merged with itself.
     static void writeReport()
     {
-        const QByteArray head = row({cell("No", "<w:vMerge w:val=\"restart\"/>"),
-                                     cell("Depth", "<w:gridSpan w:val=\"2\"/>")});
+        const QByteArray head =
+            row({cell("No", "<w:vMerge w:val=\"restart\"/>"), cell("Depth", "<w:gridSpan w:val=\"2\"/>")});
         const QByteArray under = row({cell("", "<w:vMerge/>"), cell("from"), cell("to")});
-        const QString source
-            = DocxMaker(paragraph(textControl("name", "placeholder"))
-                        + paragraph(pictureControl("photo", "rId5"))
-                        + ::table(3, {head, under, row({cell("a"), cell("b"), cell("c")})}) + "<w:p/><w:sectPr/>")
-                  .image("rId5", "media/a.jpeg", imageBytes("JPEG"))
-                  .declare("<Default Extension=\"jpeg\" ContentType=\"image/jpeg\"/>")
-                  .write(*folder_ / "source.docx");
+        const QString source =
+            DocxMaker(paragraph(textControl("name", "placeholder")) + paragraph(pictureControl("photo", "rId5"))
+                      + ::table(3, {head, under, row({cell("a"), cell("b"), cell("c")})}) + "<w:p/><w:sectPr/>")
+                .image("rId5", "media/a.jpeg", imageBytes("JPEG"))
+                .declare("<Default Extension=\"jpeg\" ContentType=\"image/jpeg\"/>")
+                .write(*folder_ / "source.docx");
         writeFile(*folder_ / "photo.jpg", imageBytes("JPEG", 0xffff0000, 64));
         DocxTemplate docx;
         ASSERT_TRUE(docx.open(source));
@@ -164,8 +162,9 @@ protected:
     static void fillOfficeTemplate()
     {
         const QString path = *folder_ / "made.docx";
-        tagSupport_ = run("python3", {TERVA_SOURCE_DIR "/tests/reports/docx/office_template.py",
-                                      program("soffice"), *folder_ / "", path});
+        tagSupport_ =
+            run("python3",
+                {TERVA_SOURCE_DIR "/tests/reports/docx/office_template.py", program("soffice"), *folder_ / "", path});
         DocxTemplate docx;
         ASSERT_TRUE(docx.open(path));
         EXPECT_EQ(docx.tags(), QStringList({"list", "project"}));
@@ -195,10 +194,10 @@ protected:
             ASSERT_TRUE(QFile::copy(path, copy));
             copies.append(copy);
         }
-        run("soffice", QStringList{"-env:UserInstallation=file://" + place("profile"), "--headless",
-                                   "--convert-to", format, "--outdir",
-                                   place(format == "pdf" ? "pdf" : "back")}
-                           + copies);
+        run("soffice",
+            QStringList{"-env:UserInstallation=file://" + place("profile"), "--headless", "--convert-to", format,
+                        "--outdir", place(format == "pdf" ? "pdf" : "back")}
+                + copies);
     }
 
     static QString pdf(const QString& from, const QString& name)
@@ -213,10 +212,7 @@ protected:
         return QString::fromUtf8(run("pdftotext", {"-layout", "-enc", "UTF-8", path, "-"}));
     }
 
-    static int pages(const QString& from, const QString& name)
-    {
-        return pdfText(from, name).count(QChar('\f'));
-    }
+    static int pages(const QString& from, const QString& name) { return pdfText(from, name).count(QChar('\f')); }
 
     static QJsonObject reading(const QString& from, const QString& name)
     {
@@ -232,10 +228,7 @@ Folder* OfficePrograms::folder_ = nullptr;
 QByteArray OfficePrograms::tagSupport_;
 QJsonObject OfficePrograms::readings_;
 
-QString merged(const QString& name)
-{
-    return "pair-" + name;
-}
+QString merged(const QString& name) { return "pair-" + name; }
 
 } // namespace
 

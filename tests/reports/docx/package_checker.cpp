@@ -8,12 +8,11 @@
 
 namespace {
 
-const char* const referenceNamespace
-    = "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
+const char* const referenceNamespace = "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
 
 class Checker {
 public:
-    explicit Checker(const QString& path) : entries_(unpacked(path)) {}
+    explicit Checker(const QString& path) : entries_(unpacked(path)) { }
 
     QStringList run()
     {
@@ -120,8 +119,7 @@ private:
             fault("relationships of nothing: " + part);
         QXmlStreamReader reader(bytes);
         while (!reader.atEnd()) {
-            if (reader.readNext() != QXmlStreamReader::StartElement
-                || reader.name() != "Relationship")
+            if (reader.readNext() != QXmlStreamReader::StartElement || reader.name() != "Relationship")
                 continue;
             const auto attributes = reader.attributes();
             const QString id = attributes.value("Id").toString();
@@ -168,8 +166,7 @@ private:
             fault(part + ": bad drawing id " + id);
     }
 
-    void checkReference(const QString& part, const QString& element,
-                        const QXmlStreamAttribute& attribute)
+    void checkReference(const QString& part, const QString& element, const QXmlStreamAttribute& attribute)
     {
         const QString id = attribute.value().toString();
         if (id.isEmpty())
@@ -177,11 +174,9 @@ private:
         const auto known = relationships_.value(part);
         if (!known.contains(id))
             fault(part + ": " + element + " refers to nothing: " + id);
-        else if (attribute.name() == "embed" && element == "blip"
-                 && !known.value(id).type.endsWith("/image"))
+        else if (attribute.name() == "embed" && element == "blip" && !known.value(id).type.endsWith("/image"))
             fault(part + ": a picture refers to " + known.value(id).type);
-        else if (element.endsWith("erReference")
-                 && !known.value(id).type.endsWith("/" + element.left(6)))
+        else if (element.endsWith("erReference") && !known.value(id).type.endsWith("/" + element.left(6)))
             fault(part + ": " + element + " refers to " + known.value(id).type);
     }
 
@@ -195,10 +190,7 @@ private:
 
 } // namespace
 
-QStringList findFaults(const QString& path)
-{
-    return Checker(path).run();
-}
+QStringList findFaults(const QString& path) { return Checker(path).run(); }
 
 QStringList newFaults(const QString& written, const QString& source)
 {

@@ -18,7 +18,4 @@ QStringList soundDocuments()
     return names;
 }
 
-QString documentPath(const QString& name)
-{
-    return TERVA_SOURCE_DIR "/tests/data/docx/" + name;
-}
+QString documentPath(const QString& name) { return TERVA_SOURCE_DIR "/tests/data/docx/" + name; }

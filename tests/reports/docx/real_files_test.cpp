@@ -12,8 +12,8 @@
 
 namespace {
 
-class SoundDocument : public testing::TestWithParam<QString> {};
-class UnsoundDocument : public testing::TestWithParam<QString> {};
+class SoundDocument : public testing::TestWithParam<QString> { };
+class UnsoundDocument : public testing::TestWithParam<QString> { };
 
 /// A part as a list of what means something in it: elements with their sorted
 /// attributes, texts but for blanks between elements.
@@ -34,8 +34,7 @@ QStringList meaningOf(const QByteArray& xml)
         } else if (token == QXmlStreamReader::EndElement) {
             tokens += "/" + reader.qualifiedName();
             parent.clear();
-        } else if (token == QXmlStreamReader::Characters
-                   && (!reader.text().trimmed().isEmpty() || parent == "w:t")) {
+        } else if (token == QXmlStreamReader::Characters && (!reader.text().trimmed().isEmpty() || parent == "w:t")) {
             tokens += reader.text().toString();
         }
     }
@@ -51,10 +50,7 @@ std::string nameOf(const testing::TestParamInfo<QString>& info)
 
 } // namespace
 
-TEST(RealDocuments, areThere)
-{
-    EXPECT_EQ(soundDocuments().size(), 28);
-}
+TEST(RealDocuments, areThere) { EXPECT_EQ(soundDocuments().size(), 28); }
 
 TEST_P(UnsoundDocument, isRefused)
 {

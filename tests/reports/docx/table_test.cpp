@@ -84,8 +84,8 @@ TEST_F(TableTest, givesNoRowByIndex)
 
 TEST_F(TableTest, findsCellsInsideControlsButNotThoseOfNestedTables)
 {
-    const QByteArray wrapped = "<w:sdt><w:sdtPr/><w:sdtContent>" + row({cell("b"), cell("c")})
-                               + "</w:sdtContent></w:sdt>";
+    const QByteArray wrapped =
+        "<w:sdt><w:sdtPr/><w:sdtContent>" + row({cell("b"), cell("c")}) + "</w:sdtContent></w:sdt>";
     const QByteArray nested = "<w:tc>" + ::table(1, {row({cell("deep")})}) + paragraph("") + "</w:tc>";
     const QByteArray wrappedCell = "<w:sdt><w:sdtPr/><w:sdtContent>" + cell("d") + "</w:sdtContent></w:sdt>";
     DocxTable table = open(::table(2, {row({nested, cell("a")}), wrapped, row({wrappedCell, cell("e")})}));
@@ -119,9 +119,9 @@ TEST_F(TableTest, countsASpanWithoutAValueAsNothing)
 
 TEST_F(TableTest, followsVerticalMergesToTheirStart)
 {
-    DocxTable table = open(::table(2, {row({cell("a", mergeStart), cell("b")}),
-                                       row({cell("", mergeNext), cell("c")}),
-                                       row({cell("", mergeNext), cell("d")})}));
+    DocxTable table = open(::table(2,
+                                   {row({cell("a", mergeStart), cell("b")}), row({cell("", mergeNext), cell("c")}),
+                                    row({cell("", mergeNext), cell("d")})}));
     EXPECT_EQ(textOf(table.cellAt(2, 0)), "a");
     EXPECT_TRUE(table.setCellText(2, 0, "new"));
     EXPECT_EQ(texts(table), "new|b/|c/|d");
@@ -129,16 +129,17 @@ TEST_F(TableTest, followsVerticalMergesToTheirStart)
 
 TEST_F(TableTest, takesTheSameCellIndexAboveAVerticalMerge)
 {
-    DocxTable table = open(::table(3, {row({cell("wide", "<w:gridSpan w:val=\"2\"/>"), cell("x", mergeStart)}),
-                                       row({cell("p"), cell("", mergeNext), cell("q")})}));
+    DocxTable table = open(::table(3,
+                                   {row({cell("wide", "<w:gridSpan w:val=\"2\"/>"), cell("x", mergeStart)}),
+                                    row({cell("p"), cell("", mergeNext), cell("q")})}));
     EXPECT_EQ(textOf(table.cellAt(1, 1)), "x") << "cell 1 above, though it stands in grid column 2";
 }
 
 TEST_F(TableTest, countsAMergeThatSaysContinueAsOutside)
 {
-    DocxTable table = open(::table(1, {row({cell("a", mergeStart)}),
-                                       row({cell("b", "<w:vMerge w:val=\"continue\"/>")}),
-                                       row({cell("c", mergeNext)})}));
+    DocxTable table = open(::table(1,
+                                   {row({cell("a", mergeStart)}), row({cell("b", "<w:vMerge w:val=\"continue\"/>")}),
+                                    row({cell("c", mergeNext)})}));
     EXPECT_TRUE(table.cellAt(1, 0).isNull());
     EXPECT_TRUE(table.cellAt(2, 0).isNull());
     EXPECT_FALSE(table.setCellText(1, 0, "lost"));
@@ -147,8 +148,8 @@ TEST_F(TableTest, countsAMergeThatSaysContinueAsOutside)
 
 TEST_F(TableTest, givesNoCellForAMergeThatNeverStarts)
 {
-    DocxTable table = open(::table(2, {row({cell("only")}), row({cell("p"), cell("q", mergeNext)}),
-                                       row({cell("r", mergeNext), cell("s")})}));
+    DocxTable table = open(::table(
+        2, {row({cell("only")}), row({cell("p"), cell("q", mergeNext)}), row({cell("r", mergeNext), cell("s")})}));
     EXPECT_TRUE(table.cellAt(1, 1).isNull());
     EXPECT_EQ(textOf(table.cellAt(2, 0)), "p");
     DocxTable first = open(::table(1, {row({cell("a", mergeNext)})}));
@@ -177,9 +178,8 @@ TEST_F(TableTest, appendsACopyOfTheLastRow)
 
 TEST_F(TableTest, appendsACopyOfARowInsideAControlToTheTable)
 {
-    DocxTable table = open(::table(1, {row({cell("a")}), "<w:sdt><w:sdtPr/><w:sdtContent>"
-                                                             + row({cell("b")})
-                                                             + "</w:sdtContent></w:sdt>"}));
+    DocxTable table = open(::table(
+        1, {row({cell("a")}), "<w:sdt><w:sdtPr/><w:sdtContent>" + row({cell("b")}) + "</w:sdtContent></w:sdt>"}));
     EXPECT_EQ(table.appendRow().parentNode(), table.element());
     EXPECT_EQ(texts(table), "a/b/b");
 }
@@ -205,8 +205,8 @@ TEST_F(TableTest, appendsAColumn)
 
 TEST_F(TableTest, insertsAColumnBehindTheGivenOne)
 {
-    DocxTable table = open(::table(4, {row({cell("a"), cell("wide", span3)}),
-                                       row({cell("b"), cell("c"), cell("d"), cell("e")})}));
+    DocxTable table =
+        open(::table(4, {row({cell("a"), cell("wide", span3)}), row({cell("b"), cell("c"), cell("d"), cell("e")})}));
     table.insertColumn(1);
     EXPECT_EQ(table.columnCount(), 5);
     EXPECT_EQ(elements(table.element(), "w:gridCol")[2].attribute("w:w"), "2001");
@@ -216,8 +216,7 @@ TEST_F(TableTest, insertsAColumnBehindTheGivenOne)
 
 TEST_F(TableTest, endsAnInsertionAtARowWithoutTheColumn)
 {
-    DocxTable table = open(::table(2, {row({cell("a"), cell("b")}), row({cell("c")}),
-                                       row({cell("d"), cell("e")})}));
+    DocxTable table = open(::table(2, {row({cell("a"), cell("b")}), row({cell("c")}), row({cell("d"), cell("e")})}));
     table.insertColumn(1);
     EXPECT_EQ(texts(table), "a|b|b/c/d|e");
     table.insertColumn(7);
@@ -254,8 +253,8 @@ TEST_F(TableTest, mergesCellsWithoutPropertiesAndWithSpans)
 
 TEST_F(TableTest, setsTheFirstTextOfACellAndKeepsItsFormat)
 {
-    const QByteArray formatted = "<w:tc><w:p><w:pPr/><w:r><w:rPr><w:b/></w:rPr><w:t>old</w:t></w:r>"
-                                 + run("rest") + "</w:p></w:tc>";
+    const QByteArray formatted =
+        "<w:tc><w:p><w:pPr/><w:r><w:rPr><w:b/></w:rPr><w:t>old</w:t></w:r>" + run("rest") + "</w:p></w:tc>";
     DocxTable table = open(::table(1, {row({formatted})}));
     EXPECT_TRUE(table.setCellText(table.cellAt(0, 0), " new"));
     EXPECT_EQ(texts(table), " newrest");
@@ -265,9 +264,10 @@ TEST_F(TableTest, setsTheFirstTextOfACellAndKeepsItsFormat)
 
 TEST_F(TableTest, makesWhatACellLacksForAText)
 {
-    DocxTable table = open(::table(4, {row({"<w:tc/>", "<w:tc><w:p/></w:tc>",
-                                            "<w:tc><w:p><w:r><w:rPr/></w:r></w:p></w:tc>",
-                                            "<w:tc><w:p><w:r><w:t/></w:r></w:p></w:tc>"})}));
+    DocxTable table =
+        open(::table(4,
+                     {row({"<w:tc/>", "<w:tc><w:p/></w:tc>", "<w:tc><w:p><w:r><w:rPr/></w:r></w:p></w:tc>",
+                           "<w:tc><w:p><w:r><w:t/></w:r></w:p></w:tc>"})}));
     for (int column = 0; column < 4; ++column)
         EXPECT_TRUE(table.setCellText(0, column, QString::number(column)));
     EXPECT_EQ(texts(table), "0|1|2|3");
@@ -288,9 +288,10 @@ TEST_F(TableTest, setsTextsByCellIndexWithoutSpans)
 
 TEST_F(TableTest, clearsACellToOneEmptyRunPerParagraph)
 {
-    DocxTable table = open(::table(2, {row({"<w:tc><w:p><w:pPr/>" + run("a") + run("b") + "</w:p><w:p>"
-                                                + textControl("t", "c") + "</w:p></w:tc>",
-                                            "<w:tc/>"})}));
+    DocxTable table = open(::table(
+        2,
+        {row({"<w:tc><w:p><w:pPr/>" + run("a") + run("b") + "</w:p><w:p>" + textControl("t", "c") + "</w:p></w:tc>",
+              "<w:tc/>"})}));
     EXPECT_TRUE(table.clearCell(table.cellAt(0, 0)));
     EXPECT_TRUE(table.clearCell(rowOf(table, 0), 1));
     EXPECT_EQ(texts(table), "|");
@@ -330,8 +331,7 @@ TEST_F(TableTest, alignsTheFirstCellOfARow)
 
 TEST_F(TableTest, setsParagraphPropertiesInTheOrderOfTheFormat)
 {
-    const QByteArray full = "<w:tc><w:p><w:pPr><w:pStyle/><w:spacing/><w:rPr/></w:pPr>" + run("a")
-                            + "</w:p></w:tc>";
+    const QByteArray full = "<w:tc><w:p><w:pPr><w:pStyle/><w:spacing/><w:rPr/></w:pPr>" + run("a") + "</w:p></w:tc>";
     const QByteArray drawn = "<w:tc><w:p>" + drawing("", 3) + "</w:p></w:tc>";
     DocxTable table = open(::table(3, {row({full, drawn, "<w:tc/>"})}));
     EXPECT_TRUE(table.setParagraphProperty(0, 0, "w:jc", "w:val", "both"));
@@ -349,10 +349,10 @@ TEST_F(TableTest, setsParagraphPropertiesInTheOrderOfTheFormat)
 
 TEST_F(TableTest, shadesCells)
 {
-    DocxTable table = open(::table(3, {row({cell("a", "<w:vAlign w:val=\"top\"/>"), "<w:tc><w:p/></w:tc>", cell("c")})}));
+    DocxTable table =
+        open(::table(3, {row({cell("a", "<w:vAlign w:val=\"top\"/>"), "<w:tc><w:p/></w:tc>", cell("c")})}));
     EXPECT_TRUE(table.setCellShading(table.cellAt(0, 0), "ABCDEF"));
-    EXPECT_EQ(childNames(elements(table.element(), "w:tcPr")[0]),
-              QStringList({"w:tcW", "w:shd", "w:vAlign"}));
+    EXPECT_EQ(childNames(elements(table.element(), "w:tcPr")[0]), QStringList({"w:tcW", "w:shd", "w:vAlign"}));
     EXPECT_TRUE(table.setCellColor(0, 1, 0, 10, 255));
     EXPECT_EQ(childNames(table.cellAt(0, 1)), QStringList({"w:tcPr", "w:p"}));
     EXPECT_TRUE(table.setCellColor(rowOf(table, 0), 2, 171, 205, 3));
@@ -368,14 +368,13 @@ TEST_F(TableTest, shadesCells)
 
 TEST_F(TableTest, putsAPictureInThePlaceOfTextsAndPictures)
 {
-    DocxTable table = open(::table(1, {row({"<w:tc><w:p><w:r><w:rPr/><w:t>a</w:t><w:t>b</w:t><w:tab/></w:r>"
-                                            + run("rest") + "</w:p></w:tc>"})}));
+    DocxTable table = open(::table(
+        1, {row({"<w:tc><w:p><w:r><w:rPr/><w:t>a</w:t><w:t>b</w:t><w:tab/></w:r>" + run("rest") + "</w:p></w:tc>"})}));
     const QString id = docx_.addImage(QPixmap(4, 4));
     ASSERT_EQ(table.setCellImage(table.cellAt(0, 0), id, QSize(100, 37)), 1);
     ASSERT_EQ(table.setCellImage(table.cellAt(0, 0), id, QSize(100, 37)), 1) << "again, in place";
     EXPECT_EQ(textOf(table.element()), "rest");
-    EXPECT_EQ(childNames(elements(table.element(), "w:r")[0]),
-              QStringList({"w:rPr", "w:tab", "w:drawing"}));
+    EXPECT_EQ(childNames(elements(table.element(), "w:r")[0]), QStringList({"w:rPr", "w:tab", "w:drawing"}));
     const QDomElement inlined = elements(table.element(), "wp:inline")[0];
     for (const char* name : {"distT", "distB", "distL", "distR"})
         EXPECT_EQ(inlined.attribute(name), "0");
@@ -385,8 +384,7 @@ TEST_F(TableTest, putsAPictureInThePlaceOfTextsAndPictures)
     EXPECT_EQ(elements(inlined, "wp:docPr")[0].attribute("name"), "Picture");
     EXPECT_EQ(elements(inlined, "a:graphicData")[0].attribute("uri"),
               "http://schemas.openxmlformats.org/drawingml/2006/picture");
-    EXPECT_EQ(childNames(elements(inlined, "pic:pic")[0]),
-              QStringList({"pic:nvPicPr", "pic:blipFill", "pic:spPr"}));
+    EXPECT_EQ(childNames(elements(inlined, "pic:pic")[0]), QStringList({"pic:nvPicPr", "pic:blipFill", "pic:spPr"}));
     EXPECT_EQ(elements(inlined, "a:blip")[0].attribute("r:embed"), id);
     EXPECT_EQ(elements(inlined, "a:ext")[0].attribute("cy"), "352425");
     EXPECT_EQ(elements(inlined, "a:prstGeom")[0].attribute("prst"), "rect");
@@ -448,8 +446,10 @@ TEST_F(TableTest, countsDrawingsThroughTheProcessPastThoseOfOpenTemplates)
 
 TEST_F(TableTest, isFilledByThePatternOfTheReports)
 {
-    DocxTable table = open(::table(2, {row({"<w:tc>" + paragraph(textControl("list", "marker") + run("No")) + "</w:tc>", cell("Name")}),
-                                       row({cell("0"), cell("sample")})}));
+    DocxTable table =
+        open(::table(2,
+                     {row({"<w:tc>" + paragraph(textControl("list", "marker") + run("No")) + "</w:tc>", cell("Name")}),
+                      row({cell("0"), cell("sample")})}));
     ASSERT_TRUE(table.containsTag("list"));
     for (int i = 1; i <= 3; ++i) {
         const QDomElement added = i == 1 ? rowOf(table, 1) : table.appendRow();

@@ -56,16 +56,14 @@ TEST(DocxTemplateFill, keepsATextUntilItIsApplied)
 
 TEST(DocxTemplateFill, appliesAtSaveWhatWasSetAndNothingElse)
 {
-    const QByteArray body = paragraph(textControl("set", "a")
-                                      + control("several", "<w:text/>", run("b") + run("c")));
+    const QByteArray body = paragraph(textControl("set", "a") + control("several", "<w:text/>", run("b") + run("c")));
     EXPECT_EQ(textOf(filled(body, "set", "X").documentElement()), "Xbc")
         << "a control of several runs that was not set is not doubled";
 }
 
 TEST(DocxTemplateFill, replacesTheFirstTextOfSeveralRuns)
 {
-    const QDomDocument part
-        = filled(paragraph(control("t", "<w:text/>", run("one ") + run("two"))), "t", "X");
+    const QDomDocument part = filled(paragraph(control("t", "<w:text/>", run("one ") + run("two"))), "t", "X");
     EXPECT_EQ(textOf(part.documentElement()), "Xtwo");
 }
 
@@ -73,10 +71,9 @@ TEST(DocxTemplateFill, leavesAControlWithoutATextToReplace)
 {
     Folder folder;
     DocxTemplate docx;
-    ASSERT_TRUE(docx.open(
-        DocxMaker(paragraph(control("none", "<w:text/><w:showingPlcHdr/>", "<w:r/>")
-                            + control("empty", "<w:text/>", "<w:r><w:t></w:t></w:r>")))
-            .write(folder / "a.docx")));
+    ASSERT_TRUE(docx.open(DocxMaker(paragraph(control("none", "<w:text/><w:showingPlcHdr/>", "<w:r/>")
+                                              + control("empty", "<w:text/>", "<w:r><w:t></w:t></w:r>")))
+                              .write(folder / "a.docx")));
     for (const char* tag : {"none", "empty"}) {
         EXPECT_TRUE(docx.setTag(tag, "x"));
         EXPECT_FALSE(docx.applyText(tag)) << tag;
@@ -87,23 +84,19 @@ TEST(DocxTemplateFill, leavesAControlWithoutATextToReplace)
 
 TEST(DocxTemplateFill, appliesToControlsOfEveryTypeButNotToUnknownOnes)
 {
-    const QByteArray body
-        = paragraph(control("list", "<w:dropDownList/>", run("choose")) + run("rest"));
+    const QByteArray body = paragraph(control("list", "<w:dropDownList/>", run("choose")) + run("rest"));
     EXPECT_EQ(textOf(filled(body, "list", "chosen").documentElement()), "chosenrest");
 }
 
-TEST(DocxTemplateFill, blanksAControlByAnEmptyText)
-{
-    EXPECT_EQ(filledText(""), "");
-}
+TEST(DocxTemplateFill, blanksAControlByAnEmptyText) { EXPECT_EQ(filledText(""), ""); }
 
 TEST(DocxTemplateFill, fillsNestedControlsInTheOrderOfTheirTags)
 {
     Folder folder;
     for (const QByteArray inner : {"a", "z"}) {
         DocxTemplate docx;
-        ASSERT_TRUE(docx.open(DocxMaker(paragraph(control("m", "<w:richText/>", textControl(inner, "old"))))
-                                  .write(folder / "a.docx")));
+        ASSERT_TRUE(docx.open(
+            DocxMaker(paragraph(control("m", "<w:richText/>", textControl(inner, "old")))).write(folder / "a.docx")));
         ASSERT_TRUE(docx.setTag("m", "outer"));
         ASSERT_TRUE(docx.setTag(inner, "inner"));
         ASSERT_TRUE(docx.save(folder / "b.docx"));
@@ -113,9 +106,8 @@ TEST(DocxTemplateFill, fillsNestedControlsInTheOrderOfTheirTags)
 
 TEST(DocxTemplateFill, takesThePlaceholderFlagFromAFilledControl)
 {
-    const QByteArray body
-        = paragraph(control("set", "<w:showingPlcHdr/><w:text/>", run("Click here"))
-                    + control("other", "<w:showingPlcHdr/><w:text/>", run("Click there")));
+    const QByteArray body = paragraph(control("set", "<w:showingPlcHdr/><w:text/>", run("Click here"))
+                                      + control("other", "<w:showingPlcHdr/><w:text/>", run("Click there")));
     const QDomDocument part = filled(body, "set", "X");
     const auto controls = elements(part, "w:sdt");
     ASSERT_EQ(controls.size(), 2);
@@ -139,13 +131,9 @@ TEST(DocxTemplateFill, keepsBlanksAtTheEndsOfAValue)
 
 TEST(DocxTemplateFill, dropsCharactersThatXmlCannotHold)
 {
-    EXPECT_EQ(filledText(QString("a") + QChar(0) + QChar(1) + QChar(0x1f) + QChar(0xfffe)
-                         + QChar(0xffff) + "b"),
-              "ab");
-    EXPECT_EQ(filledText(QString("a") + QChar(0xd83d) + "b" + QChar(0xde00)), "ab")
-        << "halves of a pair";
-    EXPECT_EQ(filledText(QString::fromUtf8("a\xf0\x9f\x98\x80\tb\nc")),
-              QString::fromUtf8("a\xf0\x9f\x98\x80\tb\nc"));
+    EXPECT_EQ(filledText(QString("a") + QChar(0) + QChar(1) + QChar(0x1f) + QChar(0xfffe) + QChar(0xffff) + "b"), "ab");
+    EXPECT_EQ(filledText(QString("a") + QChar(0xd83d) + "b" + QChar(0xde00)), "ab") << "halves of a pair";
+    EXPECT_EQ(filledText(QString::fromUtf8("a\xf0\x9f\x98\x80\tb\nc")), QString::fromUtf8("a\xf0\x9f\x98\x80\tb\nc"));
 }
 
 TEST(DocxTemplateFill, escapesMarkupInValues)

@@ -11,12 +11,12 @@ TEST(DocxTemplateOpen, readsTypesAliasesAndValuesOfControls)
 {
     Folder folder;
     DocxTemplate docx;
-    ASSERT_TRUE(docx.open(DocxMaker(paragraph(control("t", "<w:text/>", run("one ") + run("two"))
-                                              + pictureControl("p", "rId5")
-                                              + control("o", "<w:dropDownList/>", run("x"))
-                                              + control("e", "<w:picture/>", run("no blip"))))
-                              .image("rId5", "media/a.png", imageBytes("PNG"))
-                              .write(folder / "a.docx")));
+    ASSERT_TRUE(
+        docx.open(DocxMaker(paragraph(control("t", "<w:text/>", run("one ") + run("two")) + pictureControl("p", "rId5")
+                                      + control("o", "<w:dropDownList/>", run("x"))
+                                      + control("e", "<w:picture/>", run("no blip"))))
+                      .image("rId5", "media/a.png", imageBytes("PNG"))
+                      .write(folder / "a.docx")));
     EXPECT_TRUE(docx.isValid());
     EXPECT_EQ(docx.tags(), QStringList({"e", "o", "p", "t"}));
     EXPECT_EQ(docx.tagTypes["p"], 1);
@@ -36,11 +36,10 @@ TEST(DocxTemplateOpen, takesNestedControlsEachForItself)
     Folder folder;
     DocxTemplate docx;
     const QByteArray inner = textControl("inner", "text");
-    ASSERT_TRUE(docx.open(DocxMaker(paragraph(control("outer", "<w:richText/>", inner)
-                                              + "<w:sdt><w:sdtPr/><w:sdtContent>"
-                                              + textControl("deep", "d")
-                                              + "</w:sdtContent></w:sdt>"))
-                              .write(folder / "a.docx")));
+    ASSERT_TRUE(
+        docx.open(DocxMaker(paragraph(control("outer", "<w:richText/>", inner) + "<w:sdt><w:sdtPr/><w:sdtContent>"
+                                      + textControl("deep", "d") + "</w:sdtContent></w:sdt>"))
+                      .write(folder / "a.docx")));
     EXPECT_EQ(docx.tags(), QStringList({"", "deep", "inner", "outer"}));
     EXPECT_EQ(docx.tagTypes[""], 3) << "an untagged control does not borrow the tag of one inside it";
     EXPECT_EQ(docx.tagTypes["outer"], 3);
@@ -51,8 +50,8 @@ TEST(DocxTemplateOpen, keepsTheLastOfTwoControlsWithOneTag)
 {
     Folder folder;
     DocxTemplate docx;
-    ASSERT_TRUE(docx.open(DocxMaker(paragraph(textControl("t", "first") + textControl("t", "last")))
-                              .write(folder / "a.docx")));
+    ASSERT_TRUE(
+        docx.open(DocxMaker(paragraph(textControl("t", "first") + textControl("t", "last"))).write(folder / "a.docx")));
     EXPECT_EQ(docx.tagValues["t"], "last");
     ASSERT_TRUE(docx.setTag("t", "new"));
     ASSERT_TRUE(docx.save(folder / "b.docx"));
@@ -66,8 +65,8 @@ TEST(DocxTemplateOpen, storesControlsWithoutATagUnderTheEmptyTag)
     Folder folder;
     DocxTemplate docx;
     const QByteArray untagged = "<w:sdt><w:sdtPr><w:text/></w:sdtPr><w:sdtContent>";
-    ASSERT_TRUE(docx.open(DocxMaker(paragraph(untagged + run("a") + "</w:sdtContent></w:sdt>"
-                                              + untagged + run("b") + "</w:sdtContent></w:sdt>"))
+    ASSERT_TRUE(docx.open(DocxMaker(paragraph(untagged + run("a") + "</w:sdtContent></w:sdt>" + untagged + run("b")
+                                              + "</w:sdtContent></w:sdt>"))
                               .write(folder / "a.docx")));
     EXPECT_EQ(docx.tags(), QStringList(""));
     EXPECT_EQ(docx.tagValues[""], "b");

@@ -44,12 +44,10 @@ TEST(DocxTemplateSave, givesReplacedPicturesNamesOfTheirTags)
     EXPECT_TRUE(entries.contains("word/media/tag_image_a_0.png"));
     EXPECT_TRUE(entries.contains("word/media/tag_image_b_1.png")) << "one counter for the save";
     EXPECT_TRUE(entries.contains("word/media/old.png")) << "media without relationships stay";
-    EXPECT_EQ(QImage::fromData(entries["word/media/tag_image_a_0.png"], "PNG").pixel(0, 0),
-              0xffff0000);
+    EXPECT_EQ(QImage::fromData(entries["word/media/tag_image_a_0.png"], "PNG").pixel(0, 0), 0xffff0000);
     const auto added = relationship(folder / "b.docx", "rId_tag_a_0");
     EXPECT_EQ(added["Target"], "media/tag_image_a_0.png");
-    EXPECT_EQ(added["Type"],
-              "http://schemas.openxmlformats.org/officeDocument/2006/relationships/image");
+    EXPECT_EQ(added["Type"], "http://schemas.openxmlformats.org/officeDocument/2006/relationships/image");
     DocxTemplate again;
     ASSERT_TRUE(again.open(folder / "b.docx"));
     EXPECT_EQ(again.tagValues["a"], "rId_tag_a_0");
@@ -121,10 +119,9 @@ TEST(DocxTemplateSave, takesThePlaceholderFlagFromAFilledPicture)
 {
     Folder folder;
     DocxTemplate docx;
-    ASSERT_TRUE(docx.open(
-        DocxMaker(paragraph(control("p", "<w:showingPlcHdr/><w:picture/>", drawing("rId5", 1))))
-            .image("rId5", "media/a.png", imageBytes("PNG"))
-            .write(folder / "a.docx")));
+    ASSERT_TRUE(docx.open(DocxMaker(paragraph(control("p", "<w:showingPlcHdr/><w:picture/>", drawing("rId5", 1))))
+                              .image("rId5", "media/a.png", imageBytes("PNG"))
+                              .write(folder / "a.docx")));
     ASSERT_TRUE(docx.setTag("p", redPicture(folder)));
     ASSERT_TRUE(docx.save(folder / "b.docx"));
     EXPECT_FALSE(documentPart(folder / "b.docx").contains("showingPlcHdr"));
@@ -134,8 +131,7 @@ TEST(DocxTemplateSave, writesAPictureOfAControlWithoutABlipAndSaysSo)
 {
     Folder folder;
     DocxTemplate docx;
-    ASSERT_TRUE(docx.open(DocxMaker(paragraph(control("p", "<w:picture/>", run("x"))))
-                              .write(folder / "a.docx")));
+    ASSERT_TRUE(docx.open(DocxMaker(paragraph(control("p", "<w:picture/>", run("x")))).write(folder / "a.docx")));
     ASSERT_TRUE(docx.setTag("p", redPicture(folder)));
     const MessageCount log;
     ASSERT_TRUE(docx.save(folder / "b.docx"));
@@ -202,8 +198,7 @@ TEST(DocxTemplateSave, declaresTheThreeFormatsWithNewPicturesOnly)
     const QByteArray upper = "<Default Extension=\"JPG\" ContentType=\"image/jpeg\"/>";
     ASSERT_TRUE(docx.open(DocxMaker().declare(pngType + upper).write(folder / "a.docx")));
     ASSERT_TRUE(docx.save(folder / "b.docx"));
-    EXPECT_EQ(unpacked(folder / "b.docx")["[Content_Types].xml"],
-              unpacked(folder / "a.docx")["[Content_Types].xml"]);
+    EXPECT_EQ(unpacked(folder / "b.docx")["[Content_Types].xml"], unpacked(folder / "a.docx")["[Content_Types].xml"]);
     docx.addImage(QPixmap(4, 4));
     ASSERT_TRUE(docx.save(folder / "c.docx"));
     const QByteArray types = unpacked(folder / "c.docx")["[Content_Types].xml"];
@@ -256,8 +251,7 @@ TEST(DocxTemplateSave, keepsWhiteSpaceBetweenAndInRuns)
 TEST(DocxTemplateSave, keepsTheDeclarationAndOddMarkup)
 {
     Folder folder;
-    const QByteArray body
-        = "<w:p><!-- note --><w:r><w:t><![CDATA[a<b]]></w:t></w:r><?pi data?></w:p>";
+    const QByteArray body = "<w:p><!-- note --><w:r><w:t><![CDATA[a<b]]></w:t></w:r><?pi data?></w:p>";
     DocxTemplate docx;
     ASSERT_TRUE(docx.open(DocxMaker(body).rootAttributes("w:a=\"x&#10;y&quot;&lt;\"").write(folder / "a.docx")));
     ASSERT_TRUE(docx.save(folder / "b.docx"));
@@ -273,11 +267,11 @@ TEST(DocxTemplateSave, keepsTheDeclarationAndOddMarkup)
 TEST(DocxTemplateSave, readsADocumentInUtf16)
 {
     Folder folder;
-    const QString xml = QString::fromUtf8(
-        "<?xml version=\"1.0\" encoding=\"UTF-16\"?><w:document xmlns:w=\"w\"><w:body><w:p><w:r>"
-        "<w:t>\xd0\xa4</w:t></w:r></w:p></w:body></w:document>");
-    const QByteArray bytes = QByteArray("\xff\xfe", 2)
-                             + QByteArray(reinterpret_cast<const char*>(xml.utf16()), xml.size() * 2);
+    const QString xml =
+        QString::fromUtf8("<?xml version=\"1.0\" encoding=\"UTF-16\"?><w:document xmlns:w=\"w\"><w:body><w:p><w:r>"
+                          "<w:t>\xd0\xa4</w:t></w:r></w:p></w:body></w:document>");
+    const QByteArray bytes =
+        QByteArray("\xff\xfe", 2) + QByteArray(reinterpret_cast<const char*>(xml.utf16()), xml.size() * 2);
     DocxTemplate docx;
     ASSERT_TRUE(docx.open(DocxMaker().document(bytes).write(folder / "a.docx")));
     ASSERT_TRUE(docx.save(folder / "b.docx"));
@@ -313,7 +307,8 @@ TEST(DocxTemplateSave, writesNothingWhenTheTemplateIsDamagedMeanwhile)
 {
     Folder folder;
     DocxTemplate docx;
-    const QString path = DocxMaker(paragraph(run("new"))).entry("word/x.bin", QByteArray(100000, 'x')).write(folder / "a.docx");
+    const QString path =
+        DocxMaker(paragraph(run("new"))).entry("word/x.bin", QByteArray(100000, 'x')).write(folder / "a.docx");
     ASSERT_TRUE(docx.open(path));
     ASSERT_FALSE(docx.addImage(QPixmap(4, 4)).isEmpty());
     QFile file(path);
@@ -323,8 +318,8 @@ TEST(DocxTemplateSave, writesNothingWhenTheTemplateIsDamagedMeanwhile)
     EXPECT_FALSE(docx.save(folder / "b.docx"));
     EXPECT_TRUE(docx.relationsXml.isEmpty());
     EXPECT_TRUE(docx.contentTypesXml.isEmpty());
-    EXPECT_EQ(log.texts().filter("Failed"), QStringList({"Failed to open relationships file",
-                                                         "Failed to open [Content_Types].xml"}));
+    EXPECT_EQ(log.texts().filter("Failed"),
+              QStringList({"Failed to open relationships file", "Failed to open [Content_Types].xml"}));
     EXPECT_EQ(readFile(folder / "b.docx"), "earlier");
     EXPECT_EQ(folder.files(), QStringList({"a.docx", "b.docx"}));
 }

@@ -65,8 +65,7 @@ Packed packed(const ZipEntry& entry, int offset)
     Packed result;
     result.name = entry.name.toUtf8();
     result.bytes = entry.deflate ? deflated(entry.bytes) : entry.bytes;
-    const auto sum = crc32(0, reinterpret_cast<const Bytef*>(entry.bytes.constData()),
-                           uInt(entry.bytes.size()));
+    const auto sum = crc32(0, reinterpret_cast<const Bytef*>(entry.bytes.constData()), uInt(entry.bytes.size()));
     result.checksum = quint32(sum) ^ (entry.wrongChecksum ? 1u : 0u);
     result.size = quint32(entry.declaredSize < 0 ? entry.bytes.size() : entry.declaredSize);
     result.method = quint16(entry.method >= 0 ? entry.method : entry.deflate ? 8 : 0);

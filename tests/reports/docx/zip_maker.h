@@ -11,7 +11,7 @@ struct ZipEntry {
     bool deflate = true;
     qint64 declaredSize = -1; ///< in place of the true size
     bool wrongChecksum = false;
-    int flags = 0;  ///< 1: encrypted
+    int flags = 0;   ///< 1: encrypted
     int method = -1; ///< in place of 0 or 8
 };
 

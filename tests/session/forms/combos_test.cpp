@@ -9,8 +9,7 @@
 
 namespace {
 
-class Combos : public ::testing::Test
-{
+class Combos : public ::testing::Test {
 protected:
     void TearDown() override
     {

@@ -19,8 +19,7 @@
 
 namespace {
 
-class ProjectBoxes : public ::testing::Test
-{
+class ProjectBoxes : public ::testing::Test {
 protected:
     void SetUp() override { installProjectDialogs(); }
     void TearDown() override { setProjectDialogs(nullptr); }
@@ -111,8 +110,11 @@ TEST_F(ProjectBoxes, AFailedOpeningShowsEveryBoxInTurn)
         })
         .close();
     driver_.expect("Параметры подключения к БД")
-        .check("SQL_host", "localhost").check("SQL_port", "5433").check("Database", "db")
-        .check("Username", "user").check("Password", "secret")
+        .check("SQL_host", "localhost")
+        .check("SQL_port", "5433")
+        .check("Database", "db")
+        .check("Username", "user")
+        .check("Password", "secret")
         .set("SQL_port", "1")
         .press("Подключиться");
     driver_.expect("Параметры подключения к БД").check("SQL_port", "1").press("Отмена");

@@ -42,10 +42,10 @@ struct MapUse {
 };
 
 const std::array<MapUse, 3> kMapUses = {{
-    {&ProjectSession::deformationColormapId,
-     "Палитра '%1' установлена для карт деформаций. \n Удалить в любом случае?", LevelMap::Deformation},
-    {&ProjectSession::temperatureColormapId,
-     "Палитра '%1' установлена для карт температур. \n Удалить в любом случае?", LevelMap::Temperature},
+    {&ProjectSession::deformationColormapId, "Палитра '%1' установлена для карт деформаций. \n Удалить в любом случае?",
+     LevelMap::Deformation},
+    {&ProjectSession::temperatureColormapId, "Палитра '%1' установлена для карт температур. \n Удалить в любом случае?",
+     LevelMap::Temperature},
     {&ProjectSession::dynamicTemperatureColormapId,
      "Палитра '%1' установлена для карт динамики температур. \n Удалить в любом случае?", LevelMap::Temperature},
 }};
@@ -264,16 +264,17 @@ void ColorMapWidget::keepAsUserMap(LevelMap map)
 
 void ColorMapWidget::saveToFile()
 {
-    const QString path = QFileDialog::getSaveFileName(
-        this, QStringLiteral("Сохранить цветовую палитру уровней"), QString(), QStringLiteral("cmp (*.cmp)"));
+    const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Сохранить цветовую палитру уровней"),
+                                                      QString(), QStringLiteral("cmp (*.cmp)"));
     if (!path.isEmpty() && !current().saveFile(path))
-        QMessageBox::warning(this, warningTitle(), QStringLiteral("Не удалось записать файл '") + path + QLatin1Char('\''));
+        QMessageBox::warning(this, warningTitle(),
+                             QStringLiteral("Не удалось записать файл '") + path + QLatin1Char('\''));
 }
 
 void ColorMapWidget::loadFromFile()
 {
-    const QString path = QFileDialog::getOpenFileName(
-        this, QStringLiteral("Загрузить цветовую палитру уровней"), QString(), QStringLiteral("cmp (*.cmp)"));
+    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Загрузить цветовую палитру уровней"),
+                                                      QString(), QStringLiteral("cmp (*.cmp)"));
     if (path.isEmpty())
         return;
     LevelMap read;

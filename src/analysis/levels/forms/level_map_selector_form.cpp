@@ -20,8 +20,10 @@ LeveMapSelectorForm::LeveMapSelectorForm(int id, QWidget* parent) : QDialog(pare
     levelMap_->setCurrentIndex(qMax(0, levelMap_->findData(id)));
 
     auto* buttons = new QDialogButtonBox(this);
-    buttons->addButton(QStringLiteral("Выбрать"), QDialogButtonBox::AcceptRole)->setObjectName(QStringLiteral("SelectBtn"));
-    buttons->addButton(QStringLiteral("Отмена"), QDialogButtonBox::RejectRole)->setObjectName(QStringLiteral("CancelBtn"));
+    buttons->addButton(QStringLiteral("Выбрать"), QDialogButtonBox::AcceptRole)
+        ->setObjectName(QStringLiteral("SelectBtn"));
+    buttons->addButton(QStringLiteral("Отмена"), QDialogButtonBox::RejectRole)
+        ->setObjectName(QStringLiteral("CancelBtn"));
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
@@ -30,7 +32,4 @@ LeveMapSelectorForm::LeveMapSelectorForm(int id, QWidget* parent) : QDialog(pare
     layout->addWidget(buttons);
 }
 
-int LeveMapSelectorForm::levelMapId() const
-{
-    return levelMap_->currentData().toInt();
-}
+int LeveMapSelectorForm::levelMapId() const { return levelMap_->currentData().toInt(); }

@@ -5,7 +5,7 @@
 
 class QComboBox;
 
-class LeveMapSelectorForm : public QDialog {   // the name is known to the project settings so
+class LeveMapSelectorForm : public QDialog { // the name is known to the project settings so
     Q_OBJECT
 public:
     explicit LeveMapSelectorForm(int id, QWidget* parent = nullptr);

@@ -49,10 +49,7 @@ LegendKind MapLegendForm::kind() const
     return temperatureOut_->isChecked() ? LegendKind::Temperature : LegendKind::Deformation;
 }
 
-const LevelMap& MapLegendForm::levelMap() const
-{
-    return colorMap_->current();
-}
+const LevelMap& MapLegendForm::levelMap() const { return colorMap_->current(); }
 
 void insertMapLegend()
 {

@@ -73,8 +73,8 @@ IsoContoursCmdDialog::IsoContoursCmdDialog(QWidget* parent) : QDialog(parent), u
     setObjectName(QStringLiteral("IsoContoursCmdDialog"));
     setWindowTitle(QStringLiteral("Построение изоконтуров"));
     SetupMethodCombo();
-    for (QComboBox* layers : {ui_.BoundLayer, ui_.PointLayer, ui_.HatchOutLayer, ui_.IsoLineOutLayer,
-                              ui_.IsoContoursOutLayer})
+    for (QComboBox* layers :
+         {ui_.BoundLayer, ui_.PointLayer, ui_.HatchOutLayer, ui_.IsoLineOutLayer, ui_.IsoContoursOutLayer})
         layers->addItems(layerNames());
     connectControls();
     FormBoxUpdate();
@@ -131,15 +131,9 @@ void IsoContoursCmdDialog::SetMapType(int type)
     }
 }
 
-void IsoContoursCmdDialog::SetLevelMapID(int id)
-{
-    ui_.ColorMap->setLevelMapId(id);
-}
+void IsoContoursCmdDialog::SetLevelMapID(int id) { ui_.ColorMap->setLevelMapId(id); }
 
-void IsoContoursCmdDialog::SetBoundLayer(const QString& layerName)
-{
-    ui_.BoundLayer->setCurrentText(layerName);
-}
+void IsoContoursCmdDialog::SetBoundLayer(const QString& layerName) { ui_.BoundLayer->setCurrentText(layerName); }
 
 void IsoContoursCmdDialog::SetPoints(const contour::PointList& points)
 {
@@ -172,9 +166,12 @@ void IsoContoursCmdDialog::BoxUpdate(const contour::Point3& p)
 
 void IsoContoursCmdDialog::FormBoxUpdate()
 {
-    const std::array<std::pair<QLabel*, double>, 6> limits = {{
-        {ui_.XMin, box_.minimum.x}, {ui_.XMax, box_.maximum.x}, {ui_.YMin, box_.minimum.y},
-        {ui_.YMax, box_.maximum.y}, {ui_.ZMin, box_.minimum.z}, {ui_.ZMax, box_.maximum.z}}};
+    const std::array<std::pair<QLabel*, double>, 6> limits = {{{ui_.XMin, box_.minimum.x},
+                                                               {ui_.XMax, box_.maximum.x},
+                                                               {ui_.YMin, box_.minimum.y},
+                                                               {ui_.YMax, box_.maximum.y},
+                                                               {ui_.ZMin, box_.minimum.z},
+                                                               {ui_.ZMax, box_.maximum.z}}};
     for (const auto& [shown, value] : limits)
         shown->setText(std::isfinite(value) ? fixed(value, 2) : QString());
 }
@@ -184,8 +181,7 @@ void IsoContoursCmdDialog::showStatistics()
     ui_.TriangCount->setText(QString::number(model_.triangleCount));
     ui_.PointCount->setText(QString::number(model_.points.size()));
     const double edge = model_.longestEdge();
-    ui_.EdgeLength->setText(model_.points.size() >= kFewestPoints && std::isfinite(edge) ? fixed(edge, 2)
-                                                                                        : QString());
+    ui_.EdgeLength->setText(model_.points.size() >= kFewestPoints && std::isfinite(edge) ? fixed(edge, 2) : QString());
 }
 
 void IsoContoursCmdDialog::SelectPointBtn_Clicked()
@@ -247,10 +243,7 @@ contour::BuildParameters IsoContoursCmdDialog::parameters() const
     return wanted;
 }
 
-void IsoContoursCmdDialog::PreviewBTN_Clicked()
-{
-    build();
-}
+void IsoContoursCmdDialog::PreviewBTN_Clicked() { build(); }
 
 bool IsoContoursCmdDialog::build()
 {

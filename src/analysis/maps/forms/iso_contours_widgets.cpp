@@ -163,8 +163,8 @@ QWidget* IsoContoursWidgets::statisticsGroup(QDialog* dialog)
 {
     auto* group = new QGroupBox(QStringLiteral("Поверхность"), dialog);
     auto* layout = new QGridLayout(group);
-    const std::array<std::pair<const char*, QLabel**>, 3> totals = {{
-        {"Точек", &PointCount}, {"Треугольников:", &TriangCount}, {"Максимальная длина ребра:", &EdgeLength}}};
+    const std::array<std::pair<const char*, QLabel**>, 3> totals = {
+        {{"Точек", &PointCount}, {"Треугольников:", &TriangCount}, {"Максимальная длина ребра:", &EdgeLength}}};
     const std::array<const char*, 3> totalNames = {"PointCount", "TriangCount", "EdgeLength"};
     for (int i = 0; i < int(totals.size()); ++i) {
         *totals[size_t(i)].second = readOut(totalNames[size_t(i)]);
@@ -205,8 +205,8 @@ QWidget* IsoContoursWidgets::outputGroup(QDialog* dialog)
     IsoContoursOutLayer = named<QComboBox>("IsoContoursOutLayer");
     auto* layout = new QGridLayout(group);
     const std::array<std::pair<QCheckBox*, QComboBox*>, 3> rows = {{{HatchOutChek, HatchOutLayer},
-                                                                   {IsoLineOutCheck, IsoLineOutLayer},
-                                                                   {IsoContoursOutCheck, IsoContoursOutLayer}}};
+                                                                    {IsoLineOutCheck, IsoLineOutLayer},
+                                                                    {IsoContoursOutCheck, IsoContoursOutLayer}}};
     for (int i = 0; i < int(rows.size()); ++i) {
         layout->addWidget(rows[size_t(i)].first, i, 0);
         layout->addWidget(rows[size_t(i)].second, i, 1);

@@ -269,9 +269,9 @@ void TemperatureMapForm::showPoints()
         table->setItem(row, NameColumn, name);
         table->setItem(row, XColumn, new NumberItem(fixed(well.x, 2), well.x));
         table->setItem(row, YColumn, new NumberItem(fixed(well.y, 2), well.y));
-        table->setItem(row, ValueColumn,
-                       new NumberItem(well.valid ? fixed(well.value, 2) : kNoValue,
-                                      well.valid ? well.value : -HUGE_VAL));
+        table->setItem(
+            row, ValueColumn,
+            new NumberItem(well.valid ? fixed(well.value, 2) : kNoValue, well.valid ? well.value : -HUGE_VAL));
         table->setItem(row, UseColumn, use);
     }
     table->setSortingEnabled(true);
@@ -330,10 +330,7 @@ geometry::PointList TemperatureMapForm::usedPoints() const
     return points;
 }
 
-bool TemperatureMapForm::labelsWanted() const
-{
-    return ui_.LabelsOutEnabled->isChecked();
-}
+bool TemperatureMapForm::labelsWanted() const { return ui_.LabelsOutEnabled->isChecked(); }
 
 // Rows of the table of values, each with its header first.
 QString TemperatureMapForm::valuesText(QChar separator) const
@@ -351,18 +348,15 @@ QString TemperatureMapForm::valuesText(QChar separator) const
 
 void TemperatureMapForm::exportCsv()
 {
-    const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Экспорт в csv"), QString(),
-                                                      QStringLiteral("*.csv"));
+    const QString path =
+        QFileDialog::getSaveFileName(this, QStringLiteral("Экспорт в csv"), QString(), QStringLiteral("*.csv"));
     if (path.isEmpty())
         return;
     QSaveFile file(path);
-    const bool written = file.open(QIODevice::WriteOnly) && file.write(valuesText(QLatin1Char(';')).toUtf8()) >= 0
-        && file.commit();
+    const bool written =
+        file.open(QIODevice::WriteOnly) && file.write(valuesText(QLatin1Char(';')).toUtf8()) >= 0 && file.commit();
     if (!written)
         QMessageBox::warning(this, QStringLiteral("Внимание"), QStringLiteral("Не удалось записать файл ") + path);
 }
 
-void TemperatureMapForm::copyToClipboard() const
-{
-    QApplication::clipboard()->setText(valuesText(QLatin1Char('\t')));
-}
+void TemperatureMapForm::copyToClipboard() const { QApplication::clipboard()->setText(valuesText(QLatin1Char('\t'))); }

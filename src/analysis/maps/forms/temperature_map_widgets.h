@@ -27,7 +27,7 @@ struct TemperatureMapWidgets {
     QDoubleSpinBox* DeepSpin;
     QDoubleSpinBox* IntervalBegin;
     QDoubleSpinBox* IntervalEnd;
-    QCheckBox* ToEndSamplihg;   // scripts know it by this spelling
+    QCheckBox* ToEndSamplihg; // scripts know it by this spelling
     QCheckBox* EndPoint;
     QPushButton* StateFilterBtn;
     QLabel* SelectedStatesLb;

@@ -33,13 +33,12 @@ bool askToClear()
     return QMessageBox::question(&owner, QStringLiteral("ВНИМАНИЕ!!!"),
                                  QStringLiteral("Выполнить очистку таблицы geometries PostGIS перед вставкой?"),
                                  QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
-           == QMessageBox::Yes;
+        == QMessageBox::Yes;
 }
 
 // One box for each stretch of work; telling it of every entity would cost more
 // than the work itself.
-class ProgressBoxes
-{
+class ProgressBoxes {
 public:
     ProgressBoxes() : owner_(ndsw_ncadMainWnd()) { owner_.showCentered(); }
 
@@ -86,10 +85,9 @@ void exportPlanCommand()
 {
     say(QStringLiteral(
         "\nСохраняет геометрию текущего чертежа в PostGIS таблицу БД\nВНИМАНИЕ!!! ДЕЙСТВИЕ НЕОБРАТИМО!!!"));
-    const std::optional<QString> layer =
-        chooseLayer(QStringLiteral("Экспорт элементов чертежа в PostGIS"),
-                    QStringLiteral("ВНИМАНИЕ!!! Операция необратима.\n\nВыберите слой:"),
-                    QStringList(allLayers) + layerNames());
+    const std::optional<QString> layer = chooseLayer(
+        QStringLiteral("Экспорт элементов чертежа в PostGIS"),
+        QStringLiteral("ВНИМАНИЕ!!! Операция необратима.\n\nВыберите слой:"), QStringList(allLayers) + layerNames());
     if (layer)
         exportPlan(*layer == allLayers ? std::nullopt : layer, askToClear);
 }

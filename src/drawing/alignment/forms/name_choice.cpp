@@ -21,8 +21,7 @@ void prepare(QInputDialog& box, const QString& title, const QString& label, cons
 }
 
 // Follows which item an edited text was made of.
-class ItemInHand
-{
+class ItemInHand {
 public:
     explicit ItemInHand(QInputDialog& box)
     {

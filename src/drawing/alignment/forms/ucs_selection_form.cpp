@@ -32,16 +32,11 @@ const std::array<FieldRow, 3> fieldRows = {{
     {"Ось Y", {"yAxisX", "yAxisY", "yAxisZ"}},
 }};
 
-int idOf(const QListWidgetItem& item)
-{
-    return item.data(idRole).toInt();
-}
+int idOf(const QListWidgetItem& item) { return item.data(idRole).toInt(); }
 
 } // namespace
 
-UCSSelectionForm::UCSSelectionForm(QWidget* parent)
-    : QDialog(parent)
-    , list_(named<QListWidget>("UCSList", this))
+UCSSelectionForm::UCSSelectionForm(QWidget* parent) : QDialog(parent), list_(named<QListWidget>("UCSList", this))
 {
     setObjectName("UCSSelectionForm");
     setWindowTitle("Выбор ПСК");
@@ -111,8 +106,7 @@ void UCSSelectionForm::fillList()
 void UCSSelectionForm::showCurrent()
 {
     const QListWidgetItem* item = list_->currentItem();
-    const std::optional<UcsRecord::Numbers> numbers =
-        item ? ucsNumbers(item->data(dataRole).toString()) : std::nullopt;
+    const std::optional<UcsRecord::Numbers> numbers = item ? ucsNumbers(item->data(dataRole).toString()) : std::nullopt;
     for (size_t i = 0; i < fields_.size(); ++i)
         fields_[i]->setText(numbers ? fixed((*numbers)[i], 6) : QString());
     enableButtons();

@@ -13,8 +13,7 @@ class QListWidget;
 class QListWidgetItem;
 class QPushButton;
 
-class UCSSelectionForm : public QDialog
-{
+class UCSSelectionForm : public QDialog {
     Q_OBJECT
 
 public:

@@ -6,10 +6,7 @@
 
 namespace {
 
-TSMeasure* measureOf(const QModelIndex& index)
-{
-    return index.data(Qt::DisplayRole).value<TSMeasure*>();
-}
+TSMeasure* measureOf(const QModelIndex& index) { return index.data(Qt::DisplayRole).value<TSMeasure*>(); }
 
 QStyleOptionButton buttonOption(const QStyleOptionViewItem& option, const QModelIndex& index, bool down)
 {
@@ -25,8 +22,7 @@ QStyleOptionButton buttonOption(const QStyleOptionViewItem& option, const QModel
 
 } // namespace
 
-ButtonDelegate::ButtonDelegate(QObject* parent)
-    : QStyledItemDelegate(parent)
+ButtonDelegate::ButtonDelegate(QObject* parent) : QStyledItemDelegate(parent)
 {
     qRegisterMetaType<TSMeasure*>("TSMeasure*");
 }

@@ -11,16 +11,14 @@
 /// A cell whose display role holds a TSMeasure* is a button; its caption is the
 /// cell's text in the user role. Other cells are plain ones whose line edit
 /// keeps the user role and the display role the same.
-class ButtonDelegate : public QStyledItemDelegate
-{
+class ButtonDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
 public:
     explicit ButtonDelegate(QObject* parent = nullptr);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
-                          const QModelIndex& index) const override;
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
     bool editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,

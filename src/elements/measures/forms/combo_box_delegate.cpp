@@ -3,11 +3,8 @@
 #include <QComboBox>
 #include <QSignalBlocker>
 
-ComboBoxDelegate::ComboBoxDelegate(const EntryList& entries, QObject* parent)
-    : QItemDelegate(parent)
-    , entries_(entries)
-{
-}
+ComboBoxDelegate::ComboBoxDelegate(const EntryList& entries, QObject* parent) : QItemDelegate(parent), entries_(entries)
+{ }
 
 QWidget* ComboBoxDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex&) const
 {

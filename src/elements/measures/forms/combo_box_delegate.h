@@ -6,16 +6,14 @@
 
 #include <QItemDelegate>
 
-class ComboBoxDelegate : public QItemDelegate
-{
+class ComboBoxDelegate : public QItemDelegate {
     Q_OBJECT
 
 public:
     explicit ComboBoxDelegate(const EntryList& entries, QObject* parent = nullptr);
 
     /// The first item stands for -1, "not set".
-    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
-                          const QModelIndex& index) const override;
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     /// An id that the list lacks shows the first item.
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
     /// Text and id change with one notification, that of the id.

@@ -104,8 +104,8 @@ void PlainSurface::addExactBorder()
                 Point3 meeting;
                 if (!geometry::intersectSegments(p, q, a, b, &meeting))
                     continue;
-                const double s = std::fabs(b.x - a.x) >= std::fabs(b.y - a.y)
-                    ? (meeting.x - a.x) / (b.x - a.x) : (meeting.y - a.y) / (b.y - a.y);
+                const double s = std::fabs(b.x - a.x) >= std::fabs(b.y - a.y) ? (meeting.x - a.x) / (b.x - a.x)
+                                                                              : (meeting.y - a.y) / (b.y - a.y);
                 if (s > 0.0 && s < 1.0)
                     points.push_back({meeting.x, meeting.y, a.z + (b.z - a.z) * s});
             }
@@ -125,8 +125,7 @@ PointList PlainSurface::idwGridPoints(double power, int neighbours)
     if (!(width > 0.0) || !(height > 0.0))
         return grid;
     const double smaller = std::min(width, height);
-    const double step = std::min(smaller / 50.0,
-                                 0.2 * smaller / std::sqrt(static_cast<double>(points.size())));
+    const double step = std::min(smaller / 50.0, 0.2 * smaller / std::sqrt(static_cast<double>(points.size())));
     if (!((width / step + 1.0) * (height / step + 1.0) <= 16777216.0))
         return grid;
     for (int i = 0; box.minimum.x + i * step <= box.maximum.x; ++i) {
@@ -144,13 +143,10 @@ double PlainSurface::idwValue(double x, double y, double power, int neighbours) 
 {
     if (points.empty())
         return 0.0;
-    const auto manhattan = [x, y](const Point3& p) {
-        return std::fabs(p.x - x) + std::fabs(p.y - y);
-    };
+    const auto manhattan = [x, y](const Point3& p) { return std::fabs(p.x - x) + std::fabs(p.y - y); };
     PointList ordered = points;
-    std::stable_sort(ordered.begin(), ordered.end(), [&](const Point3& a, const Point3& b) {
-        return manhattan(a) < manhattan(b);
-    });
+    std::stable_sort(ordered.begin(), ordered.end(),
+                     [&](const Point3& a, const Point3& b) { return manhattan(a) < manhattan(b); });
     if (neighbours >= 1 && static_cast<std::size_t>(neighbours) < ordered.size())
         ordered.resize(static_cast<std::size_t>(neighbours));
     if (manhattan(ordered.front()) < GEOM_TOL)

@@ -6,8 +6,7 @@
 // Lines, rings and bands said plainly; see plain_surface.h.
 namespace reference {
 
-class PlainContourSet
-{
+class PlainContourSet {
 public:
     std::vector<Isoline> lines;
     std::vector<Isoline> smoothedLines;

@@ -41,10 +41,7 @@ bool cutEdge(const Point3& a, const Point3& b, double level, Point3* cut)
     return true;
 }
 
-bool near(const Point3& a, const Point3& b)
-{
-    return geometry::distance(a, b) < GEOM_TOL;
-}
+bool near(const Point3& a, const Point3& b) { return geometry::distance(a, b) < GEOM_TOL; }
 
 std::vector<Isoline> chained(std::vector<Segment> segments)
 {

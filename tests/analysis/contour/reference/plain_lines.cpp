@@ -4,21 +4,18 @@
 
 #include <algorithm>
 
-using geometry::GEOM_TOL;
 using geometry::distance;
+using geometry::GEOM_TOL;
 using geometry::planDistance;
 
 namespace reference {
 
 namespace {
 
-bool isClosed(const Isoline& line)
-{
-    return distance(line.front(), line.back()) < GEOM_TOL;
-}
+bool isClosed(const Isoline& line) { return distance(line.front(), line.back()) < GEOM_TOL; }
 
-void splineSegment(const Point3& p0, const Point3& p1, const Point3& p2, const Point3& p3,
-                   double tension, int samples, Isoline* out)
+void splineSegment(const Point3& p0, const Point3& p1, const Point3& p2, const Point3& p3, double tension, int samples,
+                   Isoline* out)
 {
     const double d01 = planDistance(p0, p1), d12 = planDistance(p1, p2), d23 = planDistance(p2, p3);
     double r;
@@ -37,8 +34,7 @@ void splineSegment(const Point3& p0, const Point3& p1, const Point3& p2, const P
         const double h3 = 3.0 * (t * t) - 2.0 * (t * t * t);
         const double h4 = t * t * t - t * t;
         out->push_back({p1.x * h1 + p2.x * h3 + T * (p2.x - p0.x) * h2 + T * (p3.x - p1.x) * h4,
-                        p1.y * h1 + p2.y * h3 + T * (p2.y - p0.y) * h2 + T * (p3.y - p1.y) * h4,
-                        0.0});
+                        p1.y * h1 + p2.y * h3 + T * (p2.y - p0.y) * h2 + T * (p3.y - p1.y) * h4, 0.0});
     }
 }
 

@@ -5,8 +5,8 @@
 
 #include <algorithm>
 
-using geometry::GEOM_TOL;
 using geometry::distance;
+using geometry::GEOM_TOL;
 using geometry::polygonArea;
 using geometry::Polyline;
 
@@ -14,10 +14,7 @@ namespace reference {
 
 namespace {
 
-bool isClosed(const Isoline& line)
-{
-    return distance(line.front(), line.back()) < GEOM_TOL;
-}
+bool isClosed(const Isoline& line) { return distance(line.front(), line.back()) < GEOM_TOL; }
 
 int firstInside(const PointList& ring, const PointList& candidates)
 {
@@ -47,8 +44,7 @@ struct BorderNode {
 void PlainContourSet::setLevels(const std::vector<double>& list)
 {
     levels = list;
-    levels.erase(std::remove_if(levels.begin(), levels.end(),
-                                [](double l) { return std::isnan(l); }), levels.end());
+    levels.erase(std::remove_if(levels.begin(), levels.end(), [](double l) { return std::isnan(l); }), levels.end());
     std::sort(levels.begin(), levels.end());
     levelsSet = true;
 }
@@ -90,9 +86,8 @@ bool PlainContourSet::buildClosedRings()
         if (isClosed(line))
             closed.push_back(line);
     }
-    std::stable_sort(closed.begin(), closed.end(), [](const Isoline& a, const Isoline& b) {
-        return polygonArea(a) < polygonArea(b);
-    });
+    std::stable_sort(closed.begin(), closed.end(),
+                     [](const Isoline& a, const Isoline& b) { return polygonArea(a) < polygonArea(b); });
     for (const Isoline& line : closed) {
         takeReferencePoint(line);
         const int i = bandOf(line.front().z);
@@ -105,8 +100,7 @@ bool PlainContourSet::buildClosedRings()
     return true;
 }
 
-double PlainContourSet::valueOfTouchedRing(const PointList& ring, double level,
-                                           const PointList& onBorder) const
+double PlainContourSet::valueOfTouchedRing(const PointList& ring, double level, const PointList& onBorder) const
 {
     double p;
     const int border = firstInside(ring, onBorder);
@@ -154,12 +148,10 @@ void PlainContourSet::buildRings()
                 continue;
             anyLine = true;
             for (const Point3& end : {lines[i].front(), lines[i].back()})
-                nodes.push_back({end, border.closest(end).parameter,
-                                 static_cast<std::int32_t>(i), -1});
+                nodes.push_back({end, border.closest(end).parameter, static_cast<std::int32_t>(i), -1});
         }
-        std::stable_sort(nodes.begin(), nodes.end(), [](const BorderNode& a, const BorderNode& b) {
-            return a.parameter < b.parameter;
-        });
+        std::stable_sort(nodes.begin(), nodes.end(),
+                         [](const BorderNode& a, const BorderNode& b) { return a.parameter < b.parameter; });
         const std::size_t count = nodes.size();
         for (std::size_t i = 0; i < count; ++i) {
             if (nodes[i].lineIndex >= 0)
@@ -237,9 +229,8 @@ std::vector<std::vector<PointList>> PlainContourSet::groupByBand() const
             if (bandOf(ring[0].z) == static_cast<int>(i))
                 group.push_back(ring);
         }
-        std::stable_sort(group.begin(), group.end(), [](const PointList& a, const PointList& b) {
-            return polygonArea(a) > polygonArea(b);
-        });
+        std::stable_sort(group.begin(), group.end(),
+                         [](const PointList& a, const PointList& b) { return polygonArea(a) > polygonArea(b); });
         groups.push_back(group);
     }
     return groups;

@@ -29,8 +29,7 @@ void PlainSurface::prepare()
         }
     }
     vertices = points;
-    std::stable_sort(vertices.begin(), vertices.end(),
-                     [](const Point3& a, const Point3& b) { return a.x < b.x; });
+    std::stable_sort(vertices.begin(), vertices.end(), [](const Point3& a, const Point3& b) { return a.x < b.x; });
     vertexCount = static_cast<std::int32_t>(vertices.size());
     vertices.resize(vertices.size() + 3);
     triangles.clear();

@@ -12,8 +12,7 @@ using contour::Triangle;
 using geometry::Point3;
 using geometry::PointList;
 
-class PlainSurface
-{
+class PlainSurface {
 public:
     PointList points;
     PointList rawPoints;

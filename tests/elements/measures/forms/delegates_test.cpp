@@ -12,8 +12,7 @@
 namespace {
 
 // A table with one cell that is a button and one that is not.
-class ButtonTable : public ::testing::Test
-{
+class ButtonTable : public ::testing::Test {
 protected:
     ButtonTable()
     {
@@ -32,10 +31,7 @@ protected:
     QModelIndex textIndex() const { return model.index(1, 0); }
     QPoint centre(const QModelIndex& index) const { return view.visualRect(index).center(); }
     void press(const QModelIndex& index) { QTest::mousePress(view.viewport(), Qt::LeftButton, {}, centre(index)); }
-    void release(const QModelIndex& index)
-    {
-        QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, centre(index));
-    }
+    void release(const QModelIndex& index) { QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, centre(index)); }
     QImage grab() { return view.viewport()->grab().toImage(); }
 
     TSMeasure measure;
@@ -103,15 +99,11 @@ TEST_F(ButtonTable, LineEditKeepsBothRolesAlike)
     EXPECT_EQ(line.text(), "7");
 }
 
-TEST_F(ButtonTable, PointerTypeIsRegistered)
-{
-    EXPECT_NE(QMetaType::type("TSMeasure*"), int(QMetaType::UnknownType));
-}
+TEST_F(ButtonTable, PointerTypeIsRegistered) { EXPECT_NE(QMetaType::type("TSMeasure*"), int(QMetaType::UnknownType)); }
 
 namespace {
 
-class ComboCell : public ::testing::Test
-{
+class ComboCell : public ::testing::Test {
 protected:
     ComboCell()
     {

@@ -1,7 +1,4 @@
 // A library that is no module: it lacks the entry point.
 #include <QtGlobal>
 
-extern "C" Q_DECL_EXPORT int nothingOfInterest()
-{
-    return 0;
-}
+extern "C" Q_DECL_EXPORT int nothingOfInterest() { return 0; }

@@ -13,12 +13,9 @@ void note(const QString& text)
     qApp->setProperty("sampleModule", before + text);
 }
 
-void sayHello()
-{
-    note(QStringLiteral("hello;"));
-}
+void sayHello() { note(QStringLiteral("hello;")); }
 
-}  // namespace
+} // namespace
 
 extern "C" Q_DECL_EXPORT int ncrxEntryPoint(int message, void* packet)
 {
