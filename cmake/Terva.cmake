@@ -1,25 +1,41 @@
 # What every folder of the house has in common.
 
 add_library(terva_options INTERFACE)
-target_compile_options(terva_options INTERFACE -Wall -Wextra)
+# Units of libraries and of programs are compiled alike, so that they can share
+# precompiled headers; the toolkit asks for this code model in any case.
+target_compile_options(terva_options INTERFACE -Wall -Wextra -fPIC)
 if(TERVA_SANITIZE)
   target_compile_options(terva_options INTERFACE -fsanitize=address,undefined
     -fno-sanitize-recover=undefined -fno-omit-frame-pointer -g1)
   target_link_options(terva_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-# terva_library(<target> LEVEL <n> [LINKS <target>...])
+# Tests spend their time in what they test, not in their own code.
+set(TERVA_TEST_OPTIONS "")
+if(CMAKE_BUILD_TYPE STREQUAL "Release")
+  set(TERVA_TEST_OPTIONS -O0)
+endif()
+
+include(${CMAKE_CURRENT_LIST_DIR}/Precompiled.cmake)
+
+# terva_library(<target> LEVEL <n> [LINKS <target>...] [PLAIN])
 # One static library from the sources that stand directly in this folder.
 # LEVEL is the folder's place in the house: a folder links only lower levels,
 # or its own level along an arrow that LINKS names. A folder without sources
-# yet is an interface library of the same name.
+# yet is an interface library of the same name. PLAIN says that the folder is
+# standard C++ and shares no precompiled header.
 function(terva_library target)
-  cmake_parse_arguments(ARG "" "LEVEL" "LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "PLAIN" "LEVEL" "LINKS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *.cpp)
   file(GLOB headers CONFIGURE_DEPENDS *.h)
   if(sources)
     add_library(${target} STATIC ${sources} ${headers})
     set_target_properties(${target} PROPERTIES AUTOMOC ON)
+    if(ARG_LEVEL GREATER_EQUAL 6)
+      terva_precompile(${target} widgets)
+    elseif(NOT ARG_PLAIN)
+      terva_precompile(${target} core)
+    endif()
     set(scope PUBLIC)
   else()
     add_library(${target} INTERFACE)
@@ -42,8 +58,18 @@ function(terva_test program)
   add_executable(${program} ${sources})
   set_target_properties(${program} PROPERTIES AUTOMOC ON)
   target_include_directories(${program} PRIVATE ${CMAKE_SOURCE_DIR}/tests ${CMAKE_CURRENT_SOURCE_DIR})
-  target_compile_definitions(${program} PRIVATE TERVA_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+  # Only programs that ask for the sources' place are told it: all others compile
+  # to the same in every clone, and a compiler cache serves them.
+  foreach(source IN LISTS sources)
+    file(STRINGS ${source} asking REGEX TERVA_SOURCE_DIR LIMIT_COUNT 1)
+    if(asking)
+      target_compile_definitions(${program} PRIVATE TERVA_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+      break()
+    endif()
+  endforeach()
+  target_compile_options(${program} PRIVATE ${TERVA_TEST_OPTIONS})
   target_link_libraries(${program} PRIVATE ${ARG_LINKS} test_support GTest::gtest)
+  terva_precompile(${program} tests)
   add_test(NAME ${program} COMMAND ${program})
   set(environment "QT_QPA_PLATFORM=offscreen;TZ=UTC;LC_ALL=C.UTF-8")
   if(TERVA_SANITIZE)
