@@ -19,7 +19,7 @@ PositionNorms readNorms(int positionId)
         session().run(fill("select averagediff, temperature_deep_min, temperature_deep_max from positions_attributes "
                            "where position_id = %1",
                            positionId));
-    if (!row.isTuples() || row.ntuples() == 0)
+    if (!row.hasRow())
         return norms;
     norms.found = true;
     norms.settlement = numberOf(row, 0);

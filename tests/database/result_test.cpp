@@ -99,8 +99,28 @@ TEST_F(ResultTest, AbsentValueReadsAsNothing)
     EXPECT_EQ(result.toInt(0, 2), 7);
 }
 
+TEST_F(ResultTest, HasARowOnlyWithTuplesAndOneOfThem)
+{
+    EXPECT_TRUE(connection_.run("select 1").hasRow());
+    EXPECT_FALSE(connection_.run("select 1 where false").hasRow());
+    EXPECT_FALSE(connection_.run("select * from no_such_table").hasRow());
+    EXPECT_FALSE(connection_.run("create table r (a integer)").hasRow());
+    EXPECT_FALSE(Result().hasRow());
+}
+
+TEST_F(ResultTest, ColumnBeyondTheStatementsEndsATest)
+{
+    const Result one = connection_.run("select 1");
+    const Result none = connection_.run("select 1 where false");
+    EXPECT_DEATH(one.getvalue(0, 1), "column 1 is read of a result with 1");
+    EXPECT_DEATH(one.isNull(0, -1), "column -1 is read of a result with 1");
+    EXPECT_DEATH(none.toInt(0, 1), "column 1 is read of a result with 1");
+    EXPECT_EQ(connection_.run("select * from no_such_table").getvalue(0, 0), QString());
+}
+
 TEST_F(ResultTest, CellsOutOfRangeReadAsNothing)
 {
+    qunsetenv("TERVA_STRICT_COLUMNS");
     const Result result = connection_.run("select 1");
     for (const auto& cell :
          {std::make_pair(1, 0), std::make_pair(0, 1), std::make_pair(-1, 0), std::make_pair(0, -1)}) {
@@ -111,6 +131,7 @@ TEST_F(ResultTest, CellsOutOfRangeReadAsNothing)
     }
     EXPECT_EQ(result.fname(1), QString());
     EXPECT_EQ(result.fname(-1), QString());
+    qputenv("TERVA_STRICT_COLUMNS", "1");
 }
 
 TEST_F(ResultTest, NumbersTellWhetherTheyConverted)

@@ -22,6 +22,7 @@ int main(int argc, char** argv)
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("TZ", "UTC");
+    qputenv("TERVA_STRICT_COLUMNS", "1");
     qInstallMessageHandler(dropDisplayNews);
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     ::testing::InitGoogleTest(&argc, argv);

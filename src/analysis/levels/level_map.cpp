@@ -97,7 +97,7 @@ bool LevelMap::load()
 {
     const sql::Result result =
         session().run(fill(QStringLiteral("select levelmap_name, data from levelmaps where levelmap_id=%1"), id));
-    if (!result.isTuples() || result.ntuples() == 0)
+    if (!result.hasRow())
         return false;
     name = result.getvalue(0, 0);
     return parse(result.getvalue(0, 1));
@@ -130,7 +130,7 @@ bool LevelMap::exists() const
 {
     const sql::Result result =
         session().run(fill(QStringLiteral("select levelmap_id from levelmaps where levelmap_id=%1"), id));
-    return result.isTuples() && result.ntuples() > 0;
+    return result.hasRow();
 }
 
 bool LevelMap::update() const
@@ -146,7 +146,7 @@ bool LevelMap::insert()
     const sql::Result result = session().run(
         fill(QStringLiteral("insert into levelmaps (levelmap_name,data) values ('%1', '%2') returning levelmap_id"),
              name, dataText()));
-    if (!result.isTuples() || result.ntuples() == 0)
+    if (!result.hasRow())
         return false;
     id = result.toInt(0, 0);
     return true;

@@ -25,6 +25,8 @@ bool Result::isCommand() const { return status() == Status::CommandOk; }
 
 bool Result::isNullResult() const { return !result_; }
 
+bool Result::hasRow() const { return isTuples() && ntuples() > 0; }
+
 int Result::ntuples() const { return PQntuples(result_.get()); }
 
 int Result::nfields() const { return PQnfields(result_.get()); }
@@ -32,7 +34,10 @@ int Result::nfields() const { return PQnfields(result_.get()); }
 // libpq complains on stderr about a cell out of range, so nothing gets there.
 bool Result::holds(int row, int column) const
 {
-    return row >= 0 && row < ntuples() && column >= 0 && column < nfields();
+    const bool known = column >= 0 && column < nfields();
+    if (!known && isTuples() && qEnvironmentVariableIsSet("TERVA_STRICT_COLUMNS"))
+        qFatal("column %d is read of a result with %d", column, nfields());
+    return known && row >= 0 && row < ntuples();
 }
 
 QString Result::fname(int column) const

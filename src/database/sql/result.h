@@ -2,6 +2,10 @@
 // What the server answered to one statement. A value that is moved, never
 // copied, and clears itself; every read is safe on a null result, on a row or
 // column that is not there and on an absent value.
+//
+// A column beyond the statement's own is a slip of the code that reads it:
+// where the environment holds TERVA_STRICT_COLUMNS, as in tests, such a read
+// ends the program instead of giving nothing.
 
 #include <QByteArray>
 #include <QString>
@@ -35,6 +39,7 @@ public:
     bool isTuples() const;  ///< exactly TuplesOk
     bool isCommand() const; ///< exactly CommandOk
     bool isNullResult() const;
+    bool hasRow() const; ///< tuples, and at least one
 
     int ntuples() const;
     int nfields() const;

@@ -16,7 +16,7 @@ std::optional<int> insertUcs(const UcsRecord& ucs)
 {
     const sql::Result row = session().run(
         fill("insert into ucs_data (ucs_name, ucs_data) values ('%1','%2') returning ucs_id", ucs.name, ucs.text()));
-    if (!row.isTuples() || row.ntuples() == 0)
+    if (!row.hasRow())
         return {};
     return row.toInt(0, 0);
 }

@@ -42,7 +42,7 @@ bool insertContent(const QByteArray& bytes)
     const sql::Result key = session().run("insert into positions_files (position_id, content) values "
                                           "($1::integer,$2::bytea) returning file_id",
                                           {sql::text(session().currentPositionId), sql::binary(bytes)});
-    if (!key.isTuples() || key.ntuples() == 0)
+    if (!key.hasRow())
         return false;
     session().currentFileId = key.toInt(0, 0);
     return true;
