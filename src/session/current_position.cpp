@@ -95,20 +95,21 @@ bool ProjectSession::bringPosition(int positionId)
 
 void ProjectSession::readPositionNames(int positionId)
 {
+    enum Column { ProjectId, Project, ObjectId, Object, SubobjectId, Subobject, PositionId, Position };
     const sql::Result row =
         run(fill(QStringLiteral("select project_id, name, object_id, object , subobject_id, subobject, "
                                 "position_id,position  from projects  left join objects using (project_id) "
                                 "left join subobjects using (object_id)  left join positions using (subobject_id)   "
                                 "where position_id = %1"),
                  positionId));
-    if (!row.isTuples() || row.ntuples() == 0)
+    if (!row.hasRow())
         return;
-    projectId = row.toInt(0, 0);
-    projectName = row.getvalue(0, 1);
-    currentObjectId = row.toInt(0, 2);
-    currentObjectName = row.getvalue(0, 3);
-    currentSubobjectId = row.toInt(0, 4);
-    currentSubobjectName = row.getvalue(0, 5);
-    currentPositionId = row.toInt(0, 6);
-    currentPositionName = row.getvalue(0, 7);
+    projectId = row.toInt(0, ProjectId);
+    projectName = row.getvalue(0, Project);
+    currentObjectId = row.toInt(0, ObjectId);
+    currentObjectName = row.getvalue(0, Object);
+    currentSubobjectId = row.toInt(0, SubobjectId);
+    currentSubobjectName = row.getvalue(0, Subobject);
+    currentPositionId = row.toInt(0, PositionId);
+    currentPositionName = row.getvalue(0, Position);
 }

@@ -22,6 +22,7 @@ bool ProjectSession::reloadCycles()
         say(QStringLiteral("Ошибка соединения с базой данных"));
         return false;
     }
+    enum Column { Id, Number, Start, End, Description, StartDate };
     const sql::Result rows =
         run(QStringLiteral("select cycle_id, number, TO_CHAR(date_start::date, 'dd.mm.yy') as date_start, "
                            "TO_CHAR(date_end::date, 'dd.mm.yy') as date_end, description, date_start as ds "
@@ -31,8 +32,10 @@ bool ProjectSession::reloadCycles()
     cycles.clear();
     cycleOrder.clear();
     for (int i = 0; i < rows.ntuples(); ++i) {
-        const int id = rows.toInt(i, 0);
-        cycles.insert(id, {rows.getvalue(i, 1), rows.getvalue(i, 2), rows.getvalue(i, 3), rows.getvalue(i, 4)});
+        const int id = rows.toInt(i, Id);
+        cycles.insert(
+            id,
+            {rows.getvalue(i, Number), rows.getvalue(i, Start), rows.getvalue(i, End), rows.getvalue(i, Description)});
         cycleOrder.append(id);
     }
     return true;
@@ -40,6 +43,7 @@ bool ProjectSession::reloadCycles()
 
 void ProjectSession::reloadPredictions()
 {
+    enum Column { Id, Date, Name, BeginCycle, EndCycle, Elements };
     const sql::Result rows =
         run(QStringLiteral("select prediction_id,dm_predictions.prediction_date,name,begin_cycle_id,end_cycle_id, "
                            "count(meas_id) as elements from dm_predictions left join dm_predictions_data "
@@ -54,10 +58,10 @@ void ProjectSession::reloadPredictions()
     predictions.clear();
     predictionOrder.clear();
     for (int i = 0; i < rows.ntuples(); ++i) {
-        const int id = rows.toInt(i, 0);
+        const int id = rows.toInt(i, Id);
         predictions.insert(id,
-                           {rows.getvalue(i, 1), rows.getvalue(i, 2), cycleText(rows.toInt(i, 3)),
-                            cycleText(rows.toInt(i, 4)), rows.getvalue(i, 5)});
+                           {rows.getvalue(i, Date), rows.getvalue(i, Name), cycleText(rows.toInt(i, BeginCycle)),
+                            cycleText(rows.toInt(i, EndCycle)), rows.getvalue(i, Elements)});
         predictionOrder.append(id);
     }
 }

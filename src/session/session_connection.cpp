@@ -30,15 +30,16 @@ void ProjectSession::readProjectRow()
 {
     if (projectId != -1)
         return;
+    enum Column { Id, Name, Owner, Location, Code };
     const sql::Result rows = run(QStringLiteral("SELECT project_id, name, owner, location, code FROM projects;"));
     if (!rows.isTuples())
         return;
     for (int i = 0; i < rows.ntuples(); ++i) {
-        projectId = rows.toInt(i, 0);
-        projectName = rows.getvalue(i, 1);
-        projectOwner = rows.getvalue(i, 2);
-        projectLocation = rows.getvalue(i, 3);
-        projectCode = rows.getvalue(i, 4);
+        projectId = rows.toInt(i, Id);
+        projectName = rows.getvalue(i, Name);
+        projectOwner = rows.getvalue(i, Owner);
+        projectLocation = rows.getvalue(i, Location);
+        projectCode = rows.getvalue(i, Code);
     }
 }
 
@@ -53,7 +54,7 @@ void ProjectSession::readAuditSwitch()
 void ProjectSession::readSuperuser()
 {
     const sql::Result row = run(QStringLiteral("SELECT usesuper FROM pg_user WHERE usename = current_user;"));
-    if (row.isTuples() && row.ntuples() > 0)
+    if (row.hasRow())
         superuser = row.getvalue(0, 0) == QLatin1String("t");
 }
 

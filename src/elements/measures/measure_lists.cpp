@@ -21,26 +21,26 @@ bool query(const QString& statement, sql::Result& rows)
     return rows.isTuples();
 }
 
-// Entries of (id, text, text, ...): the texts joined.
-EntryList entriesOf(const sql::Result& rows, int texts)
+// Entries of (id, text, text, ...): the texts joined up to the last column asked for.
+EntryList entriesOf(const sql::Result& rows, int lastText)
 {
     EntryList entries;
     entries.reserve(rows.ntuples());
     for (int row = 0; row < rows.ntuples(); ++row) {
         QStringList parts;
-        for (int column = 1; column <= texts; ++column)
+        for (int column = 1; column <= lastText; ++column)
             parts.append(rows.getvalue(row, column));
         entries.append({parts.join(separator), rows.toInt(row, 0)});
     }
     return entries;
 }
 
-int loadEntries(const QString& statement, int texts, EntryList& entries)
+int loadEntries(const QString& statement, int lastText, EntryList& entries)
 {
     sql::Result rows;
     if (!query(statement, rows))
         return measureNoConnection;
-    entries = entriesOf(rows, texts);
+    entries = entriesOf(rows, lastText);
     return measureOk;
 }
 
@@ -64,17 +64,19 @@ int loadElements(MeasureLists& lists, const QString& elementTable, int positionI
 
 int loadCycles(MeasureLists& lists)
 {
+    enum Column { Id, Number, First, Last, Description, FirstDate };
     sql::Result rows;
     if (!query("select cycle_id, number, TO_CHAR(date_start::date, 'dd.mm.yy') as date_start, "
                "TO_CHAR(date_end::date, 'dd.mm.yy') as date_end,description,date_start as ds from cycles "
                "order by ds",
                rows))
         return measureNoConnection;
-    lists.cycles = entriesOf(rows, 4);
+    lists.cycles = entriesOf(rows, Description);
     lists.cycleRecords.clear();
     for (int row = 0; row < rows.ntuples(); ++row)
-        lists.cycleRecords.append({rows.toInt(row, 0), rows.getvalue(row, 1), cycleDate(rows.getvalue(row, 2)),
-                                   cycleDate(rows.getvalue(row, 3)), rows.getvalue(row, 4)});
+        lists.cycleRecords.append({rows.toInt(row, Id), rows.getvalue(row, Number),
+                                   cycleDate(rows.getvalue(row, First)), cycleDate(rows.getvalue(row, Last)),
+                                   rows.getvalue(row, Description)});
     return measureOk;
 }
 
