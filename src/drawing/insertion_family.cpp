@@ -3,9 +3,9 @@
 namespace {
 
 // Some prompts repeat another family's words or lack a letter; users know them so.
-const std::array<InsertionFamily, familyCount>& rows()
+const FamilyTable<InsertionFamily>& rows()
 {
-    static const std::array<InsertionFamily, familyCount> table = {{
+    static const FamilyTable<InsertionFamily> table = {
         {FamilyKey::Dm,
          &ProjectSession::dmEnumerator,
          "Высота марки по умолчанию <",
@@ -54,13 +54,13 @@ const std::array<InsertionFamily, familyCount>& rows()
          false},
         {FamilyKey::Tsg, &ProjectSession::tsgEnumerator, "Высота ТСГ по умолчанию <", "Заглубление ТСГ по умолчанию <",
          "Имя ТСГ <", "Высота ТСГ <", "Заглубление ТСГ  <", false, true},
-    }};
+    };
     return table;
 }
 
 } // namespace
 
-const InsertionFamily& insertionFamily(FamilyKey family) { return rows()[size_t(family)]; }
+const InsertionFamily& insertionFamily(FamilyKey family) { return rows()[family]; }
 
 Enumerator& enumeratorOf(FamilyKey family) { return session().*insertionFamily(family).enumerator; }
 

@@ -1,6 +1,7 @@
 // The record itself: kinds, setters, the text of the properties.
 #include "elements/element_block.h"
 
+#include "elements/element_id.h"
 #include "session/project_session.h"
 
 namespace {
@@ -86,11 +87,9 @@ void ElementBlock::setState(const QString& stateName)
     colorIndex = stateColors.value(stateName, defaultColor);
 }
 
-int ElementBlock::elementId() const
+std::optional<int> ElementBlock::elementKey() const
 {
-    bool ok = false;
-    const int id = attributes.value(QStringLiteral("element_id")).toInt(&ok);
-    return ok ? id : -1;
+    return leadingInteger(attributes.value(QStringLiteral("element_id")));
 }
 
 QString ElementBlock::propsText() const

@@ -14,6 +14,8 @@
 
 #include <nrx/object.h>
 
+#include <optional>
+
 /// state_id to colour index.
 using StateColors = QMap<QString, int>;
 
@@ -64,8 +66,11 @@ struct ElementBlock {
     bool hasDynProp(const QString& name) const { return dynProps.contains(name); }
     /// The state and its colour, 5 for a state without one.
     void setState(const QString& stateName);
-    /// The row's key as the attribute says it; -1 when it says none.
-    int elementId() const;
+    /// The row's key: the whole number that the attribute begins with. The one
+    /// reading of it; nothing when there is none.
+    std::optional<int> elementKey() const;
+    /// The same, -1 for none.
+    int elementId() const { return elementKey().value_or(-1); }
     /// The family of the kind, or null.
     const Family* family() const { return familyOfKind(kind); }
 

@@ -21,6 +21,27 @@ const QString updateShort =
     QStringLiteral("UPDATE %9 SET (type_id, element_name, x, y, block_rotation, marker_rotation,scale)"
                    " = ('%1','%2',%3,%4,%5,%6,%7) WHERE element_id = %8");
 
+// The columns of `select`; the last two where the family has a depth.
+namespace Column {
+enum {
+    Id,
+    Name,
+    State,
+    Color,
+    X,
+    Y,
+    Z,
+    Height,
+    BlockRotation,
+    MarkerRotation,
+    Scale,
+    Props,
+    Position,
+    Depth,
+    Catalogue
+};
+}
+
 const RowStatements& commonStatements()
 {
     static const RowStatements statements = {
@@ -40,7 +61,7 @@ const RowStatements& commonStatements()
     return statements;
 }
 
-const RowStatements& stabiliserStatements()
+const RowStatements& depthStatements()
 {
     static const RowStatements statements = {
         "select element_id, element_name, state_id,(select colorindex from states where states.state_id = "
@@ -61,7 +82,7 @@ const RowStatements& stabiliserStatements()
 
 const RowStatements& statementsOf(const Family& family)
 {
-    return family.key == FamilyKey::Tsg ? stabiliserStatements() : commonStatements();
+    return family.hasDepth ? depthStatements() : commonStatements();
 }
 
 QString number(double value) { return fixed(value, 9); }
@@ -81,7 +102,7 @@ QStringList coordinates(const ElementBlock& element)
     return {number(element.x), number(element.y), number(element.z), number(element.h)};
 }
 
-QStringList stabiliserColumns(const ElementBlock& element)
+QStringList depthColumns(const ElementBlock& element)
 {
     return {number(element.e), QString::number(element.catalogId)};
 }
@@ -90,8 +111,8 @@ QString insertText(const ElementBlock& element, const Family& family, int positi
 {
     QStringList values = {typeIdOf(element), nameOf(element), QStringLiteral("exist"), QString::number(position)};
     values += coordinates(element);
-    if (family.key == FamilyKey::Tsg)
-        values += stabiliserColumns(element);
+    if (family.hasDepth)
+        values += depthColumns(element);
     values += placement(element);
     values += family.elements;
     return fill(statementsOf(family).insert, values);
@@ -100,18 +121,17 @@ QString insertText(const ElementBlock& element, const Family& family, int positi
 QString updateFullText(const ElementBlock& element, const Family& family, int id)
 {
     const bool withPosition = element.positionId != -1;
-    const bool stabiliser = family.key == FamilyKey::Tsg;
     const RowStatements& statements = statementsOf(family);
     QStringList values = {family.elements, typeIdOf(element), nameOf(element)};
-    if (stabiliser && withPosition)
+    if (family.hasDepth && withPosition)
         values += QString::number(element.positionId);
     values += coordinates(element);
-    if (stabiliser)
-        values += stabiliserColumns(element);
+    if (family.hasDepth)
+        values += depthColumns(element);
     values += placement(element);
     values += QString::number(id);
     // The common text names the position last.
-    if (!stabiliser && withPosition)
+    if (!family.hasDepth && withPosition)
         values += QString::number(element.positionId);
     return fill(withPosition ? statements.updateFullWithPosition : statements.updateFull, values);
 }
@@ -129,30 +149,30 @@ bool ElementBlock::loadFromDatabase(int id)
     if (!family)
         return false;
     const sql::Result row = session().run(fill(statementsOf(*family).select, family->elements, family->dynprops, id));
-    if (!row.isTuples() || row.ntuples() == 0)
+    if (!row.hasRow())
         return false;
 
-    setAttribute("element_id", row.getvalue(0, 0));
-    setAttribute("name", row.getvalue(0, 1));
-    setState(row.getvalue(0, 2));
-    if (!row.isNull(0, 3))
-        colorIndex = row.toInt(0, 3);
-    x = row.toDouble(0, 4);
-    y = row.toDouble(0, 5);
-    z = row.toDouble(0, 6);
-    setAttribute("rp_z", row.getvalue(0, 6));
-    setAttribute("z", row.getvalue(0, 6));
-    h = row.toDouble(0, 7);
-    setAttribute("h", row.getvalue(0, 7));
-    blockRotation = row.toDouble(0, 8);
-    // Column 9, the marker's rotation, follows from the block's and the properties.
-    scale = row.isNull(0, 10) ? 1.0 : row.toDouble(0, 10);
-    parseProps(row.getvalue(0, 11));
-    positionId = row.isNull(0, 12) ? -1 : row.toInt(0, 12);
-    if (row.nfields() > 13) {
-        e = row.toDouble(0, 13);
-        setAttribute("de", row.getvalue(0, 13));
-        catalogId = row.isNull(0, 14) ? -1 : row.toInt(0, 14);
+    setAttribute("element_id", row.getvalue(0, Column::Id));
+    setAttribute("name", row.getvalue(0, Column::Name));
+    setState(row.getvalue(0, Column::State));
+    if (!row.isNull(0, Column::Color))
+        colorIndex = row.toInt(0, Column::Color);
+    x = row.toDouble(0, Column::X);
+    y = row.toDouble(0, Column::Y);
+    z = row.toDouble(0, Column::Z);
+    setAttribute("rp_z", row.getvalue(0, Column::Z));
+    setAttribute("z", row.getvalue(0, Column::Z));
+    h = row.toDouble(0, Column::Height);
+    setAttribute("h", row.getvalue(0, Column::Height));
+    blockRotation = row.toDouble(0, Column::BlockRotation);
+    // The marker's rotation follows from the block's and the properties.
+    scale = row.isNull(0, Column::Scale) ? 1.0 : row.toDouble(0, Column::Scale);
+    parseProps(row.getvalue(0, Column::Props));
+    positionId = row.isNull(0, Column::Position) ? -1 : row.toInt(0, Column::Position);
+    if (family->hasDepth) {
+        e = row.toDouble(0, Column::Depth);
+        setAttribute("de", row.getvalue(0, Column::Depth));
+        catalogId = row.isNull(0, Column::Catalogue) ? -1 : row.toInt(0, Column::Catalogue);
     }
     return true;
 }
@@ -191,7 +211,7 @@ bool ElementBlock::insertRow(int position)
     const QString statement = insertText(*this, *family(), position);
     say("\n " + statement + " \n");
     const sql::Result key = session().run(statement);
-    if (!key.isTuples() || key.ntuples() == 0)
+    if (!key.hasRow())
         return false;
     positionId = position;
     const QString id = key.getvalue(0, 0);

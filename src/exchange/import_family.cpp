@@ -1,7 +1,5 @@
 #include "exchange/import_family.h"
 
-#include <algorithm>
-
 namespace {
 
 const QString dates = QStringLiteral("dd.MM.yyyy;;dd.MM.yy");
@@ -84,10 +82,10 @@ QVector<ImportColumn> columnsOf(const char* status, QVector<ImportColumn> own)
 
 } // namespace
 
-const QVector<ImportFamily>& importFamilies()
+const FamilyTable<ImportFamily, measuredFamilyCount>& importFamilies()
 {
     using C = ImportContent;
-    static const QVector<ImportFamily> rows = {
+    static const FamilyTable<ImportFamily, measuredFamilyCount> rows = {
         {FamilyKey::Dm, "DMImportCmdDialog", "Импорт измерений деформационных марок",
          numberTemplate("Отметка", nullptr, 3, 3),
          columnsOf("Статус", {{C::Value, "Значение"}, {C::Validity, "Валидность"}}), "Деформационная марка ",
@@ -127,10 +125,4 @@ const QVector<ImportFamily>& importFamilies()
     return rows;
 }
 
-const ImportFamily* importFamily(FamilyKey family)
-{
-    const auto& rows = importFamilies();
-    const auto found =
-        std::find_if(rows.begin(), rows.end(), [family](const ImportFamily& row) { return row.family == family; });
-    return found == rows.end() ? nullptr : &*found;
-}
+const ImportFamily* importFamily(FamilyKey family) { return importFamilies().find(family); }

@@ -31,7 +31,7 @@ struct ImportFamily {
 };
 
 /// The six families that carry measures.
-const QVector<ImportFamily>& importFamilies();
+const FamilyTable<ImportFamily, measuredFamilyCount>& importFamilies();
 
 /// Null for engineering-geological wells.
 const ImportFamily* importFamily(FamilyKey family);

@@ -61,7 +61,7 @@ bool MeasureTable::hasData(const BaseMeasure& measure) const
 {
     if (!std::isfinite(measure.values[0]))
         return false;
-    return family_.family != FamilyKey::Ts || !well(measure)->profile.isEmpty();
+    return !::family(family_.family).hasProfile || !well(measure)->profile.isEmpty();
 }
 
 void MeasureTable::evaluate(Row& row)

@@ -1,6 +1,7 @@
 #include "session/numbering.h"
 
 #include "base/placeholders.h"
+#include "elements/families/families.h"
 #include "session/project_session.h"
 
 #include <limits>
@@ -9,17 +10,23 @@
 namespace {
 
 struct NumberedFamily {
+    FamilyKey family;
     Enumerator ProjectSession::*enumerator;
-    const char* table;
-    const char* prefix;
+    QString prefix;
 };
 
-const NumberedFamily families[] = {
-    {&ProjectSession::dmEnumerator, "dm_elements", "ДМ."},    {&ProjectSession::tsEnumerator, "ts_elements", "ТС."},
-    {&ProjectSession::tssEnumerator, "tss_elements", "ТCС."}, // the second letter is a Latin C; drawings hold it so
-    {&ProjectSession::rpEnumerator, "rp_elements", "RP."},    {&ProjectSession::ggsEnumerator, "ggs_elements", "ГГС."},
-    {&ProjectSession::tsgEnumerator, "tsg_elements", "ТСГ."},
-};
+const FamilyTable<NumberedFamily, 6>& numberedFamilies()
+{
+    static const FamilyTable<NumberedFamily, 6> rows = {
+        {FamilyKey::Dm, &ProjectSession::dmEnumerator, "ДМ."},
+        {FamilyKey::Ts, &ProjectSession::tsEnumerator, "ТС."},
+        {FamilyKey::Tss, &ProjectSession::tssEnumerator, "ТCС."}, // the second letter is a Latin C; drawings hold it so
+        {FamilyKey::Rp, &ProjectSession::rpEnumerator, "RP."},
+        {FamilyKey::Ggs, &ProjectSession::ggsEnumerator, "ГГС."},
+        {FamilyKey::Tsg, &ProjectSession::tsgEnumerator, "ТСГ."},
+    };
+    return rows;
+}
 
 constexpr int greatestOfNone = 99;
 constexpr int digits = 3;
@@ -49,11 +56,11 @@ int nextNumber(const QStringList& names)
 
 void renumberFamilies(ProjectSession& session, int positionId)
 {
-    for (const NumberedFamily& family : families) {
-        const sql::Result rows = session.run(
-            fill(QStringLiteral("SELECT element_name FROM %1 WHERE position_id=%2"), family.table, positionId));
+    for (const NumberedFamily& numbered : numberedFamilies()) {
+        const sql::Result rows = session.run(fill(QStringLiteral("SELECT element_name FROM %1 WHERE position_id=%2"),
+                                                  family(numbered.family).elements, positionId));
         if (!rows.isTuples())
             continue;
-        session.*family.enumerator = {QString::fromUtf8(family.prefix), nextNumber(firstColumn(rows)), digits};
+        session.*numbered.enumerator = {numbered.prefix, nextNumber(firstColumn(rows)), digits};
     }
 }

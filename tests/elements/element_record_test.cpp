@@ -199,13 +199,16 @@ TEST(ElementRecord, WithoutAConnectionEveryStateHasColourFive)
     EXPECT_EQ(element.colorIndex, 5);
 }
 
-TEST(ElementRecord, KeyIsTheAttributesNumber)
+TEST(ElementRecord, KeyIsTheNumberThatTheAttributeBeginsWith)
 {
     ElementBlock element = fresh(0);
     EXPECT_EQ(element.elementId(), -1);
     element.setAttribute("element_id", "42");
     EXPECT_EQ(element.elementId(), 42);
-    element.setAttribute("element_id", "42x");
+    element.setAttribute("element_id", " 42x");
+    EXPECT_EQ(element.elementId(), 42);
+    element.setAttribute("element_id", "x42");
+    EXPECT_EQ(element.elementKey(), std::nullopt);
     EXPECT_EQ(element.elementId(), -1);
     EXPECT_EQ(fresh(16).elementId(), -1);
     EXPECT_EQ(fresh(6).elementId(), -1);

@@ -180,6 +180,45 @@ TEST(FamilyTable, EveryOtherKindBelongsToExactlyOne)
     EXPECT_EQ(seen.size(), 17);
 }
 
+TEST(FamilyTable, OnlyThermostabilisersHaveADepthAndOnlyThermalWellsAProfile)
+{
+    for (const Family& f : families()) {
+        EXPECT_EQ(f.hasDepth, f.shortKey == "TSG") << f.shortKey;
+        EXPECT_EQ(f.hasProfile, f.shortKey == "TS") << f.shortKey;
+    }
+}
+
+namespace {
+
+struct Sign {
+    FamilyKey family;
+    int number;
+};
+
+} // namespace
+
+TEST(FamilyTable, RowsAreFoundByKeyAndWalkedInTheirOwnOrder)
+{
+    const FamilyTable<Sign, 2> signs = {{FamilyKey::Tsg, 5}, {FamilyKey::Dm, 3}};
+    ASSERT_NE(signs.find(FamilyKey::Dm), nullptr);
+    EXPECT_EQ(signs.find(FamilyKey::Dm)->number, 3);
+    EXPECT_EQ(signs.find(FamilyKey::Tsg)->number, 5);
+    EXPECT_EQ(signs.find(FamilyKey::Rp), nullptr);
+    EXPECT_EQ(signs.begin()->number, 5);
+    EXPECT_EQ(signs.size(), 2);
+    int place = 0;
+    for (const Family& f : families())
+        EXPECT_EQ(int(f.key), place++);
+}
+
+TEST(FamilyTable, OneThatForgetsAFamilyOrNamesItTwiceIsNeverMade)
+{
+    using Two = FamilyTable<Sign, 2>;
+    EXPECT_DEATH((Two{{FamilyKey::Dm, 1}}), "has 1 rows in place of 2");
+    EXPECT_DEATH((Two{{FamilyKey::Dm, 1}, {FamilyKey::Ts, 2}, {FamilyKey::Rp, 3}}), "has 3 rows in place of 2");
+    EXPECT_DEATH((Two{{FamilyKey::Ts, 1}, {FamilyKey::Ts, 2}}), "two rows of the family 1");
+}
+
 TEST(FamilyTable, AllIsAnEntryOfTheListAndNoFamily)
 {
     EXPECT_EQ(allFamiliesKey(), "ALL");

@@ -64,7 +64,7 @@ QVector<SourceFile> sourcesBelow(const QString& folder)
     while (walk.hasNext()) {
         const QString path = walk.next();
         const QString text = textOf(path);
-        files << SourceFile{QDir(root()).relativeFilePath(path), includesOf(text), text.count(QLatin1Char('\n'))};
+        files << SourceFile{QDir(root()).relativeFilePath(path), includesOf(text), text.count(QLatin1Char('\n')), text};
     }
     return files;
 }

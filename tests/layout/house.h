@@ -17,6 +17,7 @@ struct SourceFile {
     QString path;         // below the repository
     QStringList included; // as written between quotes or angle brackets
     int lines = 0;
+    QString text;
 };
 
 // Folders of src/ that declare a library.

@@ -143,6 +143,29 @@ TEST(Layout, GeometryAndTheContourEngineAreStandardCppOnly)
     }
 }
 
+namespace {
+
+// Where a text asks which family it has; a row of a table only says it.
+QString familyAskedByName(const QString& text)
+{
+    static const QRegularExpression asked(
+        QStringLiteral("([=!]=\\s*FamilyKey::\\w+|FamilyKey::\\w+\\s*[=!]=|case\\s+FamilyKey::\\w+)"));
+    return asked.match(text).captured(1);
+}
+
+} // namespace
+
+TEST(Layout, WhatAFamilyHasIsAColumnAndNoQuestionForItsName)
+{
+    for (const char* question : {"if (key == FamilyKey::Ts)", "FamilyKey::Igs != key", "case FamilyKey::Dm: break;"})
+        EXPECT_NE(familyAskedByName(question), QString()) << question;
+    EXPECT_EQ(familyAskedByName("{FamilyKey::Dm, 1}, family(FamilyKey::Ts)"), QString());
+    for (const SourceFile& file : sourcesBelow(QStringLiteral("src"))) {
+        if (!file.path.startsWith(QLatin1String("src/elements/")))
+            EXPECT_EQ(familyAskedByName(file.text), QString()) << file.path.toStdString();
+    }
+}
+
 TEST(Layout, ModuleCodeIsPortable)
 {
     static const QSet<QString> system = {"unistd.h",   "dlfcn.h",     "windows.h", "pthread.h",

@@ -3,9 +3,9 @@
 namespace {
 
 // Misspellings and doubled blanks are what users and their scripts know.
-const std::array<AuditTexts, familyCount>& rows()
+const FamilyTable<AuditTexts>& rows()
 {
-    static const std::array<AuditTexts, familyCount> table = {{
+    static const FamilyTable<AuditTexts> table = {
         {FamilyKey::Dm,
          "Деформационная марка с аттрибутом element_id=%1 не найдена в базе данных \n",
          "Деформационная марка с аттрибутом element_id=%1 не найдена в позиции \n",
@@ -57,13 +57,13 @@ const std::array<AuditTexts, familyCount>& rows()
          "Обнаружен термостабилизатор с дубликатом аттрибута element_id=%1 \n",
          "В базе данных найдено %1 термостабилизаторов, отсутсвующих в чертеже \n  Выполнить их удаление из базы "
          "данных"},
-    }};
+    };
     return table;
 }
 
 } // namespace
 
-const AuditTexts& auditTexts(FamilyKey family) { return rows()[size_t(family)]; }
+const AuditTexts& auditTexts(FamilyKey family) { return rows()[family]; }
 
 QString duplicateIdText(FamilyKey family, SyncMode mode)
 {

@@ -3,7 +3,6 @@
 #include "base/placeholders.h"
 #include "base/text.h"
 #include "drawing/sync/audit_texts.h"
-#include "drawing/sync/element_id.h"
 #include "hostkit/block_reference.h"
 #include "hostkit/console.h"
 #include "hostkit/error_markers.h"
@@ -11,11 +10,6 @@
 #include "session/project_session.h"
 
 namespace {
-
-std::optional<int> idOf(const ElementBlock& block)
-{
-    return leadingInteger(block.attributes.value(QStringLiteral("element_id")));
-}
 
 QString nameOf(const ElementBlock& block) { return block.attributes.value(QStringLiteral("name")); }
 
@@ -71,14 +65,14 @@ bool DrawingScan::look(NcDbObjectId reference)
     ElementBlock block(reference, colors_);
     bool rowKnown = true;
     if (session().connected) {
-        if (!idOf(block))
+        if (!block.elementKey())
             return false;
         rowKnown = takeRowName(block);
     }
     const Family* family = block.family();
     if (!family)
         return true;
-    const std::optional<int> id = idOf(block);
+    const std::optional<int> id = block.elementKey();
     if (!id)
         return false;
     process(block, *id, *family, rowKnown);
@@ -89,7 +83,7 @@ bool DrawingScan::look(NcDbObjectId reference)
 bool DrawingScan::takeRowName(ElementBlock& block) const
 {
     ElementBlock row(block.kind, colors_);
-    if (!row.loadFromDatabase(*idOf(block)))
+    if (!row.loadFromDatabase(block.elementId()))
         return false;
     if (row.hasAttribute(QStringLiteral("name")))
         block.setAttribute(QStringLiteral("name"), nameOf(row));
@@ -98,7 +92,7 @@ bool DrawingScan::takeRowName(ElementBlock& block) const
 
 void DrawingScan::process(ElementBlock& block, int id, const Family& family, bool rowKnown)
 {
-    const FamilyRows& rows = rows_[size_t(family.key)];
+    const FamilyRows& rows = rows_[family.key];
     const AuditTexts& texts = auditTexts(family.key);
     if (rows.allIds.count(id) == 0)
         report(block, fill(texts.notInDatabase, id), ErrorMarker::NotInDatabase);
@@ -110,7 +104,7 @@ void DrawingScan::process(ElementBlock& block, int id, const Family& family, boo
 
 void DrawingScan::write(ElementBlock& block, int id, const Family& family, bool rowKnown)
 {
-    FamilyRows& rows = rows_[size_t(family.key)];
+    FamilyRows& rows = rows_[family.key];
     const QString name = nameOf(block);
     if (rows.seenIds.count(id) != 0) {
         report(block, fill(duplicateIdText(family.key, mode_), id), ErrorMarker::IdDuplicate);
@@ -125,8 +119,6 @@ void DrawingScan::write(ElementBlock& block, int id, const Family& family, bool 
     rows.seenIds.insert(id);
     if (rowKnown) {
         rows.seenNames.insert(name);
-        // What follows the number in the attribute is no part of the key.
-        block.setAttribute(QStringLiteral("element_id"), QString::number(id));
         block.updateRow();
     }
     say(fill("Обрабатываем блок %1 \n", name));

@@ -34,7 +34,7 @@ bool loadRows(RowsOfFamilies& rows, int positionId)
 {
     for (const FamilyKey key : {FamilyKey::Dm, FamilyKey::Ts, FamilyKey::Tss, FamilyKey::Ggs, FamilyKey::Tsg,
                                 FamilyKey::Igs, FamilyKey::Rp}) {
-        if (!loadFamily(rows[size_t(key)], family(key), positionId))
+        if (!loadFamily(rows[key], family(key), positionId))
             return false;
     }
     return true;

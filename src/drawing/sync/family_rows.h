@@ -4,6 +4,7 @@
 #include "elements/families/families.h"
 
 #include <QSet>
+#include <map>
 #include <set>
 
 /// Of one family, alive for one run.
@@ -14,8 +15,7 @@ struct FamilyRows {
     QSet<QString> seenNames;
 };
 
-/// Indexed by FamilyKey.
-using RowsOfFamilies = std::array<FamilyRows, familyCount>;
+using RowsOfFamilies = std::map<FamilyKey, FamilyRows>;
 
 /// Reads the ids of all families. False as soon as one cannot be read: what a
 /// half-read list says about the drawing would be wrong.

@@ -36,5 +36,5 @@ void offerMissingRows(RowsOfFamilies& rows, const SyncQuestions& questions)
 {
     for (const FamilyKey key :
          {FamilyKey::Dm, FamilyKey::Ts, FamilyKey::Tss, FamilyKey::Rp, FamilyKey::Ggs, FamilyKey::Igs, FamilyKey::Tsg})
-        offerFamily(rows[size_t(key)], family(key), questions);
+        offerFamily(rows[key], family(key), questions);
 }

@@ -2,6 +2,7 @@
 
 #include "base/placeholders.h"
 #include "base/text.h"
+#include "drawing/sync/row_statement.h"
 #include "hostkit/console.h"
 #include "hostkit/error_markers.h"
 #include "hostkit/model_space.h"
@@ -22,35 +23,34 @@ int kindOfType(const QString& typeId)
     return blockName.isEmpty() ? noKind : kindByBlockName(blockName);
 }
 
-// Attributes that mirror numbers of the row; the kinds of other families lack them.
-void setFamilyAttributes(ElementBlock& element, const sql::Result& rows, int row, FamilyKey family)
+// Attributes that mirror numbers of the row; kinds without them take none.
+void mirrorNumbers(ElementBlock& element, const sql::Result& rows, int row, const Family& family)
 {
-    if (family == FamilyKey::Rp)
-        element.setAttribute(QStringLiteral("rp_z"), fixed(element.z, 2));
-    if (family != FamilyKey::Tsg)
-        return;
-    element.setAttribute(QStringLiteral("h"), fixed(rows.toDouble(row, 8), 2));
-    element.setAttribute(QStringLiteral("de"), fixed(rows.toDouble(row, 9), 2));
+    element.setAttribute(QStringLiteral("rp_z"), fixed(element.z, 2));
     element.setAttribute(QStringLiteral("z"), fixed(element.z, 2));
+    element.setAttribute(QStringLiteral("h"), fixed(rows.toDouble(row, SyncColumn::Height), 2));
+    if (family.hasDepth)
+        element.setAttribute(QStringLiteral("de"), fixed(rows.toDouble(row, SyncColumn::Depth), 2));
 }
 
-RowElement elementOfRow(const sql::Result& rows, int row, FamilyKey family, const StateColors& colors)
+RowElement elementOfRow(const sql::Result& rows, int row, const Family& family, const StateColors& colors)
 {
-    RowElement made{rows.toInt(row, 0), rows.getvalue(row, 2), ElementBlock(kindOfType(rows.getvalue(row, 1)), colors)};
+    using namespace SyncColumn;
+    RowElement made{rows.toInt(row, Id), rows.getvalue(row, Name),
+                    ElementBlock(kindOfType(rows.getvalue(row, Type)), colors)};
     ElementBlock& element = made.element;
     element.setAttribute(QStringLiteral("element_id"), QString::number(made.id));
     element.setAttribute(QStringLiteral("name"), made.name);
-    element.x = rows.toDouble(row, 5);
-    element.y = rows.toDouble(row, 6);
-    element.z = rows.toDouble(row, 7);
-    setFamilyAttributes(element, rows, row, family);
-    // The burial depth of a thermostabiliser moves the fields behind it. The
-    // marker's rotation follows from the block's and the properties.
-    const int rotation = family == FamilyKey::Tsg ? 10 : 9;
-    element.blockRotation = rows.toDouble(row, rotation);
-    element.scale = rows.isNull(row, rotation + 2) ? 1.0 : rows.toDouble(row, rotation + 2);
-    element.parseProps(rows.getvalue(row, rotation + 3));
-    element.setState(rows.getvalue(row, 3));
+    element.x = rows.toDouble(row, X);
+    element.y = rows.toDouble(row, Y);
+    element.z = rows.toDouble(row, Z);
+    mirrorNumbers(element, rows, row, family);
+    // The marker's rotation follows from the block's and the properties.
+    const int moved = family.hasDepth ? 1 : 0;
+    element.blockRotation = rows.toDouble(row, BlockRotation + moved);
+    element.scale = rows.isNull(row, Scale + moved) ? 1.0 : rows.toDouble(row, Scale + moved);
+    element.parseProps(rows.getvalue(row, Props + moved));
+    element.setState(rows.getvalue(row, State));
     return made;
 }
 
@@ -116,7 +116,7 @@ void bringRow(const Family& family, RowElement& row, const StateColors& colors)
 void bringRows(const Family& family, const sql::Result& rows, const StateColors& colors)
 {
     for (int row = 0; rows.isTuples() && row < rows.ntuples(); ++row) {
-        RowElement element = elementOfRow(rows, row, family.key, colors);
+        RowElement element = elementOfRow(rows, row, family, colors);
         bringRow(family, element, colors);
     }
 }

@@ -23,7 +23,7 @@ const std::array<LevelJoin, 4>& levelJoins()
 
 QString selection(const Family& family, SyncLevel level)
 {
-    if (family.key == FamilyKey::Tsg)
+    if (family.hasDepth)
         return fill("select element_id, type_id, element_name, state_id, position_id, x, y,z, h,e,block_rotation,"
                     "marker_rotation,scale, props from %1 ",
                     family.elements)

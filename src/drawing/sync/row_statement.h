@@ -4,6 +4,11 @@
 #include "drawing/sync/database_to_drawing.h"
 #include "elements/families/families.h"
 
-/// Columns: element_id, type_id, element_name, state_id, position_id, x, y, z,
-/// h, (thermostabilisers: e,) block_rotation, marker_rotation, scale, props.
+/// The columns. A family with a depth has it in the place of the block's
+/// rotation, and what stands from there on one place further.
+namespace SyncColumn {
+enum { Id, Type, Name, State, Position, X, Y, Z, Height, BlockRotation, MarkerRotation, Scale, Props };
+constexpr int Depth = BlockRotation;
+} // namespace SyncColumn
+
 QString rowStatement(const Family& family, int id, SyncLevel level);

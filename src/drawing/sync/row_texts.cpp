@@ -2,9 +2,9 @@
 
 namespace {
 
-const std::array<RowTexts, familyCount>& rows()
+const FamilyTable<RowTexts>& rows()
 {
-    static const std::array<RowTexts, familyCount> table = {{
+    static const FamilyTable<RowTexts> table = {
         {FamilyKey::Dm, "Обработка деформационных марок\n",
          "\n Деформационная марка %2 с ID=%1, не найдена в чертеже. Будет выполнена вставка",
          "\n Имена деформационных марок с ID=%1,не совпадают (Чертеж:%2, БД:%3) Имя будет заменено"},
@@ -24,10 +24,10 @@ const std::array<RowTexts, familyCount>& rows()
          "\n Имена точек снегомерной съемки с ID=%1,не совпадают (Чертеж:%2, БД:%3) Имя будет заменено"},
         {FamilyKey::Tsg, "Обработка СОУ \n", "\n ТСГ с ID=%1, не найден в чертеже. Будет выполнена вставка",
          "\n Имена ТСГ с ID=%1,не совпадают (Чертеж:%2, БД:%3) Имя будет заменено"},
-    }};
+    };
     return table;
 }
 
 } // namespace
 
-const RowTexts& rowTexts(FamilyKey family) { return rows()[size_t(family)]; }
+const RowTexts& rowTexts(FamilyKey family) { return rows()[family]; }

@@ -1,22 +1,12 @@
-// The seven families of monitoring elements: which kinds they hold and which
-// tables. Areas that need more per family keep a table of their own, keyed by
-// FamilyKey, beside the one routine that reads it.
+// The seven families of monitoring elements: which kinds they hold, which
+// tables, and what one has that another lacks. Areas that need more per family
+// keep a FamilyTable of their own beside the one routine that reads it.
 #pragma once
+
+#include "elements/families/family_table.h"
 
 #include <QString>
 #include <QVector>
-#include <array>
-
-enum class FamilyKey {
-    Dm,  ///< deformation marks
-    Ts,  ///< thermal wells
-    Rp,  ///< benchmarks
-    Ggs, ///< hydrogeological wells
-    Igs, ///< engineering-geological wells
-    Tss, ///< snow survey points
-    Tsg, ///< thermostabilisers
-};
-constexpr int familyCount = 7;
 
 struct Family {
     FamilyKey key;
@@ -29,11 +19,15 @@ struct Family {
     QString measures; ///< empty for engineering-geological wells, as are the next two
     QString inspections;
     QString files;
-    unsigned mask; ///< bit in the filter of the synchronisation
+    unsigned mask;           ///< bit in the filter of the synchronisation
+    bool hasDepth = false;   ///< rows hold a burial depth and a construction of the catalogue
+    bool hasProfile = false; ///< a measure holds temperatures by depth
 };
 
+inline FamilyKey keyOf(const Family& row) { return row.key; }
+
 /// In the order of FamilyKey.
-const std::array<Family, familyCount>& families();
+const FamilyTable<Family>& families();
 
 const Family& family(FamilyKey key);
 

@@ -135,19 +135,19 @@ int BaseMeasure::setPerformerId(int id)
 int BaseMeasure::load(int id)
 {
     const sql::Result row = session().run(fill(family_->select, id));
-    if (!row.isTuples() || row.ntuples() == 0)
+    if (!row.hasRow())
         return measureNotFound;
     measureId = id;
-    setElementId(idAt(row, 0));
+    setElementId(idAt(row, MeasureFamily::ElementId));
     // What the lists do not know is still what the row says.
-    cycleId = idAt(row, 1);
+    cycleId = idAt(row, MeasureFamily::CycleId);
     cycleIndex = indexOfId(lists.cycles, cycleId);
-    deviceId = idAt(row, 2);
+    deviceId = idAt(row, MeasureFamily::DeviceId);
     deviceIndex = -1;
     setDeviceId(deviceId);
-    date = QDateTime::fromString(row.getvalue(0, 3), dateFormat());
-    readValues(row, 4);
-    performerId = idAt(row, 4 + family_->columns.size());
+    date = QDateTime::fromString(row.getvalue(0, MeasureFamily::Date), dateFormat());
+    readValues(row, MeasureFamily::FirstValue);
+    performerId = idAt(row, family_->performerColumn());
     performerIndex = -1;
     setPerformerId(performerId);
     return measureOk;

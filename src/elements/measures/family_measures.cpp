@@ -30,16 +30,27 @@ void TSMeasure::readValues(const sql::Result& row, int column)
     profileRead = parseProfile(row.getvalue(0, column + 1), profile);
 }
 
+namespace {
+
+struct MeasureMaker {
+    FamilyKey family;
+    std::unique_ptr<BaseMeasure> (*make)(const MeasureLists& lists);
+};
+
+template <class Measure>
+std::unique_ptr<BaseMeasure> make(const MeasureLists& lists)
+{
+    return std::make_unique<Measure>(lists);
+}
+
+} // namespace
+
 std::unique_ptr<BaseMeasure> makeMeasure(FamilyKey family, const MeasureLists& lists)
 {
-    switch (family) {
-    case FamilyKey::Dm: return std::make_unique<DMMeasure>(lists);
-    case FamilyKey::Ts: return std::make_unique<TSMeasure>(lists);
-    case FamilyKey::Rp: return std::make_unique<RPMeasure>(lists);
-    case FamilyKey::Ggs: return std::make_unique<GGSMeasure>(lists);
-    case FamilyKey::Tss: return std::make_unique<TSSMeasure>(lists);
-    case FamilyKey::Tsg: return std::make_unique<TSGMeasure>(lists);
-    case FamilyKey::Igs: break;
-    }
-    return nullptr;
+    static const FamilyTable<MeasureMaker, measuredFamilyCount> makers = {
+        {FamilyKey::Dm, make<DMMeasure>},   {FamilyKey::Ts, make<TSMeasure>},   {FamilyKey::Rp, make<RPMeasure>},
+        {FamilyKey::Ggs, make<GGSMeasure>}, {FamilyKey::Tss, make<TSSMeasure>}, {FamilyKey::Tsg, make<TSGMeasure>},
+    };
+    const MeasureMaker* maker = makers.find(family);
+    return maker ? maker->make(lists) : nullptr;
 }

@@ -1,7 +1,6 @@
 #include "elements/measures/measure_family.h"
 
 #include <QStringList>
-#include <algorithm>
 
 QString MeasureFamily::columnList() const
 {
@@ -11,10 +10,10 @@ QString MeasureFamily::columnList() const
     return names.join(QLatin1Char(','));
 }
 
-const QVector<MeasureFamily>& measureFamilies()
+const FamilyTable<MeasureFamily, measuredFamilyCount>& measureFamilies()
 {
     // Two of the warnings repeat another family's words; users know them so.
-    static const QVector<MeasureFamily> rows = {
+    static const FamilyTable<MeasureFamily, measuredFamilyCount> rows = {
         {FamilyKey::Dm,
          "dm",
          "dm_meas",
@@ -81,10 +80,4 @@ const QVector<MeasureFamily>& measureFamilies()
     return rows;
 }
 
-const MeasureFamily* measureFamily(FamilyKey family)
-{
-    const auto& rows = measureFamilies();
-    const auto found =
-        std::find_if(rows.begin(), rows.end(), [family](const MeasureFamily& row) { return row.family == family; });
-    return found == rows.end() ? nullptr : &*found;
-}
+const MeasureFamily* measureFamily(FamilyKey family) { return measureFamilies().find(family); }

@@ -13,6 +13,11 @@ struct MeasureColumn {
 };
 
 struct MeasureFamily {
+    /// The columns of `select`: the values begin at the last of these, the
+    /// performer stands behind them.
+    enum SelectColumn { ElementId, CycleId, DeviceId, Date, FirstValue };
+    int performerColumn() const { return FirstValue + columns.size(); }
+
     FamilyKey family;
     QString key; ///< "dm": of the management form's combo
     QString measureTable;
@@ -29,7 +34,7 @@ struct MeasureFamily {
 };
 
 /// The six families that carry measures, in the order of the management form.
-const QVector<MeasureFamily>& measureFamilies();
+const FamilyTable<MeasureFamily, measuredFamilyCount>& measureFamilies();
 
 /// Null for engineering-geological wells.
 const MeasureFamily* measureFamily(FamilyKey family);

@@ -1,7 +1,7 @@
 // The command that carries a drawing into the database: its checks, its
 // question, what it does with blocks that it cannot read.
 #include "drawing/sync/drawing_scan.h"
-#include "drawing/sync/element_id.h"
+#include "elements/element_id.h"
 #include "support/statement_relay.h"
 #include "sync_fixture.h"
 

@@ -1,5 +1,5 @@
 // Drawings as people and accidents leave them.
-#include "drawing/sync/element_id.h"
+#include "elements/element_id.h"
 #include "sync_fixture.h"
 
 #include <QSet>

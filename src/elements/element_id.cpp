@@ -1,4 +1,4 @@
-#include "drawing/sync/element_id.h"
+#include "elements/element_id.h"
 
 #include <QRegularExpression>
 
