@@ -190,6 +190,16 @@ TEST_F(ProfileCheck, WithoutDepthsThereIsNoCriterionAndNoTest)
     EXPECT_TRUE(std::isinf(check(wild).depthTo));
 }
 
+TEST_F(ProfileCheck, EitherDepthMissingAloneIsNoCriterion)
+{
+    setNorms("null", "1", "null");
+    EXPECT_EQ(check(smooth).validity, quint32(profileNoNorm));
+    database()->exec("update positions_attributes set temperature_deep_min = null, temperature_deep_max = 4");
+    EXPECT_EQ(check(smooth).validity, quint32(profileNoNorm));
+    database()->exec("update positions_attributes set temperature_deep_min = 1");
+    EXPECT_EQ(check(smooth).validity, quint32(profileNoPrevious)) << "both are there";
+}
+
 TEST_F(ProfileCheck, TheFirstMeasureOfASmoothWellLacksOnlyItsComparison)
 {
     setNorms("null", "1", "4");

@@ -189,6 +189,17 @@ TEST_F(Marks, UncheckedRowsAreCopiedAsText)
               "новая\tИванов Иван - Иванов\t1.5\tНеизвестная ошибка\n");
 }
 
+TEST_F(Marks, TheUncheckedRowStaysOnItsLineWhateverItsTexts)
+{
+    database()->exec("update devices set description = E'новая\\r\\nкоса' where device_id = 1");
+    loadDevices(lists);
+    readLines({"Т-9;05.01.2021;1.5;SN-1"});
+    const QString text = table.uncheckedText();
+    EXPECT_TRUE(text.contains("\tSN-1 - новая  коса\t")) << text;
+    EXPECT_FALSE(text.contains('\r'));
+    EXPECT_EQ(text.count('\n'), 1);
+}
+
 TEST_F(Marks, ChangedListsClearWhatWasLost)
 {
     readLines({"Т-1;05.01.2021;1.5;SN-1", "Т-2;05.02.2021;1.5;SN-1"});

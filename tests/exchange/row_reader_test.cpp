@@ -198,6 +198,9 @@ TEST(RowReader, ReadsTheRussianLoggerWithoutAir)
     EXPECT_EQ(read.row.serial, "777");
     EXPECT_TRUE(std::isinf(read.row.value));
     EXPECT_EQ(read.row.profile, TemperatureProfile({{1.0, -1.0}, {2.0, -2.0}}));
+    EXPECT_EQ(read("05.06.21;14:15;ТС-2;778"), Line::Data) << "up to the serial number";
+    EXPECT_EQ(read.row.serial, "778");
+    EXPECT_EQ(read("05.06.21;14:15;ТС-2"), Line::Passed) << "one cell short";
 }
 
 // Cells are split at the whole separator, a profile at its first sign.

@@ -113,6 +113,35 @@ TEST_F(ColorMaps, AChangedCountAsksFirstWhenSomethingWasEdited)
     EXPECT_EQ(widget().current().ranges.size(), 5u);
 }
 
+TEST_F(ColorMaps, AnEditedColourCountsAsAnEdit)
+{
+    widget().setLevelMapId(LevelMap::Temperature);
+    driver.expect(QStringLiteral("*")).color(QStringLiteral("10,20,30"));
+    emit child<QTableWidget>("ColorTable")->cellDoubleClicked(2, 3);
+    ASSERT_TRUE(driver.done()) << driver.report();
+    const NcCmColor& color = widget().current().ranges[3].color;
+    EXPECT_EQ(QColor(color.red(), color.green(), color.blue()), QColor(10, 20, 30));
+    EXPECT_EQ(child<QTableWidget>("ColorTable")->item(2, 3)->background().color(), QColor(10, 20, 30));
+    driver.expect(QStringLiteral("Внимание"))
+        .text(QStringLiteral("Будут потеряны именения в настройке палитры.\n Продолжить?"))
+        .press(QStringLiteral("Нет"));
+    child<QSpinBox>("LevelCountSpin")->setValue(5);
+    EXPECT_TRUE(driver.done()) << driver.report();
+}
+
+TEST_F(ColorMaps, TheLimitsOfAMapStandEachInItsField)
+{
+    widget().setLevelMapId(LevelMap::Temperature);
+    EXPECT_EQ(child<QDoubleSpinBox>("LevelMin")->value(), -20.0);
+    EXPECT_EQ(child<QDoubleSpinBox>("LevelMax")->value(), 10.0);
+    EXPECT_EQ(child<QSpinBox>("LevelCountSpin")->value(), 14);
+    child<QDoubleSpinBox>("LevelMin")->setValue(-4.0);
+    child<QDoubleSpinBox>("LevelMax")->setValue(8.0);
+    child<QSpinBox>("LevelCountSpin")->setValue(3);
+    EXPECT_EQ(widget().current().minimum, -4.0);
+    EXPECT_EQ(widget().current().maximum, 8.0);
+}
+
 TEST_F(ColorMaps, AreWrittenToTheDatabaseUnderAName)
 {
     widget().setLevelMapId(LevelMap::Temperature);

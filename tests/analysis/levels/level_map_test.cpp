@@ -195,6 +195,17 @@ TEST_F(LevelMapFiles, AnythingWrongLeavesTheMapAsItWas)
     EXPECT_EQ(map.ranges.size(), 14u);
 }
 
+TEST_F(LevelMapFiles, EmptyPartsOfALineAreDropped)
+{
+    write(path("e.cmp"), ",0,, 1, 2,3,,,4,\n");
+    LevelMap map;
+    ASSERT_TRUE(map.loadFile(path("e.cmp")));
+    ASSERT_EQ(map.ranges.size(), 1u);
+    EXPECT_EQ(map.ranges[0].min, 0.0);
+    EXPECT_EQ(map.ranges[0].max, 1.0);
+    EXPECT_EQ(rgb(map.ranges[0]), (Rgb{2, 3, 4}));
+}
+
 TEST_F(LevelMapFiles, WindowsLineEndsAreTaken)
 {
     write(path("w.cmp"), "0, 1, 2, 3, 4\r\n1, 2, 5, 6, 7\r\n");

@@ -4,6 +4,8 @@
 #include "analysis/maps/map_fixture.h"
 #include "analysis/maps/value_labels.h"
 
+#include <nrx/application.h>
+
 #include <cmath>
 
 namespace {
@@ -45,6 +47,26 @@ TEST_F(MapDrawing, ALockedLayerIsUnlocked)
 {
     setLayerLocked(layer, true);
     EXPECT_EQ(drawPolylines(layer, {ring(0, 1, 0)}).size(), 1u);
+}
+
+namespace {
+
+int regenerated = 0;
+
+} // namespace
+
+TEST_F(MapDrawing, HatchesRegenerateTheViewOnceAndAloneDoSo)
+{
+    NcEdCommand* command = nullptr;
+    ASSERT_TRUE(isOk(GetCommandStack()->addCommand(
+        QStringLiteral("MAPS_TEST"), QStringLiteral("REGEN"), QStringLiteral("REGEN"), 0, [] { ++regenerated; },
+        nullptr, 0, nullptr, &command)));
+    regenerated = 0;
+    drawPolylines(layer, {ring(0, 1, 0)});
+    EXPECT_EQ(regenerated, 0);
+    drawHatches({{5, -3.0, {ring(0, 10, -3)}}, {6, -1.5, {ring(5, 6, -1.5)}}}, LevelMap(LevelMap::Temperature), layer);
+    EXPECT_EQ(regenerated, 1);
+    GetCommandStack()->removeGroup(QStringLiteral("MAPS_TEST"));
 }
 
 TEST_F(MapDrawing, ABandIsOneSolidHatchInItsColourUnderAllElse)

@@ -252,6 +252,50 @@ TEST_F(TemperatureMap, TheDialogHasItsDefaults)
     EXPECT_EQ(shown.refineParts, defaults.refineParts);
 }
 
+TEST_F(TemperatureMap, EachParameterIsReadFromItsOwnControl)
+{
+    IsoContoursCmdDialog dialog;
+    const contour::BuildParameters before = dialog.parameters();
+    EXPECT_FALSE(before.calculateBoundary || before.filterLines || before.refineLines);
+    child<QCheckBox>(dialog, "RefineLine")->setChecked(true);
+    EXPECT_TRUE(dialog.parameters().refineLines);
+    EXPECT_FALSE(dialog.parameters().filterLines || dialog.parameters().calculateBoundary);
+    child<QCheckBox>(dialog, "RefineLine")->setChecked(false);
+    child<QCheckBox>(dialog, "IsolineFilterCheck")->setChecked(true);
+    EXPECT_TRUE(dialog.parameters().filterLines);
+    EXPECT_FALSE(dialog.parameters().refineLines || dialog.parameters().calculateBoundary);
+    child<QCheckBox>(dialog, "IsolineFilterCheck")->setChecked(false);
+    child<QCheckBox>(dialog, "CalculateBoundCheck")->setChecked(true);
+    EXPECT_TRUE(dialog.parameters().calculateBoundary);
+    EXPECT_FALSE(dialog.parameters().refineLines || dialog.parameters().filterLines);
+    child<QCheckBox>(dialog, "SplineLine")->setChecked(false);
+    EXPECT_FALSE(dialog.parameters().smoothLines);
+
+    child<QLineEdit>(dialog, "FilterLinesDistance")->setText(QStringLiteral("0.25"));
+    child<QLineEdit>(dialog, "RefineLineDist")->setText(QStringLiteral("12.5"));
+    child<QSpinBox>(dialog, "RefineLineCount")->setValue(7);
+    child<QSpinBox>(dialog, "SplinePointNum")->setValue(13);
+    child<QLineEdit>(dialog, "MethodParamOne")->setText(QStringLiteral("3.5"));
+    child<QLineEdit>(dialog, "MethodParamTwo")->setText(QStringLiteral("21"));
+    const contour::BuildParameters after = dialog.parameters();
+    EXPECT_EQ(after.filterDistance, 0.25);
+    EXPECT_EQ(after.refineDistance, 12.5);
+    EXPECT_EQ(after.refineParts, 7);
+    EXPECT_EQ(after.splineSamples, 13);
+    EXPECT_EQ(after.power, 3.5);
+    EXPECT_EQ(after.neighbours, 21);
+}
+
+TEST_F(TemperatureMap, TheLimitsOfThePointsStandEachInItsField)
+{
+    IsoContoursCmdDialog dialog;
+    dialog.SetPoints({{1, 20, -3}, {4, 50, 6}, {2, 30, 0}});
+    const QPair<const char*, const char*> limits[] = {{"XMin", "1.00"},  {"XMax", "4.00"},  {"YMin", "20.00"},
+                                                      {"YMax", "50.00"}, {"ZMin", "-3.00"}, {"ZMax", "6.00"}};
+    for (const auto& [name, text] : limits)
+        EXPECT_EQ(child<QLabel>(dialog, name)->text(), QString(text)) << name;
+}
+
 TEST_F(TemperatureMap, ParametersThatAreNoNumbersCountAsZero)
 {
     IsoContoursCmdDialog dialog;
@@ -390,6 +434,21 @@ TEST_F(TemperatureMap, TheCommandDrawsHatchesIsolinesAndLabels)
     // Values from -0.1 to -4.2 touch the bands that begin at -5, -3, -1.5 and -0.5.
     EXPECT_EQ(entities<NcDbHatch>(QStringLiteral("MAP")).size(), 4u);
     EXPECT_GE(entities<NcDbPolyline>(QStringLiteral("MAP")).size(), 3u);
+}
+
+TEST_F(TemperatureMap, TheCommandTakesTheProjectsColourMap)
+{
+    const NcDbObjectId border = squareBorder();
+    for (const auto& [id, name] : {std::make_pair(-2, "Карта деформаций"), std::make_pair(-3, "Карта температур")}) {
+        session().temperatureColormapId = id;
+        driver.expect(QStringLiteral("Построение карты температур")).press(QStringLiteral("okButton"));
+        driver.expect(QStringLiteral("Построение изоконтуров"))
+            .check(QStringLiteral("LevelMapType"), QString(name))
+            .press(QStringLiteral("cancelButton"));
+        BorderAnswer answer(border);
+        buildTemperatureMap();
+        EXPECT_TRUE(driver.done()) << driver.report();
+    }
 }
 
 TEST_F(TemperatureMap, EscTakesThePositionsFirstContour)

@@ -296,6 +296,8 @@ TEST_F(MeasureTest, DateFindsItsCycleOnBothOfItsEnds)
 {
     DMMeasure measure;
     measure.loadCycles();
+    // The loaded list answers, not the database.
+    database->exec("update cycles set date_start = null, date_end = null");
     for (const int day : {10, 12, 13}) {
         measure.setCycleId(-1);
         EXPECT_EQ(measure.setDate(QDateTime(QDate(2021, 3, day), QTime(1, 2))), 0);
@@ -303,6 +305,35 @@ TEST_F(MeasureTest, DateFindsItsCycleOnBothOfItsEnds)
         EXPECT_EQ(measure.cycleIndex, 1);
         EXPECT_EQ(measure.date, QDateTime(QDate(2021, 3, day), QTime(1, 2)));
     }
+}
+
+TEST_F(MeasureTest, DateThatOnlyTheDatabaseKnowsFindsItsCycleOnBothOfItsEnds)
+{
+    DMMeasure measure;
+    measure.loadCycles();
+    measure.lists.cycleRecords.clear();
+    for (const int day : {10, 12, 13}) {
+        measure.setCycleId(-1);
+        EXPECT_EQ(measure.setDate(QDateTime(QDate(2021, 3, day), QTime(1, 2))), 0);
+        EXPECT_EQ(measure.cycleId, 3);
+    }
+    EXPECT_EQ(measure.setDate(QDateTime(QDate(2021, 3, 9), QTime(1, 2))), 8);
+    EXPECT_EQ(measure.setDate(QDateTime(QDate(2021, 3, 14), QTime(1, 2))), 8);
+}
+
+TEST_F(MeasureTest, AMeasureNumberedZeroIsNotFound)
+{
+    DMMeasure measure;
+    measure.elementId = 40;
+    measure.cycleId = 3;
+    database->exec("insert into dm_meas (meas_dm_id, element_id, cycle_id, meas) overriding system value "
+                   "values (0, 40, 3, 1.5)");
+    measure.exists = true;
+    EXPECT_EQ(measure.findMeasureId(), -1);
+    EXPECT_FALSE(measure.exists);
+    database->exec("update dm_meas set meas_dm_id = 1");
+    EXPECT_EQ(measure.findMeasureId(), 1);
+    EXPECT_TRUE(measure.exists);
 }
 
 TEST_F(MeasureTest, DateBetweenCyclesHasNone)

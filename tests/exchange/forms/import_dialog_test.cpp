@@ -17,6 +17,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableView>
+#include <QTest>
 
 namespace {
 
@@ -491,6 +492,16 @@ TEST_F(ImportDialogs, QuestionsHaveFourAnswers)
     driver.expect("Внимание").close();
     EXPECT_EQ(int(askImport("вопрос", nullptr)), int(ImportAnswer::No)) << "closed";
     EXPECT_TRUE(driver.done()) << driver.report().toStdString();
+}
+
+TEST_F(ImportDialogs, EscAnswersAQuestionWithNo)
+{
+    driver.expect("Внимание").text("вопрос").call([](QWidget* box) {
+        QTest::keyClick(box, Qt::Key_Escape);
+        return QString();
+    });
+    EXPECT_EQ(int(askImport("вопрос", nullptr)), int(ImportAnswer::No));
+    EXPECT_TRUE(driver.done()) << driver.report().toStdString() << " the box stays open";
 }
 
 TEST_F(ImportDialogs, TheOtherFamiliesImportThroughTheSameFrame)
