@@ -22,8 +22,7 @@ const QString updateShort =
                    " = ('%1','%2',%3,%4,%5,%6,%7) WHERE element_id = %8");
 
 // The columns of `select`; the last two where the family has a depth.
-namespace Column {
-enum {
+enum Column {
     Id,
     Name,
     State,
@@ -40,7 +39,6 @@ enum {
     Depth,
     Catalogue
 };
-}
 
 const RowStatements& commonStatements()
 {

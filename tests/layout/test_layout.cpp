@@ -166,6 +166,18 @@ TEST(Layout, WhatAFamilyHasIsAColumnAndNoQuestionForItsName)
     }
 }
 
+// Forms keep what they show by other means.
+TEST(Layout, ColumnsOfWideStatementsAreReadByName)
+{
+    static const QRegularExpression byNumber(
+        QStringLiteral("\\.(getvalue|toInt|toDouble|isNull|bytes|unescapedBytes)\\(\\w+, ([3-9]|\\d\\d)[,)]"));
+    EXPECT_TRUE(byNumber.match(QStringLiteral("row.toInt(0, 12)")).hasMatch());
+    for (const SourceFile& file : sourcesBelow(QStringLiteral("src"))) {
+        if (!file.path.contains(QLatin1String("/forms/")))
+            EXPECT_EQ(byNumber.match(file.text).captured(), QString()) << file.path.toStdString();
+    }
+}
+
 TEST(Layout, ModuleCodeIsPortable)
 {
     static const QSet<QString> system = {"unistd.h",   "dlfcn.h",     "windows.h", "pthread.h",
