@@ -22,7 +22,7 @@ bool isSameFile(const QString& one, const QString& other)
 
 bool readFile(const QString& path, PackageReader* package, WordDocument* parts)
 {
-    return package->open(path) && parts->read(*package)
+    return package->open(path) && parts->readParts(*package)
         && !parts->document.documentElement().firstChildElement(QStringLiteral("w:body")).isNull();
 }
 
@@ -49,12 +49,14 @@ void carryRelationship(const QDomElement& relationship, docx::PartCopier* copier
     const QString target = relationship.attribute(QStringLiteral("Target"));
     const QString mode = relationship.attribute(QStringLiteral("TargetMode"));
     const QString id = relationship.attribute(QStringLiteral("Id"));
-    if (type.endsWith(QLatin1String("/hyperlink"))) {
+    // A linked picture is kept as a link.
+    if (type.endsWith(QLatin1String("/hyperlink"))
+        || (type.endsWith(QLatin1String("/image")) && docx::isExternal(relationship))) {
         map->insert(id, merged->addRelationship(type, target, mode));
         return;
     }
     for (const char* end : {"/image", "/header", "/footer", "/drawing"}) {
-        if (!type.endsWith(QLatin1String(end)) || mode == QLatin1String("External"))
+        if (!type.endsWith(QLatin1String(end)) || docx::isExternal(relationship))
             continue;
         const QString source = docx::resolvedTarget(docx::parts::document(), target);
         const QString name = copier->copy(source, type);

@@ -88,7 +88,7 @@ void PartCopier::copyRelationships(const Job& job)
 /// False for a relationship whose part is not there.
 bool PartCopier::redirect(QDomElement relationship, const Job& job)
 {
-    if (relationship.attribute(QStringLiteral("TargetMode")) == QLatin1String("External"))
+    if (isExternal(relationship))
         return true;
     const QString type = relationship.attribute(QStringLiteral("Type"));
     const QString target = QStringLiteral("Target");

@@ -35,9 +35,14 @@ bool readImages(const PackageReader& package, const QDomDocument& relationships,
 
 bool WordDocument::read(const PackageReader& package)
 {
+    return readParts(package) && readImages(package, relationships, &images);
+}
+
+bool WordDocument::readParts(const PackageReader& package)
+{
     images.clear();
     return readXml(package, parts::document(), &document) && readXml(package, parts::relationships(), &relationships)
-        && readXml(package, parts::contentTypes(), &contentTypes) && readImages(package, relationships, &images);
+        && readXml(package, parts::contentTypes(), &contentTypes);
 }
 
 bool readXml(const PackageReader& package, const QString& name, QDomDocument* document)
@@ -66,6 +71,11 @@ DrawingIds drawingIds(const PackageReader& package, const QDomDocument& document
             ids += drawingIds(bytes);
     }
     return ids;
+}
+
+bool isExternal(const QDomElement& relationship)
+{
+    return relationship.attribute(QStringLiteral("TargetMode")) == QLatin1String("External");
 }
 
 } // namespace docx

@@ -37,6 +37,8 @@ struct WordDocument {
     /// stand in the package: linked images and targets that begin with "/" are
     /// among these. Logs "Failed to open image file: " for the latter.
     bool read(const PackageReader& package);
+    /// The three parts alone: pictures are nobody's concern here.
+    bool readParts(const PackageReader& package);
 };
 
 /// Reads a part of the package as a tree.
@@ -44,6 +46,8 @@ bool readXml(const PackageReader& package, const QString& name, QDomDocument* do
 
 /// The children named Relationship, in order.
 QVector<QDomElement> relationshipElements(const QDomDocument& relationships);
+/// Whether the target lies outside of the file.
+bool isExternal(const QDomElement& relationship);
 
 /// The ids of drawings in the document and in every other part of its folder.
 DrawingIds drawingIds(const PackageReader& package, const QDomDocument& document);

@@ -436,3 +436,30 @@ TEST(DocxMerger, tellsTheLogOfAPartThatIsNotThere)
     EXPECT_EQ(log.texts().value(0), "DocxMerger: Failed to open source part \"word/gone.xml\"");
     EXPECT_EQ(findFaults(folder / "out.docx"), QStringList());
 }
+
+TEST(DocxMerger, keepsLinkedPicturesAsLinks)
+{
+    Folder folder;
+    const QByteArray linked = "<w:p><w:r><w:drawing><a:blip xmlns:a=\"a\" r:link=\"rId1\"/></w:drawing></w:r></w:p>";
+    const auto file = [&](const QString& name, const QByteArray& text, const QString& target) {
+        return DocxMaker(paragraph(run(text)) + linked)
+            .relationship("rId1", "image", target, "External")
+            .write(folder / name);
+    };
+    const QString first = file("1.docx", "a", "file:///C:/photos/first.png");
+    const QString later = file("2.docx", "b", "http://example.org/later.png");
+    const QString out = folder / "out.docx";
+    ASSERT_TRUE(DocxMerger({first, later}).merge(out, false));
+    EXPECT_EQ(textOf(mergedDocument(out).documentElement()), "ab");
+    const QDomDocument part = mergedDocument(out);
+    const auto blips = elements(part, "a:blip");
+    ASSERT_EQ(blips.size(), 2);
+    QStringList targets;
+    for (const QDomElement& blip : blips) {
+        const auto link = relationship(out, blip.attribute("r:link"));
+        EXPECT_EQ(link["TargetMode"], "External");
+        targets.append(link["Target"]);
+    }
+    EXPECT_EQ(targets, QStringList({"file:///C:/photos/first.png", "http://example.org/later.png"}));
+    EXPECT_EQ(findFaults(out), QStringList());
+}
