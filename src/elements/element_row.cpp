@@ -73,7 +73,7 @@ const RowStatements& depthStatements()
         "marker_rotation,scale) =('%2','%3', %4, %5, %6, %7, %8,%9, %10, %11, %12) WHERE element_id = %13",
 
         "UPDATE %1 SET (type_id, element_name,position_id, x,  y,  z , h , e, catalog_id ,block_rotation, "
-        "marker_rotation,scale) =('%2','%3',%4,%5,%6,%7,%8,%9,%10,%11,%12,%13) WHERE element_id = %14",
+        "marker_rotation,scale) = ('%2','%3',%4,%5,%6,%7,%8,%9,%10,%11,%12,%13) WHERE element_id = %14",
     };
     return statements;
 }
@@ -192,7 +192,10 @@ bool ElementBlock::updateRow() const
 bool ElementBlock::updateRowFull() const
 {
     const int id = writableId(*this);
-    return id != -1 && session().run(updateFullText(*this, *family(), id)).isCommand() && writeProps();
+    if (id == -1)
+        return false;
+    const bool written = session().run(updateFullText(*this, *family(), id)).isCommand();
+    return writeProps() && written;
 }
 
 bool ElementBlock::writeProps() const

@@ -77,6 +77,33 @@ TEST_P(EveryBlock, InsertPlacesTheBlockWithAllItsTexts)
     EXPECT_EQ(host.console, "");
 }
 
+TEST_F(ElementReference, AttributesLookAsTheirDefinitions)
+{
+    drawing.addKind(0);
+    auto* table = HostAccess::objectAs<NcDbBlockTable>(drawing.database().blockTableId());
+    NcDbObjectId block;
+    ASSERT_TRUE(isOk(table->getAt(kinds()[0].blockName, block)));
+    int color = 30;
+    QMap<QString, int> colors;
+    for (const NcDbObjectId& id : HostAccess::entities(*HostAccess::objectAs<NcDbBlockTableRecord>(block))) {
+        auto* field = HostAccess::objectAs<NcDbAttributeDefinition>(id);
+        if (!field)
+            continue;
+        field->setColorIndex(color);
+        field->setLayer("0");
+        colors.insert(field->tag(), color++);
+    }
+    ASSERT_GT(colors.size(), 1);
+    const NcDbObjectId id = insert(sample(0));
+    QMap<QString, int> met;
+    for (const NcDbObjectId& attribute : HostAccess::attributes(ElementDrawing::reference(id))) {
+        const auto* found = HostAccess::objectAs<NcDbAttribute>(attribute);
+        met.insert(found->tag(), found->colorIndex());
+        EXPECT_EQ(found->layer(), "0") << "not on the block's own";
+    }
+    EXPECT_EQ(met, colors);
+}
+
 TEST_P(EveryBlock, WhatWasInsertedReadsBack)
 {
     drawing.addKind(GetParam());

@@ -32,23 +32,28 @@ protected:
         element.positionId = -1;
         return element;
     }
-    // Makes the element's own statement fail, so that it stays the last one.
-    void refuse(const QString& table)
+    // The element's own statement of a full update, refused by the server. The
+    // properties are written all the same.
+    QString fullUpdate(const ElementBlock& element)
     {
-        database->exec("alter table " + table + " add constraint refused check (element_name <> 'Э') not valid");
-        refused_ = table;
-    }
-    ~Statements() override
-    {
-        if (!refused_.isEmpty())
-            database->exec("alter table " + refused_ + " drop constraint refused");
+        StatementRelay relay;
+        session().sqlPort = relay.port();
+        EXPECT_TRUE(session().connection.open(session().buildConnInfo()));
+        relay.refuse(1);
+        EXPECT_FALSE(element.updateRowFull());
+        EXPECT_EQ(relay.texts().size(), 2);
+        EXPECT_EQ(relay.texts().value(1),
+                  "UPDATE " + element.family()->dynprops + " SET props = '" + element.propsText()
+                      + "'WHERE element_id = " + QString::number(element.elementId()));
+        session().connection.finish();
+        return relay.texts().value(0);
     }
 
     PositionSession database;
     ScriptedPrompts host;
 
 private:
-    QString backend_, refused_;
+    QString backend_;
 };
 
 } // namespace
@@ -93,16 +98,13 @@ TEST_F(Statements, FullUpdate)
 {
     ElementBlock element = stored(0);
     const QString id = QString::number(element.elementId());
-    refuse("dm_elements");
-    EXPECT_FALSE(element.updateRowFull());
-    EXPECT_EQ(lastStatement(),
+    EXPECT_EQ(fullUpdate(element),
               "UPDATE dm_elements SET (type_id, element_name, x, y, z , h ,block_rotation, marker_rotation,scale) = "
               "('dm','Э',1.000000000,2.000000000,3.000000000,4.000000000,0.500000000,0.750000000,7.000000000) "
               "WHERE element_id = "
                   + id);
     element.positionId = 8;
-    EXPECT_FALSE(element.updateRowFull());
-    EXPECT_EQ(lastStatement(),
+    EXPECT_EQ(fullUpdate(element),
               "UPDATE dm_elements SET (type_id, element_name,position_id, x, y, z , h ,block_rotation, "
               "marker_rotation,scale) = ('dm','Э',8,1.000000000,2.000000000,3.000000000,4.000000000,0.500000000,"
               "0.750000000,7.000000000) WHERE element_id = "
@@ -113,18 +115,15 @@ TEST_F(Statements, FullUpdateOfAThermostabiliser)
 {
     ElementBlock element = stored(18);
     const QString id = QString::number(element.elementId());
-    refuse("tsg_elements");
-    EXPECT_FALSE(element.updateRowFull());
-    EXPECT_EQ(lastStatement(),
+    EXPECT_EQ(fullUpdate(element),
               "UPDATE tsg_elements SET (type_id, element_name, x,  y,  z , h , e, catalog_id ,block_rotation, "
               "marker_rotation,scale) =('tsg_g','Э', 1.000000000, 2.000000000, 3.000000000, 4.000000000, "
               "5.000000000,6, 0.500000000, 0.500000000, 7.000000000) WHERE element_id = "
                   + id);
     element.positionId = 8;
-    EXPECT_FALSE(element.updateRowFull());
-    EXPECT_EQ(lastStatement(),
+    EXPECT_EQ(fullUpdate(element),
               "UPDATE tsg_elements SET (type_id, element_name,position_id, x,  y,  z , h , e, catalog_id ,"
-              "block_rotation, marker_rotation,scale) =('tsg_g','Э',8,1.000000000,2.000000000,3.000000000,"
+              "block_rotation, marker_rotation,scale) = ('tsg_g','Э',8,1.000000000,2.000000000,3.000000000,"
               "4.000000000,5.000000000,6,0.500000000,0.500000000,7.000000000) WHERE element_id = "
                   + id);
 }
