@@ -46,6 +46,19 @@ function(terva_library target)
   set_property(GLOBAL APPEND PROPERTY TERVA_LEVELS "${target}=${ARG_LEVEL}")
 endfunction()
 
+# terva_test_in_zones(<program> <filter>)
+# The program's tests that match the filter once more in zones whose clocks skip
+# hours, and in one that is far away.
+function(terva_test_in_zones program filter)
+  foreach(zone Europe/Moscow Europe/Paris Asia/Yakutsk)
+    string(REPLACE "/" "_" name ${program}_${zone})
+    add_test(NAME ${name} COMMAND ${program} --gtest_filter=${filter})
+    get_test_property(${program} ENVIRONMENT environment)
+    string(REPLACE "TZ=UTC" "TZ=${zone}" environment "${environment}")
+    set_tests_properties(${name} PROPERTIES TIMEOUT 300 ENVIRONMENT "${environment}")
+  endforeach()
+endfunction()
+
 # terva_test(<program> [LINKS <target>...])
 # One GoogleTest program from the sources of this folder, known to ctest under
 # its name. Tests run without a window, in UTC.

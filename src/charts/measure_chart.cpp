@@ -1,7 +1,7 @@
 #include "charts/measure_chart.h"
 
+#include "base/written_date.h"
 #include "charts/chart_series.h"
-#include "charts/epoch_times.h"
 
 #include <algorithm>
 
@@ -49,8 +49,8 @@ ValueBounds MeasureChart::widenExtents(const TimeSeries& series)
         bounds.smallest = std::min(bounds.smallest, value);
         bounds.largest = std::max(bounds.largest, value);
     }
-    minimumX_ = std::min(minimumX_, double(series.firstKey().toMSecsSinceEpoch()));
-    maximumX_ = std::max(maximumX_, double(series.lastKey().toMSecsSinceEpoch()));
+    minimumX_ = std::min(minimumX_, double(writtenMilliseconds(series.firstKey())));
+    maximumX_ = std::max(maximumX_, double(writtenMilliseconds(series.lastKey())));
     minimumY_ = std::min(minimumY_, bounds.smallest);
     maximumY_ = std::max(maximumY_, bounds.largest);
     return bounds;
@@ -64,12 +64,15 @@ void MeasureChart::setRangesFromExtents()
 
 void MeasureChart::addColumns(const TimeSeries& series, const ChartSeries& row)
 {
-    QVector<double> values;
+    QVector<double> times, values;
+    times.reserve(series.size());
     values.reserve(series.size());
-    for (double value : series)
-        values.append(value * row.factor);
+    for (auto measure = series.begin(); measure != series.end(); ++measure) {
+        times.append(double(writtenMilliseconds(measure.key())));
+        values.append(measure.value() * row.factor);
+    }
     LineGraph graph;
-    graph.xColumn = store_->addColumn(epochTimes(series.keys()), QStringLiteral("Дата"));
+    graph.xColumn = store_->addColumn(times, QStringLiteral("Дата"));
     graph.yColumn = store_->addColumn(values, row.valueColumn);
     graph.symbol = PlotSymbol::FilledOctagon;
     graph.symbolSize = row.full ? 4.0 : 1.0;

@@ -11,7 +11,7 @@
 #include <QMap>
 #include <QObject>
 
-/// One entry a measure.
+/// One entry a measure, plotted by what its date shows.
 using TimeSeries = QMap<QDateTime, double>;
 
 struct ChartSeries;

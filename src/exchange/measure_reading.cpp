@@ -36,7 +36,7 @@ public:
             cycles_.insert(when.date(), {measure.cycleId, measure.cycleIndex});
             return;
         }
-        measure.date = when;
+        measure.date = when; // as written, from the reader
         measure.cycleId = found->id;
         measure.cycleIndex = found->index;
     }

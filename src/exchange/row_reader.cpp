@@ -1,5 +1,6 @@
 #include "exchange/row_reader.h"
 
+#include "base/written_date.h"
 #include "exchange/number_text.h"
 #include "exchange/text_file.h"
 
@@ -35,7 +36,7 @@ QTime readTime(const QString& text, const TemplateField& field)
 QDateTime readDateTime(const QString& text, const TemplateField& field)
 {
     for (const QString& format : formatsOf(field)) {
-        const QDateTime when = QDateTime::fromString(text, format);
+        const QDateTime when = readWrittenMoment(text, format);
         if (when.isValid())
             return when.addYears(centuryShift(format));
     }
@@ -112,7 +113,7 @@ QDateTime RowReader::dateTimeOf(const QStringList& cells)
     QTime time;
     if (format_.time.index >= 0)
         time = remembered(times_, trimmedCell(cells, format_.time), format_.time, readTime);
-    return QDateTime(date, time.isValid() ? time : QTime(0, 0));
+    return writtenMoment(date, time);
 }
 
 double RowReader::valueOf(const QStringList& cells, const TemplateField& field) const

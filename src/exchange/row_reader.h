@@ -11,7 +11,7 @@
 struct SurveyRow {
     QString name;
     QString serial;
-    QDateTime when; ///< null where no format fits
+    QDateTime when; ///< as written; null where no format fits
     double value = std::numeric_limits<double>::infinity();
     double second = std::numeric_limits<double>::infinity();
     TemperatureProfile profile;

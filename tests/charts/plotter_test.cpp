@@ -43,7 +43,7 @@ QStringList runTexts(const QString& markup)
     return texts;
 }
 
-double timeOf(const QDate& date) { return double(date.startOfDay().toMSecsSinceEpoch()); }
+double timeOf(const QDate& date) { return double(date.startOfDay(Qt::UTC).toMSecsSinceEpoch()); }
 
 Plotter& addLine(Plotter& plotter, const QVector<double>& xs, const QVector<double>& ys, const QString& title = "линия")
 {

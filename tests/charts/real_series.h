@@ -1,6 +1,7 @@
 // Real measurements of tests/data as the series that charts take.
 #pragma once
 
+#include "base/written_date.h"
 #include "charts/measure_chart.h"
 #include "charts/temperature_chart.h"
 
@@ -33,7 +34,7 @@ inline TimeSeries settlement(const QString& file, const QString& element)
         const QStringList cells = line.split(QLatin1Char(';'));
         if (cells[0] != element)
             continue;
-        const QDateTime date(QDate::fromString(cells[1], QStringLiteral("dd.MM.yyyy")), QTime(12, 0));
+        const QDateTime date = writtenMoment(QDate::fromString(cells[1], QStringLiteral("dd.MM.yyyy")), QTime(12, 0));
         if (series.isEmpty())
             first = numberOf(cells[2]);
         series.insert(date, numberOf(cells[2]) - first);
@@ -60,7 +61,7 @@ inline QVector<WellReading> wellReadings(const QString& file)
             continue;
         }
         WellReading reading{cells[0],
-                            QDateTime(QDate::fromString(cells[2], QStringLiteral("dd.MM.yyyy")), QTime(12, 0)),
+                            writtenMoment(QDate::fromString(cells[2], QStringLiteral("dd.MM.yyyy")), QTime(12, 0)),
                             numberOf(cells[4]),
                             {}};
         for (int i = 5; i < qMin(header.size(), cells.size()); ++i) {

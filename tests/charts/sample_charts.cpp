@@ -47,7 +47,7 @@ TimeSeries wave(int count, int days, double middle, double swing, double noise, 
         random = random * 1664525u + 1013904223u;
         const double part = double(random >> 8) / double(1 << 24) - 0.5;
         const double value = middle + swing * std::sin(i * days * 2.0 * M_PI / 365.0) + noise * part;
-        series[QDateTime(from.addDays(qint64(i) * days), QTime(12, 0))] = std::round(value * 100.0) / 100.0;
+        series[writtenMoment(from.addDays(qint64(i) * days), QTime(12, 0))] = std::round(value * 100.0) / 100.0;
     }
     return series;
 }
@@ -145,7 +145,7 @@ TimeSeries dates(const QVector<QDate>& days, const QVector<double>& values)
 {
     TimeSeries series;
     for (int i = 0; i < days.size(); ++i)
-        series[QDateTime(days[i], QTime(12, 0))] = values[i];
+        series[writtenMoment(days[i], QTime(12, 0))] = values[i];
     return series;
 }
 

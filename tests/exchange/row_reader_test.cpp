@@ -1,4 +1,5 @@
 // The formats of survey files: which line is what, and what it says.
+#include "base/written_date.h"
 #include "exchange/import_family.h"
 #include "exchange/row_reader.h"
 
@@ -56,7 +57,7 @@ TEST(RowReader, EveryFamilyReadsItsOwnHeaderAndRow)
         EXPECT_EQ(read(c.line), Line::Data);
         EXPECT_EQ(read.row.name, "м1");
         EXPECT_EQ(read.row.serial, "S");
-        EXPECT_EQ(read.row.when, QDateTime(QDate(2021, 2, 1), QTime(0, 0)));
+        EXPECT_EQ(read.row.when, writtenMoment(QDate(2021, 2, 1), QTime(0, 0)));
         EXPECT_EQ(read.row.value, c.value);
         EXPECT_EQ(read.row.second, c.second);
     }
@@ -144,11 +145,11 @@ TEST(RowReader, WellsHaveATimeInTwoSpellings)
     Reading read(formatOf(FamilyKey::Ts, 2));
     read(wells);
     read("с1;S;09.09.1958;12:30:15;-5;1;2");
-    EXPECT_EQ(read.row.when, QDateTime(QDate(1958, 9, 9), QTime(12, 30, 15)));
+    EXPECT_EQ(read.row.when, writtenMoment(QDate(1958, 9, 9), QTime(12, 30, 15)));
     read("с1;S;09.09.58;12:30;-5;1;2");
-    EXPECT_EQ(read.row.when, QDateTime(QDate(2058, 9, 9), QTime(12, 30)));
+    EXPECT_EQ(read.row.when, writtenMoment(QDate(2058, 9, 9), QTime(12, 30)));
     read("с1;S;09.09.1958;полдень;-5;1;2");
-    EXPECT_EQ(read.row.when, QDateTime(QDate(1958, 9, 9), QTime(0, 0)));
+    EXPECT_EQ(read.row.when, writtenMoment(QDate(1958, 9, 9), QTime(0, 0)));
 }
 
 TEST(RowReader, TheAirOfAWellIsAPlainNumber)
@@ -182,7 +183,7 @@ TEST(RowReader, ReadsTheEnglishLogger)
     EXPECT_EQ(read.row.name, "ТС-1");
     EXPECT_EQ(read.row.serial, "777");
     EXPECT_EQ(read.row.value, -12.5);
-    EXPECT_EQ(read.row.when, QDateTime(QDate(2021, 6, 5), QTime(14, 15, 16)));
+    EXPECT_EQ(read.row.when, writtenMoment(QDate(2021, 6, 5), QTime(14, 15, 16)));
     EXPECT_EQ(read.row.profile, TemperatureProfile({{0.5, -1.5}, {1.5, -2.5}}));
     EXPECT_EQ(read("ТС-1;-12.5;;;05.06.21;14:15;;;777;;;;;1;2;3;4"), Line::Data) << "more temperatures than depths";
     EXPECT_TRUE(read.row.profile.isEmpty());
@@ -227,5 +228,34 @@ TEST(RowReader, DateAndTimeMayStandInOneCell)
     EXPECT_EQ(read("Имя;Дата;Отметка;SN прибора"), Line::Passed);
     EXPECT_EQ(read("Имя;Когда;Отметка;SN прибора"), Line::Header);
     read("м1;01.02.21 10:20;1;S");
-    EXPECT_EQ(read.row.when, QDateTime(QDate(2021, 2, 1), QTime(10, 20)));
+    EXPECT_EQ(read.row.when, writtenMoment(QDate(2021, 2, 1), QTime(10, 20)));
+}
+
+// Skipped by the clocks of Moscow, of Paris, of Yakutsk; these tests run there.
+TEST(RowReader, ADateIsWhatIsWrittenWhateverTheClockSkips)
+{
+    const struct {
+        const char* date;
+        const char* time;
+        QDateTime when;
+    } cases[] = {
+        {"28.03.2010", "02:30", writtenMoment({2010, 3, 28}, {2, 30})},
+        {"28.03.10", "02:30", writtenMoment({2010, 3, 28}, {2, 30})},
+        {"01.04.1981", "00:00", writtenMoment({1981, 4, 1}, {0, 0})},
+        {"31.03.2019", "02:30:15", writtenMoment({2019, 3, 31}, {2, 30, 15})},
+    };
+    ImportTemplate together = formatOf(FamilyKey::Dm);
+    together.dateAndTimeTogether = true;
+    together.dateTime = {"Когда", "dd.MM.yyyy hh:mm:ss;;dd.MM.yyyy hh:mm;;dd.MM.yy hh:mm", 1};
+    Reading apart(formatOf(FamilyKey::Ts, 2)), joined(together);
+    apart(wells);
+    joined("Имя;Когда;Отметка;SN прибора");
+    for (const auto& c : cases) {
+        EXPECT_EQ(apart(QString("с1;S;%1;%2;-5;1;2").arg(c.date, c.time)), Line::Data);
+        EXPECT_TRUE(apart.row.when.isValid()) << c.date;
+        EXPECT_EQ(apart.row.when, c.when) << c.date;
+        EXPECT_EQ(joined(QString("м1;%1 %2;1;S").arg(c.date, c.time)), Line::Data);
+        EXPECT_TRUE(joined.row.when.isValid()) << c.date;
+        EXPECT_EQ(joined.row.when, c.when) << c.date;
+    }
 }

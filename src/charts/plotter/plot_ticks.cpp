@@ -36,11 +36,12 @@ QString numberLabel(double value, double step, double largest)
     return fixed(value, decimalsOf(step));
 }
 
+// Dates are plotted as they were written, in no zone: see base/written_date.h.
 // Months since the year 0; there is no year 0 in QDate, so years before 1 are
 // one lower there.
 qint64 monthOf(double milliseconds)
 {
-    const QDate date = QDateTime::fromMSecsSinceEpoch(qint64(milliseconds)).date();
+    const QDate date = QDateTime::fromMSecsSinceEpoch(qint64(milliseconds), Qt::UTC).date();
     const qint64 year = date.year() < 0 ? date.year() + 1 : date.year();
     return year * 12 + date.month() - 1;
 }
@@ -53,7 +54,7 @@ double startOfMonth(qint64 month)
         --year;
     }
     const QDate date(int(year > 0 ? year : year - 1), int(rest) + 1, 1);
-    return double(date.startOfDay().toMSecsSinceEpoch());
+    return double(date.startOfDay(Qt::UTC).toMSecsSinceEpoch());
 }
 
 qint64 monthStep(qint64 months, int most)
@@ -116,7 +117,7 @@ PlotTicks dateTicks(const PlotRange& range, const QString& format, int most)
     PlotTicks told;
     told.minor = all.minor;
     for (double tick : all.major) {
-        const QString label = QDateTime::fromMSecsSinceEpoch(qint64(tick)).toString(format);
+        const QString label = QDateTime::fromMSecsSinceEpoch(qint64(tick), Qt::UTC).toString(format);
         if (!told.labels.isEmpty() && told.labels.last() == label) {
             told.minor.append(tick);
             continue;

@@ -2,6 +2,7 @@
 
 #include "base/placeholders.h"
 #include "base/text.h"
+#include "base/written_date.h"
 #include "elements/measures/name_match.h"
 #include "session/project_session.h"
 
@@ -62,8 +63,9 @@ int BaseMeasure::setElementId(int id)
     return measureOk;
 }
 
-int BaseMeasure::setDate(const QDateTime& dateTime)
+int BaseMeasure::setDate(const QDateTime& shown)
 {
+    const QDateTime dateTime = writtenMoment(shown);
     const QDate day = dateTime.date();
     if (!day.isValid()) {
         date = dateTime;
@@ -145,7 +147,7 @@ int BaseMeasure::load(int id)
     deviceId = idAt(row, MeasureFamily::DeviceId);
     deviceIndex = -1;
     setDeviceId(deviceId);
-    date = QDateTime::fromString(row.getvalue(0, MeasureFamily::Date), dateFormat());
+    date = writtenMoment(QDate::fromString(row.getvalue(0, MeasureFamily::Date), dateFormat()));
     readValues(row, MeasureFamily::FirstValue);
     performerId = idAt(row, family_->performerColumn());
     performerIndex = -1;
@@ -246,5 +248,5 @@ QDateTime BaseMeasure::cycleMiddle() const
     if (record == records.end() || !record->first.isValid() || !record->last.isValid())
         return {};
     const qint64 day = (record->last.toJulianDay() + record->first.toJulianDay() + 1) / 2;
-    return QDateTime(QDate::fromJulianDay(day), QTime(12, 0));
+    return writtenMoment(QDate::fromJulianDay(day), QTime(12, 0));
 }

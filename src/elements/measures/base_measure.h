@@ -31,7 +31,7 @@ public:
     QString elementName;
     int elementIndex = -1; ///< in the list, like the other indexes
     int cycleId = -1;
-    QDateTime date;
+    QDateTime date; ///< as written: see base/written_date.h
     int cycleIndex = -1;
     int performerId = -1;
     int performerIndex = -1;
@@ -58,7 +58,7 @@ public:
     /// The id is kept also when the list lacks it.
     int setElementId(int id);
     /// The cycle that holds the date, from the records or else the database.
-    int setDate(const QDateTime& dateTime);
+    int setDate(const QDateTime& shown);
     /// -1 clears, here and below.
     int setCycleId(int id);
     int setDeviceSerial(const QString& serial);

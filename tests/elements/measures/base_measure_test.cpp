@@ -1,6 +1,7 @@
 #include "elements/measures/family_measures.h"
 
 #include "base/placeholders.h"
+#include "base/written_date.h"
 #include "support/position_session.h"
 #include "support/scripted_prompts.h"
 
@@ -56,7 +57,7 @@ protected:
         measure->loadDevices();
         measure->loadPerformers();
         measure->setElementName("Э-1");
-        measure->setDate(QDateTime(QDate(2021, 3, 11), QTime(9, 30)));
+        measure->setDate(writtenMoment(QDate(2021, 3, 11), QTime(9, 30)));
         measure->setDeviceSerial("A-17");
         measure->setPerformerId(6);
         measure->values = c.values;
@@ -137,7 +138,7 @@ TEST_P(EveryFamily, WhatWasStoredLoadsBack)
     EXPECT_EQ(back->deviceId, 1);
     EXPECT_EQ(back->deviceSerial, "A-17");
     EXPECT_EQ(back->performerId, 6);
-    EXPECT_EQ(back->date, QDateTime(QDate(2021, 3, 11), QTime(0, 0)));
+    EXPECT_EQ(back->date, writtenMoment(QDate(2021, 3, 11), QTime(0, 0)));
     EXPECT_TRUE(back->isComplete());
     EXPECT_EQ(back->updateSql(1), measure->updateSql(1));
 }
@@ -286,9 +287,9 @@ TEST_F(MeasureTest, YearsOfTheLastCenturyBecomeThisOnesAndALeapDayOf1900IsNoDate
     EXPECT_FALSE(measure.lists.cycleRecords[1].last.isValid());
     // Neither holds its own dates; the database is asked and finds them.
     EXPECT_FALSE(measure.lists.cycleRecords[1].holds(QDate(2000, 2, 10)));
-    EXPECT_EQ(measure.setDate(QDateTime(QDate(2000, 2, 10), {})), 0);
+    EXPECT_EQ(measure.setDate(writtenMoment(QDate(2000, 2, 10))), 0);
     EXPECT_EQ(measure.cycleId, 21);
-    EXPECT_EQ(measure.setDate(QDateTime(QDate(1998, 5, 31), {})), 0);
+    EXPECT_EQ(measure.setDate(writtenMoment(QDate(1998, 5, 31))), 0);
     EXPECT_EQ(measure.cycleId, 20);
 }
 
@@ -300,10 +301,10 @@ TEST_F(MeasureTest, DateFindsItsCycleOnBothOfItsEnds)
     database->exec("update cycles set date_start = null, date_end = null");
     for (const int day : {10, 12, 13}) {
         measure.setCycleId(-1);
-        EXPECT_EQ(measure.setDate(QDateTime(QDate(2021, 3, day), QTime(1, 2))), 0);
+        EXPECT_EQ(measure.setDate(writtenMoment(QDate(2021, 3, day), QTime(1, 2))), 0);
         EXPECT_EQ(measure.cycleId, 3);
         EXPECT_EQ(measure.cycleIndex, 1);
-        EXPECT_EQ(measure.date, QDateTime(QDate(2021, 3, day), QTime(1, 2)));
+        EXPECT_EQ(measure.date, writtenMoment(QDate(2021, 3, day), QTime(1, 2)));
     }
 }
 
@@ -340,8 +341,8 @@ TEST_F(MeasureTest, DateBetweenCyclesHasNone)
 {
     DMMeasure measure;
     measure.loadCycles();
-    measure.setDate(QDateTime(QDate(2021, 3, 11), {}));
-    const QDateTime between(QDate(2021, 5, 1), QTime(3, 0));
+    measure.setDate(writtenMoment(QDate(2021, 3, 11)));
+    const QDateTime between = writtenMoment(QDate(2021, 5, 1), QTime(3, 0));
     EXPECT_EQ(measure.setDate(between), 8);
     EXPECT_EQ(measure.cycleId, -1);
     EXPECT_EQ(measure.cycleIndex, -1);
@@ -354,9 +355,9 @@ TEST_F(MeasureTest, CycleThatOnlyTheDatabaseKnowsIsNotInTheList)
     measure.loadCycles();
     database->exec(
         "insert into cycles (cycle_id, number, date_start, date_end) values (9, 9, '2022-01-01', '2022-01-31')");
-    EXPECT_EQ(measure.setDate(QDateTime(QDate(2022, 1, 5), {})), 8);
+    EXPECT_EQ(measure.setDate(writtenMoment(QDate(2022, 1, 5))), 8);
     measure.loadCycles();
-    EXPECT_EQ(measure.setDate(QDateTime(QDate(2022, 1, 5), {})), 0);
+    EXPECT_EQ(measure.setDate(writtenMoment(QDate(2022, 1, 5))), 0);
     EXPECT_EQ(measure.cycleId, 9);
 }
 
@@ -364,7 +365,7 @@ TEST_F(MeasureTest, InvalidDateHasNoCycleAndAsksNobody)
 {
     DMMeasure measure;
     measure.loadCycles();
-    measure.setDate(QDateTime(QDate(2021, 3, 11), {}));
+    measure.setDate(writtenMoment(QDate(2021, 3, 11)));
     EXPECT_EQ(measure.setDate(QDateTime()), 8);
     EXPECT_EQ(measure.cycleId, -1);
     EXPECT_EQ(measure.cycleIndex, -1);
@@ -374,7 +375,7 @@ TEST_F(MeasureTest, DateWithoutAConnectionAndRecordsHasNoCycle)
 {
     DMMeasure measure;
     database.disconnect();
-    EXPECT_EQ(measure.setDate(QDateTime(QDate(2021, 3, 11), {})), 8);
+    EXPECT_EQ(measure.setDate(writtenMoment(QDate(2021, 3, 11))), 8);
     EXPECT_EQ(measure.cycleId, -1);
     EXPECT_EQ(measure.date.date(), QDate(2021, 3, 11));
 }
@@ -493,9 +494,9 @@ TEST_F(MeasureTest, MiddleOfACycleIsNoonOfItsUpperMiddleDay)
     measure.loadCycles();
     EXPECT_FALSE(measure.cycleMiddle().isValid());
     measure.setCycleId(3); // days 10 to 13
-    EXPECT_EQ(measure.cycleMiddle(), QDateTime(QDate(2021, 3, 12), QTime(12, 0)));
+    EXPECT_EQ(measure.cycleMiddle(), writtenMoment(QDate(2021, 3, 12), QTime(12, 0)));
     measure.setCycleId(2); // days 1 to 30
-    EXPECT_EQ(measure.cycleMiddle(), QDateTime(QDate(2020, 9, 16), QTime(12, 0)));
+    EXPECT_EQ(measure.cycleMiddle(), writtenMoment(QDate(2020, 9, 16), QTime(12, 0)));
     measure.setCycleId(4); // no end
     EXPECT_FALSE(measure.cycleMiddle().isValid());
 }
@@ -545,4 +546,26 @@ TEST_F(MeasureTest, WellLoadsItsProfileAndSaysWhetherAllOfItWasRead)
     EXPECT_TRUE(well.profile.isEmpty());
     EXPECT_TRUE(well.profileRead);
     EXPECT_EQ(well.load(-1), 11);
+}
+
+// Moscow's clock skips the first midnight and the second half past two.
+TEST_F(MeasureTest, DatesAreKeptLoadedAndUpdatedAsWrittenInEveryZone)
+{
+    database->exec("insert into cycles (cycle_id, number, date_start, date_end) overriding system value "
+                   "values (81, 81, '1981-04-01', '1981-04-30'), (91, 91, '2010-03-01', '2010-03-31')");
+    auto measure = complete(cases[0]);
+    measure->loadCycles();
+    EXPECT_EQ(measure->setDate(QDateTime(QDate(2010, 3, 28), QTime(2, 30))), 0);
+    EXPECT_TRUE(measure->date.isValid());
+    EXPECT_EQ(measure->date, writtenMoment(QDate(2010, 3, 28), QTime(2, 30)));
+    const int id = session().run(measure->insertSql()).toInt(0, 0);
+    for (const char* day : {"2010-03-28", "1981-04-01", "2019-03-31"}) {
+        database->exec(fill("update %1_meas set date = '%2'", cases[0].prefix, day));
+        auto back = makeMeasure(cases[0].family, measure->lists);
+        ASSERT_EQ(back->load(id), 0);
+        ASSERT_TRUE(back->date.isValid()) << day;
+        EXPECT_EQ(back->date, writtenMoment(QDate::fromString(day, Qt::ISODate)));
+        ASSERT_TRUE(session().run(back->updateSql(id)).isCommand());
+        EXPECT_EQ(database->value(fill("select date from %1_meas", cases[0].prefix)), QString(day));
+    }
 }
