@@ -60,12 +60,13 @@ void TSTemperatureChartJK::setGeology(const QVector<GeologyLayer>& layers, doubl
 void TSTemperatureChartJK::plot(const QVector<TemperatureCurve>& curves, const QStringList& titles,
                                 const TemperatureLimits& limits, double xFrom, double xTo)
 {
-    widenExtents(curves);
-    const Range y{minimumY_, maximumY_};
+    const Extents own = extentsOf(curves);
+    widenExtents(own);
+    const Range y = own.y;
     Range x{xFrom, xTo};
     if (!std::isfinite(xFrom) || !std::isfinite(xTo)) {
-        const double margin = marginOf(minimumX_, maximumX_);
-        x = {minimumX_ - margin, maximumX_ + margin};
+        const double margin = marginOf(own.x.from, own.x.to);
+        x = {own.x.from - margin, own.x.to + margin};
     }
     if (x.from <= 0.0 && x.to >= 0.0) {
         const double side = std::max(std::abs(x.from), std::abs(x.to));
@@ -83,18 +84,26 @@ void TSTemperatureChartJK::plot(const QVector<TemperatureCurve>& curves, const Q
     addLimitLines(limits, x, y);
 }
 
-void TSTemperatureChartJK::widenExtents(const QVector<TemperatureCurve>& curves)
+TSTemperatureChartJK::Extents TSTemperatureChartJK::extentsOf(const QVector<TemperatureCurve>& curves)
 {
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    Extents own{{infinity, -infinity}, {infinity, -infinity}};
     for (const TemperatureCurve& curve : curves) {
         for (const auto& [elevation, temperature] : curve) {
-            if (std::isfinite(temperature)) { // a missing one has no part in the range
-                minimumX_ = std::min(minimumX_, temperature);
-                maximumX_ = std::max(maximumX_, temperature);
-            }
-            minimumY_ = std::min(minimumY_, elevation);
-            maximumY_ = std::max(maximumY_, elevation);
+            if (std::isfinite(temperature)) // a missing one has no part in the range
+                own.x = {std::min(own.x.from, temperature), std::max(own.x.to, temperature)};
+            own.y = {std::min(own.y.from, elevation), std::max(own.y.to, elevation)};
         }
     }
+    return own;
+}
+
+void TSTemperatureChartJK::widenExtents(const Extents& own)
+{
+    minimumX_ = std::min(minimumX_, own.x.from);
+    maximumX_ = std::max(maximumX_, own.x.to);
+    minimumY_ = std::min(minimumY_, own.y.from);
+    maximumY_ = std::max(maximumY_, own.y.to);
 }
 
 void TSTemperatureChartJK::addZones(const TemperatureLimits& limits, const Range& x, const Range& y)

@@ -41,7 +41,7 @@ public:
 
     /// One curve an elevation-to-temperature map, one title a curve. The ends
     /// of the x range are those given, or, if either is infinite, from the
-    /// temperatures.
+    /// temperatures. Each call takes its ranges from its own curves.
     void plot(const QVector<TemperatureCurve>& curves, const QStringList& titles, const TemperatureLimits& limits,
               double xFrom, double xTo);
     /// A second axis of depths, from the first of them to the last.
@@ -59,7 +59,12 @@ private:
         double from, to;
     };
 
-    void widenExtents(const QVector<TemperatureCurve>& curves);
+    struct Extents {
+        Range x, y;
+    };
+
+    static Extents extentsOf(const QVector<TemperatureCurve>& curves);
+    void widenExtents(const Extents& own);
     void addZones(const TemperatureLimits& limits, const Range& x, const Range& y);
     void addZone(bool exists, double left, double right, const Range& y, const QColor& fill);
     void addGeology(const Range& x);

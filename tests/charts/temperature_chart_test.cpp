@@ -319,3 +319,17 @@ TEST_F(TemperatureChart, WithoutCurvesThePictureIsValid)
     EXPECT_TRUE(std::isfinite(record.x.minimum) && record.x.minimum < record.x.maximum);
     EXPECT_TRUE(std::isfinite(record.y.minimum) && record.y.minimum < record.y.maximum);
 }
+
+TEST_F(TemperatureChart, ASecondPlotTakesRangesOfItsOwn)
+{
+    curves = {{{90.0, -30.0}, {120.0, -25.0}}};
+    plot();
+    curves = {{{100.0, -4.0}, {110.0, -2.0}}};
+    plot();
+    EXPECT_DOUBLE_EQ(chart.plotter().yAxis().minimum, 100.0);
+    EXPECT_DOUBLE_EQ(chart.plotter().yAxis().maximum, 110.0);
+    EXPECT_DOUBLE_EQ(chart.plotter().xAxis().minimum, -4.2);
+    EXPECT_DOUBLE_EQ(chart.plotter().xAxis().maximum, -1.8);
+    EXPECT_EQ(chart.minimumY(), 90.0) << "the stored extents hold both";
+    EXPECT_EQ(chart.minimumX(), -30.0);
+}

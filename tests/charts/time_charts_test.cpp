@@ -1,4 +1,5 @@
 // Charts over time: what is plotted, asked of the plotter and its record.
+#include "base/written_date.h"
 #include "charts/measure_chart.h"
 
 #include <cmath>
@@ -8,9 +9,9 @@ namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-QDateTime day(int year, int month, int number) { return QDateTime(QDate(year, month, number), QTime(12, 0)); }
+QDateTime day(int year, int month, int number) { return writtenMoment(QDate(year, month, number), QTime(12, 0)); }
 
-double timeOf(const QDateTime& date) { return double(date.toMSecsSinceEpoch()); }
+double timeOf(const QDateTime& date) { return double(writtenMilliseconds(date)); }
 
 const TimeSeries& three()
 {
@@ -270,4 +271,35 @@ TEST(TimeCharts, OfACrowdOnlyLabelsThatNoOneCouldReadAreLeftOut)
     EXPECT_GT(record.labels.size(), 300);
     EXPECT_EQ(record.labels.size() + record.labelsLeftOut, 10000);
     EXPECT_EQ(record.graphs[0].points, 10000);
+}
+
+// The zone's clock is put forward between the readings; the test runs in such
+// zones.
+TEST(TimeCharts, DatesStandWhereTheyWereWrittenInEveryZone)
+{
+    TimeSeries series;
+    for (int hour : {1, 2, 3, 4})
+        series[writtenMoment(QDate(2010, 3, 28), QTime(hour, 30))] = hour;
+    GGSMeasureChartJK chart;
+    chart.setPictureSize(600, 300);
+    chart.plotLevel(series);
+    const QVector<double>& times = chart.plotter().contents().store.values(0);
+    ASSERT_EQ(times.size(), 4);
+    for (int i = 1; i < 4; ++i)
+        EXPECT_EQ(times[i] - times[i - 1], 3600000.0) << i;
+    expectRange(chart.plotter().xAxis(), times.first(), times.last());
+    EXPECT_EQ(times[0], double(writtenMilliseconds(writtenMoment(QDate(2010, 3, 28), QTime(1, 30)))));
+}
+
+TEST(TimeCharts, ValuesAreShownWithUpToFourDecimals)
+{
+    GGSMeasureChartJK chart;
+    chart.setPictureSize(900, 300);
+    chart.plotLevel({{day(2020, 1, 1), 123.45678},
+                     {day(2020, 2, 1), -0.00004},
+                     {day(2020, 3, 1), 1234567.0},
+                     {day(2020, 4, 1), 100.0},
+                     {day(2020, 5, 1), -0.5},
+                     {day(2020, 6, 1), 0.00005}});
+    EXPECT_EQ(labelTexts(render(chart)), QStringList({"123.4568", "0", "1234567", "100", "-0.5", "0.0001"}));
 }

@@ -109,7 +109,19 @@ bool setAtPoint(ValueLabel& label, LabelRoom& room)
 
 } // namespace
 
-QString labelText(double value) { return general(value); }
+// Four decimals say what a measure says; zeros at their end say nothing. What
+// is too large for decimals to matter is shortened.
+QString labelText(double value)
+{
+    if (std::abs(value) >= 1e10)
+        return general(value);
+    QString text = fixed(value, 4);
+    while (text.endsWith(QLatin1Char('0')))
+        text.chop(1);
+    if (text.endsWith(QLatin1Char('.')))
+        text.chop(1);
+    return text == QLatin1String("-0") ? QStringLiteral("0") : text;
+}
 
 QSizeF labelSize(const QString& text, double fontSize)
 {
