@@ -1,5 +1,5 @@
 // Palette sets: docks of the main window, or windows of their own without one.
-#include <nrx/palettes.h>
+#include "ui/palette_watch.h"
 
 #include <nrx/application.h>
 
@@ -7,6 +7,7 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <QTabWidget>
+#include <utility>
 
 struct hostUiPaletteSet::Data {
     QPointer<QDockWidget> dock;
@@ -49,11 +50,28 @@ struct hostUiPaletteSet::Data {
 
 namespace {
 
+PaletteWatch watch;
+
+// The parts of a call, joined by blanks.
+template <class... Parts>
+void heard(const char* call, const Parts&... parts)
+{
+    if (!watch)
+        return;
+    QString text = QString::fromLatin1(call);
+    (text.append(QStringLiteral(" %1").arg(parts)), ...);
+    watch(text);
+}
+
+QString hex(unsigned style) { return QStringLiteral("0x") + QString::number(style, 16); }
+
 bool alive(const hostUiPaletteSet* set) { return set && set->data_ && set->data_->dock; }
 
 QMainWindow* mainWindowOf(QWidget* parent) { return qobject_cast<QMainWindow*>(parent ? parent : ndsw_ncadMainWnd()); }
 
 } // namespace
+
+void setPaletteWatch(PaletteWatch wanted) { watch = std::move(wanted); }
 
 QWinWidget::QWinWidget(QWidget* hostWindow) : QWidget(hostWindow) { hide(); }
 
@@ -75,9 +93,11 @@ hostUiPaletteSet::~hostUiPaletteSet() = default;
 
 QWidget* hostUiPaletteSet::window() const { return data_ ? data_->dock.data() : nullptr; }
 
-bool hostUiPaletteSet_Create(hostUiPaletteSet* set, const QString& title, unsigned, const QRect& rectangle,
-                             QWidget* parent, unsigned)
+bool hostUiPaletteSet_Create(hostUiPaletteSet* set, const QString& title, unsigned windowStyle, const QRect& rectangle,
+                             QWidget* parent, unsigned paletteStyle)
 {
+    heard("create", title, hex(windowStyle), rectangle.x(), rectangle.y(), rectangle.width(), rectangle.height(),
+          parent ? "parent" : "no parent", paletteStyle);
     if (!set || set->data_)
         return false;
     set->data_ = std::make_unique<hostUiPaletteSet::Data>();
@@ -101,20 +121,23 @@ bool hostUiPaletteSet_Create(hostUiPaletteSet* set, const QString& title, unsign
 
 void hostUiPaletteSet_EnableDocking(hostUiPaletteSet* set, unsigned sides)
 {
+    heard("dock", sides);
     if (alive(set))
         set->data_->dock->setAllowedAreas(sides == kDockAnySide ? Qt::AllDockWidgetAreas : Qt::NoDockWidgetArea);
 }
 
-void hostUiPaletteSet_RestoreControlBar(hostUiPaletteSet* set, unsigned)
+void hostUiPaletteSet_RestoreControlBar(hostUiPaletteSet* set, unsigned dockBar)
 {
+    heard("restore", dockBar);
     if (!alive(set))
         return;
     if (QMainWindow* main = mainWindowOf(set->data_->dock->parentWidget()))
         main->restoreDockWidget(set->data_->dock);
 }
 
-bool hostQtPalette_Create(hostQtPalette* palette, unsigned, const QString& title)
+bool hostQtPalette_Create(hostQtPalette* palette, unsigned style, const QString& title)
 {
+    heard("page", title, hex(style));
     if (!palette || palette->widget_)
         return false;
     palette->title_ = title;
@@ -125,6 +148,7 @@ bool hostQtPalette_Create(hostQtPalette* palette, unsigned, const QString& title
 
 int hostUiPaletteSet_AddPalette(hostUiPaletteSet* set, hostQtPalette* palette)
 {
+    heard("add");
     if (!alive(set) || !palette || !palette->paletteWidget())
         return -1;
     set->data_->add(palette);
@@ -147,6 +171,7 @@ QWidget* hostQtPalette_paletteWidget(hostQtPalette* palette) { return palette ? 
 
 bool hostUiPaletteSet_SetActivePalette(hostUiPaletteSet* set, int index)
 {
+    heard("activate", index);
     if (!alive(set) || index < 0 || index >= set->data_->tabs->count())
         return false;
     set->data_->tabs->setCurrentIndex(index);
@@ -155,6 +180,7 @@ bool hostUiPaletteSet_SetActivePalette(hostUiPaletteSet* set, int index)
 
 void hostUiPaletteSet_Show(hostUiPaletteSet* set, bool visible)
 {
+    heard("show", visible ? "on" : "off");
     if (!alive(set))
         return;
     set->data_->show(visible);
@@ -164,6 +190,7 @@ bool IsWindowVisible(const hostUiPaletteSet* set) { return alive(set) && !set->d
 
 QRect hostUiPaletteSet_GetClientRect(const hostUiPaletteSet* set)
 {
+    heard("client rectangle");
     return alive(set) ? QRect(QPoint(0, 0), set->data_->tabs->size()) : QRect();
 }
 

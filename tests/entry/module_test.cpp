@@ -9,6 +9,7 @@
 #include <drawing/application.h>
 #include <drawing/module_host.h>
 #include <nrx/palettes.h>
+#include <ui/palette_watch.h>
 
 #include <QCoreApplication>
 #include <QDesktopServices>
@@ -123,6 +124,36 @@ TEST(Palettes, AreShownHiddenAndShownAgainByTheirCommand)
 
     destroyPaletteSets();
     EXPECT_EQ(paletteSet(PaletteSlot::Sample), nullptr);
+}
+
+// Every number is the host's: a docked place is found again by it.
+TEST(Palettes, AreMadeInThisOrderWithTheseNumbers)
+{
+    QStringList calls;
+    setPaletteWatch([&calls](const QString& call) { calls << call; });
+    const struct {
+        PaletteSlot slot;
+        QString create;
+        QStringList pages;
+    } cases[] = {
+        {PaletteSlot::Sample, "Test Qt Palette Set 0x50400000", {"Test Qt Palette1", "Another Qt Palette1"}},
+        {PaletteSlot::ProjectSettings, "Параметры проекта 0x50400000", {"SQL"}},
+    };
+    for (const auto& c : cases) {
+        calls.clear();
+        togglePaletteSet(c.slot);
+        QStringList wanted{"create " + c.create + " 30 50 270 300 no parent 46", "dock 61440", "restore 59420"};
+        for (const QString& page : c.pages)
+            wanted << "page " + page + " 0x50000000"
+                   << "add";
+        wanted << "activate 0"
+               << "client rectangle"
+               << "show on";
+        EXPECT_EQ(calls, wanted);
+        EXPECT_EQ(paletteSet(c.slot)->window()->size(), hostUiPaletteSet_GetClientRect(paletteSet(c.slot)).size());
+    }
+    setPaletteWatch({});
+    destroyPaletteSets();
 }
 
 TEST(Palettes, RefreshingPassesOverSetsThatWereNeverOpened)
