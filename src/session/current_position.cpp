@@ -50,7 +50,7 @@ bool ProjectSession::setCurrentPosition(int positionId)
 }
 
 // The drawing of the position stays open and its path known.
-bool ProjectSession::leavePosition()
+void ProjectSession::leavePositionFields()
 {
     currentPositionId = defaultPositionId;
     currentFileId = defaultFileId;
@@ -59,11 +59,18 @@ bool ProjectSession::leavePosition()
     currentPositionName.clear();
     currentSubobjectName.clear();
     currentObjectName.clear();
+}
+
+bool ProjectSession::leavePosition()
+{
+    leavePositionFields();
     if (!checkConnection())
         return false;
     const sql::Result row = run(QStringLiteral("SELECT project_id, name FROM projects"));
-    projectId = row.isNull(0, 0) ? -1 : row.toInt(0, 0);
-    projectName = row.getvalue(0, 1);
+    if (row.isTuples()) {
+        projectId = row.isNull(0, 0) ? -1 : row.toInt(0, 0);
+        projectName = row.getvalue(0, 1);
+    }
     return projectId != -1;
 }
 
@@ -79,12 +86,13 @@ bool ProjectSession::bringPosition(int positionId)
         return false;
     currentPositionId = positionId;
     currentDrawingPath = drawingPath(positionId);
+    closeDrawing(currentDrawingPath);
     if (row.isNull(0, 1)) {
         currentFileId = -1;
-        createDrawing(currentDrawingPath, projectProperty(*this));
+        layNewDrawing(currentDrawingPath, projectProperty(*this));
     } else {
         currentFileId = row.toInt(0, 1);
-        if (fetchStoredDrawing(*this, positionId, currentDrawingPath))
+        if (layStoredDrawing(*this, positionId, currentDrawingPath))
             openDrawing(currentDrawingPath, projectProperty(*this));
     }
     writeDrawingProperty(ncDocManagerPtr()->findByFileName(currentDrawingPath), positionProperty(*this, positionId));

@@ -13,7 +13,8 @@ public:
 
     /// An existing project file; empty when cancelled.
     virtual QString openProjectFile(const QString& start) = 0;
-    /// A name to save under; empty when cancelled.
+    /// A name to save under, with the suffix of project files; empty when
+    /// cancelled, also by not replacing a file that stands there.
     virtual QString saveProjectFile(const QString& start) = 0;
     /// An existing folder; empty when cancelled.
     virtual QString chooseFolder(const QString& title, const QString& start) = 0;

@@ -219,3 +219,9 @@ QByteArray projectFileText(const ProjectSession& session)
     addStateFilter(root, session.stateFilter);
     return document.toByteArray(1);
 }
+
+QString withProjectSuffix(const QString& path)
+{
+    const QString suffix = QStringLiteral(".terva");
+    return path.isEmpty() || path.endsWith(suffix, Qt::CaseInsensitive) ? path : path + suffix;
+}

@@ -44,5 +44,8 @@ struct ProjectFile {
 /// defaults. Nothing when the text is no XML.
 std::optional<ProjectFile> readProjectFile(QIODevice& device, const ProjectSession& defaults);
 
+/// A project file's name as typed, with the suffix that all of them have.
+QString withProjectSuffix(const QString& path);
+
 /// The file's text for the session as it stands.
 QByteArray projectFileText(const ProjectSession& session);

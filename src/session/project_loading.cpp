@@ -7,9 +7,11 @@
 #include "session/project_dialogs.h"
 #include "session/project_file.h"
 #include "session/project_folders.h"
+#include "session/working_drawing.h"
 
 #include <QFile>
 #include <QTextCodec>
+#include <utility>
 
 namespace {
 
@@ -25,11 +27,6 @@ std::optional<ProjectFile> readFile(const QString& path, const ProjectSession& d
     if (!project)
         say(fill(QStringLiteral("Ошибка разбора файла %1"), path));
     return project;
-}
-
-ConnectionParameters parametersOf(const ProjectSession& session)
-{
-    return {session.sqlHost, session.sqlPort, session.sqlDatabase, session.sqlUser, session.sqlPass};
 }
 
 void setParameters(ProjectSession& session, const ConnectionParameters& parameters)
@@ -53,9 +50,11 @@ public:
         checkFolders();
         connect();
         if (!ok_) {
+            reopenOwnConnection();
             tellTrouble();
             return;
         }
+        takeConnection();
         commitProject();
         choosePosition();
         commitChoices();
@@ -74,35 +73,53 @@ private:
         file_.templateDir = folders.templates;
     }
 
-    // The parameters are tried in the session and only lent to it: they become
-    // its own with everything else, or not at all.
+    // The file's database is tried by a session of its own: what it finds
+    // becomes the session's with everything else, or not at all.
     void connect()
     {
         say(QStringLiteral("Соединение с БД: "));
-        const int typeBefore = session_.sqlType;
-        const ConnectionParameters parametersBefore = parametersOf(session_);
-        session_.sqlType = file_.sqlType;
-        setParameters(session_, file_.database);
+        trial_.sqlType = file_.sqlType;
         if (connectOrAsk() && ok_)
             say(QStringLiteral("Успешно \n"));
-        session_.sqlType = typeBefore;
-        setParameters(session_, parametersBefore);
     }
 
     bool connectOrAsk()
     {
-        while (!session_.connect()) {
+        for (setParameters(trial_, file_.database); !trial_.connect(); setParameters(trial_, file_.database)) {
             say(QStringLiteral("Ошибка соединения \n"));
-            ConnectionParameters parameters = parametersOf(session_);
-            if (!projectDialogs() || !projectDialogs()->askConnection(parameters)) {
+            if (!projectDialogs() || !projectDialogs()->askConnection(file_.database)) {
                 ok_ = false;
                 return false;
             }
-            setParameters(session_, parameters);
-            file_.database = parameters;
             say(QStringLiteral("Повторная попытка соединения...\n"));
         }
         return true;
+    }
+
+    // The project before goes on with its own connection.
+    void reopenOwnConnection()
+    {
+        if (!session_.connection.isOpen())
+            return;
+        const bool was = session_.connected;
+        session_.connected = session_.openConnection(session_.connection.conninfo());
+        if (was && !session_.connected)
+            say(QStringLiteral("Соединение с базой данных прежнего проекта потеряно\n"));
+    }
+
+    // The drawing of the position before gives way to that of the position to
+    // come, although its folder may be another by then.
+    void takeConnection()
+    {
+        if (session_.currentPositionId != -1 && file_.positionId != -1)
+            closeDrawing(session_.currentDrawingPath);
+        if (!isSameDatabase(session_.connection.conninfo(), trial_.connection.conninfo()))
+            session_.forgetDatabase();
+        session_.connection = std::move(trial_.connection);
+        session_.connected = trial_.connected;
+        session_.projectId = trial_.projectId;
+        session_.auditEnabled = trial_.auditEnabled;
+        session_.superuser = trial_.superuser;
     }
 
     void tellTrouble() const
@@ -183,6 +200,7 @@ private:
     }
 
     ProjectSession& session_;
+    ProjectSession trial_;
     const QString path_;
     ProjectFile file_;
     const ProjectFile asRead_;

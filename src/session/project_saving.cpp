@@ -37,6 +37,6 @@ void ProjectSession::saveProjectAs()
     const QString path = projectDialogs() ? projectDialogs()->saveProjectFile(projectFile) : QString();
     if (path.isEmpty())
         return;
-    projectFile = path;
+    projectFile = withProjectSuffix(path);
     saveProject();
 }

@@ -2,19 +2,17 @@
 #include "session/project_session.h"
 
 #include "hostkit/console.h"
+#include "session/module_folder.h"
 
-#include <QDir>
 #include <nrx/application.h>
 
 namespace {
 
-/// The folder of the module that this code was linked into, with the system's
-/// separator at its end.
-QString folderOfModule()
+/// The folder of the module that this code was linked into.
+QString folderOfThisModule()
 {
     static const char here = 0;
-    const QString path = QDir::toNativeSeparators(ncModulePath(&here));
-    return path.left(path.lastIndexOf(QDir::separator())) + QDir::separator();
+    return folderOfModule(ncModulePath(&here));
 }
 
 } // namespace
@@ -32,7 +30,7 @@ namespace {
 
 } // namespace
 
-ProjectSession::ProjectSession() : moduleDir(folderOfModule()), templateDir(moduleDir + QStringLiteral("templates"))
+ProjectSession::ProjectSession() : moduleDir(folderOfThisModule()), templateDir(moduleDir + QStringLiteral("templates"))
 {
     reloadLevelMaps();
 }

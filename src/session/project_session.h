@@ -129,12 +129,20 @@ public:
                     sql::Format answer = sql::Format::Text) const;
 
     QString buildConnInfo() const;
+    /// Opens the connection with the string. Where that leads from one database
+    /// to another, what the session knew of the first is forgotten: it never
+    /// holds a handle of one database and the ids of another.
+    bool openConnection(const QString& conninfo);
+    /// Position, cycles, reference lists and the project's id: what has a
+    /// meaning in the database alone. The project's name and folders stay.
+    void forgetDatabase();
     /// Opens the connection and reads what is known only then: the project's
     /// row (unless a project is known), the audit switch, whether the role is a
     /// superuser; then probes the rights. Says nothing but the probe's message.
     bool connect();
     /// The live check of guards and forms: asks the server and reconnects when
-    /// it does not answer.
+    /// it does not answer, to the database that the connection was opened with,
+    /// although the parameters may name another that was merely tested.
     bool checkConnection();
     /// Whether all tables can be read; prints the first that cannot.
     bool probeRights(const QStringList& tables) const;
@@ -176,13 +184,17 @@ public:
     QVector<int> positionsOf(int scope, int id) const;
 
     // --- projection ---------------------------------------------------------------------------
-    /// Writes proj4Text to the row 9999 of spatial_ref_sys.
+    /// Writes proj4Text to the row 9999 of spatial_ref_sys and opens the
+    /// connection anew, with what it was opened with.
     bool saveProjection();
     /// Recomputes the geometry of elements, contours and profiles. False when
     /// one of the statements failed; the others have run all the same.
     bool updateGeometry();
 
 private:
+    QString reconnectionInfo() const;
+    bool connectWith(const QString& conninfo);
+    void leavePositionFields();
     void readProjectRow();
     void readAuditSwitch();
     void readSuperuser();

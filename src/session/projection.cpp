@@ -47,7 +47,7 @@ bool ProjectSession::saveProjection()
     // The server keeps a coordinate system in mind for the life of a
     // connection: without a new one, transformations go on with the old text.
     if (known)
-        connection.open(buildConnInfo());
+        openConnection(connection.conninfo());
     return true;
 }
 

@@ -10,11 +10,47 @@ QString ProjectSession::buildConnInfo() const
     return mainConnInfo({sqlHost, sqlPort, sqlDatabase, sqlUser, sqlPass});
 }
 
+bool ProjectSession::openConnection(const QString& conninfo)
+{
+    if (connection.isOpen() && !isSameDatabase(connection.conninfo(), conninfo))
+        forgetDatabase();
+    return connection.open(conninfo);
+}
+
+void ProjectSession::forgetDatabase()
+{
+    leavePositionFields();
+    projectId = -1;
+    baseCycleId = defaultBaseCycleId;
+    currentCycleId = defaultCurrentCycleId;
+    cycles.clear();
+    cycleOrder.clear();
+    predictions.clear();
+    predictionOrder.clear();
+    states.clear();
+    stateColors.clear();
+    stateFilter.clear();
+}
+
+// The parameters say who asks; which database is asked, the connection says: a
+// test on the SQL page leaves in them whatever was tested.
+QString ProjectSession::reconnectionInfo() const
+{
+    const QString wanted = buildConnInfo();
+    const bool names = !connection.isOpen() || isSameDatabase(connection.conninfo(), wanted);
+    return names ? wanted : connection.conninfo();
+}
+
 bool ProjectSession::connect()
 {
     if (sqlType == 1 || sqlType == 2)
         return false;
-    if (sqlType != 0 || !connection.open(buildConnInfo())) {
+    return connectWith(buildConnInfo());
+}
+
+bool ProjectSession::connectWith(const QString& conninfo)
+{
+    if (sqlType != 0 || !openConnection(conninfo)) {
         connected = false;
         return false;
     }
@@ -63,7 +99,7 @@ void ProjectSession::readSuperuser()
 bool ProjectSession::checkConnection()
 {
     connected =
-        run(QStringLiteral("select count(project_id) from projects")).isTuples() || connection.open(buildConnInfo());
+        run(QStringLiteral("select count(project_id) from projects")).isTuples() || openConnection(reconnectionInfo());
     return connected;
 }
 
@@ -84,12 +120,13 @@ bool ProjectSession::probeRights(const QStringList& tables) const
 bool ProjectSession::setAudit()
 {
     const bool enabled = !auditEnabled;
-    const QString statement = fill(QStringLiteral("ALTER DATABASE %1 SET app.audit_enabled = '%2'"), sqlDatabase,
+    const QString same = reconnectionInfo();
+    const QString statement = fill(QStringLiteral("ALTER DATABASE %1 SET app.audit_enabled = '%2'"), databaseIn(same),
                                    enabled ? QStringLiteral("on") : QStringLiteral("off"));
     if (!run(statement).isCommand())
         return false;
     connection.finish();
-    if (!connect())
+    if (!connectWith(same))
         return false;
     auditEnabled = enabled;
     return true;

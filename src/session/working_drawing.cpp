@@ -3,9 +3,11 @@
 #include "base/placeholders.h"
 #include "hostkit/console.h"
 #include "session/project_session.h"
+#include "session/saved_copy.h"
 
 #include <QSaveFile>
 #include <nrx/application.h>
+#include <optional>
 
 void writeDrawingProperty(NcApDocument* document, const DrawingProperty& property)
 {
@@ -55,17 +57,49 @@ bool writeBytes(const QString& path, const QByteArray& bytes)
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
 }
 
-} // namespace
-
-bool fetchStoredDrawing(const ProjectSession& session, int positionId, const QString& path)
+// Nothing when no drawing is stored.
+std::optional<QByteArray> storedDrawing(const ProjectSession& session, int positionId)
 {
     const sql::Result row =
         session.run(QStringLiteral("select content from positions_files  where position_id=$1::integer"),
                     {sql::text(positionId)}, sql::Format::Binary);
-    if (!row.isTuples() || row.isNull(0, 0))
-        return false;
-    if (writeBytes(path, row.bytes(0, 0)))
+    if (!row.isTuples() || row.ntuples() == 0)
+        return std::nullopt;
+    if (!row.isNull(0, 0))
+        return row.bytes(0, 0);
+    say(fill(QStringLiteral("\nВ базе данных записан пустой чертеж позиции %1\n"), positionId));
+    return std::nullopt;
+}
+
+bool writeDrawing(const QString& path, const QByteArray& bytes)
+{
+    if (writeBytes(path, bytes))
         return true;
     say(fill(QStringLiteral("\n Не удается создать файл %1"), path));
     return false;
+}
+
+} // namespace
+
+bool fetchStoredDrawing(const ProjectSession& session, int positionId, const QString& path)
+{
+    const std::optional<QByteArray> stored = storedDrawing(session, positionId);
+    return stored && writeDrawing(path, *stored);
+}
+
+bool layStoredDrawing(const ProjectSession& session, int positionId, const QString& path)
+{
+    const std::optional<QByteArray> stored = storedDrawing(session, positionId);
+    if (!stored || !keepSavedCopy(path, *stored) || !writeDrawing(path, *stored))
+        return false;
+    rememberLaidCopy(path);
+    return true;
+}
+
+void layNewDrawing(const QString& path, const DrawingProperty& property)
+{
+    if (!keepSavedCopy(path, {}))
+        return;
+    createDrawing(path, property);
+    rememberLaidCopy(path);
 }

@@ -27,5 +27,13 @@ void createDrawing(const QString& path, const DrawingProperty& property);
 void openDrawing(const QString& path, const DrawingProperty& property);
 
 /// Writes the drawing that the database stores for the position to `path`.
-/// False when there is none or the file cannot be made, which is told.
+/// False when there is none. A stored drawing without content and a file that
+/// cannot be made are told.
 bool fetchStoredDrawing(const ProjectSession& session, int positionId, const QString& path);
+
+/// The same for the working copy: what was saved there since it was laid is
+/// kept under a dated name. False also when that cannot be done; the working
+/// copy then stays as it is.
+bool layStoredDrawing(const ProjectSession& session, int positionId, const QString& path);
+/// createDrawing() in the place of the working copy, kept likewise.
+void layNewDrawing(const QString& path, const DrawingProperty& property);

@@ -3,13 +3,20 @@
 #include "database/provisioning/project_creation.h"
 
 #include "base/placeholders.h"
+#include "database/provisioning/server_test.h"
 #include "session/session_fixture.h"
+#include "support/statement_relay.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QDomDocument>
 #include <QFile>
 #include <QFileInfo>
+#include <QTextCodec>
+
+#include <arpa/inet.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
 namespace {
 
@@ -43,6 +50,30 @@ QString shownConnInfo(const ConnectionParameters& p)
     return "hostaddr=" + p.host + " port=" + p.port + " dbname=postgres user=" + p.user + " password=" + p.password
         + " connect_timeout=3";
 }
+
+/// A port that takes connections and never says a word.
+class DeafServer {
+public:
+    DeafServer() : socket_(socket(AF_INET, SOCK_STREAM, 0))
+    {
+        sockaddr_in here{};
+        here.sin_family = AF_INET;
+        here.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t length = sizeof here;
+        EXPECT_EQ(bind(socket_, reinterpret_cast<sockaddr*>(&here), length), 0);
+        EXPECT_EQ(listen(socket_, 1), 0);
+        EXPECT_EQ(getsockname(socket_, reinterpret_cast<sockaddr*>(&here), &length), 0);
+        port_ = ntohs(here.sin_port);
+    }
+    ~DeafServer() { close(socket_); }
+    DeafServer(const DeafServer&) = delete;
+    DeafServer& operator=(const DeafServer&) = delete;
+    QString port() const { return QString::number(port_); }
+
+private:
+    int socket_;
+    int port_ = 0;
+};
 
 struct TestOutcome {
     bool good;
@@ -103,6 +134,112 @@ TEST(TestingAServer, AFailedConnectionShowsTheServersMessage)
     EXPECT_TRUE(outcome.log.startsWith(shownConnInfo(parameters) + "\nОшибка подключения: \n")) << outcome.log;
     EXPECT_TRUE(outcome.log.contains("password authentication failed")) << outcome.log;
     EXPECT_TRUE(outcome.log.endsWith("\n"));
+}
+
+/// A superuser to whom the server shows no extension that it could offer.
+class RoleWithoutExtensions {
+public:
+    RoleWithoutExtensions()
+    {
+        run("create schema " + name + " create view pg_available_extensions as select ''::name as name where false");
+        run("create role " + name + " login superuser password 'plain'");
+        run("grant usage on schema " + name + " to " + name);
+        run("alter role " + name + " set search_path = " + name + ", pg_catalog");
+    }
+    ~RoleWithoutExtensions()
+    {
+        run("drop role " + name);
+        run("drop schema " + name + " cascade");
+    }
+    const QString name = fill("terva_bare_%1", QCoreApplication::applicationPid());
+
+private:
+    void run(const QString& statement) { EXPECT_TRUE(server_.run(statement).isCommand()) << statement; }
+    sql::Connection server_ = NewName::server();
+};
+
+TEST(TestingAServer, WithoutPostGisItIsRefused)
+{
+    const RoleWithoutExtensions role;
+    ConnectionParameters parameters = parametersFor("terva_surely_free");
+    parameters.user = role.name;
+    parameters.password = "plain";
+    const TestOutcome outcome = testOf(parameters);
+    EXPECT_FALSE(outcome.good);
+    EXPECT_EQ(outcome.log,
+              shownConnInfo(parameters)
+                  + "Подключение успешно. \n"
+                    "Расширение PostGIS не установлено на сервере.\n"
+                    "Установите PostGIS перед созданием проекта.\n");
+}
+
+// --- making the database ----------------------------------------------------------
+
+TEST(MakingADatabase, IsOneStatementThatNamesTheOwner)
+{
+    ASSERT_TRUE(TestServer::isKnown());
+    const NewName name;
+    StatementRelay relay;
+    ConnectionParameters parameters = parametersFor(name.name());
+    parameters.host = StatementRelay::host();
+    parameters.port = relay.port();
+    EXPECT_FALSE(createDatabase(parameters));
+    EXPECT_EQ(
+        relay.texts(),
+        QStringList("CREATE DATABASE " + name.name() + " WITH OWNER = " + parameters.user + " ENCODING = 'UTF8';"));
+    EXPECT_TRUE(name.exists());
+}
+
+TEST(MakingADatabase, TheSchemasConnectionHasATimeOut)
+{
+    EXPECT_EQ(provisioningConnInfo({"10.0.0.1", "5433", "db", "u", "p"}),
+              QString("hostaddr=10.0.0.1 port=5433 dbname=db user=u password=p connect_timeout=3"));
+    // Takes connections and never answers.
+    const DeafServer server;
+    const auto error = loadSchema({"127.0.0.1", server.port(), "db", "u", "p"}, TERVA_SOURCE_DIR "/share/database.sql");
+    ASSERT_TRUE(error);
+    EXPECT_TRUE(error->contains("timeout expired")) << *error;
+}
+
+// --- the bytes of the schema ---------------------------------------------------------
+
+class LayingASchema : public ::testing::Test {
+protected:
+    std::optional<QString> lay(const QByteArray& bytes)
+    {
+        QFile file(folder_.filePath("schema.sql"));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        file.close();
+        return loadSchema(parametersFor(database_.name()), file.fileName());
+    }
+
+    TestDatabase database_{TestDatabase::Content::Empty};
+    QTemporaryDir folder_;
+};
+
+TEST_F(LayingASchema, TakesThemAsTheyAre)
+{
+    ASSERT_FALSE(lay("create table t (note text default 'Скважина')"));
+    EXPECT_EQ(database_.value("select column_default from information_schema.columns where table_name = 't'"),
+              QString("'Скважина'::text"));
+}
+
+TEST_F(LayingASchema, RefusesAnotherEncodingInsteadOfLayingGarbage)
+{
+    const QByteArray russian = QTextCodec::codecForName("windows-1251")->fromUnicode("'Скважина'");
+    const auto error = lay("create table t (note text default " + russian + ")");
+    ASSERT_TRUE(error);
+    EXPECT_TRUE(error->contains("invalid byte sequence")) << *error;
+    EXPECT_EQ(database_.value("select count(*) from pg_tables where tablename = 't'"), QString("0"));
+}
+
+TEST_F(LayingASchema, RefusesAFileThatTheServerWouldSeeCut)
+{
+    const auto error = lay(QByteArray("create table t (n integer);\0create table u (n integer);", 54));
+    ASSERT_TRUE(error);
+    EXPECT_EQ(*error, "Файл '" + folder_.filePath("schema.sql") + "' содержит нулевые байты: это не текст в UTF-8");
+    EXPECT_EQ(database_.value("select count(*) from pg_tables where tablename = 't'"), QString("0"));
 }
 
 // --- the steps --------------------------------------------------------------------
@@ -191,6 +328,15 @@ TEST_F(MakingAProject, GoesThroughAllSteps)
     EXPECT_EQ(value("Path", "TemplateDir"), project_.templateDir);
     EXPECT_EQ(value("Database", "SQLDatabase"), database_.name());
     EXPECT_EQ(value("Current", "PositionID"), QString("-1"));
+}
+
+TEST_F(MakingAProject, AProjectFileWithoutSuffixGetsIt)
+{
+    project_.projectFile = folder_.filePath("проект");
+    ASSERT_TRUE(run()) << log_;
+    EXPECT_TRUE(QFileInfo::exists(folder_.filePath("проект.terva")));
+    EXPECT_FALSE(QFileInfo::exists(folder_.filePath("проект")));
+    EXPECT_EQ(session_.projectFile, folder_.filePath("проект.terva"));
 }
 
 TEST_F(MakingAProject, StopsAtTheFirstEmptyRequiredField)

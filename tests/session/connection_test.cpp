@@ -254,4 +254,102 @@ TEST_F(SessionConnection, TheGuardNamesWhatIsMissing)
     EXPECT_EQ(console_.take(), QString("Не выбрана текущая позиция с базой данных"));
 }
 
+// --- one database at a time ------------------------------------------------------------
+
+/// Connected to the first database; the second is what a user has merely tested.
+class TwoDatabases : public SessionTest {
+protected:
+    void SetUp() override
+    {
+        SessionTest::SetUp();
+        makeHierarchy();
+        second_.exec(
+            "insert into projects (project_id, name, owner) overriding system value values (8, 'Второй', 'Б')");
+        ASSERT_TRUE(session_.connect());
+        session_.currentPositionId = 1;
+        session_.baseCycleId = session_.currentCycleId = 5;
+        session_.cycles = {{5, {"1"}}};
+        session_.cycleOrder = {5};
+        pointAt(session_, second_.name());
+    }
+    QString connectedTo() { return session_.run("select current_database()").getvalue(0, 0); }
+
+    TestDatabase second_;
+};
+
+TEST_F(TwoDatabases, TheProjectionIsSavedWhereTheConnectionIs)
+{
+    session_.proj4Text = "+proj=longlat";
+    ASSERT_TRUE(session_.saveProjection());
+    ASSERT_TRUE(session_.saveProjection()) << "the second time opens anew";
+    EXPECT_EQ(connectedTo(), database_.name());
+    EXPECT_EQ(session_.currentPositionId, 1);
+}
+
+TEST_F(TwoDatabases, ALostConnectionHealsToItsOwn)
+{
+    endConnections(database_);
+    ASSERT_TRUE(session_.checkConnection());
+    EXPECT_EQ(connectedTo(), database_.name());
+    EXPECT_EQ(session_.projectId, 7);
+    EXPECT_EQ(session_.currentPositionId, 1);
+}
+
+TEST_F(TwoDatabases, TheAuditSwitchIsThatOfItsOwn)
+{
+    ASSERT_TRUE(session_.setAudit());
+    EXPECT_EQ(connectedTo(), database_.name());
+    EXPECT_FALSE(session_.auditEnabled);
+    EXPECT_EQ(second_.value("select count(*) from pg_db_role_setting s join pg_database d on d.oid = s.setdatabase "
+                            "where datname = current_database()"),
+              QString("0"));
+}
+
+TEST_F(TwoDatabases, ConnectingToTheOtherForgetsTheFirst)
+{
+    ASSERT_TRUE(session_.connect());
+    EXPECT_EQ(connectedTo(), second_.name());
+    EXPECT_EQ(session_.projectId, 8);
+    EXPECT_EQ(session_.projectName, QString("Второй"));
+    EXPECT_EQ(session_.projectOwner, QString("Б"));
+    EXPECT_EQ(session_.currentPositionId, -1);
+    EXPECT_EQ(session_.baseCycleId, -1);
+    EXPECT_EQ(session_.currentCycleId, -1);
+    EXPECT_TRUE(session_.cycles.isEmpty());
+    EXPECT_TRUE(session_.cycleOrder.isEmpty());
+}
+
+TEST_F(TwoDatabases, FailingAtTheOtherNeverMixesThem)
+{
+    session_.sqlPass = "wrong";
+    EXPECT_FALSE(session_.connect());
+    EXPECT_EQ(session_.currentPositionId, -1);
+    session_.sqlPass = TestServer::password();
+    EXPECT_TRUE(session_.checkConnection()) << "heals to what was asked for last";
+    EXPECT_EQ(connectedTo(), second_.name());
+    EXPECT_EQ(session_.projectId, -1);
+    EXPECT_EQ(session_.currentPositionId, -1);
+}
+
+TEST_F(TwoDatabases, AnotherRoleInTheSameDatabaseForgetsNothing)
+{
+    pointAt(session_, database_.name());
+    session_.sqlPass = "wrong";
+    EXPECT_FALSE(session_.connect());
+    session_.sqlPass = TestServer::password();
+    EXPECT_TRUE(session_.connect());
+    EXPECT_EQ(session_.projectId, 7);
+    EXPECT_EQ(session_.currentPositionId, 1);
+}
+
+TEST(ConnectionStrings, NameADatabaseOfAServer)
+{
+    const QString one = mainConnInfo({"10.0.0.1", "5432", "db", "u", "p"});
+    EXPECT_EQ(databaseIn(one), QString("db"));
+    EXPECT_TRUE(isSameDatabase(one, "port=5432 dbname=db host=10.0.0.1 user=other connect_timeout=3"));
+    EXPECT_FALSE(isSameDatabase(one, mainConnInfo({"10.0.0.2", "5432", "db", "u", "p"})));
+    EXPECT_FALSE(isSameDatabase(one, mainConnInfo({"10.0.0.1", "5433", "db", "u", "p"})));
+    EXPECT_FALSE(isSameDatabase(one, mainConnInfo({"10.0.0.1", "5432", "db2", "u", "p"})));
+}
+
 } // namespace

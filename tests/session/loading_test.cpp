@@ -206,7 +206,9 @@ TEST_F(LoadingAProject, FoldersNotChosenStopItAfterTheConnection)
                   + troubleMessage());
     EXPECT_EQ(dialogs_.asked.last(), troubleText());
     expectUntouched();
-    EXPECT_TRUE(session_.connection.isOk()) << "the handle stays as the connection left it";
+    EXPECT_FALSE(session_.connection.isOpen()) << "nothing was open before";
+    EXPECT_FALSE(session_.connected);
+    EXPECT_EQ(session_.projectId, -1);
 }
 
 TEST_F(LoadingAProject, AChosenFolderThatIsNoneIsNotChecked)
@@ -272,8 +274,7 @@ TEST_F(LoadingAProject, ACancelledReconnectionKeepsTheOldParameters)
     EXPECT_EQ(console_.take(), foldersGood() + "Соединение с БД: Ошибка соединения \n" + troubleMessage());
     EXPECT_EQ(dialogs_.asked, (QStringList{"connection:" + saved_.buildConnInfo(), troubleText()}));
     expectUntouched();
-    EXPECT_TRUE(session_.connection.isOpen());
-    EXPECT_FALSE(session_.connection.isOk()) << "the last one that was tried";
+    EXPECT_FALSE(session_.connection.isOpen()) << "nothing was open before";
 }
 
 TEST_F(LoadingAProject, AnsweringTheReconnectionTriesAgainAndRewritesTheFile)
@@ -358,19 +359,134 @@ TEST_F(LoadingAProject, APositionThatIsGoneIsTold)
     EXPECT_EQ(session_.projectFile, path_);
 }
 
-TEST_F(LoadingAProject, AMissingPositionLeavesThePositionOfTheProjectBefore)
+TEST_F(LoadingAProject, AMissingPositionOfTheSameDatabaseLeavesThePositionBefore)
 {
     load();
     ASSERT_EQ(session_.currentPositionId, 1);
-    TestDatabase second;
-    second.exec("insert into projects (project_id, name) overriding system value values (8, 'Второй')");
-    saved_.sqlDatabase = second.name();
     saved_.currentPositionId = 1000;
     load();
     EXPECT_EQ(session_.projectId, 7);
     EXPECT_EQ(session_.currentPositionId, 1);
-    EXPECT_TRUE(session_.setCurrentPosition(-1));
-    EXPECT_EQ(session_.projectId, 8) << "leaving the position repairs it";
+}
+
+// --- from one database to another ---------------------------------------------------
+
+/// A project A is open, at its position 1; B lies in a database of its own.
+class LoadingAnother : public LoadingAProject {
+protected:
+    void SetUp() override
+    {
+        LoadingAProject::SetUp();
+        database_.exec("insert into cycles (cycle_id, number) overriding system value values (3, 1)");
+        saved_.baseCycleId = 3;
+        load();
+        ASSERT_EQ(session_.currentPositionId, 1);
+        ASSERT_EQ(session_.cycles.keys(), QList<int>{3});
+        second_.exec("insert into projects (project_id, name) overriding system value values (8, 'Второй')");
+        saved_.sqlDatabase = second_.name();
+        saved_.tempDir = folder_.filePath("work");
+        saved_.baseCycleId = -1;
+        console_.take();
+    }
+
+    QString connectedTo() { return session_.run("select current_database()").getvalue(0, 0); }
+
+    void expectFirstProject()
+    {
+        EXPECT_EQ(connectedTo(), database_.name());
+        EXPECT_TRUE(session_.connected);
+        EXPECT_EQ(session_.sqlDatabase, database_.name());
+        EXPECT_EQ(session_.projectId, 7);
+        EXPECT_EQ(session_.projectName, QString("Город"));
+        EXPECT_EQ(session_.currentPositionId, 1);
+        EXPECT_EQ(session_.tempDir, folder_.filePath("temp"));
+        EXPECT_EQ(session_.cycles.keys(), QList<int>{3});
+        EXPECT_TRUE(session_.checkConnection());
+        EXPECT_EQ(connectedTo(), database_.name());
+    }
+
+    TestDatabase second_;
+};
+
+TEST_F(LoadingAnother, LeavesNoIdOfTheFirstBehind)
+{
+    const QString drawing = session_.currentDrawingPath;
+    ASSERT_TRUE(ncDocManagerPtr()->findByFileName(drawing));
+    saved_.currentPositionId = 1; // B has no such position
+    load();
+    EXPECT_TRUE(console_.text().contains("\nНе установлена текущая позичия проекта\n")) << console_.text();
+    EXPECT_EQ(connectedTo(), second_.name());
+    EXPECT_EQ(session_.projectId, 8);
+    EXPECT_EQ(session_.currentPositionId, -1);
+    EXPECT_EQ(session_.currentPositionName + session_.currentObjectName, QString());
+    EXPECT_EQ(session_.currentFileId, -1);
+    EXPECT_TRUE(session_.cycles.isEmpty());
+    EXPECT_EQ(session_.baseCycleId, -1);
+    EXPECT_EQ(ncDocManagerPtr()->findByFileName(drawing), nullptr) << "although the folder is another now";
+}
+
+TEST_F(LoadingAnother, ThatLacksAFolderEndsOnTheFirst)
+{
+    const QString before = session_.run("select pg_backend_pid()").getvalue(0, 0);
+    saved_.workDir = folder_.filePath("нет");
+    load();
+    EXPECT_TRUE(console_.text().endsWith(troubleMessage())) << console_.text();
+    expectFirstProject();
+    EXPECT_NE(session_.run("select pg_backend_pid()").getvalue(0, 0), before) << "opened anew";
+}
+
+TEST_F(LoadingAnother, ThatDoesNotConnectEndsOnTheFirst)
+{
+    const ConnectionParameters other{saved_.sqlHost, "1", "db", "u", "p"};
+    dialogs_.connections << other;
+    saved_.sqlPass = "wrong";
+    load();
+    EXPECT_EQ(dialogs_.asked.value(1), "connection:" + mainConnInfo(other)) << "what was typed last is shown again";
+    expectFirstProject();
+}
+
+TEST_F(LoadingAnother, WithoutRightsEndsOnTheFirst)
+{
+    PlainRole role(second_);
+    saved_.sqlUser = role.name();
+    saved_.sqlPass = "plain";
+    load();
+    EXPECT_TRUE(console_.text().contains("Проверка прав доступа к 'projects': ОШИБКА (")) << console_.text();
+    expectFirstProject();
+    EXPECT_TRUE(session_.superuser);
+}
+
+TEST_F(LoadingAnother, AfterAMereTestOfAThirdEndsOnTheFirstToo)
+{
+    session_.sqlDatabase = "tested_only";
+    saved_.sqlPass = "wrong";
+    load();
+    EXPECT_EQ(connectedTo(), database_.name());
+    EXPECT_EQ(session_.sqlDatabase, QString("tested_only")) << "the page keeps what was typed there";
+}
+
+TEST_F(LoadingAnother, EndsDisconnectedWithALineWhereTheFirstIsGone)
+{
+    database_.exec("alter database " + database_.name() + " allow_connections false");
+    saved_.workDir = folder_.filePath("нет");
+    load();
+    database_.exec("alter database " + database_.name() + " allow_connections true");
+    EXPECT_TRUE(console_.text().endsWith("Соединение с базой данных прежнего проекта потеряно\n" + troubleMessage()))
+        << console_.text();
+    EXPECT_FALSE(session_.connected);
+    EXPECT_FALSE(session_.connection.isOk());
+    EXPECT_EQ(session_.projectId, 7);
+    EXPECT_TRUE(session_.checkConnection()) << "and heals like any lost connection";
+    EXPECT_EQ(connectedTo(), database_.name());
+}
+
+TEST_F(LoadingAProject, ListsAreReadInAnOrderInWhichPredictionsKnowTheirCycles)
+{
+    database_.exec("insert into cycles (cycle_id, number) overriding system value values (3, 11), (4, 12);"
+                   "insert into dm_predictions (prediction_id, name, prediction_date, begin_cycle_id, end_cycle_id) "
+                   "overriding system value values (5, 'Прогноз', '2030-01-01', 3, 4)");
+    load();
+    EXPECT_EQ(session_.predictions.value(5).mid(2, 2), (QStringList{"Цикл 11", "Цикл 12"}));
 }
 
 TEST_F(LoadingAProject, StatesOfTheFileAreTakenIfTheyExist)

@@ -61,6 +61,36 @@ protected:
                         .isCommand());
     }
 
+    /// Another drawing in the file, as the host saves it; gives its bytes.
+    static QByteArray save(const QString& path, const QString& mark)
+    {
+        NcDbDatabase drawing;
+        NcDbDatabaseSummaryInfo info;
+        info.addCustomSummaryInfo("mark", mark);
+        ncdbPutSummaryInfo(&drawing, info);
+        EXPECT_TRUE(isOk(drawing.saveAs(path)));
+        return content(path);
+    }
+
+    static QByteArray content(const QString& path)
+    {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path;
+        return file.readAll();
+    }
+
+    /// Copies of the position's drawing under dated names.
+    QStringList keptCopies(int positionId) const
+    {
+        const QRegularExpression dated("^positionID" + QString::number(positionId)
+                                       + "_\\d{4}-\\d\\d-\\d\\d_\\d\\d-\\d\\d-\\d\\d(_\\d+)?\\.dwg$");
+        QStringList found;
+        for (const QString& name : QDir(folder_.path()).entryList(QDir::Files))
+            if (dated.match(name).hasMatch())
+                found << folder_.filePath(name);
+        return found;
+    }
+
     QByteArray stored_;
     const QString before_ = QDir::currentPath();
 };
@@ -98,6 +128,113 @@ TEST_F(ChoosingAPosition, ReadsTheNamesUpToTheProject)
     EXPECT_EQ(session_.currentSubobjectId, 4);
     EXPECT_EQ(session_.currentSubobjectName, QString("Подобъект"));
     EXPECT_EQ(session_.currentPositionName, QString("Позиция 2"));
+}
+
+TEST_F(ChoosingAPosition, ANewDrawingIsWrittenWithTheProjectsName)
+{
+    ASSERT_TRUE(session_.setCurrentPosition(1));
+    NcDbDatabase file(false);
+    ASSERT_TRUE(isOk(file.readDwgFile(session_.currentDrawingPath)));
+    NcDbDatabaseSummaryInfo info;
+    ASSERT_TRUE(isOk(ncdbGetSummaryInfo(&file, info)));
+    QString value;
+    EXPECT_TRUE(isOk(info.getCustomSummaryInfo("project", value)));
+    EXPECT_EQ(value, QString("Город"));
+    EXPECT_FALSE(isOk(info.getCustomSummaryInfo("position_id", value))) << "written after the saving";
+}
+
+TEST_F(ChoosingAPosition, WithoutAProjectANewDrawingHasNoProperty)
+{
+    database_.exec("alter table projects drop column project_id cascade");
+    session_.projectId = -1;
+    session_.setCurrentPosition(1);
+    EXPECT_EQ(property(openDrawing(session_.drawingPath(1)), "project"), QString("(absent)"));
+}
+
+// --- what was saved in a working copy and nowhere else --------------------------------
+
+TEST_F(ChoosingAPosition, ACopySavedSinceIsKeptUnderADatedName)
+{
+    storeDrawing(2, 31);
+    ASSERT_TRUE(session_.setCurrentPosition(2));
+    const QByteArray saved = save(session_.drawingPath(2), "работа");
+    ASSERT_TRUE(session_.setCurrentPosition(2));
+    EXPECT_EQ(content(session_.drawingPath(2)), stored_);
+    const QStringList kept = keptCopies(2);
+    ASSERT_EQ(kept.size(), 1);
+    EXPECT_EQ(content(kept.first()), saved);
+    EXPECT_EQ(console_.take(),
+              "\nРабочая копия чертежа сохранялась после записи в базу данных. Прежняя копия: " + kept.first() + "\n");
+    EXPECT_EQ(property(openDrawing(session_.drawingPath(2)), "mark"), QString("stored"));
+
+    save(session_.drawingPath(2), "ещё работа");
+    QFile file(session_.drawingPath(2));
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(file.setFileTime(QFileInfo(kept.first()).lastModified(), QFileDevice::FileModificationTime));
+    file.close();
+    ASSERT_TRUE(session_.setCurrentPosition(2));
+    EXPECT_EQ(keptCopies(2).size(), 2) << "two of one second have names of their own";
+}
+
+TEST_F(ChoosingAPosition, ACopyThatNobodySavedIsReplacedInSilence)
+{
+    storeDrawing(2, 31);
+    ASSERT_TRUE(session_.setCurrentPosition(2));
+    ASSERT_TRUE(session_.setCurrentPosition(2));
+    database_.exec("delete from positions_files");
+    storeDrawing(2, 31, "a colleague's");
+    ASSERT_TRUE(session_.setCurrentPosition(2)) << "what is stored is newer";
+    EXPECT_EQ(content(session_.drawingPath(2)), stored_);
+    EXPECT_EQ(keptCopies(2), QStringList());
+    EXPECT_EQ(console_.text(), QString());
+}
+
+TEST_F(ChoosingAPosition, ACopyThatWasStoredMeanwhileIsReplacedInSilence)
+{
+    storeDrawing(2, 31);
+    ASSERT_TRUE(session_.setCurrentPosition(2));
+    save(session_.drawingPath(2), "работа");
+    ASSERT_TRUE(
+        database_.connection()
+            .run("update positions_files set content = $1::bytea", {sql::binary(content(session_.drawingPath(2)))})
+            .isCommand());
+    ASSERT_TRUE(session_.setCurrentPosition(2));
+    EXPECT_EQ(keptCopies(2), QStringList());
+    EXPECT_EQ(console_.text(), QString());
+}
+
+TEST_F(ChoosingAPosition, ACopyIsKeptBeforeANewDrawingToo)
+{
+    ASSERT_TRUE(session_.setCurrentPosition(1));
+    ASSERT_TRUE(session_.setCurrentPosition(1));
+    EXPECT_EQ(keptCopies(1), QStringList()) << "an untouched new drawing holds no work";
+    const QByteArray saved = save(session_.drawingPath(1), "работа");
+    ASSERT_TRUE(session_.setCurrentPosition(1));
+    ASSERT_EQ(keptCopies(1).size(), 1);
+    EXPECT_EQ(content(keptCopies(1).first()), saved);
+    EXPECT_TRUE(openDrawing(session_.drawingPath(1)));
+    EXPECT_TRUE(console_.text().contains(keptCopies(1).first()));
+}
+
+TEST_F(ChoosingAPosition, ChosenAgainAfterLeavingItTheDocumentIsTheStoredOne)
+{
+    storeDrawing(1, 5);
+    ASSERT_TRUE(session_.setCurrentPosition(1));
+    ASSERT_TRUE(session_.setCurrentPosition(-1));
+    ASSERT_TRUE(openDrawing(session_.drawingPath(1)));
+    database_.exec("delete from positions_files");
+    storeDrawing(1, 5, "newer");
+    ASSERT_TRUE(session_.setCurrentPosition(1));
+    EXPECT_EQ(ncDocManagerPtr()->documentCount(), 1);
+    EXPECT_EQ(property(openDrawing(session_.drawingPath(1)), "mark"), QString("newer"));
+
+    database_.exec("delete from positions_files");
+    ASSERT_TRUE(session_.setCurrentPosition(-1));
+    ASSERT_TRUE(session_.setCurrentPosition(1));
+    EXPECT_EQ(ncDocManagerPtr()->documentCount(), 1);
+    NcApDocument* fresh = openDrawing(session_.drawingPath(1));
+    ASSERT_TRUE(fresh) << "no untitled one";
+    EXPECT_EQ(property(fresh, "mark"), QString("(absent)"));
 }
 
 TEST_F(ChoosingAPosition, OpensTheStoredDrawingOverAnEarlierCopy)
@@ -175,6 +312,7 @@ TEST_F(ChoosingAPosition, AnAbsentContentNeverShowsAStaleCopy)
     database_.exec("update positions_files set content = null");
     ASSERT_TRUE(session_.setCurrentPosition(1));
     EXPECT_EQ(openDrawing(session_.drawingPath(1)), nullptr);
+    EXPECT_EQ(console_.take(), QString("\nВ базе данных записан пустой чертеж позиции 1\n"));
 }
 
 TEST_F(ChoosingAPosition, ABrokenTemplateTouchesNoDocument)
@@ -252,6 +390,15 @@ TEST_F(ChoosingAPosition, MinusOneWithoutAProjectIsFalse)
     EXPECT_FALSE(session_.setCurrentPosition(-1));
     EXPECT_EQ(session_.projectId, -1);
     EXPECT_EQ(session_.projectName, QString());
+}
+
+TEST_F(ChoosingAPosition, MinusOneWithARefusedQueryLeavesTheProject)
+{
+    database_.exec("alter table projects rename name to title");
+    session_.projectName = "имя";
+    EXPECT_TRUE(session_.setCurrentPosition(-1));
+    EXPECT_EQ(session_.projectId, 7);
+    EXPECT_EQ(session_.projectName, QString("имя"));
 }
 
 TEST_F(ChoosingAPosition, MinusOneWithoutAConnectionIsFalse)

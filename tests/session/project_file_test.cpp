@@ -276,4 +276,21 @@ TEST(SavingAProject, UnderANewNameAsksStartingFromTheOld)
     EXPECT_EQ(bytesOf(session.projectFile), projectFileText(session));
 }
 
+TEST(SavingAProject, ANameWithoutTheSuffixGetsIt)
+{
+    QTemporaryDir folder;
+    ScriptedDialogs dialogs;
+    ProjectSession session;
+    for (const char* name : {"новый", "версия.2", "Готов.TERVA"}) {
+        dialogs.answers << folder.filePath(name);
+        session.saveProjectAs();
+        const QString typed = folder.filePath(name);
+        const QString path = typed.endsWith("TERVA") ? typed : typed + ".terva";
+        EXPECT_EQ(session.projectFile, path);
+        EXPECT_EQ(bytesOf(path), projectFileText(session));
+    }
+    EXPECT_FALSE(QFileInfo::exists(folder.filePath("новый")));
+    EXPECT_EQ(withProjectSuffix(QString()), QString()) << "nothing typed is nothing";
+}
+
 } // namespace

@@ -1,6 +1,8 @@
 // What a session holds before anything happened.
 #include "session_fixture.h"
 
+#include "session/module_folder.h"
+
 #include <QCoreApplication>
 #include <QDir>
 
@@ -100,5 +102,13 @@ TEST(SessionFields, ModuleFolderEndsWithTheSystemsSeparator)
 }
 
 TEST(SessionFields, ThereIsOneSession) { EXPECT_EQ(&session(), &session()); }
+
+TEST(ModuleFolder, IsThePathWithoutItsLastPart)
+{
+    const QString separator = QDir::separator();
+    EXPECT_EQ(folderOfModule("/a b/модули/m.dll"), QDir::toNativeSeparators("/a b/модули/"));
+    EXPECT_EQ(folderOfModule("bin/m.dll"), "bin" + separator);
+    EXPECT_EQ(folderOfModule("m.dll"), separator) << "no folder";
+}
 
 } // namespace

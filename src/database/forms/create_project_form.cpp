@@ -2,6 +2,7 @@
 
 #include "database/forms/field_rows.h"
 #include "session/forms/palette_refresh.h"
+#include "session/forms/project_file_dialogs.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>
@@ -81,9 +82,7 @@ void CreateProjectForm::selectSchema()
 
 void CreateProjectForm::selectProjectFile()
 {
-    QString filter = QStringLiteral("*.terva");
-    const QString path =
-        QFileDialog::getSaveFileName(this, QStringLiteral("Файл проекта"), projectFile_->text(), filter, &filter);
+    const QString path = askNewProjectFile(this, projectFile_->text());
     if (path.isEmpty())
         return;
     const QString folder = QFileInfo(path).path();

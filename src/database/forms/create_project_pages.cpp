@@ -90,6 +90,7 @@ QWidget* CreateProjectForm::buildConnectionPage()
     auto* layout = new QVBoxLayout(page);
     layout->addLayout(form);
     proj4_ = addProjectionFields(layout, project_.moduleDir).text;
+    proj4_->setPlaceholderText(QString()); // an example here has been taken for a value
     auto* test = makeButton(QStringLiteral("Тест соединения"), "btn_testconnect");
     connect(test, &QPushButton::clicked, this, &CreateProjectForm::testConnection);
     layout->addWidget(test);

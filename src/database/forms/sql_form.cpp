@@ -170,7 +170,7 @@ void SQLForm::saveParameters()
     ProjectSession& now = session();
     now.sqlType = type_->currentIndex();
     putParametersIntoSession();
-    if (now.sqlType != 0 || !now.connection.open(mainConnInfo(parameters())))
+    if (now.sqlType != 0 || !now.openConnection(mainConnInfo(parameters())))
         return;
     now.connected = true;
     saveProjection();

@@ -23,11 +23,14 @@ std::optional<QString> loadSchema(const ConnectionParameters& parameters, const 
     QFile file(schemaPath);
     if (!file.open(QIODevice::ReadOnly))
         return fill(QStringLiteral("Не могу открыть файл '%1'"), schemaPath);
-    const QString script = QString::fromUtf8(file.readAll());
+    const QByteArray script = file.readAll();
+    // The server would see the file cut there, and call what is left of it good.
+    if (script.contains('\0'))
+        return fill(QStringLiteral("Файл '%1' содержит нулевые байты: это не текст в UTF-8"), schemaPath);
     const sql::Connection database(provisioningConnInfo(parameters));
     if (!database.isOk())
         return sql::decodeServerMessage(database.rawErrorMessage());
-    const sql::Result loaded = database.runScript(script);
+    const sql::Result loaded = database.runScriptBytes(script);
     if (!loaded.isCommand() && !loaded.isTuples())
         return sql::decodeServerMessage(database.rawErrorMessage());
     return std::nullopt;

@@ -2,6 +2,7 @@
 
 #include "database/provisioning/database_making.h"
 #include "database/provisioning/folder_copy.h"
+#include "session/project_file.h"
 #include "session/project_session.h"
 
 #include <QDir>
@@ -84,7 +85,8 @@ bool ProjectCreation::takeDescription()
 
 bool ProjectCreation::takeProjectFile()
 {
-    return takeRequired(QStringLiteral("Файл проекта: "), project_.projectFile, session_.projectFile);
+    return takeRequired(QStringLiteral("Файл проекта: "), withProjectSuffix(project_.projectFile),
+                        session_.projectFile);
 }
 
 bool ProjectCreation::checkTested()

@@ -43,7 +43,9 @@ Connection::Connection(const QString& conninfo) { open(conninfo); }
 
 bool Connection::open(const QString& conninfo)
 {
-    connection_.reset(PQconnectdb(conninfo.toUtf8().constData()));
+    const QString wanted = conninfo; // may be a reference to our own
+    connection_.reset(PQconnectdb(wanted.toUtf8().constData()));
+    conninfo_ = wanted;
     if (!isOk())
         return false;
     PQsetNoticeProcessor(connection_.get(), swallowNotice, nullptr);
@@ -51,7 +53,11 @@ bool Connection::open(const QString& conninfo)
     return isOk();
 }
 
-void Connection::finish() { connection_.reset(); }
+void Connection::finish()
+{
+    connection_.reset();
+    conninfo_.clear();
+}
 
 bool Connection::isOpen() const { return bool(connection_); }
 
@@ -79,9 +85,11 @@ Result Connection::run(const QString& statement, const QVector<Parameter>& param
                                lengths.data(), formats.data(), int(answer)));
 }
 
-Result Connection::runScript(const QString& script) const
+Result Connection::runScript(const QString& script) const { return runScriptBytes(script.toUtf8()); }
+
+Result Connection::runScriptBytes(const QByteArray& script) const
 {
-    return Result(PQexec(connection_.get(), script.toUtf8().constData()));
+    return Result(PQexec(connection_.get(), script.constData()));
 }
 
 QString Connection::escapeIdentifier(const QString& name) const

@@ -35,6 +35,8 @@ public:
     /// still be asked. The handle before it is finished. Returns isOk().
     bool open(const QString& conninfo);
     void finish();
+    /// What the handle was opened with, also one that failed; empty without one.
+    QString conninfo() const { return conninfo_; }
 
     bool isOpen() const; ///< there is a handle, good or bad
     bool isOk() const;   ///< there is a handle and its status is CONNECTION_OK
@@ -52,6 +54,9 @@ public:
     /// Runs a text of any number of statements, in one transaction unless the
     /// text says otherwise; the answer is the last statement's.
     Result runScript(const QString& script) const;
+    /// The same for the bytes of a file, which go to the server as they are. It
+    /// sees them up to the first zero byte.
+    Result runScriptBytes(const QByteArray& script) const;
 
     /// Quoted for a statement, quote marks included; empty when the connection
     /// is lost or the text is no valid UTF-8.
@@ -63,6 +68,7 @@ private:
         void operator()(pg_conn* connection) const;
     };
     std::unique_ptr<pg_conn, Finish> connection_;
+    QString conninfo_;
 };
 
 /// A server on a Russian Windows machine sends its connection errors in

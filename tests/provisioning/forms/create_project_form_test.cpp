@@ -111,6 +111,14 @@ TEST_F(Wizard, StartsWithTheDefaults)
     EXPECT_EQ(enabled(), QString("NextBtn CancelBtn"));
 }
 
+TEST_F(Wizard, ShowsNoExampleThatReadsAsAValue)
+{
+    const auto* projection = form_->findChild<QPlainTextEdit*>("Proj4Text");
+    EXPECT_EQ(projection->toPlainText(), QString());
+    EXPECT_EQ(projection->placeholderText(), QString());
+    EXPECT_TRUE(projection->toolTip().startsWith("Например: +proj=")) << projection->toolTip();
+}
+
 TEST_F(Wizard, TakesTheModulesConnectionWhereItHasOne)
 {
     session().sqlHost = "1.2.3.4";
@@ -219,7 +227,7 @@ TEST_F(Wizard, AProjectFileBringsItsFolders)
                 ? QString()
                 : QString("not a save dialog");
         })
-        .files({folder_.filePath("new.terva")});
+        .files({folder_.filePath("new")});
     press("btn_OpenProject");
     EXPECT_EQ(line("ProjectFile")->text(), folder_.filePath("new.terva"));
     EXPECT_EQ(line("WorkingDir")->text(), folder_.path());
@@ -253,6 +261,47 @@ TEST_F(Wizard, AskedFoldersGoIntoTheirFields)
     driver_.expect("Временные файлы проекта").close();
     press("btn_SelectTempPath");
     EXPECT_EQ(line("TempDir")->text(), folder_.path()) << "cancelled";
+    EXPECT_TRUE(driver_.done()) << driver_.report();
+}
+
+// A dialog that starts in a folder that is not there shows its parent, and the
+// folder as a name.
+QString startOf(QWidget* window)
+{
+    auto* dialog = qobject_cast<QFileDialog*>(window);
+    if (!dialog)
+        return "not a file dialog";
+    const QString folder = dialog->directory().absolutePath();
+    const auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
+    const QString typed = name ? name->text() : QString();
+    return typed.isEmpty() ? folder : QDir(folder).filePath(typed);
+}
+
+TEST_F(Wizard, FoldersAreAskedForFromTheirFieldOrTheirUsualPlace)
+{
+    pages()->setCurrentIndex(2);
+    struct Row {
+        const char* button;
+        const char* field;
+        const char* title;
+        const char* start;
+    };
+    for (const Row& row : {Row{"btn_selectWorkPath", "WorkingDir", "Рабочая папка проекта", "/work"},
+                           Row{"btn_SelectTemplatePath", "TemplateDir", "Папка шаблонов проекта", "/work"},
+                           Row{"btn_SelectTempPath", "TempDir", "Временные файлы проекта", "/temp"}}) {
+        for (const QString& start : {QString(row.start), folder_.path()}) {
+            line(row.field)->setText(start == row.start ? QString() : start);
+            QString met;
+            driver_.expect(row.title)
+                .call([&met](QWidget* window) -> QString {
+                    met = startOf(window);
+                    return {};
+                })
+                .close();
+            press(row.button);
+            EXPECT_EQ(met, start) << row.field;
+        }
+    }
     EXPECT_TRUE(driver_.done()) << driver_.report();
 }
 

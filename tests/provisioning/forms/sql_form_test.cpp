@@ -4,6 +4,7 @@
 #include "session/forms/palette_refresh.h"
 #include "session/session_fixture.h"
 #include "support/pictures.h"
+#include "support/statement_relay.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -254,6 +255,99 @@ TEST_F(SqlPage, UpdatingTheGeometrySavesTheProjectionFirst)
     button(form, "btn_updategeom")->click();
     EXPECT_EQ(log(form), QString("Параметры проекции сохранены")) << "a refused statement adds nothing";
     EXPECT_EQ(session().proj4Text, QString("it's"));
+}
+
+TEST_F(SqlPage, ConnectingAsksTheServerInThisOrder)
+{
+    StatementRelay relay;
+    SQLForm form;
+    type(form, TestServer::password());
+    line(form, "SQL_host")->setText(StatementRelay::host());
+    line(form, "SQL_port")->setText(relay.port());
+    button(form, "btn_testconnect")->click();
+    relay.cutAfter(-1);
+    button(form, "ConnectBTN")->click();
+    const QString check = "select count(project_id) from projects";
+    QStringList beginnings;
+    for (const QString& text : relay.texts())
+        beginnings << text.left(check.size());
+    const auto start = [&check](const char* text) { return QString(text).left(check.size()); };
+    EXPECT_EQ(beginnings,
+              (QStringList{start("SELECT project_id, name, owner, location, code FROM projects;"),
+                           start("SELECT coalesce (current_setting('app.audit_enabled', true),'on') AS audit_status;"),
+                           start("SELECT usesuper FROM pg_user WHERE usename = current_user;"),
+                           start("SELECT 1 FROM projects LIMIT 0;"), start("SELECT 1 FROM objects LIMIT 0;"),
+                           start("SELECT 1 FROM subobjects LIMIT 0;"), start("SELECT 1 FROM positions LIMIT 0;"),
+                           start("select proj4text from spatial_ref_sys where srid = 9999"), check,
+                           start("SELECT project_id, name FROM projects"), check,
+                           start("select cycle_id, number, TO_CHAR(date_start::date, 'dd.mm.yy') as date_start, "),
+                           start("select state_id,note, colorindex from states"),
+                           start("select prediction_id,dm_predictions.prediction_date,name,begin_cycle_id,"),
+                           start("select levelmap_id, levelmap_name from levelmaps")}));
+    session().connection.finish();
+}
+
+// --- two databases ------------------------------------------------------------------------
+
+/// A project is open; the page is then used with another database.
+class SqlPageOfAProject : public SqlPage {
+protected:
+    void SetUp() override
+    {
+        SqlPage::SetUp();
+        second_.exec("insert into projects (project_id, name) overriding system value values (8, 'Второй')");
+        pointAt(session(), database_.name());
+        ASSERT_TRUE(session().connect());
+        session().currentPositionId = 5;
+    }
+    void testTheOther(SQLForm& form)
+    {
+        type(form, TestServer::password());
+        line(form, "Database")->setText(second_.name());
+        button(form, "btn_testconnect")->click();
+        ASSERT_EQ(session().sqlDatabase, second_.name());
+    }
+    static QString connectedTo() { return session().run("select current_database()").getvalue(0, 0); }
+    QString storedInTheOther() { return second_.value("select max(proj4text) from spatial_ref_sys where srid = 9999"); }
+
+    TestDatabase second_;
+};
+
+TEST_F(SqlPageOfAProject, AMereTestMovesNothing)
+{
+    SQLForm form;
+    testTheOther(form);
+    for (const char* text : {"+proj=longlat", "+proj=longlat +no_defs"}) {
+        proj4(form)->setPlainText(text);
+        button(form, "btn_updategeom")->click();
+        EXPECT_EQ(stored(), QString(text));
+    }
+    EXPECT_EQ(connectedTo(), database_.name());
+    EXPECT_EQ(storedInTheOther(), QString());
+    EXPECT_EQ(session().projectId, 7);
+    EXPECT_EQ(session().currentPositionId, 5);
+}
+
+TEST_F(SqlPageOfAProject, SavingTheOthersParametersLeavesThePosition)
+{
+    SQLForm form;
+    testTheOther(form);
+    session().projectFile = folder_.filePath("p.terva");
+    button(form, "btn_saveparams")->click();
+    EXPECT_EQ(connectedTo(), second_.name());
+    EXPECT_EQ(session().currentPositionId, -1);
+    EXPECT_NE(session().projectId, 7);
+}
+
+TEST_F(SqlPageOfAProject, ConnectingToTheOtherTakesItsProject)
+{
+    SQLForm form;
+    testTheOther(form);
+    button(form, "ConnectBTN")->click();
+    EXPECT_EQ(connectedTo(), second_.name());
+    EXPECT_EQ(session().projectId, 8);
+    EXPECT_EQ(session().projectName, QString("Второй"));
+    EXPECT_EQ(session().currentPositionId, -1);
 }
 
 TEST_F(SqlPage, ChoosingAProjectionReplacesTheText)

@@ -75,6 +75,26 @@ TEST_F(ProjectBoxes, SavingUnderANewNameStartsFromTheOld)
     EXPECT_TRUE(QFile::exists(session.projectFile));
 }
 
+TEST_F(ProjectBoxes, ATypedNameGetsTheSuffixAndReplacesNothingUnasked)
+{
+    ProjectSession session;
+    session.projectFile = folder_.filePath("old.terva");
+    const QString path = folder_.filePath("проект.terva");
+    driver_.expect("Файл проекта").files({folder_.filePath("проект")});
+    session.saveProjectAs();
+    EXPECT_EQ(session.projectFile, path);
+    ASSERT_TRUE(QFile::exists(path));
+
+    session.projectFile = folder_.filePath("old.terva");
+    for (const char* answer : {"No", "Yes"}) {
+        driver_.expect("Файл проекта").files({folder_.filePath("проект")});
+        driver_.expect("Внимание").text("Файл '" + path + "' уже существует.\nЗаменить его?").press(answer);
+        session.saveProjectAs();
+        EXPECT_EQ(session.projectFile, answer == QString("No") ? folder_.filePath("old.terva") : path);
+    }
+    EXPECT_TRUE(driver_.done()) << driver_.report();
+}
+
 TEST_F(ProjectBoxes, ACancelledChoiceLoadsNothing)
 {
     ConsoleCapture console;
