@@ -101,6 +101,21 @@ TEST(Layout, TheModuleSeesNothingOfTheHostButItsInterface)
     }
 }
 
+// The compiler holds the seam then: neither the host's other headers nor widgets are on the path.
+TEST(Layout, BelowTheFormsAFolderLinksTheInterfaceWithoutWidgets)
+{
+    int linked = 0;
+    for (const Folder& folder : foldersOfHouse()) {
+        linked += folder.links.contains(QStringLiteral("nrx"));
+        EXPECT_FALSE(folder.links.contains(QStringLiteral("terva_host"))) << folder.path.toStdString();
+        if (folder.level >= 6)
+            continue;
+        for (const char* target : {"nrx_ui", "Qt5::Widgets"})
+            EXPECT_FALSE(folder.links.contains(QLatin1String(target))) << folder.path.toStdString();
+    }
+    EXPECT_GE(linked, 1);
+}
+
 TEST(Layout, TheHostSeesNothingOfTheModule)
 {
     const QVector<Folder> folders = foldersOfHouse();

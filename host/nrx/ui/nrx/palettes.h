@@ -1,7 +1,7 @@
 // Dockable palettes and the bridge for modal Qt forms.
 #pragma once
 
-#include "types.h"
+#include <nrx/types.h>
 
 #include <QRect>
 #include <QString>
