@@ -20,10 +20,15 @@ bool isSameFile(const QString& one, const QString& other)
     return !path.isEmpty() && path == QFileInfo(other).canonicalFilePath();
 }
 
-bool readFile(const QString& path, PackageReader* package, WordDocument* parts)
+/// Why a file cannot be taken; empty when it was read.
+QString readFile(const QString& path, PackageReader* package, WordDocument* parts)
 {
-    return package->open(path) && parts->readParts(*package)
-        && !parts->document.documentElement().firstChildElement(QStringLiteral("w:body")).isNull();
+    if (!package->open(path))
+        return package->fault();
+    if (!parts->readParts(*package))
+        return parts->fault;
+    const bool hasBody = !parts->document.documentElement().firstChildElement(QStringLiteral("w:body")).isNull();
+    return hasBody ? QString() : QStringLiteral("the document has no body");
 }
 
 bool copyFile(const QString& from, const QString& to)
@@ -42,8 +47,8 @@ bool copyFile(const QString& from, const QString& to)
 
 /// Carries one relationship of a later file over; what is of no use to the body
 /// is passed over.
-void carryRelationship(const QDomElement& relationship, docx::PartCopier* copier, MergedDocument* merged,
-                       docx::RelationshipMap* map)
+void carryRelationship(const QDomElement& relationship, const WordDocument& parts, docx::PartCopier* copier,
+                       MergedDocument* merged, docx::RelationshipMap* map)
 {
     const QString type = relationship.attribute(QStringLiteral("Type"));
     const QString target = relationship.attribute(QStringLiteral("Target"));
@@ -58,10 +63,10 @@ void carryRelationship(const QDomElement& relationship, docx::PartCopier* copier
     for (const char* end : {"/image", "/header", "/footer", "/drawing"}) {
         if (!type.endsWith(QLatin1String(end)) || docx::isExternal(relationship))
             continue;
-        const QString source = docx::resolvedTarget(docx::parts::document(), target);
+        const QString source = docx::resolvedTarget(parts.mainPart, target);
         const QString name = copier->copy(source, type);
         if (!name.isEmpty())
-            map->insert(id, merged->addRelationship(type, name.mid(docx::parts::folder().size()), QString()));
+            map->insert(id, merged->addRelationship(type, merged->targetOf(name), QString()));
     }
 }
 
@@ -70,15 +75,16 @@ bool appendFile(const QString& path, MergedDocument* merged)
 {
     PackageReader package;
     WordDocument parts;
-    if (!readFile(path, &package, &parts)) {
-        qDebug() << "DocxMerger: Skipped a file that does not open:" << path;
+    const QString fault = readFile(path, &package, &parts);
+    if (!fault.isEmpty()) {
+        qDebug() << "DocxMerger: Skipped a file that does not open:" << path << fault;
         return true;
     }
     docx::renumberDrawings(parts.document.documentElement(), merged);
     docx::PartCopier copier(package, parts, merged);
     docx::RelationshipMap map;
     for (const QDomElement& relationship : docx::relationshipElements(parts.relationships))
-        carryRelationship(relationship, &copier, merged, &map);
+        carryRelationship(relationship, parts, &copier, merged, &map);
     if (copier.failed())
         return false;
     docx::appendBody(parts, map, merged);
@@ -116,8 +122,11 @@ bool DocxMerger::mergeAll(const QString& outputPath) const
     {
         PackageReader first;
         WordDocument parts;
-        if (!readFile(inputs_.first(), &first, &parts) || !merged.start(first, parts, outputPath)) {
+        const QString fault = readFile(inputs_.first(), &first, &parts);
+        if (!fault.isEmpty() || !merged.start(first, parts, outputPath)) {
             qDebug() << "DocxMerger: Failed to copy first file to" << outputPath;
+            if (!fault.isEmpty())
+                qDebug() << "DocxMerger: First file does not open:" << fault;
             return false;
         }
     }

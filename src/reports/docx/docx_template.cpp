@@ -29,19 +29,23 @@ DocxTemplate::~DocxTemplate() { close(); }
 bool DocxTemplate::open(const QString& path)
 {
     close();
+    fault_.clear();
     docx::WordDocument read;
     if (!zip.open(path) || !read.read(zip)) {
+        fault_ = zip.isOpen() ? read.fault : zip.fault();
         close();
         return false;
     }
     document = read.document;
+    mainPart_ = read.mainPart;
+    relationshipsPart_ = read.relationshipsPart;
     readControls();
     readRelationshipIds(read.relationships);
     if (!readImages(read)) {
         close();
         return false;
     }
-    reservedIds_ = std::make_unique<docx::ReservedDrawingIds>(docx::drawingIds(zip, document));
+    reservedIds_ = std::make_unique<docx::ReservedDrawingIds>(docx::drawingIds(zip, read));
     valid_ = true;
     return true;
 }
@@ -112,6 +116,7 @@ bool DocxTemplate::readImages(const docx::WordDocument& parts)
         QByteArray bytes;
         if (!zip.read(image.value(), &bytes)) {
             qDebug() << "Failed to open image file: " << image.value();
+            fault_ = QStringLiteral("a picture is too large or damaged: ") + image.value();
             return false;
         }
         m_rels_image[image.key()] = docx::pngPixmap(bytes, &budget);

@@ -25,11 +25,13 @@ public:
     DocxTemplate& operator=(const DocxTemplate&) = delete;
 
     /// Opens a template, closing what was open. False for anything that is not
-    /// a sound Word file with "word/document.xml" (see docx::PackageReader and
-    /// docx::WordDocument); the object is closed then.
+    /// a sound Word file (see docx::PackageReader and docx::WordDocument); the
+    /// object is closed then and `fault()` has the reason.
     bool open(const QString& path);
     void close();
     bool isValid() const { return valid_; }
+    /// Why the last open() gave false.
+    QString fault() const { return fault_; }
 
     /// All tags in alphabetical order; an empty one stands for the controls
     /// without a tag.
@@ -57,7 +59,7 @@ public:
     enum TagType { Picture = 1, Text = 2, Other = 3 };
 
     docx::PackageReader zip;                   ///< the template's file
-    QDomDocument document;                     ///< word/document.xml
+    QDomDocument document;                     ///< the main part
     QMap<QString, int> tagTypes;               ///< tag to TagType
     QMap<QString, QString> tagAliases;         ///< tag to the control's title
     QMap<QString, QString> tagValues;          ///< tag to its text, or picture's r:embed
@@ -78,6 +80,9 @@ private:
     void readRelationshipIds(const QDomDocument& relationships);
 
     bool valid_ = false;
+    QString fault_;
+    QString mainPart_;           ///< entry of `document`
+    QString relationshipsPart_;  ///< of it
     QSet<QString> changedTexts_; ///< tags set by setTag, so that others stay untouched
     QSet<QString> changedPictures_;
     QSet<QString> relationshipIds_; ///< of every type

@@ -2,6 +2,7 @@
 
 #include "base/placeholders.h"
 #include "reports/docx/package_writer.h"
+#include "reports/docx/part_names.h"
 #include "reports/docx/picture_bytes.h"
 #include "reports/docx/xml_tree.h"
 #include "reports/docx/xml_walk.h"
@@ -35,8 +36,6 @@ bool isPunctuation(QChar c) { return c == QLatin1Char('_') || c == QLatin1Char('
 bool isAllowedInPath(QChar c) { return isPunctuation(c) || (c.unicode() < 0x80 && c.isLetterOrNumber()); }
 
 bool isAllowedInId(QChar c) { return isPunctuation(c) || c.isLetter() || c.isDigit(); }
-
-QString withoutFolder(const QString& path) { return path.mid(docx::parts::folder().size()); }
 
 } // namespace
 
@@ -138,14 +137,15 @@ private:
     QString printRelations() const
     {
         QDomDocument part;
-        if (!readPart(docx::parts::relationships(), "Failed to open relationships file",
+        if (!readPart(template_.relationshipsPart_, "Failed to open relationships file",
                       "Failed to parse relationships file", &part))
             return QString();
         for (const NewPicture& picture : pictures_) {
             QDomElement relationship = part.createElement(QStringLiteral("Relationship"));
             relationship.setAttribute(QStringLiteral("Id"), picture.id);
             relationship.setAttribute(QStringLiteral("Type"), docx::imageRelationshipType());
-            relationship.setAttribute(QStringLiteral("Target"), withoutFolder(picture.path));
+            relationship.setAttribute(QStringLiteral("Target"),
+                                      docx::relativeTarget(template_.mainPart_, picture.path));
             part.documentElement().appendChild(relationship);
         }
         return QString::fromUtf8(docx::printXml(part, 1));
@@ -197,9 +197,9 @@ private:
 
     bool writeEntry(const docx::PackageEntry& entry, docx::PackageWriter* writer) const
     {
-        if (entry.name == docx::parts::document())
+        if (entry.name == template_.mainPart_)
             return writer->add(entry.name, docx::printXml(template_.document, 1), entry.time);
-        if (entry.name == docx::parts::relationships())
+        if (entry.name == template_.relationshipsPart_)
             return writer->add(entry.name, template_.relationsXml.toUtf8(), entry.time);
         if (entry.name == docx::parts::contentTypes() && !template_.contentTypesXml.isEmpty())
             return writer->add(entry.name, template_.contentTypesXml.toUtf8(), entry.time);

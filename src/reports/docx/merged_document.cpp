@@ -7,9 +7,9 @@
 namespace docx {
 namespace {
 
-bool grows(const QString& entry)
+bool grows(const QString& entry, const WordDocument& document)
 {
-    return entry == parts::document() || entry == parts::relationships() || entry == parts::contentTypes();
+    return entry == document.mainPart || entry == document.relationshipsPart || entry == parts::contentTypes();
 }
 
 /// The number of an id "rId12", 0 for any other form.
@@ -30,7 +30,7 @@ bool MergedDocument::start(const PackageReader& first, const WordDocument& first
     if (body_.isNull() || !writer_.open(path))
         return false;
     for (const PackageEntry& entry : first.entries()) {
-        if (!grows(entry.name) && !writer_.copy(first, entry.name, entry.name))
+        if (!grows(entry.name, parts_) && !writer_.copy(first, entry.name, entry.name))
             return false;
     }
     readNumbers(first);
@@ -45,7 +45,7 @@ void MergedDocument::readNumbers(const PackageReader& first)
         relationshipIds_.insert(id);
         relationCounter_ = qMax(relationCounter_, numberOf(id) + 1);
     }
-    drawingIds_ = drawingIds(first, parts_.document);
+    drawingIds_ = drawingIds(first, parts_);
     for (const qint64 id : drawingIds_)
         drawingCounter_ = qMax(drawingCounter_, id + 1);
 }
@@ -61,8 +61,8 @@ void MergedDocument::readContentTypes()
 
 bool MergedDocument::finish()
 {
-    return writer_.add(parts::document(), printXml(parts_.document, 1))
-        && writer_.add(parts::relationships(), printXml(parts_.relationships, 1))
+    return writer_.add(parts_.mainPart, printXml(parts_.document, 1))
+        && writer_.add(parts_.relationshipsPart, printXml(parts_.relationships, 1))
         && writer_.add(parts::contentTypes(), printXml(parts_.contentTypes, 1)) && writer_.commit();
 }
 

@@ -19,6 +19,8 @@ public:
 
     QDomDocument& document() { return parts_.document; }
     QDomElement body() const { return body_; }
+    /// How the document's relationships name a part.
+    QString targetOf(const QString& partName) const { return relativeTarget(parts_.mainPart, partName); }
 
     /// Puts a new relationship of the document and gives its id. An empty
     /// `mode` stands for a part of the package.

@@ -65,11 +65,11 @@ QString typeOf(const TypeRow (&table)[rows], const QString& name, Qt::CaseSensit
     return QString();
 }
 
-QString folderOf(const QString& partName) { return partName.left(partName.lastIndexOf(QLatin1Char('/')) + 1); }
-
 QString fileOf(const QString& partName) { return partName.mid(partName.lastIndexOf(QLatin1Char('/')) + 1); }
 
 } // namespace
+
+QString folderOf(const QString& partName) { return partName.left(partName.lastIndexOf(QLatin1Char('/')) + 1); }
 
 PartPlace placeOfBodyPart(const QString& relationshipType) { return placeOf(bodyPlaces, relationshipType); }
 

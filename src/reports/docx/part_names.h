@@ -18,6 +18,9 @@ PartPlace placeOfBodyPart(const QString& relationshipType);
 /// The place of a part that a copied part points at.
 PartPlace placeOfReachedPart(const QString& relationshipType);
 
+/// "word/header1.xml" gives "word/".
+QString folderOf(const QString& partName);
+
 /// The content type by the type of the relationship, else by the name's suffix;
 /// empty if neither tells.
 QString contentTypeOf(const QString& relationshipType, const QString& partName);

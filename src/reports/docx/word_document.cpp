@@ -1,5 +1,6 @@
 #include "reports/docx/word_document.h"
 
+#include "reports/docx/part_names.h"
 #include "reports/docx/xml_scan.h"
 #include "reports/docx/xml_tree.h"
 #include "reports/docx/xml_walk.h"
@@ -10,39 +11,72 @@ namespace docx {
 namespace {
 
 /// Parts other than the document that may hold drawings: headers, notes.
-bool mayHoldDrawings(const QString& name)
+bool mayHoldDrawings(const QString& name, const QString& mainPart)
 {
-    return name.startsWith(parts::folder()) && name.endsWith(QLatin1String(".xml")) && name.count(QLatin1Char('/')) == 1
-        && name != parts::document();
+    const QString folder = folderOf(mainPart);
+    return name.startsWith(folder) && name.endsWith(QLatin1String(".xml"))
+        && name.count(QLatin1Char('/')) == folder.count(QLatin1Char('/')) && name != mainPart;
 }
 
-bool readImages(const PackageReader& package, const QDomDocument& relationships, QMap<QString, QString>* images)
+/// Programs name the main part "word/document2.xml" as well; the package says
+/// which entry it is.
+QString mainPartOf(const PackageReader& package)
 {
+    QDomDocument relationships;
+    if (package.contains(parts::document()) || !readXml(package, parts::packageRelationships(), &relationships))
+        return parts::document();
     for (const QDomElement& relationship : relationshipElements(relationships)) {
-        if (relationship.attribute(QStringLiteral("Type")) != imageRelationshipType())
-            continue;
-        const QString path = parts::folder() + relationship.attribute(QStringLiteral("Target"));
-        if (!package.contains(path)) {
-            qDebug() << "Failed to open image file: " << path;
-            return false;
-        }
-        images->insert(relationship.attribute(QStringLiteral("Id")), path);
+        if (relationship.attribute(QStringLiteral("Type")).endsWith(QLatin1String("/officeDocument")))
+            return resolvedTarget(QString(), relationship.attribute(QStringLiteral("Target")));
     }
-    return true;
+    return parts::document();
 }
 
 } // namespace
 
 bool WordDocument::read(const PackageReader& package)
 {
-    return readParts(package) && readImages(package, relationships, &images);
+    return readParts(package) && readImages(package);
 }
 
 bool WordDocument::readParts(const PackageReader& package)
 {
     images.clear();
-    return readXml(package, parts::document(), &document) && readXml(package, parts::relationships(), &relationships)
-        && readXml(package, parts::contentTypes(), &contentTypes);
+    fault.clear();
+    mainPart = mainPartOf(package);
+    relationshipsPart = relationshipsPartOf(mainPart);
+    return readPart(package, mainPart, &document) && readPart(package, relationshipsPart, &relationships)
+        && readPart(package, parts::contentTypes(), &contentTypes);
+}
+
+bool WordDocument::readPart(const PackageReader& package, const QString& name, QDomDocument* part)
+{
+    QByteArray bytes;
+    QString error;
+    if (!package.read(name, &bytes))
+        fault = QStringLiteral("a part is missing or too large: ") + name;
+    else if (!parseXml(bytes, part, &error))
+        fault = QStringLiteral("a part does not parse: ") + name + QStringLiteral(": ") + error;
+    return fault.isEmpty();
+}
+
+bool WordDocument::readImages(const PackageReader& package)
+{
+    for (const QDomElement& relationship : relationshipElements(relationships)) {
+        if (relationship.attribute(QStringLiteral("Type")) != imageRelationshipType())
+            continue;
+        const QString target = relationship.attribute(QStringLiteral("Target"));
+        const QString path = resolvedTarget(mainPart, target);
+        if (!package.contains(path)) {
+            const bool fromRoot = target.startsWith(QLatin1Char('/'));
+            const QString missing = fromRoot ? path : folderOf(mainPart) + target;
+            qDebug() << "Failed to open image file: " << missing;
+            fault = QStringLiteral("a picture is missing: ") + missing;
+            return false;
+        }
+        images.insert(relationship.attribute(QStringLiteral("Id")), path);
+    }
+    return true;
 }
 
 bool readXml(const PackageReader& package, const QString& name, QDomDocument* document)
@@ -61,12 +95,12 @@ QVector<QDomElement> relationshipElements(const QDomDocument& relationships)
     return found;
 }
 
-DrawingIds drawingIds(const PackageReader& package, const QDomDocument& document)
+DrawingIds drawingIds(const PackageReader& package, const WordDocument& parts)
 {
-    DrawingIds ids = drawingIds(document.documentElement());
+    DrawingIds ids = drawingIds(parts.document.documentElement());
     for (const PackageEntry& entry : package.entries()) {
         QByteArray bytes;
-        if (mayHoldDrawings(entry.name) && package.read(entry.name, &bytes) && bytes.contains(":docPr")
+        if (mayHoldDrawings(entry.name, parts.mainPart) && package.read(entry.name, &bytes) && bytes.contains(":docPr")
             && findFault(bytes).isEmpty())
             ids += drawingIds(bytes);
     }

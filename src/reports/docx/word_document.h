@@ -10,10 +10,10 @@
 namespace docx {
 
 namespace parts {
+/// Where the main part usually stands.
 inline QString document() { return QStringLiteral("word/document.xml"); }
-inline QString relationships() { return QStringLiteral("word/_rels/document.xml.rels"); }
 inline QString contentTypes() { return QStringLiteral("[Content_Types].xml"); }
-inline QString folder() { return QStringLiteral("word/"); }
+inline QString packageRelationships() { return QStringLiteral("_rels/.rels"); }
 } // namespace parts
 
 inline QString imageRelationshipType()
@@ -31,14 +31,21 @@ struct WordDocument {
     QDomDocument document;
     QDomDocument relationships;
     QDomDocument contentTypes;
+    QString mainPart;              ///< "word/document.xml", or what the package names as its document
+    QString relationshipsPart;     ///< of the main part
     QMap<QString, QString> images; ///< relationship id to entry, images only
+    QString fault;                 ///< why read() gave false
 
     /// False when a part is missing or does not parse, or an image does not
-    /// stand in the package: linked images and targets that begin with "/" are
-    /// among these. Logs "Failed to open image file: " for the latter.
+    /// stand in the package: linked images are among these. Logs "Failed to open
+    /// image file: " for the latter.
     bool read(const PackageReader& package);
     /// The three parts alone: pictures are nobody's concern here.
     bool readParts(const PackageReader& package);
+
+private:
+    bool readPart(const PackageReader& package, const QString& name, QDomDocument* part);
+    bool readImages(const PackageReader& package);
 };
 
 /// Reads a part of the package as a tree.
@@ -50,6 +57,6 @@ QVector<QDomElement> relationshipElements(const QDomDocument& relationships);
 bool isExternal(const QDomElement& relationship);
 
 /// The ids of drawings in the document and in every other part of its folder.
-DrawingIds drawingIds(const PackageReader& package, const QDomDocument& document);
+DrawingIds drawingIds(const PackageReader& package, const WordDocument& parts);
 
 } // namespace docx

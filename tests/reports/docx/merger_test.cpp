@@ -96,7 +96,8 @@ TEST(DocxMerger, tellsTheLogWhyItRefuses)
     const QString notCopied = "DocxMerger: Failed to copy first file to \"" + unreachable + "\"";
     EXPECT_EQ(log.texts(),
               QStringList({"DocxMerger: Output file already exists and overwrite is false",
-                           "DocxMerger: Failed to remove existing file", notCopied, notCopied, notCopied}));
+                           "DocxMerger: Failed to remove existing file", notCopied, notCopied, notCopied,
+                           "DocxMerger: First file does not open: \"not a container\""}));
 }
 
 TEST(DocxMerger, refusesAnOutputThatIsTheFirstInput)

@@ -135,7 +135,7 @@ TEST(DocxTemplateOpen, namesTheImageThatIsNotThere)
 {
     Folder folder;
     DocxTemplate docx;
-    for (const char* target : {"media/gone.png", "/word/media/a.png", "file:///c:/a.png"}) {
+    for (const char* target : {"media/gone.png", "file:///c:/a.png"}) {
         const QString path = DocxMaker()
                                  .image("rId3", "media/a.png", imageBytes("PNG"))
                                  .relationship("rId4", "image", target)
@@ -144,6 +144,85 @@ TEST(DocxTemplateOpen, namesTheImageThatIsNotThere)
         EXPECT_FALSE(docx.open(path));
         EXPECT_EQ(log.texts(), QStringList(QString("Failed to open image file:  \"word/%1\"").arg(target)));
     }
+}
+
+TEST(DocxTemplateOpen, takesATargetFromTheRootOfThePackage)
+{
+    Folder folder;
+    DocxTemplate docx;
+    ASSERT_TRUE(docx.open(DocxMaker(paragraph(pictureControl("photo", "rId4")))
+                              .entry("word/media/a.png", imageBytes("PNG", 0xff010203, 5))
+                              .relationship("rId4", "image", "/word/media/a.png")
+                              .write(folder / "a.docx")));
+    EXPECT_EQ(docx.relationsToTargets["rId4"], "word/media/a.png");
+    EXPECT_EQ(docx.m_rels_image["rId4"].size(), QSize(5, 5));
+    EXPECT_FALSE(
+        docx.open(DocxMaker().relationship("rId4", "image", "/word/media/gone.png").write(folder / "gone.docx")));
+    EXPECT_EQ(docx.fault(), "a picture is missing: word/media/gone.png");
+}
+
+namespace {
+
+// Some programs write the main part under another name.
+QString writeRenamed(const DocxMaker& maker, const QString& path)
+{
+    QVector<ZipEntry> entries = maker.entries();
+    for (ZipEntry& entry : entries) {
+        entry.name.replace("word/document.xml", "word/document2.xml");
+        entry.name.replace("word/_rels/document.xml.rels", "word/_rels/document2.xml.rels");
+        if (entry.name == "_rels/.rels")
+            entry.bytes.replace("word/document.xml", "/word/document2.xml");
+    }
+    writeFile(path, zipBytes(entries));
+    return path;
+}
+
+} // namespace
+
+TEST(DocxTemplateOpen, findsTheMainPartByTheRelationshipsOfThePackage)
+{
+    Folder folder;
+    DocxTemplate docx;
+    ASSERT_TRUE(
+        docx.open(writeRenamed(DocxMaker(paragraph(textControl("a", "x")) + paragraph(pictureControl("photo", "rId4")))
+                                   .image("rId4", "media/a.png", imageBytes("PNG")),
+                               folder / "a.docx")))
+        << docx.fault().toStdString();
+    EXPECT_EQ(docx.tags(), QStringList({"a", "photo"}));
+    writeFile(folder / "new.png", imageBytes("PNG", 0xff00ff00, 9));
+    EXPECT_TRUE(docx.setTag("a", "new text"));
+    EXPECT_TRUE(docx.setTag("photo", folder / "new.png"));
+    ASSERT_TRUE(docx.save(folder / "out.docx"));
+    const QMap<QString, QByteArray> written = unpacked(folder / "out.docx");
+    EXPECT_TRUE(written["word/document2.xml"].contains("new text"));
+    EXPECT_TRUE(written["word/_rels/document2.xml.rels"].contains("\"media/tag_image_photo_0.png\""));
+    EXPECT_TRUE(written.contains("word/media/tag_image_photo_0.png"));
+    EXPECT_FALSE(written.contains("word/document.xml"));
+}
+
+TEST(DocxTemplateOpen, namesTheReasonOfARefusal)
+{
+    Folder folder;
+    DocxTemplate docx;
+    const auto refusal = [&](const QVector<ZipEntry>& entries) {
+        writeFile(folder / "a.docx", zipBytes(entries));
+        EXPECT_FALSE(docx.open(folder / "a.docx"));
+        return docx.fault();
+    };
+    const QVector<ZipEntry> sound = DocxMaker().entries();
+    for (int missing : {0, 2, 3}) {
+        QVector<ZipEntry> entries = sound;
+        const QString name = entries.takeAt(missing).name;
+        EXPECT_EQ(refusal(entries), "a part is missing or too large: " + name);
+    }
+    QVector<ZipEntry> entries = sound;
+    entries[2].bytes = "<w:document><w:body></w:document>";
+    EXPECT_TRUE(refusal(entries).startsWith("a part does not parse: word/document.xml: "));
+    EXPECT_FALSE(docx.open(folder / "none.docx"));
+    EXPECT_EQ(docx.fault(), "not a container");
+    writeFile(folder / "a.docx", zipBytes(sound));
+    EXPECT_TRUE(docx.open(folder / "a.docx"));
+    EXPECT_EQ(docx.fault(), "");
 }
 
 TEST(DocxTemplateOpen, isClosedAfterAFailedOpen)
