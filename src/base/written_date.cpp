@@ -1,5 +1,7 @@
 #include "base/written_date.h"
 
+#include "base/dates.h"
+
 QDateTime writtenMoment(const QDate& date, const QTime& time)
 {
     if (!date.isValid())
@@ -13,7 +15,7 @@ QDateTime writtenMoment(const QDateTime& shown) { return writtenMoment(shown.dat
 // where the local clock skips it.
 QDateTime readWrittenMoment(const QString& text, const QString& format)
 {
-    const QDateTime moment = QDateTime::fromString(text + QStringLiteral(" UTC"), format + QStringLiteral(" t"));
+    const QDateTime moment = dateTimeFrom(text + QStringLiteral(" UTC"), format + QStringLiteral(" t"));
     return moment.isValid() ? writtenMoment(moment) : QDateTime();
 }
 

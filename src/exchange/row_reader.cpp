@@ -1,5 +1,6 @@
 #include "exchange/row_reader.h"
 
+#include "base/dates.h"
 #include "base/written_date.h"
 #include "exchange/number_text.h"
 #include "exchange/text_file.h"
@@ -16,7 +17,7 @@ int centuryShift(const QString& format) { return format.contains(QLatin1String("
 QDate readDate(const QString& text, const TemplateField& field)
 {
     for (const QString& format : formatsOf(field)) {
-        const QDate date = QDate::fromString(text, format);
+        const QDate date = dateFrom(text, format);
         if (date.isValid())
             return date.addYears(centuryShift(format));
     }
@@ -26,7 +27,7 @@ QDate readDate(const QString& text, const TemplateField& field)
 QTime readTime(const QString& text, const TemplateField& field)
 {
     for (const QString& format : formatsOf(field)) {
-        const QTime time = QTime::fromString(text, format);
+        const QTime time = timeFrom(text, format);
         if (time.isValid())
             return time;
     }

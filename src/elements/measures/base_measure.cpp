@@ -1,5 +1,6 @@
 #include "elements/measures/base_measure.h"
 
+#include "base/dates.h"
 #include "base/placeholders.h"
 #include "base/text.h"
 #include "base/written_date.h"
@@ -77,7 +78,7 @@ int BaseMeasure::setDate(const QDateTime& shown)
     }
     date = dateTime;
     const sql::Result row =
-        session().run("select cycle_id from cycles where to_date('" + day.toString(QStringLiteral("yyyy.MM.dd"))
+        session().run("select cycle_id from cycles where to_date('" + dateText(day, QStringLiteral("yyyy.MM.dd"))
                       + "', 'yyyy.mm.dd') between date_start and date_end");
     return takeCycle(row.isTuples() ? idAt(row, 0) : -1, dateTime);
 }
@@ -147,7 +148,7 @@ int BaseMeasure::load(int id)
     deviceId = idAt(row, MeasureFamily::DeviceId);
     deviceIndex = -1;
     setDeviceId(deviceId);
-    date = writtenMoment(QDate::fromString(row.getvalue(0, MeasureFamily::Date), dateFormat()));
+    date = writtenMoment(dateFrom(row.getvalue(0, MeasureFamily::Date), dateFormat()));
     readValues(row, MeasureFamily::FirstValue);
     performerId = idAt(row, family_->performerColumn());
     performerIndex = -1;
@@ -182,7 +183,7 @@ QStringList BaseMeasure::valueTexts() const
 QString BaseMeasure::valueList() const
 {
     QStringList texts = {QString::number(elementId), QString::number(cycleId), QString::number(deviceId),
-                         QLatin1Char('\'') + date.toString(dateFormat()) + QLatin1Char('\'')};
+                         QLatin1Char('\'') + dateText(date, dateFormat()) + QLatin1Char('\'')};
     texts += valueTexts();
     texts += QString::number(performerId);
     return texts.join(QLatin1Char(','));

@@ -1,5 +1,6 @@
 #include "elements/measures/measure_lists.h"
 
+#include "base/dates.h"
 #include "base/placeholders.h"
 #include "hostkit/console.h"
 #include "session/project_session.h"
@@ -45,7 +46,7 @@ int loadEntries(const QString& statement, int lastText, EntryList& entries)
 }
 
 // The server prints years with two digits, which are read as 19yy.
-QDate cycleDate(const QString& text) { return QDate::fromString(text, QStringLiteral("dd.MM.yy")).addYears(100); }
+QDate cycleDate(const QString& text) { return dateFrom(text, QStringLiteral("dd.MM.yy")).addYears(100); }
 
 } // namespace
 
