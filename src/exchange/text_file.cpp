@@ -1,31 +1,14 @@
 #include "exchange/text_file.h"
 
+#include "base/placeholders.h"
+
 #include <QFile>
 #include <QTextCodec>
 
 namespace {
 
 constexpr int longestLine = 1 << 20;
-
-// The next line with its end; a line that is too long is passed and comes empty.
-QByteArray nextLine(QFile& file, QByteArray& buffer)
-{
-    qint64 size = file.readLine(buffer.data(), buffer.size());
-    const QByteArray line(buffer.constData(), int(qMax(qint64(0), size)));
-    if (line.size() < longestLine || line.endsWith('\n'))
-        return line;
-    while (size > 0 && buffer[int(size - 1)] != '\n')
-        size = file.readLine(buffer.data(), buffer.size());
-    return {};
-}
-
-void dropLineEnd(QByteArray& line)
-{
-    if (line.endsWith('\n'))
-        line.chop(1);
-    if (line.endsWith('\r'))
-        line.chop(1);
-}
+constexpr int mostNamedLines = 5;
 
 QString decoded(const QByteArray& line, TextEncoding encoding)
 {
@@ -35,24 +18,118 @@ QString decoded(const QByteArray& line, TextEncoding encoding)
     return QString::fromUtf8(line);
 }
 
+// Line numbers of one kind, of which the first few are named.
+class NamedLines {
+public:
+    void add(int number)
+    {
+        if (++count_ <= mostNamedLines)
+            numbers_ << QString::number(number);
+    }
+    void tell(const QString& what, QStringList& remarks) const
+    {
+        if (count_ == 0)
+            return;
+        const QString more = count_ > mostNamedLines ? QStringLiteral(" и другие") : QString();
+        remarks << what + QStringLiteral(": ") + numbers_.join(QStringLiteral(", ")) + more + QLatin1Char('.');
+    }
+
+private:
+    int count_ = 0;
+    QStringList numbers_;
+};
+
+class TextReader {
+public:
+    TextReader(QFile& file, TextEncoding encoding) : file_(file), encoding_(encoding) { }
+
+    TextFile read()
+    {
+        QByteArray buffer(longestLine + 1, Qt::Uninitialized); // a line and the zero behind it
+        while (!file_.atEnd() && file_.error() == QFileDevice::NoError)
+            takeStretch(buffer);
+        if (file_.error() != QFileDevice::NoError)
+            text_.remarks << fill(QStringLiteral("Файл прочитан не до конца: %1."), file_.errorString());
+        tooLong_.tell(QStringLiteral("Пропущены строки длиннее 1 МиБ"), text_.remarks);
+        withZeros_.tell(QStringLiteral("Нулевые байты в строках"), text_.remarks);
+        if (bareReturns_)
+            text_.remarks << QStringLiteral("Строки файла разделены одним знаком возврата каретки (CR).");
+        return text_;
+    }
+
+private:
+    // What stands before the next line feed.
+    void takeStretch(QByteArray& buffer)
+    {
+        qint64 size = file_.readLine(buffer.data(), buffer.size());
+        QByteArray stretch(buffer.constData(), int(qMax(qint64(0), size)));
+        if (stretch.size() >= longestLine && !stretch.endsWith('\n')) {
+            while (size > 0 && buffer[int(size - 1)] != '\n')
+                size = file_.readLine(buffer.data(), buffer.size());
+            tooLong_.add(text_.lines.size() + 1);
+            text_.lines << QString();
+            return;
+        }
+        if (stretch.endsWith('\n'))
+            stretch.chop(1);
+        if (stretch.endsWith('\r'))
+            stretch.chop(1);
+        const bool severalLines = stretch.contains('\r');
+        bareReturns_ = bareReturns_ || severalLines;
+        if (!severalLines)
+            return takeLine(stretch);
+        for (const QByteArray& line : stretch.split('\r'))
+            takeLine(line);
+    }
+
+    void takeLine(const QByteArray& line)
+    {
+        text_.lines << decoded(line, encoding_);
+        if (line.contains('\0'))
+            withZeros_.add(text_.lines.size());
+    }
+
+    QFile& file_;
+    TextEncoding encoding_;
+    TextFile text_;
+    NamedLines tooLong_, withZeros_;
+    bool bareReturns_ = false;
+};
+
+// By its mark, or by the zero bytes that Latin letters and digits have there.
+bool isUtf16(const QByteArray& head)
+{
+    if (head.startsWith("\xFF\xFE") || head.startsWith("\xFE\xFF"))
+        return true;
+    int zeros[2] = {0, 0};
+    for (int i = 0; i < head.size(); ++i)
+        zeros[i % 2] += head[i] == '\0';
+    const int many = head.size() / 5;
+    return head.size() >= 4 && ((zeros[0] > many && zeros[1] == 0) || (zeros[1] > many && zeros[0] == 0));
+}
+
 } // namespace
 
-QStringList readLines(const QString& path, TextEncoding encoding)
+TextFile readTextFile(const QString& path, TextEncoding encoding)
 {
-    QStringList lines;
+    TextFile nothing;
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return lines;
+    if (!file.open(QIODevice::ReadOnly)) {
+        if (!path.isEmpty())
+            nothing.remarks << fill(QStringLiteral("Файл не открывается: %1."), path);
+        return nothing;
+    }
+    if (isUtf16(file.peek(4096))) {
+        nothing.remarks << QStringLiteral(
+            "Файл записан в кодировке UTF-16. Сохраните его в кодировке UTF-8 или Windows-1251.");
+        return nothing;
+    }
     if (file.peek(3) == "\xEF\xBB\xBF")
         file.read(3);
-    QByteArray buffer(longestLine + 1, Qt::Uninitialized); // a line and the zero behind it
-    while (!file.atEnd()) {
-        QByteArray line = nextLine(file, buffer);
-        dropLineEnd(line);
-        lines.append(decoded(line, encoding));
-    }
-    return lines;
+    return TextReader(file, encoding).read();
 }
+
+QStringList readLines(const QString& path, TextEncoding encoding) { return readTextFile(path, encoding).lines; }
 
 QStringList splitCells(const QString& line, const QString& separator)
 {

@@ -6,10 +6,20 @@
 
 enum class TextEncoding { Utf8, Windows1251 };
 
-/// The lines of a file, without their ends (LF or CRLF); a byte order mark before
-/// the first is dropped. Bytes that the encoding does not know become
+/// A file's lines, and what the user should know about them.
+struct TextFile {
+    QStringList lines;
+    QStringList remarks; ///< Russian sentences; empty for a sound file
+};
+
+/// The lines of a file, without their ends (LF, CRLF or a CR alone); a byte order
+/// mark before the first is dropped. Bytes that the encoding does not know become
 /// replacement characters. A line longer than a mebibyte is no row of a survey
-/// and counts as an empty one. A file that cannot be read has no lines.
+/// and counts as an empty one. A file that cannot be read, or is in UTF-16, has
+/// no lines. All of this but a byte order mark is remarked on, and zero bytes are.
+TextFile readTextFile(const QString& path, TextEncoding encoding);
+
+/// The lines alone.
 QStringList readLines(const QString& path, TextEncoding encoding);
 
 /// The cells of a line, empty ones kept. Without a separator the line is one cell.

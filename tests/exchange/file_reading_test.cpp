@@ -122,8 +122,82 @@ TEST_F(Files, BinaryJunkIsSomeLines)
     std::mt19937 random(7);
     for (int i = 0; i < 100000; ++i)
         junk += char(random());
+    const QString path = write(junk);
+    junk.replace("\r\n", "\n");
+    const int ends = junk.count('\n') + junk.count('\r');
     for (const TextEncoding encoding : {TextEncoding::Utf8, TextEncoding::Windows1251})
-        EXPECT_EQ(readLines(write(junk), encoding).size(), junk.count('\n') + !junk.endsWith('\n'));
+        EXPECT_EQ(readLines(path, encoding).size(), ends + !(junk.endsWith('\n') || junk.endsWith('\r')));
+}
+
+TEST_F(Files, SoundFilesGoWithoutARemark)
+{
+    EXPECT_EQ(readTextFile(write("\xEF\xBB\xBF"
+                                 "Имя;1\r\nx;2\n"),
+                           TextEncoding::Utf8)
+                  .remarks,
+              QStringList());
+    EXPECT_EQ(readTextFile(write(""), TextEncoding::Utf8).remarks, QStringList());
+    EXPECT_EQ(readTextFile(QString(), TextEncoding::Utf8).remarks, QStringList()) << "nothing was chosen yet";
+}
+
+TEST_F(Files, AReturnAloneEndsALineToo)
+{
+    const QStringList rows{"a;1", "b;2", "c;3"};
+    for (const char* bytes : {"a;1\rb;2\rc;3\r", "a;1\rb;2\rc;3", "a;1\r\nb;2\rc;3\n"}) {
+        const TextFile text = readTextFile(write(bytes), TextEncoding::Utf8);
+        EXPECT_EQ(text.lines, rows) << bytes;
+        EXPECT_EQ(text.remarks, QStringList("Строки файла разделены одним знаком возврата каретки (CR)."));
+    }
+    EXPECT_EQ(readTextFile(write("a;1\r\nb;2\nc;3"), TextEncoding::Utf8).lines, rows);
+}
+
+TEST_F(Files, ZeroBytesAreRemarkedOnAndStay)
+{
+    const TextFile text = readTextFile(write(QByteArray("имя;1\nсква\0жина;2\nx\ny\0\n", 34)), TextEncoding::Utf8);
+    ASSERT_EQ(text.lines.size(), 4);
+    EXPECT_EQ(text.lines[1].size(), 11) << "a name with a zero byte is no name that is known";
+    EXPECT_EQ(text.remarks, QStringList("Нулевые байты в строках: 2, 4."));
+    QByteArray many;
+    for (int i = 0; i < 7; ++i)
+        many += QByteArray("aaaaaaaaaaaaa\0b\n", 16);
+    EXPECT_EQ(readTextFile(write(many), TextEncoding::Utf8).remarks,
+              QStringList("Нулевые байты в строках: 1, 2, 3, 4, 5 и другие."));
+}
+
+TEST_F(Files, Utf16IsNamedAndNotRead)
+{
+    const QString sample = "Имя;Дата\nts-1;01.02.2024\n";
+    const QByteArray little(reinterpret_cast<const char*>(sample.utf16()), sample.size() * 2);
+    QByteArray big = little;
+    for (int i = 0; i + 1 < big.size(); i += 2)
+        qSwap(big.data()[i], big.data()[i + 1]);
+    for (const QByteArray& bytes : {little, big, QByteArray("\xFF\xFE") + little, QByteArray("\xFE\xFF") + big}) {
+        const TextFile text = readTextFile(write(bytes), TextEncoding::Utf8);
+        EXPECT_TRUE(text.lines.isEmpty());
+        EXPECT_EQ(text.remarks,
+                  QStringList("Файл записан в кодировке UTF-16. Сохраните его в кодировке UTF-8 или Windows-1251."));
+    }
+}
+
+TEST_F(Files, ALineOfMebibytesIsRemarkedOn)
+{
+    const TextFile text = readTextFile(write("a\n" + QByteArray(3 << 20, 'x') + "\nb\n"), TextEncoding::Windows1251);
+    EXPECT_EQ(text.lines, QStringList({"a", "", "b"}));
+    EXPECT_EQ(text.remarks, QStringList("Пропущены строки длиннее 1 МиБ: 2."));
+}
+
+// The encoding is chosen after the file: it is read again then.
+TEST_F(Files, AFileThatIsGoneIsNamed)
+{
+    const QString path = write("a;b");
+    ASSERT_EQ(readTextFile(path, TextEncoding::Utf8).lines.size(), 1);
+    ASSERT_TRUE(QFile::remove(path));
+    const TextFile text = readTextFile(path, TextEncoding::Windows1251);
+    EXPECT_TRUE(text.lines.isEmpty());
+    EXPECT_EQ(text.remarks, QStringList("Файл не открывается: " + path + "."));
+    EXPECT_EQ(readTextFile("/proc/self/mem", TextEncoding::Utf8).remarks.value(0).left(25),
+              QString("Файл прочитан не до конца"))
+        << "a device that stops in the middle";
 }
 
 TEST(Cells, KeepEmptyOnesAndSurviveAnEmptySeparator)
