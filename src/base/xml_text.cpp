@@ -1,5 +1,7 @@
 #include "base/xml_text.h"
 
+#include <QXmlStreamReader>
+
 namespace {
 
 bool isStorable(QChar c)
@@ -23,4 +25,18 @@ QString storableInXml(const QString& text)
             kept += text.at(i);
     }
     return kept;
+}
+
+bool isNestedDeeper(const QByteArray& xml, int most)
+{
+    QXmlStreamReader reader(xml);
+    reader.setNamespaceProcessing(false);
+    int depth = 0;
+    while (!reader.atEnd()) {
+        const QXmlStreamReader::TokenType token = reader.readNext();
+        depth += token == QXmlStreamReader::StartElement ? 1 : token == QXmlStreamReader::EndElement ? -1 : 0;
+        if (depth > most)
+            return true;
+    }
+    return false;
 }

@@ -173,7 +173,8 @@ void readStateFilter(const QDomElement& root, ProjectFile& file)
 std::optional<ProjectFile> readProjectFile(QIODevice& device, const ProjectSession& defaults)
 {
     QDomDocument document;
-    if (!document.setContent(&device))
+    const QByteArray bytes = device.readAll();
+    if (isNestedDeeper(bytes) || !document.setContent(bytes))
         return std::nullopt;
     const QDomElement root = document.firstChildElement();
     ProjectFile file;

@@ -206,6 +206,18 @@ TEST(ProjectFileReading, OnlyStatesCountInTheFilter)
     EXPECT_EQ(file->stateFilter, (QMap<QString, QString>{{"a", "Я"}}));
 }
 
+// A tree of them would end the program before anybody asked it anything.
+TEST(ProjectFileReading, ElementsNestedTooDeeplyAreRefused)
+{
+    const auto nested = [](int depth) {
+        return "<TervaProject>" + QString("<a>").repeated(depth) + QString("</a>").repeated(depth) + "</TervaProject>";
+    };
+    EXPECT_TRUE(read(nested(200)));
+    EXPECT_FALSE(read(nested(300)));
+    EXPECT_FALSE(read(nested(50000)));
+    EXPECT_FALSE(read("<TervaProject>" + QString("<a>").repeated(200000)));
+}
+
 TEST(ProjectFileReading, ACutFileIsRefused)
 {
     ProjectSession session;
