@@ -1,6 +1,7 @@
 #include "host_commands.h"
 
 #include <drawing/application.h>
+#include <dxf/drawing_file.h>
 #include <render/picture_export.h>
 
 #include <QFileInfo>
@@ -27,8 +28,10 @@ void openDrawing()
 {
     QString path;
     if (askText(QStringLiteral("\nИмя файла чертежа: "), path)
-        && !isOk(ncDocManagerPtr()->appContextOpenDocument(path)))
+        && !isOk(ncDocManagerPtr()->appContextOpenDocument(path))) {
         sayFailed(QStringLiteral("Чертёж не открывается"), path);
+        sayLine(drawingFault());
+    }
 }
 
 void saveUnder(const QString& path)

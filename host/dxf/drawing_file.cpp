@@ -5,26 +5,46 @@
 #include "drawing_writer.h"
 #include "group_reader.h"
 
+#include <drawing/nesting.h>
+
 #include <QFile>
 #include <QSaveFile>
+
+namespace {
+
+QString& lastFault()
+{
+    static QString fault;
+    return fault;
+}
+
+} // namespace
+
+QString drawingFault() { return lastFault(); }
 
 NcStatus readDrawingBytes(NcDbDatabase& database, const QByteArray& bytes)
 {
     DxfDocument document;
+    lastFault().clear();
     {
         DxfGroups groups;
-        if (!readGroups(bytes, groups) || !readDocument(groups, document))
+        if (!readGroups(bytes, groups) || !readDocument(groups, document)) {
+            lastFault() = QStringLiteral("Файл не является чертежом DXF или оборван.");
             return NcStatus::FileFormat;
+        }
     }
     fillDrawing(database, std::move(document));
-    return NcStatus::Ok;
+    lastFault() = nestingFault(database);
+    return lastFault().isEmpty() ? NcStatus::Ok : NcStatus::FileFormat;
 }
 
 NcStatus readDrawing(NcDbDatabase& database, const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
+        lastFault() = QStringLiteral("Файл не читается: ") + file.errorString();
         return NcStatus::FileAccess;
+    }
     return readDrawingBytes(database, file.readAll());
 }
 

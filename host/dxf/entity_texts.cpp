@@ -88,7 +88,7 @@ std::unique_ptr<NcDbEntity> readMText(DxfEntityFields& fields, DxfReadContext&, 
     HostAccess::location(*text) = fields.point(10);
     HostAccess::height(*text) = fields.real(40, 2.5);
     HostAccess::width(*text) = fields.real(41);
-    HostAccess::attachment(*text) = fields.integer(71, 1);
+    HostAccess::attachment(*text) = qBound(1, fields.integer(71, 1), 9);
     QString contents;
     for (const QString& piece : fields.values(3))
         contents += piece;
@@ -199,7 +199,7 @@ std::unique_ptr<NcDbMText> takeMText(OwnValues values)
     for (double* number : {&location.x, &location.y, &location.z, &HostAccess::height(*text), &HostAccess::width(*text),
                            &HostAccess::rotation(*text), &HostAccess::backgroundScale(*text)})
         *number = values.real();
-    HostAccess::attachment(*text) = values.integer();
+    HostAccess::attachment(*text) = qBound(1, values.integer(), 9);
     const int background = values.integer();
     HostAccess::backgroundFill(*text) = background & kFill;
     HostAccess::useBackgroundColor(*text) = background & kDrawingBackground;

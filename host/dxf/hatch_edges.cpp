@@ -59,7 +59,7 @@ void HatchLoopReader::readPolyline()
 
 void HatchLoopReader::readSources()
 {
-    sourceCount_ += integer(97);
+    sourceCount_ = std::min(kMostEdges, std::max(0, sourceCount_)) + std::min(kMostEdges, std::max(0, integer(97)));
     while (is(330))
         sources_.push_back(handleOf(groups_[at_++].value));
 }
@@ -108,7 +108,7 @@ void HatchLoopReader::readEllipse()
     double sweep = end - start;
     if (sweep <= 0.0)
         sweep += 2.0 * kPi;
-    const int steps = std::max(2, std::min(int(std::ceil(kStepsOfTurn * sweep / (2.0 * kPi))), kStepsOfTurn));
+    const int steps = int(qBound(2.0, std::ceil(kStepsOfTurn * sweep / (2.0 * kPi)), double(kStepsOfTurn)));
     for (int i = 0; i < steps; ++i) {
         const double angle = side * (start + sweep * i / steps);
         const double along = std::cos(angle), across = ratio * std::sin(angle);

@@ -11,7 +11,9 @@ QPointF flat(const NcGePoint3d& p) { return {p.x, p.y}; }
 
 QPolygonF arcLine(const QPointF& centre, double radius, double start, double sweep)
 {
-    const int count = std::max(2, int(std::ceil(kCircleCorners * std::fabs(sweep) / (2.0 * M_PI))));
+    // A damaged angle may be anything.
+    const double turns = std::min(std::fabs(sweep) / (2.0 * M_PI), 1.0);
+    const int count = std::max(2, int(std::ceil(kCircleCorners * turns)));
     QPolygonF line;
     for (int i = 0; i <= count; ++i) {
         const double angle = start + sweep * i / count;

@@ -2,6 +2,7 @@
 #include "entity_figures.h"
 
 #include <drawing/host_access.h>
+#include <drawing/nesting.h>
 #include <drawing/palette.h>
 
 #include <QHash>
@@ -9,8 +10,8 @@
 
 namespace {
 
-// Blocks inside of blocks; deeper ones are a circle that the audit names.
-constexpr int kDeepest = 32;
+// Blocks inside of blocks; files with deeper ones are not opened.
+constexpr int kDeepest = 64;
 
 QTransform flatTransform(const NcGeMatrix3d& m)
 {
@@ -79,6 +80,9 @@ private:
     // attributes, which stand in the coordinates of the reference itself.
     void walkReference(const NcDbBlockReference& reference, const Inherited& inherited, int depth)
     {
+        const DefinitionEntry definition(reference.blockTableRecord());
+        if (!definition.entered())
+            return;
         const QTransform before = frame_.toWorld;
         frame_.toWorld = flatTransform(reference.blockTransform()) * before;
         for (const EvaluatedEntity& evaluated : evaluatedEntities(reference))

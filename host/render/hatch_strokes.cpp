@@ -32,7 +32,8 @@ public:
                 least = std::min(least, across);
                 greatest = std::max(greatest, across);
             }
-        if (!(greatest - least < double(most_)))
+        // Far from the origin steps cannot be counted.
+        if (!(greatest - least < double(most_)) || !(std::fabs(least) < 1e15 && std::fabs(greatest) < 1e15))
             return false;
         for (long k = long(std::ceil(least)); k <= long(std::floor(greatest)); ++k)
             if (!makeLine(k))

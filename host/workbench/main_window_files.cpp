@@ -1,6 +1,7 @@
 // What the window does with files.
 #include "main_window.h"
 
+#include <dxf/drawing_file.h>
 #include <render/picture_export.h>
 
 #include <QFileDialog>
@@ -26,7 +27,8 @@ void MainWindow::newDrawing()
 bool MainWindow::openDrawing(const QString& path)
 {
     if (!isOk(ncDocManagerPtr()->appContextOpenDocument(path))) {
-        QMessageBox::warning(this, QStringLiteral("Открыть"), QStringLiteral("Чертёж не открывается:\n") + path);
+        QMessageBox::warning(this, QStringLiteral("Открыть"),
+                             QStringLiteral("Чертёж не открывается:\n") + path + QLatin1Char('\n') + drawingFault());
         return false;
     }
     noteRecent(path);

@@ -4,6 +4,7 @@
 
 #include <drawing/host_access.h>
 #include <dxf/drawing_file.h>
+#include <render/display_list.h>
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -100,4 +101,125 @@ TEST_F(BrokenFile, damagedDrawingsDoNoHarm)
             }
         }
     }
+}
+
+namespace {
+
+QByteArray group(int code, const QByteArray& value) { return QByteArray::number(code) + '\n' + value + '\n'; }
+
+// A reference to a block.
+QByteArray insertOf(const QByteArray& block)
+{
+    return group(0, "INSERT") + group(8, "0") + group(2, block) + group(10, "0") + group(20, "0");
+}
+
+QByteArray blockOf(const QByteArray& name, const QByteArray& entities)
+{
+    return group(0, "BLOCK") + group(8, "0") + group(2, name) + group(10, "0") + group(20, "0") + group(3, name)
+        + entities + group(0, "ENDBLK");
+}
+
+QByteArray line() { return group(0, "LINE") + group(8, "0") + group(10, "0") + group(20, "0") + group(11, "1"); }
+
+QByteArray drawingOf(const QByteArray& blocks, const QByteArray& entities)
+{
+    return group(0, "SECTION") + group(2, "BLOCKS") + blocks + group(0, "ENDSEC") + group(0, "SECTION")
+        + group(2, "ENTITIES") + entities + group(0, "ENDSEC") + group(0, "EOF");
+}
+
+} // namespace
+
+TEST_F(BrokenFile, blocksThatHoldThemselvesAreRefusedWithTheReason)
+{
+    NcDbDatabase drawing;
+    EXPECT_EQ(read(drawing, drawingOf(blockOf("A", line() + insertOf("A")), insertOf("A"))), NcStatus::FileFormat);
+    EXPECT_EQ(drawingFault().toStdString(), "Блок содержит сам себя: A");
+    EXPECT_EQ(read(drawing, drawingOf(blockOf("A", insertOf("B")) + blockOf("B", insertOf("A") + line()), line())),
+              NcStatus::FileFormat);
+    EXPECT_TRUE(drawingFault().startsWith(QStringLiteral("Блок содержит сам себя: ")));
+    EXPECT_EQ(read(drawing,
+                   drawingOf(blockOf("A", line()) + blockOf("B", insertOf("A") + insertOf("A")),
+                             insertOf("B") + insertOf("A"))),
+              NcStatus::Ok)
+        << drawingFault().toStdString();
+    EXPECT_EQ(drawingFault(), QString());
+}
+
+TEST_F(BrokenFile, blocksNestedBeyondMeasureAreRefused)
+{
+    QByteArray deep = blockOf("B0", line());
+    for (int i = 1; i < 30000; ++i)
+        deep += blockOf("B" + QByteArray::number(i), insertOf("B" + QByteArray::number(i - 1)));
+    NcDbDatabase drawing;
+    EXPECT_EQ(read(drawing, drawingOf(deep, insertOf("B29999"))), NcStatus::FileFormat);
+    EXPECT_TRUE(drawingFault().startsWith(QStringLiteral("Блоки вложены друг в друга слишком глубоко: ")));
+
+    QByteArray wide = blockOf("B0", line());
+    for (int i = 1; i <= 10; ++i) {
+        QByteArray inside;
+        for (int k = 0; k < 10; ++k)
+            inside += insertOf("B" + QByteArray::number(i - 1));
+        wide += blockOf("B" + QByteArray::number(i), inside);
+    }
+    EXPECT_EQ(read(drawing, drawingOf(wide, insertOf("B10"))), NcStatus::FileFormat);
+    EXPECT_EQ(drawingFault(), QStringLiteral("Вложенные блоки показывают слишком много объектов."));
+    EXPECT_EQ(read(drawing, drawingOf(wide, insertOf("B4"))), NcStatus::FileFormat) << "unused, but it could be shown";
+    EXPECT_EQ(read(drawing, "no drawing"), NcStatus::FileFormat);
+    EXPECT_EQ(drawingFault(), QStringLiteral("Файл не является чертежом DXF или оборван."));
+    EXPECT_EQ(drawing.readDwgFile(folder.filePath(QStringLiteral("missing.dwg"))), NcStatus::FileAccess);
+    EXPECT_TRUE(drawingFault().startsWith(QStringLiteral("Файл не читается: ")));
+}
+
+// Numbers that no program of ours can count with.
+TEST_F(BrokenFile, hostileNumbersDoNoHarm)
+{
+    const QByteArray huge = "1e300", most = "2147483647", least = "-2147483648";
+    QByteArray entities = group(0, "MTEXT") + group(8, "0") + group(10, huge) + group(20, "0") + group(40, huge)
+        + group(71, least) + group(1, "x");
+    entities += group(0, "ARC") + group(8, "0") + group(10, "0") + group(20, "0") + group(40, "1") + group(50, huge)
+        + group(51, "-1e300");
+    for (const QByteArray& angle : {huge, QByteArray("-1e300"), QByteArray("1e18")})
+        entities += group(0, "HATCH") + group(8, "0") + group(2, "ANSI31") + group(70, "0") + group(91, "2")
+            + group(92, "0") + group(93, "1") + group(72, "3") + group(10, huge) + group(20, "0") + group(11, "1")
+            + group(21, "0") + group(40, "1") + group(50, "0") + group(51, angle) + group(73, "1") + group(97, most)
+            + group(92, "0") + group(93, most) + group(72, "2") + group(10, "0") + group(20, "0") + group(40, huge)
+            + group(50, angle) + group(51, "7") + group(73, "0") + group(97, most) + group(41, "1e-9");
+    NcDbDatabase drawing;
+    ASSERT_EQ(read(drawing, drawingOf({}, entities)), NcStatus::Ok);
+    int texts = 0;
+    for (const auto& entry : HostAccess::data(drawing).objects) {
+        if (!entry.second->isKindOf(NcDbMText::desc()))
+            continue;
+        ++texts;
+        EXPECT_EQ(static_cast<const NcDbMText&>(*entry.second).attachment(), 1);
+        static_cast<const NcDbMText&>(*entry.second).extents();
+    }
+    EXPECT_EQ(texts, 1);
+    recordDrawing(drawing);
+    EXPECT_FALSE(drawingBytes(drawing).isEmpty());
+}
+
+// Newer programs keep columns of a text in an object inside of it.
+TEST_F(BrokenFile, aTextWithAnEmbeddedObjectStaysAsLongAsItIs)
+{
+    const QByteArray text = group(0, "MTEXT") + group(5, "2F") + group(330, "1F") + group(100, "AcDbEntity")
+        + group(8, "0") + group(100, "AcDbMText") + group(10, "1") + group(20, "2") + group(30, "0") + group(40, "2.5")
+        + group(41, "50") + group(46, "0.0") + group(71, "1") + group(72, "5") + group(1, "text") + group(7, "Standard")
+        + group(73, "1") + group(44, "1.0") + group(101, "Embedded Object") + group(70, "1") + group(10, "1.0")
+        + group(20, "0.0") + group(30, "0.0") + group(11, "1") + group(21, "2") + group(31, "0") + group(40, "50")
+        + group(41, "0.0") + group(42, "9.5") + group(43, "2.5") + group(71, "2") + group(72, "1") + group(44, "50")
+        + group(45, "12.5") + group(73, "0") + group(74, "0") + group(46, "0.0") + group(1001, "ACAD")
+        + group(1000, "MTEXTBEGIN");
+    QByteArray bytes = drawingOf({}, text);
+    NcDbDatabase drawing;
+    int size = 0;
+    for (int i = 0; i < 4; ++i) {
+        ASSERT_EQ(read(drawing, bytes), NcStatus::Ok);
+        bytes = drawingBytes(drawing);
+        EXPECT_EQ(bytes.count("Embedded Object"), 1) << i;
+        EXPECT_TRUE(i == 0 || bytes.size() == size) << "save " << i << ": " << size << " became " << bytes.size();
+        size = bytes.size();
+    }
+    EXPECT_LT(bytes.indexOf("Embedded Object"), bytes.indexOf("MTEXTBEGIN"));
+    EXPECT_LT(bytes.indexOf("Standard\n", bytes.indexOf("\nMTEXT\n")), bytes.indexOf("Embedded Object"));
 }

@@ -1,6 +1,8 @@
 // Which entities show, where, in which order and colour.
 #include "scene.h"
 
+#include <drawing/host_access.h>
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -195,4 +197,19 @@ TEST(DrawingWalker, PickingTakesTheTopmostLineBeforeAnyFill)
     EXPECT_TRUE(list.hit({20, 20}, 0.1).isNull());
     EXPECT_EQ(list.inside(QRectF(-1, 4, 12, 2)), (NcDbObjectIdArray{below}));
     EXPECT_EQ(list.inside(QRectF(-1, 4, 12, 2), true).size(), 2u);
+}
+
+// No file brings such a block, but a module may make one.
+TEST(DrawingWalker, aBlockThatHoldsItselfIsShownOnce)
+{
+    Scene scene;
+    scene.addToBlock("A", new NcDbLine({0, 0, 0}, {1, 0, 0}));
+    for (int i = 0; i < 3; ++i)
+        scene.addToBlock("A", new NcDbBlockReference({1, 0, 0}, scene.block("A")));
+    const NcDbObjectId reference = scene.insert("A", {0, 0, 0});
+    EXPECT_EQ(scene.record().figures().size(), 1u);
+    const auto* object = HostAccess::objectAs<NcDbBlockReference>(reference);
+    ASSERT_NE(object, nullptr);
+    EXPECT_TRUE(object->extents().has_value());
+    EXPECT_EQ(object->extents()->max.x, 1.0);
 }
