@@ -69,24 +69,6 @@ void drawText()
         appendToSpace(new NcDbText(at, text, height, degrees * M_PI / 180.0));
 }
 
-void erase()
-{
-    NcSelectionSet set;
-    // What was picked before goes first.
-    if (ncedSSGet(QStringLiteral("_I"), {}, set) != kPromptNormal && ncedSSGet(QString(), {}, set) != kPromptNormal)
-        return;
-    int erased = 0;
-    for (const NcDbObjectId& id : set.ids) {
-        NcDbEntity* entity = nullptr;
-        if (!isOk(ncdbOpenObject(entity, id, kForWrite)))
-            continue;
-        erased += isOk(entity->erase());
-        entity->close();
-    }
-    setPickfirst({});
-    sayLine(QStringLiteral("Удалено объектов: ") + QString::number(erased));
-}
-
 void select()
 {
     NcSelectionSet set;
@@ -102,8 +84,8 @@ void select()
 const std::vector<HostCommandRow>& drawCommands()
 {
     static const std::vector<HostCommandRow> rows = {
-        {"LINE", drawLine}, {"PLINE", drawPolyline}, {"CIRCLE", drawCircle},
-        {"TEXT", drawText}, {"ERASE", erase},        {"SELECT", select},
+        {"LINE", drawLine, "L|ОТРЕЗОК"}, {"PLINE", drawPolyline, "PL|ПЛИНИЯ"}, {"CIRCLE", drawCircle, "C|КРУГ"},
+        {"TEXT", drawText, "ТЕКСТ"},     {"SELECT", select, "ВЫБРАТЬ"},
     };
     return rows;
 }

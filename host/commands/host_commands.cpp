@@ -1,16 +1,21 @@
 #include "host_commands.h"
 
 #include <drawing/application.h>
+#include <drawing/edit_operations.h>
 #include <drawing/typed_answers.h>
 
 void registerHostCommands()
 {
-    for (const auto* rows : {&fileCommands(), &viewCommands(), &drawCommands(), &layerCommands(), &sheetCommands()})
+    for (const auto* rows : {&fileCommands(), &viewCommands(), &drawCommands(), &editCommands(), &clipboardCommands(),
+                             &measureCommands(), &layerCommands(), &sheetCommands()})
         for (const HostCommandRow& row : *rows)
-            addHostCommand(QString::fromLatin1(row.name), [run = row.run](const QStringList& words) {
-                const TypedAnswers answers(words);
-                run();
-            });
+            addHostCommand(
+                QString::fromLatin1(row.name),
+                [run = row.run](const QStringList& words) {
+                    const TypedAnswers answers(words);
+                    run();
+                },
+                QString::fromUtf8(row.aliases).split(QLatin1Char('|'), Qt::SkipEmptyParts), row.flags);
 }
 
 void sayLine(const QString& text) { printToConsole(text + QLatin1Char('\n')); }
@@ -44,12 +49,53 @@ NcDbDatabase* currentDrawing()
 
 bool appendToSpace(NcDbEntity* entity)
 {
+    if (NcDbDatabase* drawing = currentDrawing())
+        entity->setDatabaseDefaults(drawing);
+    return appendAsIs(entity);
+}
+
+NcDbObjectIdArray implied()
+{
+    NcSelectionSet set;
+    return ncedSSGet(QStringLiteral("_I"), {}, set) == kPromptNormal ? set.ids : NcDbObjectIdArray();
+}
+
+bool askObjects(NcDbObjectIdArray& ids)
+{
+    NcSelectionSet set;
+    if (!currentDrawing())
+        return false;
+    set.ids = implied();
+    if (set.ids.empty() && ncedSSGet(QString(), {}, set) != kPromptNormal)
+        return false;
+    ids = editable(*currentDrawing(), set.ids);
+    if (ids.size() < set.ids.size())
+        sayLine(QStringLiteral("Не изменяется (закрытый слой или другое пространство): ")
+                + QString::number(set.ids.size() - ids.size()));
+    return !ids.empty();
+}
+
+NcDbObjectIdArray livingEntities(const NcDbDatabase& drawing)
+{
+    NcDbObjectIdArray ids;
+    NcDbBlockTableRecord* space = nullptr;
+    if (!isOk(ncdbOpenObject(space, drawing.currentSpaceId(), kForRead)))
+        return ids;
+    const std::unique_ptr<NcDbBlockTableRecordIterator> at(space->newIterator());
+    for (NcDbObjectId id; !at->done(); at->step())
+        if (isOk(at->getEntityId(id)))
+            ids.push_back(id);
+    space->close();
+    return ids;
+}
+
+bool appendAsIs(NcDbEntity* entity)
+{
     std::unique_ptr<NcDbEntity> owned(entity);
     NcDbDatabase* drawing = currentDrawing();
     NcDbBlockTableRecord* space = nullptr;
     if (!drawing || !isOk(ncdbOpenObject(space, drawing->currentSpaceId(), kForWrite)))
         return false;
-    entity->setDatabaseDefaults(drawing);
     const NcStatus status = space->appendNcDbEntity(entity);
     space->close();
     if (!isOk(status)) {

@@ -6,9 +6,12 @@
 //   ZOOM [Extents|Center point height|Window corner corner]   REGEN   UCS
 //   LAYER [Make name|Current name|On name|Off name|coLor name colour]
 //   SPACE [Model|Paper]   MVIEW corner corner centre scale
-//   LINE  PLINE  CIRCLE  TEXT   ERASE   SELECT   SCREENSHOT path
+//   LINE  PLINE  CIRCLE  TEXT   SELECT   SCREENSHOT path
+//   U  REDO   ERASE  MOVE  COPY  ROTATE  SCALE  MIRROR  EXPLODE  OFFSET
+//   SELECTALL  COPYCLIP  CUTCLIP  PASTECLIP  PASTEORIG   DIST  ID  AREA
 #pragma once
 
+#include <nrx/application.h>
 #include <nrx/editor.h>
 
 #include <functional>
@@ -20,10 +23,15 @@ NRX_API void registerHostCommands();
 struct HostCommandRow {
     const char* name;
     void (*run)();
+    const char* aliases = ""; // divided by '|'
+    int flags = kTransparent; // 0: not while another command runs
 };
 const std::vector<HostCommandRow>& fileCommands();
 const std::vector<HostCommandRow>& viewCommands();
 const std::vector<HostCommandRow>& drawCommands();
+const std::vector<HostCommandRow>& editCommands();
+const std::vector<HostCommandRow>& clipboardCommands();
+const std::vector<HostCommandRow>& measureCommands();
 const std::vector<HostCommandRow>& layerCommands();
 const std::vector<HostCommandRow>& sheetCommands();
 
@@ -40,3 +48,12 @@ bool askNumber(const QString& prompt, double& value);
 // Appends to the current space; the drawing then owns the entity.
 bool appendToSpace(NcDbEntity* entity);
 NcDbDatabase* currentDrawing();
+// The same without the drawing's present layer and colour.
+bool appendAsIs(NcDbEntity* entity);
+// What was picked before; else asks. Without what cannot be changed, which is
+// told; false when nothing is left.
+bool askObjects(NcDbObjectIdArray& ids);
+// The picked set of the current document.
+NcDbObjectIdArray implied();
+// All of the current space that is not erased.
+NcDbObjectIdArray livingEntities(const NcDbDatabase& drawing);

@@ -19,6 +19,7 @@ void turnToSpace()
     if (word.isNull())
         return;
     NcDatabaseData& data = HostAccess::data(*drawing);
+    HostAccess::noteDrawing(*drawing);
     data.currentSpace = word == QLatin1String("Paper") ? data.paperSpace : data.modelSpace;
     ++data.changeCount;
     setCurrentViewport(*drawing, {});

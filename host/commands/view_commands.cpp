@@ -133,8 +133,8 @@ void screenshot()
 const std::vector<HostCommandRow>& viewCommands()
 {
     static const std::vector<HostCommandRow> rows = {
-        {"ZOOM", zoom},
-        {"REGEN", regenerate},
+        {"ZOOM", zoom, "Z|ПОКАЗАТЬ"},
+        {"REGEN", regenerate, "RE|РЕГЕН"},
         {"UCS", setUcs},
         {"SCREENSHOT", screenshot},
     };

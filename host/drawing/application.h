@@ -66,13 +66,16 @@ NRX_API void closeAllDocuments();
 struct CommandInfo {
     QString group, globalName, localName;
     int flags = 0;
+    QStringList aliases; // of the host's own commands
 };
 NRX_API std::vector<CommandInfo> registeredCommands();
+NRX_API std::vector<CommandInfo> hostCommands();
 // By local or global name, ignoring case; '_' before a name takes the global
 // one only, '.' is passed over. A command of the host when no module has it.
 NRX_API bool hasCommand(const QString& name);
 // A command of the host itself ("zoom"); it gets the words after its name.
-NRX_API void addHostCommand(const QString& name, const std::function<void(const QStringList& arguments)>& handler);
+NRX_API void addHostCommand(const QString& name, const std::function<void(const QStringList& arguments)>& handler,
+                            const QStringList& aliases = {}, int flags = kTransparent);
 
 // What running a command came to.
 enum class CommandOutcome { Done, Unknown, Busy };

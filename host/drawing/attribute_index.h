@@ -19,6 +19,8 @@ public:
     void clear();
     // Enters the reference as it is now; takes it out when it is erased.
     void refresh(const NcDbBlockReference& reference);
+    // Takes a reference out that is not there any more.
+    void forget(quint64 handle) { remove(handle); }
 
     // Handles in the order of creation. An empty tag finds all references of
     // the block in model space.

@@ -57,8 +57,10 @@ NcStatus NcDbBlockTableRecord::getSortentsTable(NcDbSortentsTable*& table)
     if (!database())
         return NcStatus::NotInDatabase;
     if (!HostAccess::objectAs<NcDbSortentsTable>(sortents_)) {
+        HostAccess::noteChange(*this);
         sortents_ = HostAccess::adopt(*database(), std::make_unique<NcDbSortentsTable>(), objectId());
         HostAccess::block(*HostAccess::objectAs<NcDbSortentsTable>(sortents_)) = objectId();
+        changed();
     }
     return ncdbOpenObject(table, sortents_, kForWrite);
 }

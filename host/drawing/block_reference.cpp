@@ -3,6 +3,7 @@
 #include "dynamic_definition.h"
 #include "entity_clone.h"
 #include "entity_shape.h"
+#include "nesting.h"
 
 #include <algorithm>
 #include <cmath>
@@ -25,6 +26,7 @@ template <class Change>
 void changeAttributes(const NcDbObjectIdArray& ids, const Change& change)
 {
     for (NcDbAttribute* attribute : livingAttributes(ids)) {
+        HostAccess::noteChange(*attribute);
         bool& open = HostAccess::data(*attribute).openForWrite;
         const bool before = open;
         open = true;
@@ -128,6 +130,9 @@ NcStatus NcDbBlockReference::transformBy(const NcGeMatrix3d& matrix)
 std::optional<NcGeExtents> NcDbBlockReference::extents() const
 {
     ExtentsBuilder box;
+    const DefinitionEntry definition(definition_);
+    if (!definition.entered())
+        return {};
     const NcGeMatrix3d place = blockTransform();
     for (const EvaluatedEntity& part : evaluatedEntities(*this)) {
         if (!part.entity->isVisible() || part.entity->isKindOf(NcDbAttributeDefinition::desc()))

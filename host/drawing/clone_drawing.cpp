@@ -49,6 +49,7 @@ void eraseEntities(NcDbBlockTableRecord& block)
 {
     for (NcDbObjectId id : HostAccess::entities(block)) {
         if (NcDbObject* object = HostAccess::object(id)) {
+            HostAccess::noteChange(*object);
             HostAccess::data(*object).erased = true;
             HostAccess::touch(*object);
         }
@@ -103,6 +104,7 @@ NcDbObjectId Cloner::block(const NcDbBlockTableRecord& source)
 
 void Cloner::fillBlock(const NcDbBlockTableRecord& source, NcDbBlockTableRecord& copy)
 {
+    HostAccess::noteChange(copy);
     HostAccess::origin(copy) = source.origin();
     HostAccess::data(copy).xdata = HostAccess::data(source).xdata;
     dropReferences(copy);

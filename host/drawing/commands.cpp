@@ -3,6 +3,7 @@
 #include "documents.h"
 #include "editor_reactors.h"
 #include "typed_answers.h"
+#include "undo.h"
 
 #include <algorithm>
 
@@ -22,6 +23,7 @@ bool answersTo(const CommandInfo& info, const QString& typed)
     const QString bare = bareName(typed);
     const bool globalOnly = typed.left(typed.size() - bare.size()).contains(QLatin1Char('_'));
     return bare.compare(bareName(info.globalName), Qt::CaseInsensitive) == 0
+        || info.aliases.contains(bare, Qt::CaseInsensitive)
         || (!globalOnly && bare.compare(info.localName, Qt::CaseInsensitive) == 0);
 }
 
@@ -93,6 +95,14 @@ std::vector<CommandInfo> Commands::list() const
     return infos;
 }
 
+std::vector<CommandInfo> Commands::listHost() const
+{
+    std::vector<CommandInfo> infos;
+    for (const HostCommand& command : hostCommands_)
+        infos.push_back(command.info);
+    return infos;
+}
+
 CommandOutcome Commands::run(const QStringList& words)
 {
     if (words.isEmpty())
@@ -111,6 +121,9 @@ CommandOutcome Commands::run(const QStringList& words)
     if (module && !(info.flags & kUsePickSet) && running_.isEmpty() && Documents::instance().current()
         && !Documents::instance().current()->pickfirst().empty())
         setPickfirst({});
+    // What was done between commands is a step of its own.
+    if (running_.isEmpty())
+        closeUndoSteps(QStringLiteral(""));
     running_ << info.globalName;
     notifyCommand(info.globalName, true);
     if (module) {
@@ -122,6 +135,8 @@ CommandOutcome Commands::run(const QStringList& words)
         handler(words.mid(1));
     }
     running_.removeLast();
+    if (running_.isEmpty())
+        closeUndoSteps(info.globalName);
     notifyCommand(info.globalName, false);
     runQueue();
     return CommandOutcome::Done;
@@ -155,7 +170,7 @@ NcStatus NcEdCommandStack::addCommand(const QString& group, const QString& globa
                                       void* resource, NcEdCommand** command)
 {
     auto made = std::make_unique<NcEdCommand>();
-    made->info = {group, globalName, localName.isEmpty() ? globalName : localName, flags};
+    made->info = {group, globalName, localName.isEmpty() ? globalName : localName, flags, {}};
     made->handler = handler;
     made->uiContext = uiContext;
     made->functionCode = functionCode;
@@ -201,9 +216,12 @@ std::vector<CommandInfo> registeredCommands() { return Commands::instance().list
 
 bool hasCommand(const QString& name) { return Commands::instance().find(name) || Commands::instance().findHost(name); }
 
-void addHostCommand(const QString& name, const std::function<void(const QStringList& arguments)>& handler)
+std::vector<CommandInfo> hostCommands() { return Commands::instance().listHost(); }
+
+void addHostCommand(const QString& name, const std::function<void(const QStringList& arguments)>& handler,
+                    const QStringList& aliases, int flags)
 {
-    Commands::instance().addHost({{QStringLiteral("HOST"), name, name, kTransparent}, handler});
+    Commands::instance().addHost({{QStringLiteral("HOST"), name, name, flags, aliases}, handler});
 }
 
 CommandOutcome runCommand(const QString& name) { return Commands::instance().run({name}); }

@@ -29,6 +29,7 @@ public:
     const NcEdCommand* find(const QString& name) const;
     const HostCommand* findHost(const QString& name) const;
     std::vector<CommandInfo> list() const;
+    std::vector<CommandInfo> listHost() const;
 
     // The command and the words typed behind it: answers to its prompts, or
     // arguments of a host command.

@@ -58,6 +58,7 @@ NcStatus ncedSetCurrentUCS(const NcGeMatrix3d& matrix)
         return NcStatus::NotInDatabase;
     if (!isUsable(matrix))
         return NcStatus::InvalidInput;
+    HostAccess::noteDrawing(*ncdbHostApplicationServices()->workingDatabase());
     drawing->ucs = matrix;
     ++drawing->changeCount;
     emit HostEvents::instance()->viewChanged();
@@ -110,6 +111,7 @@ NcDbObjectId ncedGetCurViewportObjectId()
 
 void setCurrentViewport(NcDbDatabase& database, NcDbObjectId viewport)
 {
+    HostAccess::noteDrawing(database);
     HostAccess::data(database).currentViewport = viewport;
     emit HostEvents::instance()->viewChanged();
 }

@@ -1,5 +1,6 @@
 #include "host_access.h"
 #include "open_drawings.h"
+#include "undo.h"
 
 #include <dxf/drawing_file.h>
 
@@ -45,6 +46,8 @@ NcStatus NcDbDatabase::readDwgFile(const QString& path, ShareMode, const QString
     }
     data_->listeners = before->listeners;
     HostAccess::finishLoading(*this);
+    if (before->journal)
+        keepJournal(*this);
     return NcStatus::Ok;
 }
 
@@ -94,6 +97,7 @@ NcStatus NcDbDatabase::setClayer(NcDbObjectId layer)
         return NcStatus::NotFound;
     if (record->isErased())
         return NcStatus::WasErased;
+    HostAccess::noteDrawing(*this);
     data_->currentLayer = layer;
     ++data_->changeCount;
     return NcStatus::Ok;

@@ -29,6 +29,8 @@ struct HeaderVariable {
     DxfGroups groups;
 };
 
+class UndoJournal;
+
 struct NcDatabaseData {
     std::map<quint64, std::unique_ptr<NcDbObject>> objects;
     quint64 handleSeed = 1; // the next free handle
@@ -52,6 +54,7 @@ struct NcDatabaseData {
     std::vector<ForeignSection> foreignSections;
 
     AttributeIndex index;
+    std::shared_ptr<UndoJournal> journal; // null for a drawing that nobody edits
     std::vector<DrawingListener*> listeners;
     int openObjects = 0;     // opened (or just appended) and not closed
     quint64 changeCount = 0; // rises with every change

@@ -50,6 +50,7 @@ NcStatus NcDbDictionary::remove(const QString& key)
     if (found == entries_.end())
         return NcStatus::NotFound;
     if (NcDbObject* object = HostAccess::object(found->second)) {
+        HostAccess::noteChange(*object);
         HostAccess::data(*object).erased = true;
         HostAccess::touch(*object);
     }

@@ -2,6 +2,7 @@
 
 #include "editor_reactors.h"
 #include "host_access.h"
+#include "undo.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -62,6 +63,7 @@ QString Documents::templatePath(const QString& name) const
 void Documents::take(std::unique_ptr<Document> document)
 {
     Document* taken = document.get();
+    keepJournal(*taken->database());
     taken->savedChange_ = changeCount(*taken->database());
     documents_.push_back(std::move(document));
     emit HostEvents::instance()->documentOpened(taken);

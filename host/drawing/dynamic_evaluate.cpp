@@ -35,6 +35,7 @@ bool isBound(const DynamicDefinition& definition, quint64 source)
 // The text stays that of the attribute; place, turn and visibility are taken over.
 void place(NcDbAttribute& attribute, const NcDbAttributeDefinition& evaluated)
 {
+    HostAccess::noteChange(attribute);
     HostAccess::position(attribute) = evaluated.position();
     HostAccess::alignment(attribute) = evaluated.alignmentPoint();
     HostAccess::height(attribute) = evaluated.height();

@@ -92,6 +92,7 @@ NcStatus NcDbDynBlockReferenceProperty::setValue(const NcDbEvalVariant& value)
         return NcStatus::WasErased;
     if (value.restype() != parameter->type || !std::isfinite(value.real()) || !isAllowed(*parameter, value))
         return NcStatus::InvalidInput;
+    HostAccess::noteChange(*reference);
     storeValue(*reference, *parameter, value);
     placeAttributes(*reference);
     HostAccess::touch(*reference);

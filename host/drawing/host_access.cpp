@@ -1,6 +1,7 @@
 #include "host_access.h"
 
 #include "open_drawings.h"
+#include "undo.h"
 
 NcDbObject* HostAccess::object(NcDbObjectId id)
 {
@@ -17,6 +18,29 @@ bool HostAccess::isLiving(NcDbObjectId id)
     return found && !data(*found).erased;
 }
 
+namespace {
+
+// Null while a file is read, too.
+UndoJournal* recordingJournal(const NcDbDatabase* database)
+{
+    const NcDatabaseData* drawing = database ? &HostAccess::data(*database) : nullptr;
+    return drawing && !drawing->loading ? drawing->journal.get() : nullptr;
+}
+
+} // namespace
+
+void HostAccess::noteChange(NcDbObject& object)
+{
+    if (UndoJournal* journal = recordingJournal(object.database()))
+        journal->note(object);
+}
+
+void HostAccess::noteDrawing(NcDbDatabase& database)
+{
+    if (UndoJournal* journal = recordingJournal(&database))
+        journal->noteDrawing();
+}
+
 int HostAccess::openObjectCount()
 {
     int count = 0;
@@ -29,6 +53,7 @@ NcDbObjectId HostAccess::adopt(NcDbDatabase& database, std::unique_ptr<NcDbObjec
                                quint64 handle)
 {
     NcDatabaseData& drawing = data(database);
+    noteDrawing(database);
     if (handle == 0 || drawing.objects.count(handle))
         handle = drawing.handleSeed;
     reserveHandle(database, handle);
@@ -39,6 +64,8 @@ NcDbObjectId HostAccess::adopt(NcDbDatabase& database, std::unique_ptr<NcDbObjec
     own.sequence = drawing.sequenceSeed++;
     drawing.objects.emplace(handle, std::move(object));
     ++drawing.changeCount;
+    if (UndoJournal* journal = recordingJournal(&database))
+        journal->noteCreated(own.id());
     return own.id();
 }
 
@@ -55,6 +82,8 @@ NcDbObjectId HostAccess::addRecord(NcDbSymbolTable& table, std::unique_ptr<NcDbS
     NcDbSymbolTableRecord& added = *record;
     added.name_ = name;
     const NcDbObjectId id = adopt(*table.database(), std::move(record), table.objectId(), handle);
+    if (UndoJournal* journal = recordingJournal(table.database()))
+        journal->noteTail(table, table.records_.size());
     table.records_.push_back(id);
     updateName(table, added);
     return id;
@@ -63,6 +92,8 @@ NcDbObjectId HostAccess::addRecord(NcDbSymbolTable& table, std::unique_ptr<NcDbS
 NcDbObjectId HostAccess::addEntity(NcDbBlockTableRecord& block, std::unique_ptr<NcDbEntity> entity, quint64 handle)
 {
     const NcDbObjectId id = adopt(*block.database(), std::move(entity), block.objectId(), handle);
+    if (UndoJournal* journal = recordingJournal(block.database()))
+        journal->noteTail(block, block.entities_.size());
     block.entities_.push_back(id);
     return id;
 }
@@ -70,6 +101,7 @@ NcDbObjectId HostAccess::addEntity(NcDbBlockTableRecord& block, std::unique_ptr<
 NcDbObjectId HostAccess::addAttribute(NcDbBlockReference& reference, std::unique_ptr<NcDbAttribute> attribute,
                                       quint64 handle)
 {
+    noteChange(reference);
     const NcDbObjectId id = adopt(*reference.database(), std::move(attribute), reference.objectId(), handle);
     reference.attributes_.push_back(id);
     return id;
@@ -110,6 +142,17 @@ void HostAccess::updateName(NcDbSymbolTable& table, NcDbSymbolTableRecord& recor
         table.byName_.insert(folded, id);
     else if (record.isErased() && table.byName_.value(folded) == id)
         table.byName_.remove(folded);
+}
+
+void HostAccess::rebuildNames(NcDbObjectId tableId)
+{
+    auto* table = objectAs<NcDbSymbolTable>(tableId);
+    if (!table)
+        return;
+    table->byName_.clear();
+    for (NcDbObjectId id : table->records_)
+        if (auto* record = objectAs<NcDbSymbolTableRecord>(id))
+            updateName(*table, *record);
 }
 
 void HostAccess::setName(NcDbSymbolTableRecord& record, const QString& name)

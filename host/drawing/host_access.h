@@ -32,6 +32,10 @@ struct NRX_API HostAccess {
     // Opened and not closed, over all drawings: 0 between commands.
     static int openObjectCount();
     static void touch(NcDbObject& object) { object.changed(); }
+    // To be called before an object is changed that nobody opened for write, and
+    // before the drawing's own figures are: undo needs what was there.
+    static void noteChange(NcDbObject& object);
+    static void noteDrawing(NcDbDatabase& database);
 
     // --- building a drawing (files, clones)
     // The drawing takes the object under `handle`, or under a fresh one when it
@@ -65,11 +69,14 @@ struct NRX_API HostAccess {
     // --- names
     static void setName(NcDbSymbolTableRecord& record, const QString& name);
     // Keeps the table's names in step with a record that was erased or brought back.
+    // All names of a table anew.
+    static void rebuildNames(NcDbObjectId table);
     static void updateName(NcDbSymbolTable& table, NcDbSymbolTableRecord& record);
     static NcDbObjectId recordId(const NcDbDatabase& database, NcDbObjectId table, const QString& name);
     // Null when the layer is missing.
     static const NcDbLayerTableRecord* layerOf(const NcDbEntity& entity);
     HOST_MEMBER(NcDbSymbolTable, records, records_)
+    HOST_MEMBER(NcDbSymbolTableRecord, plainName, name_)
 
     // --- tables
     HOST_MEMBER(NcDbLayerTableRecord, color, color_)

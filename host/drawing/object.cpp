@@ -80,10 +80,12 @@ NcStatus ncdbOpenNcDbObject(NcDbObject*& object, NcDbObjectId id, NcOpenMode mod
     const NcStatus status = openState(data, mode, openErased);
     if (!isOk(status))
         return status;
-    if (mode == kForWrite)
+    if (mode == kForWrite) {
+        HostAccess::noteChange(*found);
         data.openForWrite = true;
-    else
+    } else {
         ++data.readers;
+    }
     ++HostAccess::data(*id.database()).openObjects;
     object = found;
     return NcStatus::Ok;

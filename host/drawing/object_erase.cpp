@@ -1,5 +1,6 @@
 // Erasing and bringing back, and what has to follow.
 #include "host_access.h"
+#include "undo.h"
 
 namespace {
 
@@ -31,6 +32,7 @@ void eraseOwned(const NcDbObject& owner, bool erasing)
         NcObjectData& data = HostAccess::data(*owned);
         if (erasing ? data.erased : !data.erasedWithOwner)
             continue;
+        HostAccess::noteChange(*owned);
         data.erased = data.erasedWithOwner = erasing;
         eraseOwned(*owned, erasing);
         HostAccess::touch(*owned);
@@ -99,6 +101,8 @@ void NcDbObject::changed()
     ++drawing.changeCount;
     if (drawing.loading)
         return;
+    if (drawing.journal)
+        drawing.journal->noteTouched(*this);
     if (isKindOf(NcDbBlockReference::desc()))
         drawing.index.refresh(static_cast<NcDbBlockReference&>(*this));
     else if (isKindOf(NcDbAttribute::desc()))

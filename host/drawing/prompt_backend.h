@@ -4,6 +4,8 @@
 
 #include <nrx/editor.h>
 
+#include <functional>
+
 // One question of a command.
 struct PromptRequest {
     enum Kind { Keyword, Real, Integer, String, Point, Entity, Selection, Color };
@@ -46,6 +48,27 @@ public:
 // standard output. The setter returns the one before.
 NRX_API PromptBackend* promptBackend();
 NRX_API PromptBackend* setPromptBackend(PromptBackend* backend);
+
+// Entities that follow the point which a prompt asks for, drawn where they would
+// come to stand. In force while it lives, for the prompts of one command.
+class NRX_API FollowedEntities {
+public:
+    using Placing = std::function<NcGeMatrix3d(const NcGePoint3d& world)>;
+    FollowedEntities(const NcDbObjectIdArray& entities, const Placing& placing);
+    ~FollowedEntities();
+    FollowedEntities(const FollowedEntities&) = delete;
+    FollowedEntities& operator=(const FollowedEntities&) = delete;
+
+    const NcDbObjectIdArray& entities() const { return entities_; }
+    NcGeMatrix3d placing(const NcGePoint3d& world) const { return placing_(world); }
+    // Null when nothing follows.
+    static const FollowedEntities* present();
+
+private:
+    NcDbObjectIdArray entities_;
+    Placing placing_;
+    const FollowedEntities* before_;
+};
 
 // Asks for entities, for selection sets without a mode of their own.
 NRX_API PromptReply askSelection(const QString& prompt);

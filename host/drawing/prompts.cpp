@@ -106,6 +106,20 @@ void printToConsole(const QString& text)
     out << text;
 }
 
+namespace {
+const FollowedEntities* g_followed = nullptr;
+} // namespace
+
+FollowedEntities::FollowedEntities(const NcDbObjectIdArray& entities, const Placing& placing)
+    : entities_(entities), placing_(placing), before_(g_followed)
+{
+    g_followed = this;
+}
+
+FollowedEntities::~FollowedEntities() { g_followed = before_; }
+
+const FollowedEntities* FollowedEntities::present() { return g_followed; }
+
 PromptReply askSelection(const QString& prompt) { return ask(request(PromptRequest::Selection, prompt)); }
 
 int ncedInitGet(int flags, const QString& keywords)

@@ -54,6 +54,7 @@ NcStatus ncdbPutSummaryInfo(NcDbDatabase* database, const NcDbDatabaseSummaryInf
     if (!database)
         return NcStatus::InvalidInput;
     NcDatabaseData& drawing = HostAccess::data(*database);
+    HostAccess::noteDrawing(*database);
     drawing.summary = info;
     ++drawing.changeCount;
     return NcStatus::Ok;

@@ -20,6 +20,7 @@ void renameLayer(NcDbDatabase& database, const QString& from, const QString& to)
             continue;
         auto& entity = static_cast<NcDbEntity&>(*entry.second);
         if (entity.layer().compare(from, Qt::CaseInsensitive) == 0) {
+            HostAccess::noteChange(entity);
             HostAccess::layer(entity) = to;
             HostAccess::touch(entity);
         }

@@ -2,6 +2,8 @@
 
 #include "entity_picker.h"
 
+#include <cmath>
+
 namespace {
 
 bool readNumber(const QString& text, double& value)
@@ -11,27 +13,83 @@ bool readNumber(const QString& text, double& value)
     return ok;
 }
 
+// Letters that look alike in both alphabets become the Cyrillic one: nobody sees
+// on which keyboard a word was typed.
+QString lookOf(const QString& text)
+{
+    static const QString latin = QStringLiteral("ABCEHKMOPTXY"), cyrillic = QStringLiteral("АВСЕНКМОРТХУ");
+    QString look = text.toUpper();
+    for (QChar& c : look)
+        if (const int at = latin.indexOf(c); at >= 0)
+            c = cyrillic.at(at);
+    return look;
+}
+
+using Fits = bool (*)(const QString& word, const QString& typed);
+
+bool beginsWith(const QString& word, const QString& typed) { return word.startsWith(typed, Qt::CaseInsensitive); }
+
+bool looksLike(const QString& word, const QString& typed) { return lookOf(word).startsWith(lookOf(typed)); }
+
+// The word that a whole answer or its beginning means: its number, -1 for none, -2 for several.
+int keywordOf(const std::vector<PromptRequest::Word>& words, const QString& text, bool onlyGlobal, Fits fits)
+{
+    int found = -1;
+    for (size_t i = 0; i < words.size(); ++i) {
+        const bool local = !onlyGlobal && fits(words[i].local, text);
+        const bool global = fits(words[i].global, text);
+        if ((local && words[i].local.size() == text.size()) || (global && words[i].global.size() == text.size()))
+            return int(i);
+        if (local || global)
+            found = found == -1 ? int(i) : -2;
+    }
+    return found;
+}
+
+// An answer that fits several words is none: the prompt asks again.
 bool matchKeyword(const PromptRequest& request, const QString& typed, PromptReply& reply)
 {
     const bool onlyGlobal = typed.startsWith(QLatin1Char('_'));
     const QString text = onlyGlobal ? typed.mid(1) : typed;
-    const PromptRequest::Word* beginning = nullptr;
-    int beginnings = 0;
-    for (const PromptRequest::Word& word : request.keywords) {
-        const bool local = !onlyGlobal && word.local.startsWith(text, Qt::CaseInsensitive);
-        const bool global = word.global.startsWith(text, Qt::CaseInsensitive);
-        if ((local && word.local.size() == text.size()) || (global && word.global.size() == text.size())) {
-            reply.text = word.global;
-            return true;
-        }
-        if (local || global) {
-            beginning = &word;
-            ++beginnings;
-        }
-    }
-    if (beginnings == 1)
-        reply.text = beginning->global;
-    return beginnings == 1;
+    int found = keywordOf(request.keywords, text, onlyGlobal, beginsWith);
+    if (found == -1)
+        found = keywordOf(request.keywords, text, onlyGlobal, looksLike);
+    if (found >= 0)
+        reply.text = request.keywords[size_t(found)].global;
+    return found >= 0;
+}
+
+// Whether the text would be a number if its commas were points.
+bool hasDecimalComma(const QString& text)
+{
+    bool ok = false;
+    QString(text).replace(QLatin1Char(','), QLatin1Char('.')).toDouble(&ok);
+    return ok && text.contains(QLatin1Char(','));
+}
+
+// "d<a": so far in the direction of an angle in degrees.
+bool readPolar(const QString& text, double& x, double& y)
+{
+    const int at = text.indexOf(QLatin1Char('<'));
+    double distance = 0.0, degrees = 0.0;
+    if (at < 1 || !readNumber(text.left(at), distance) || !readNumber(text.mid(at + 1), degrees))
+        return false;
+    x = distance * std::cos(degrees * M_PI / 180.0);
+    y = distance * std::sin(degrees * M_PI / 180.0);
+    return true;
+}
+
+bool readCoordinates(const QString& text, double (&xyz)[3])
+{
+    if (readPolar(text, xyz[0], xyz[1]))
+        return true;
+    const QStringList parts = text.split(QLatin1Char(','));
+    if (parts.size() < 2 || parts.size() > 3)
+        return false;
+    for (int i = 0; i < parts.size(); ++i)
+        if (!readNumber(parts[i], xyz[i]))
+            return false;
+    return true;
 }
 
 bool readString(const PromptRequest& request, const QString& text, PromptReply& reply)
@@ -90,17 +148,31 @@ bool readSelection(const QString& text, PromptReply& reply)
 bool parsePointText(const QString& text, const NcGePoint3d* base, NcGePoint3d& point)
 {
     const bool relative = text.startsWith(QLatin1Char('@'));
-    const QStringList parts = text.mid(relative ? 1 : 0).split(QLatin1Char(','));
     double xyz[3] = {0.0, 0.0, 0.0};
-    if (parts.size() < 2 || parts.size() > 3 || (relative && !base))
+    if ((relative && !base) || !readCoordinates(text.mid(relative ? 1 : 0), xyz))
         return false;
-    for (int i = 0; i < parts.size(); ++i)
-        if (!readNumber(parts[i], xyz[i]))
-            return false;
     point = NcGePoint3d(xyz[0], xyz[1], xyz[2]);
     if (relative)
         point = *base + point.asVector();
     return true;
+}
+
+QString answerHint(const PromptRequest& request, const QString& text)
+{
+    const QString trimmed = text.trimmed();
+    const bool number = request.kind == PromptRequest::Real || request.kind == PromptRequest::Integer;
+    if (request.kind == PromptRequest::Real && hasDecimalComma(trimmed))
+        return QStringLiteral("Дробная часть отделяется точкой: ")
+            + QString(trimmed).replace(QLatin1Char(','), QLatin1Char('.'));
+    if (request.kind == PromptRequest::Point && trimmed.count(QLatin1Char(',')) > 2)
+        return QStringLiteral("Координаты разделяет запятая, дробную часть отделяет точка: 1.5,2.5");
+    if (request.kind == PromptRequest::Point && trimmed.startsWith(QLatin1Char('@')) && !request.base)
+        return QStringLiteral("Здесь не от чего отсчитывать: укажите точку как x,y.");
+    if (request.kind == PromptRequest::Point)
+        return QStringLiteral("Точка вводится как x,y, @dx,dy или @расстояние<угол.");
+    if (number)
+        return QStringLiteral("Нужно число.");
+    return QStringLiteral("Такой ответ не подходит.");
 }
 
 bool parseAnswer(const PromptRequest& request, const QString& text, PromptReply& reply)

@@ -96,7 +96,7 @@ bool DeskPrompts::take(const QString& line)
     PromptReply reply;
     if (!parseAnswer(*request_, line, reply)) {
         console_.answer(line);
-        console_.line(QStringLiteral("Такой ответ не подходит."));
+        console_.line(answerHint(*request_, line));
         console_.prompt(request_->prompt);
     } else if (request_->kind == PromptRequest::Selection) {
         console_.answer(line);

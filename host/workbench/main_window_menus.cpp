@@ -2,7 +2,6 @@
 #include "command_table.h"
 #include "main_window.h"
 
-#include <commands/host_commands.h>
 #include <drawing/application.h>
 
 #include <QDockWidget>
@@ -16,9 +15,8 @@ const QString kLightGroundKey = QStringLiteral("lightGround");
 QStringList hostCommandNames()
 {
     QStringList names;
-    for (const auto* rows : {&fileCommands(), &viewCommands(), &drawCommands(), &layerCommands()})
-        for (const HostCommandRow& row : *rows)
-            names << QString::fromLatin1(row.name);
+    for (const CommandInfo& info : hostCommands())
+        names << info.globalName << info.aliases;
     return names;
 }
 

@@ -92,3 +92,52 @@ TEST(AnswerText, BlanksBelongToAStringOnlyWhereTheyMay)
     ASSERT_TRUE(parseAnswer(request, QStringLiteral("два слова "), reply));
     EXPECT_EQ(reply.text, QStringLiteral("два слова "));
 }
+
+TEST(AnswerText, LettersThatLookAlikeAreEqual)
+{
+    PromptRequest request;
+    request.kind = PromptRequest::Keyword;
+    request.keywords = {
+        {"Создать", "Make"}, {"Текущий", "Current"}, {"Вкл", "On"}, {"Откл", "Off"}, {"Отпереть", "Unlock"}};
+    const auto answer = [&](const QString& typed) {
+        PromptReply reply;
+        return parseAnswer(request, typed, reply) ? reply.text : QString();
+    };
+    EXPECT_EQ(answer("T"), "Current") << "a Latin T for the Cyrillic one of the word shown";
+    EXPECT_EQ(answer("B"), "On");
+    EXPECT_EQ(answer("Bкл"), "On");
+    EXPECT_EQ(answer("cоздать"), "Make") << "one letter of the wrong alphabet";
+    EXPECT_EQ(answer("С"), "Make") << "a letter that fits as it is goes first";
+    EXPECT_EQ(answer("C"), "Current");
+    EXPECT_TRUE(answer("О").isNull()) << "two words begin so";
+    EXPECT_TRUE(answer("O").isNull());
+    EXPECT_EQ(answer("Отк"), "Off");
+    EXPECT_TRUE(answer("_Текущий").isNull());
+}
+
+TEST(AnswerText, ADistanceAndAnAngleMakeAPoint)
+{
+    NcGePoint3d point;
+    const NcGePoint3d base(10, 20, 0);
+    ASSERT_TRUE(parsePointText("@5<90", &base, point));
+    EXPECT_NEAR(point.x, 10.0, 1e-12);
+    EXPECT_NEAR(point.y, 25.0, 1e-12);
+    ASSERT_TRUE(parsePointText("2<180", nullptr, point));
+    EXPECT_NEAR(point.x, -2.0, 1e-12);
+    EXPECT_FALSE(parsePointText("@5<90", nullptr, point));
+    for (const char* text : {"<90", "5<", "5<x", "5<1,2"})
+        EXPECT_FALSE(parsePointText(text, &base, point)) << text;
+}
+
+TEST(AnswerText, AnAnswerThatDoesNotFitIsExplained)
+{
+    EXPECT_EQ(answerHint(requestOf(PromptRequest::Real), " 2,5"), "Дробная часть отделяется точкой: 2.5");
+    EXPECT_EQ(answerHint(requestOf(PromptRequest::Real), "много"), "Нужно число.");
+    EXPECT_EQ(answerHint(requestOf(PromptRequest::Point), "1,5,2,5"),
+              "Координаты разделяет запятая, дробную часть отделяет точка: 1.5,2.5");
+    EXPECT_EQ(answerHint(requestOf(PromptRequest::Point), "@1,2"),
+              "Здесь не от чего отсчитывать: укажите точку как x,y.");
+    EXPECT_EQ(answerHint(requestOf(PromptRequest::Point), "туда"),
+              "Точка вводится как x,y, @dx,dy или @расстояние<угол.");
+    EXPECT_EQ(answerHint(keywordRequest(), "Может"), "Такой ответ не подходит.");
+}

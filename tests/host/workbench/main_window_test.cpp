@@ -142,7 +142,7 @@ TEST_F(MainWindowTest, AnswersAreTypedAndRefusedWhenTheyDoNotFit)
         {[&] { type(QStringLiteral("5,5")); }, [&] { type(QStringLiteral("много")); },
          [&] { type(QStringLiteral("2.5")); }});
     EXPECT_EQ(count("NcDbCircle"), 1);
-    EXPECT_TRUE(history().contains(QStringLiteral("Такой ответ не подходит.")));
+    EXPECT_TRUE(history().contains(QStringLiteral("Нужно число.")));
 }
 
 TEST_F(MainWindowTest, WordsBehindACommandAnswerItsPrompts)
