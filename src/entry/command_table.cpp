@@ -15,7 +15,7 @@
 #include "entry/palette_sets.h"
 #include "entry/sample_commands.h"
 #include "exchange/forms/import_commands.h"
-#include "session/forms/modal.h"
+#include "formkit/modal.h"
 #include "session/forms/palette_refresh.h"
 #include "session/project_session.h"
 

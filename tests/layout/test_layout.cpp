@@ -48,7 +48,8 @@ bool isWidgetsHeader(const QString& include)
 
 bool mayNameWidgets(const QString& path)
 {
-    return path.contains(QLatin1String("/forms/")) || path.startsWith(QLatin1String("src/entry/"));
+    return path.contains(QLatin1String("/forms/")) || path.startsWith(QLatin1String("src/formkit/"))
+        || path.startsWith(QLatin1String("src/entry/"));
 }
 
 } // namespace
@@ -136,7 +137,7 @@ TEST(Layout, OnlyTheSqlFolderIncludesTheDatabaseLibrary)
     }
 }
 
-TEST(Layout, WidgetsAreNamedOnlyInFormsAndTheEntry)
+TEST(Layout, WidgetsAreNamedOnlyInFormsTheirKitAndTheEntry)
 {
     for (const SourceFile& file : sourcesBelow(QStringLiteral("src"))) {
         for (const QString& include : file.included) {

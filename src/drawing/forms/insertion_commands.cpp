@@ -4,7 +4,7 @@
 #include "drawing/forms/tsg_catalog_selector.h"
 #include "drawing/insertion.h"
 #include "drawing/insertion_family.h"
-#include "session/forms/modal.h"
+#include "formkit/modal.h"
 
 #include <functional>
 

@@ -3,7 +3,7 @@
 #include "drawing/forms/element_sync_filter.h"
 #include "drawing/sync/drawing_to_database.h"
 #include "drawing/sync/tree_sync.h"
-#include "session/forms/modal.h"
+#include "formkit/modal.h"
 
 #include <QMessageBox>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "drawing/forms/tsg_catalog_selector.h"
 
 #include "base/placeholders.h"
-#include "session/forms/modal.h"
+#include "formkit/modal.h"
 #include "session/project_session.h"
 
 #include <QComboBox>

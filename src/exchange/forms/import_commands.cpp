@@ -2,7 +2,7 @@
 
 #include "exchange/forms/family_import_dialogs.h"
 #include "exchange/forms/ts_import_dialog.h"
-#include "session/forms/modal.h"
+#include "formkit/modal.h"
 
 void importDeformationMarkMeasures() { runModal<DMImportCmdDialog>(); }
 

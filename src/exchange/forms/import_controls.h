@@ -2,18 +2,13 @@
 #pragma once
 
 #include "exchange/text_file.h"
+#include "formkit/widgets.h"
 
 class MeasuresView;
-class QComboBox;
 class QDialog;
 class QGridLayout;
-class QLabel;
-class QLineEdit;
 class QProgressBar;
-class QPushButton;
-class QRadioButton;
 class QTableView;
-class QWidget;
 
 // Every control carries its own name as object name.
 struct ImportControls {
@@ -52,7 +47,7 @@ struct ImportControls {
     QPushButton* CloseBtn;
 
     /// Another value that can be given to all rows; returns its button "Все".
-    QPushButton* addForAllRow(const QString& label, QWidget* value, const QString& buttonName);
+    QPushButton* addForAll(const QString& caption, QWidget* value, const QString& buttonName);
 
     QString separator() const;
     TextEncoding encoding() const;
@@ -60,13 +55,11 @@ struct ImportControls {
     void chooseUsualFormat();
 
 private:
-    QWidget* fileGroup();
     QWidget* encodingGroup();
     QWidget* separatorGroup();
     QWidget* elementsGroup();
     QWidget* forAllGroup();
-    QWidget* tabs();
-    QWidget* bottomRow();
+    static QTableView* rawTable();
 
     QGridLayout* forAll_ = nullptr;
 };

@@ -5,22 +5,16 @@
 #include "exchange/forms/import_questions.h"
 #include "exchange/forms/measures_view.h"
 #include "exchange/measure_reading.h"
+#include "formkit/file_questions.h"
+#include "formkit/table_items.h"
 #include "session/project_session.h"
 
-#include <QApplication>
-#include <QClipboard>
-#include <QComboBox>
-#include <QFileDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QScopedValueRollback>
+#include <QTableView>
+
+using namespace formkit;
 
 namespace {
-
-constexpr int progressPause = 40; ///< ms between two looks of the bar
 
 enum Column { ElementColumn = 1, CycleColumn, DeviceColumn, PerformerColumn };
 
@@ -31,8 +25,7 @@ const auto choiceChanged = QOverload<int>::of(&QComboBox::currentIndexChanged);
 MeasureImportDialog::MeasureImportDialog(const ImportFamily& family, QWidget* parent)
     : QDialog(parent), family_(family), ui_(this), table_(family)
 {
-    setObjectName(family_.dialogName);
-    setWindowTitle(family_.title);
+    nameForm(this, family_.dialogName, family_.title);
     ui_.measuresView->setModel(&table_);
     ui_.RawInput->setModel(&raw_);
     for (const ImportTemplate& format : family_.templates)
@@ -109,8 +102,7 @@ void MeasureImportDialog::chooseFile()
     for (const ImportTemplate& format : family_.templates)
         filters.append(format.filter);
     QString filter = filters.value(ui_.ImportTemplate->currentIndex());
-    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Открыть файл"), ui_.FileName->text(),
-                                                      filters.join(QStringLiteral(";;")), &filter);
+    const QString path = askFileToOpen(this, {"Открыть файл", filters.join(";;"), ui_.FileName->text(), &filter});
     if (path.isEmpty())
         return;
     {
@@ -123,10 +115,7 @@ void MeasureImportDialog::chooseFile()
     readFile();
 }
 
-int MeasureImportDialog::chosenPosition() const
-{
-    return ui_.PositionCombo->currentIndex() < 0 ? -1 : ui_.PositionCombo->currentData().toInt();
-}
+int MeasureImportDialog::chosenPosition() const { return chosenId(ui_.PositionCombo); }
 
 void MeasureImportDialog::chooseScope()
 {
@@ -167,8 +156,8 @@ void MeasureImportDialog::readFile()
     task.format = &family_.templates[qMax(0, ui_.ImportTemplate->currentIndex())];
     task.lists = lists_;
     raw_.setLines(task.lines, task.separator);
-    startProgress(task.lines.size());
-    table_.setMeasures(readMeasures(family_, task, [this](int line) { moveProgress(line); }), task.scope);
+    progress_.start(ui_.ReadProgress, task.lines.size());
+    table_.setMeasures(readMeasures(family_, task, [this](int line) { progress_.step(line); }), task.scope);
     elements_ = task.scope.elements;
     setDelegates(elements_);
     ui_.measuresView->fitRows();
@@ -201,32 +190,10 @@ void MeasureImportDialog::runImport()
     if (busy_)
         return;
     const QScopedValueRollback<bool> writing(busy_, true);
-    startProgress(table_.rowCount());
+    progress_.start(ui_.ReadProgress, table_.rowCount());
     importMeasures(
         family_, table_.candidates(), [this](const QString& text) { return askImport(text, this); },
-        [this](int row) { moveProgress(row); });
+        [this](int row) { progress_.step(row); });
 }
 
-void MeasureImportDialog::copyErrors() const { QApplication::clipboard()->setText(table_.uncheckedText()); }
-
-// --- progress --------------------------------------------------------------------
-
-void MeasureImportDialog::startProgress(int steps)
-{
-    ui_.ReadProgress->setUpdatesEnabled(true);
-    ui_.ReadProgress->setMaximum(qMax(1, steps));
-    ui_.ReadProgress->setValue(0);
-    sinceShown_.start();
-}
-
-// The bar follows every step; painting it as often would cost more than the work.
-void MeasureImportDialog::moveProgress(int step)
-{
-    const bool shown = sinceShown_.elapsed() >= progressPause || step == ui_.ReadProgress->maximum();
-    ui_.ReadProgress->setUpdatesEnabled(shown);
-    ui_.ReadProgress->setValue(step);
-    if (!shown)
-        return;
-    sinceShown_.restart();
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-}
+void MeasureImportDialog::copyErrors() const { copyText(table_.uncheckedText()); }

@@ -7,9 +7,9 @@
 #include "exchange/forms/import_controls.h"
 #include "exchange/measure_table.h"
 #include "exchange/raw_lines.h"
+#include "formkit/progress_box.h"
 
 #include <QDialog>
-#include <QElapsedTimer>
 
 class MeasureImportDialog : public QDialog {
     Q_OBJECT
@@ -38,8 +38,6 @@ private:
     void showSummary();
     void runImport();
     void copyErrors() const;
-    void startProgress(int steps);
-    void moveProgress(int step);
 
     const ImportFamily& family_;
     ImportControls ui_;
@@ -49,5 +47,5 @@ private:
     EntryList elements_; ///< of the chosen scope
     bool quiet_ = false; ///< several settings change as one
     bool busy_ = false;
-    QElapsedTimer sinceShown_;
+    formkit::BarProgress progress_;
 };

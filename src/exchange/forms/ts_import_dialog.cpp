@@ -5,8 +5,7 @@
 #include "elements/measures/forms/button_delegate.h"
 #include "exchange/forms/measures_view.h"
 
-#include <QDoubleSpinBox>
-#include <QPushButton>
+using namespace formkit;
 
 namespace {
 
@@ -27,12 +26,8 @@ TSImportCmdDialog::TSImportCmdDialog(QWidget* parent) : MeasureImportDialog(*imp
 
 void TSImportCmdDialog::addAirTemperature()
 {
-    airTemperature_ = new QDoubleSpinBox;
-    airTemperature_->setObjectName(QStringLiteral("EnvTempSpin"));
-    airTemperature_->setRange(-100.0, 100.0);
-    airTemperature_->setSingleStep(0.1);
-    QPushButton* toAll = controls().addForAllRow(QStringLiteral("Температура воздуха"), airTemperature_,
-                                                 QStringLiteral("BTNEnvTempToAll"));
+    airTemperature_ = realSpin("EnvTempSpin", -100.0, 100.0, 0.1);
+    const QPushButton* toAll = controls().addForAll("Температура воздуха", airTemperature_, "BTNEnvTempToAll");
     connect(toAll, &QPushButton::clicked, this, [this] { table().giveValue(fixed(airTemperature_->value(), 2)); });
 }
 

@@ -1,13 +1,10 @@
 #pragma once
 // Asks for the connection's parameters again when a project cannot connect.
 
+#include "formkit/record_dialog.h"
 #include "session/connection_parameters.h"
 
-#include <QDialog>
-
-class QLineEdit;
-
-class SQLConnectionDialog : public QDialog {
+class SQLConnectionDialog : public formkit::FieldsDialog {
     Q_OBJECT
 
 public:
@@ -15,11 +12,4 @@ public:
 
     void setParameters(const ConnectionParameters& parameters);
     ConnectionParameters parameters() const;
-
-private:
-    QLineEdit* host_;
-    QLineEdit* port_;
-    QLineEdit* database_;
-    QLineEdit* user_;
-    QLineEdit* password_;
 };

@@ -253,7 +253,7 @@ TEST_P(Spoiled, GivesItsReportAndHarmsNoRow)
         // Blocks that end the scan come late in some drawings and not at all in others.
         if (isUnreadable(fault) && (GetParam() % 2 == 0 || i < 150))
             fault = ForeignId;
-        addSpoiled(families()[size_t(below(familyCount))], fault);
+        addSpoiled(families()[FamilyKey(below(familyCount))], fault);
     }
     for (const bool byPosition : {true, false}) {
         for (const Family& family : families())

@@ -2,7 +2,7 @@
 
 #include "analysis/levels/forms/color_map_widget.h"
 #include "hostkit/console.h"
-#include "session/forms/modal.h"
+#include "formkit/modal.h"
 
 #include <nrx/editor.h>
 

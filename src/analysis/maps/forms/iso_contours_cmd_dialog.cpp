@@ -5,73 +5,35 @@
 #include "analysis/maps/map_drawing.h"
 #include "base/placeholders.h"
 #include "base/text.h"
+#include "formkit/boxes.h"
+#include "formkit/progress_box.h"
+#include "formkit/widgets.h"
 #include "hostkit/console.h"
 #include "session/project_session.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QCoreApplication>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QProgressDialog>
-#include <QPushButton>
-#include <QSlider>
-#include <QSpinBox>
 #include <array>
 #include <cmath>
+
+using namespace formkit;
 
 namespace {
 
 constexpr size_t kFewestPoints = 3;
-constexpr int kSecondsBeforeProgress = 1;
 
-QString warningTitle() { return QStringLiteral("Внимание"); }
+constexpr int kPercent = 100; // a step of the work
+const QString kTitle = QStringLiteral("Построение изоконтуров");
 
-struct StepRow {
-    contour::BuildStep step;
-    const char* text;
-};
-const std::array<StepRow, 6> kSteps = {{
-    {contour::BuildStep::Prepare, "Подготовка точек"},
-    {contour::BuildStep::Grid, "Расчёт сетки"},
-    {contour::BuildStep::Triangulate, "Триангуляция"},
-    {contour::BuildStep::Isolines, "Построение изолиний"},
-    {contour::BuildStep::Lines, "Обработка линий"},
-    {contour::BuildStep::Rings, "Построение изоконтуров"},
-}};
-
-// Shows how far a build has come; told of a cancel it stops the build.
-class BuildProgressBox {
-public:
-    explicit BuildProgressBox(QWidget* parent)
-        : box_(QString(), QStringLiteral("Отмена"), 0, int(kSteps.size()) * 100, parent)
-    {
-        box_.setWindowTitle(QStringLiteral("Построение изоконтуров"));
-        box_.setWindowModality(Qt::WindowModal);
-        box_.setMinimumDuration(kSecondsBeforeProgress * 1000);
-        box_.setAutoReset(false);
-    }
-
-    bool operator()(contour::BuildStep step, double done)
-    {
-        const auto index = size_t(step);
-        box_.setLabelText(QString::fromUtf8(kSteps[index].text));
-        box_.setValue(int(100 * (double(index) + done)));
-        QCoreApplication::processEvents();
-        return !box_.wasCanceled();
-    }
-
-private:
-    QProgressDialog box_;
+// In the order of contour::BuildStep.
+const std::array<const char*, 6> kSteps = {
+    "Подготовка точек",    "Расчёт сетки",    "Триангуляция",
+    "Построение изолиний", "Обработка линий", "Построение изоконтуров",
 };
 
 } // namespace
 
 IsoContoursCmdDialog::IsoContoursCmdDialog(QWidget* parent) : QDialog(parent), ui_(this)
 {
-    setObjectName(QStringLiteral("IsoContoursCmdDialog"));
-    setWindowTitle(QStringLiteral("Построение изоконтуров"));
+    nameForm(this, "IsoContoursCmdDialog", kTitle);
     SetupMethodCombo();
     for (QComboBox* layers :
          {ui_.BoundLayer, ui_.PointLayer, ui_.HatchOutLayer, ui_.IsoLineOutLayer, ui_.IsoContoursOutLayer})
@@ -89,8 +51,6 @@ void IsoContoursCmdDialog::connectControls()
     connect(ui_.CalculateBoundCheck, &QCheckBox::toggled, this, &IsoContoursCmdDialog::CalcBoundChange);
     connect(ui_.MethodCombo, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
             &IsoContoursCmdDialog::MethodComboChanged);
-    connect(ui_.okButton, &QPushButton::clicked, this, &QDialog::accept);
-    connect(ui_.cancelButton, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 void IsoContoursCmdDialog::SetupMethodCombo()
@@ -192,8 +152,7 @@ void IsoContoursCmdDialog::SelectPointBtn_Clicked()
     if (points.empty()) {
         input_.points.reset();
         showStatistics();
-        QMessageBox::warning(this, warningTitle(),
-                             QStringLiteral("На слое ") + layer + QStringLiteral(" не найдено ни одной точки"));
+        warn(this, fill("На слое %1 не найдено ни одной точки", layer));
         return;
     }
     if (ui_.CalculateBoundCheck->isChecked()) {
@@ -261,16 +220,14 @@ bool IsoContoursCmdDialog::runBuild(contour::BuildResult& result)
 {
     contour::BuildInput input = input_;
     input.levels = ui_.ColorMap->current().levels();
-    BuildProgressBox progress(this);
-    result = contour::buildContours(input, parameters(), std::ref(progress));
+    ProgressBox box(this, kTitle, QString());
+    result = contour::buildContours(input, parameters(), [&box](contour::BuildStep step, double done) {
+        return box.step(int(kPercent * (double(step) + done)), kPercent * int(kSteps.size()), kSteps[size_t(step)]);
+    });
     switch (result.status) {
     case contour::BuildStatus::Done: return true;
-    case contour::BuildStatus::NoPoints:
-        QMessageBox::warning(this, warningTitle(), QStringLiteral("Не загружены точки!"));
-        return false;
-    case contour::BuildStatus::NoBounds:
-        QMessageBox::warning(this, warningTitle(), QStringLiteral("Не загружены границы!"));
-        return false;
+    case contour::BuildStatus::NoPoints: warn(this, "Не загружены точки!"); return false;
+    case contour::BuildStatus::NoBounds: warn(this, "Не загружены границы!"); return false;
     case contour::BuildStatus::Cancelled: return false;
     }
     return false;

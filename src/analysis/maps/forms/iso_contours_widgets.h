@@ -9,7 +9,6 @@ class QComboBox;
 class QDialog;
 class QGroupBox;
 class QLabel;
-class QLayout;
 class QLineEdit;
 class QPushButton;
 class QSlider;
@@ -33,7 +32,6 @@ struct IsoContoursWidgets {
     QLabel* MethodParamTwoLabel;
     QLineEdit* MethodParamOne;
     QLineEdit* MethodParamTwo;
-    QLineEdit* MethodParamThree;
     QCheckBox* SplineLine;
     QSlider* TauSlider;
     QLineEdit* TauValue;
@@ -60,14 +58,12 @@ struct IsoContoursWidgets {
     QCheckBox* IsoContoursOutCheck;
     QComboBox* IsoContoursOutLayer;
     QPushButton* PreviewBTN;
-    QPushButton* okButton;
-    QPushButton* cancelButton;
 
 private:
-    QWidget* sourceGroup(QDialog* dialog);
-    QWidget* methodGroup(QDialog* dialog);
-    QWidget* lineGroup(QDialog* dialog);
-    QWidget* statisticsGroup(QDialog* dialog);
-    QWidget* outputGroup(QDialog* dialog);
-    QLayout* buttonRow(QDialog* dialog);
+    QWidget* boundPane();
+    QWidget* pointPane();
+    QWidget* methodPane();
+    QWidget* linePane();
+    QWidget* statisticsPane();
+    QWidget* outputPane();
 };

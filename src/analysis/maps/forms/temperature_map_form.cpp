@@ -3,7 +3,7 @@
 #include "analysis/maps/forms/state_filter_form.h"
 #include "analysis/maps/position_contours.h"
 #include "base/text.h"
-#include "session/forms/combos.h"
+#include "formkit/choices.h"
 #include "session/project_session.h"
 
 #include <QApplication>

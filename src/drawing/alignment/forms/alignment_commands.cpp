@@ -7,7 +7,7 @@
 #include "drawing/alignment/plan_export.h"
 #include "hostkit/console.h"
 #include "hostkit/layers.h"
-#include "session/forms/modal.h"
+#include "formkit/modal.h"
 
 #include <QMessageBox>
 #include <QProgressDialog>

@@ -1,6 +1,5 @@
-// Combo boxes over the session's lists, and the call for a refresh of palettes.
-#include "session/forms/combos.h"
-#include "session/forms/palette_refresh.h"
+// Combo boxes over the session's lists.
+#include "formkit/choices.h"
 
 #include "session/project_session.h"
 
@@ -54,22 +53,6 @@ TEST_F(Combos, StatesStandInKeyOrder)
     ASSERT_EQ(combo_.count(), 2);
     EXPECT_EQ(combo_.itemText(0), QString("Я"));
     EXPECT_EQ(combo_.itemData(1).toString(), QString("b"));
-}
-
-TEST(PaletteRefreshing, CallsWhoeverOwnsThePalettes)
-{
-    int all = 0;
-    int explorer = 0;
-    refreshPalettes();
-    setPaletteRefresh({[&all] { ++all; }, [&explorer] { ++explorer; }});
-    refreshPalettes();
-    refreshPalettes();
-    refreshProjectExplorer();
-    EXPECT_EQ(all, 2);
-    EXPECT_EQ(explorer, 1);
-    setPaletteRefresh({});
-    refreshProjectExplorer();
-    EXPECT_EQ(explorer, 1);
 }
 
 } // namespace

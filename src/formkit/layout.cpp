@@ -1,0 +1,124 @@
+#include "formkit/layout.h"
+
+#include "formkit/widgets.h"
+
+#include <QGroupBox>
+
+namespace formkit {
+
+Item::Item(const QString& caption) : widget_(label(caption)) { }
+
+void Item::putInto(QBoxLayout& layout) const
+{
+    if (widget_)
+        layout.addWidget(widget_, share_);
+    else if (layout_)
+        layout.addLayout(layout_, share_);
+    else
+        layout.addStretch(share_);
+}
+
+void Item::putInto(QGridLayout& layout, int row, int column) const
+{
+    if (share_ > 0)
+        layout.setColumnStretch(column, share_);
+    if (widget_)
+        layout.addWidget(widget_, row, column, 1, columns_);
+    else if (layout_)
+        layout.addLayout(layout_, row, column, 1, columns_);
+}
+
+void Item::putInto(QFormLayout& layout, const QString& caption) const
+{
+    // A null caption takes the whole line, an empty one keeps the field in its column.
+    if (widget_)
+        caption.isNull() ? layout.addRow(widget_) : layout.addRow(caption, widget_);
+    else if (layout_)
+        caption.isNull() ? layout.addRow(layout_) : layout.addRow(caption, layout_);
+}
+
+QWidget* Item::asWidget() const { return widget_ || !layout_ ? widget_ : pane(layout_); }
+
+Item stretch() { return growing(nothing()); }
+
+Item nothing() { return {}; }
+
+Item growing(Item item, int share)
+{
+    item.share_ = share;
+    return item;
+}
+
+Item wide(int columns, Item item)
+{
+    item.columns_ = columns;
+    return item;
+}
+
+namespace {
+
+template <class Items>
+QBoxLayout* fillBox(QBoxLayout* layout, const Items& items)
+{
+    for (const Item& item : items)
+        item.putInto(*layout);
+    return layout;
+}
+
+} // namespace
+
+QBoxLayout* row(std::initializer_list<Item> items) { return fillBox(new QHBoxLayout, items); }
+
+QBoxLayout* column(std::initializer_list<Item> items) { return fillBox(new QVBoxLayout, items); }
+
+QBoxLayout* column(const std::vector<Item>& items) { return fillBox(new QVBoxLayout, items); }
+
+QGridLayout* grid(const std::vector<Cells>& rows)
+{
+    auto* layout = new QGridLayout;
+    int row = 0;
+    for (const Cells& cells : rows) {
+        int column = 0;
+        for (const Item& item : cells) {
+            item.putInto(*layout, row, column);
+            column += item.columns();
+        }
+        ++row;
+    }
+    return layout;
+}
+
+QFormLayout* lines(std::initializer_list<Line> lines)
+{
+    auto* layout = new QFormLayout;
+    for (const Line& line : lines)
+        line.item.putInto(*layout, line.caption);
+    return layout;
+}
+
+QWidget* Inside::put(QLayout* layout)
+{
+    widget_->setLayout(layout);
+    return widget_;
+}
+
+Inside layOut(QWidget* form) { return Inside(form); }
+
+Inside group(const QString& title) { return Inside(new QGroupBox(title)); }
+
+QWidget* pane(QLayout* content)
+{
+    content->setContentsMargins(0, 0, 0, 0);
+    return Inside(new QWidget).put(content);
+}
+
+Tabs tabs(const QString& name) { return Tabs(named<QTabWidget>(name)); }
+
+QTabWidget* Tabs::pages(std::initializer_list<Page> pages)
+{
+    for (const Page& page : pages)
+        widget_->addTab(page.content.asWidget(), page.title);
+    return widget_;
+}
+
+} // namespace formkit

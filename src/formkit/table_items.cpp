@@ -1,0 +1,98 @@
+#include "formkit/table_items.h"
+
+#include "base/text.h"
+#include "formkit/boxes.h"
+#include "formkit/file_questions.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QSaveFile>
+#include <cmath>
+
+namespace formkit {
+
+namespace {
+
+constexpr int kNumberRole = Qt::UserRole + 100;
+
+class NumberItem final : public QTableWidgetItem {
+public:
+    using QTableWidgetItem::QTableWidgetItem;
+    bool operator<(const QTableWidgetItem& other) const override
+    {
+        return data(kNumberRole).toDouble() < other.data(kNumberRole).toDouble();
+    }
+};
+
+} // namespace
+
+QTableWidgetItem* textItem(const QString& text)
+{
+    auto* item = new QTableWidgetItem(text);
+    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+    return item;
+}
+
+QTableWidgetItem* numberItem(double number, int decimals, const QString& missing)
+{
+    const bool known = std::isfinite(number);
+    auto* item = new NumberItem(known ? fixed(number, decimals) : missing);
+    item->setData(kNumberRole, known ? number : -HUGE_VAL);
+    item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+    return item;
+}
+
+QTableWidgetItem* checkItem(bool on)
+{
+    auto* item = new QTableWidgetItem;
+    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
+    item->setCheckState(on ? Qt::Checked : Qt::Unchecked);
+    return item;
+}
+
+void fitColumns(QTableWidget* table)
+{
+    table->resizeColumnsToContents();
+    table->horizontalHeader()->setStretchLastSection(true);
+}
+
+QString tableText(const QTableWidget* table, QChar separator, TextPart parts)
+{
+    const auto textOf = [](const QTableWidgetItem* item) { return item ? item->text() : QString(); };
+    QString text;
+    const auto addLine = [&](QStringList cells) { text += cells.join(separator) + QLatin1Char('\n'); };
+    if (parts & WithTitles) {
+        QStringList titles;
+        for (int column = 0; column < table->columnCount(); ++column)
+            titles << textOf(table->horizontalHeaderItem(column));
+        addLine(parts & WithRowTitles ? QStringList(QString()) + titles : titles);
+    }
+    for (int row = 0; row < table->rowCount(); ++row) {
+        QStringList cells;
+        if (parts & WithRowTitles)
+            cells << textOf(table->verticalHeaderItem(row));
+        for (int column = 0; column < table->columnCount(); ++column)
+            cells << textOf(table->item(row, column));
+        addLine(cells);
+    }
+    return text;
+}
+
+void exportCsv(QWidget* parent, const QTableWidget* table, TextPart parts, const QString& title, const QString& filter)
+{
+    const QString path = askFileToSave(parent, {title, filter});
+    if (path.isEmpty())
+        return;
+    QSaveFile file(path);
+    const QByteArray bytes = tableText(table, QLatin1Char(';'), parts).toUtf8();
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        warn(parent, QStringLiteral("Не удалось записать файл ") + path);
+}
+
+void copyTable(const QTableWidget* table, TextPart parts) { copyText(tableText(table, QLatin1Char('\t'), parts)); }
+
+void copyText(const QString& text) { QApplication::clipboard()->setText(text); }
+
+} // namespace formkit

@@ -1,0 +1,130 @@
+// Layouts as nested lists.
+#include "formkit/end_buttons.h"
+#include "formkit/layout.h"
+#include "formkit/widgets.h"
+
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <gtest/gtest.h>
+
+using namespace formkit;
+
+namespace {
+
+TEST(FormLayout, AGridStandsAsItIsWritten)
+{
+    QWidget form;
+    QLineEdit* layer = nullptr;
+    QCheckBox* calculated = nullptr;
+    layOut(&form).grid({
+        {"Слой", growing(layer = edit("Layer", "0")), button("Read", "Прочитать")},
+        {nothing(), wide(2, calculated = check("Calculated", "Вычислять", true))},
+    });
+    auto* cells = qobject_cast<QGridLayout*>(form.layout());
+    ASSERT_TRUE(cells);
+    EXPECT_EQ(qobject_cast<QLabel*>(cells->itemAtPosition(0, 0)->widget())->text(), QString("Слой"));
+    EXPECT_EQ(cells->itemAtPosition(0, 1)->widget(), layer);
+    EXPECT_EQ(cells->itemAtPosition(1, 0), nullptr);
+    EXPECT_EQ(cells->itemAtPosition(1, 1)->widget(), calculated);
+    EXPECT_EQ(cells->itemAtPosition(1, 2)->widget(), calculated);
+    EXPECT_EQ(cells->columnStretch(0), 0);
+    EXPECT_EQ(cells->columnStretch(1), 1);
+    EXPECT_EQ(layer->window(), &form);
+    EXPECT_EQ(form.findChild<QLineEdit*>("Layer")->text(), QString("0"));
+    EXPECT_TRUE(form.findChild<QCheckBox*>("Calculated")->isChecked());
+}
+
+TEST(FormLayout, BoxesNestAndShareTheRoom)
+{
+    QWidget form;
+    layOut(&form).column({
+        row({"a", stretch(), edit("E")}),
+        group("Группа").lines({
+            {"Имя", edit("Name")},
+            {QString(), check("On", "Да")},
+            {wide(1, edit("Whole"))},
+        }),
+        growing(tabs("Pages").pages({{"Раз", column({edit("One")})}, {"Два", edit("Two")}}), 2),
+    });
+    auto* outer = qobject_cast<QVBoxLayout*>(form.layout());
+    ASSERT_TRUE(outer);
+    ASSERT_EQ(outer->count(), 3);
+    EXPECT_EQ(outer->stretch(2), 2);
+    const auto* first = qobject_cast<QHBoxLayout*>(outer->itemAt(0)->layout());
+    ASSERT_TRUE(first);
+    EXPECT_TRUE(first->itemAt(1)->spacerItem());
+    EXPECT_EQ(first->stretch(1), 1);
+
+    auto* box = form.findChild<QGroupBox*>();
+    EXPECT_EQ(box->title(), QString("Группа"));
+    auto* fields = qobject_cast<QFormLayout*>(box->layout());
+    ASSERT_EQ(fields->rowCount(), 3);
+    EXPECT_EQ(qobject_cast<QLabel*>(fields->labelForField(form.findChild<QLineEdit*>("Name")))->text(), QString("Имя"));
+    EXPECT_TRUE(fields->itemAt(1, QFormLayout::FieldRole));
+    EXPECT_EQ(fields->itemAt(2, QFormLayout::SpanningRole)->widget(), form.findChild<QLineEdit*>("Whole"));
+
+    auto* pages = form.findChild<QTabWidget*>("Pages");
+    ASSERT_EQ(pages->count(), 2);
+    EXPECT_EQ(pages->tabText(1), QString("Два"));
+    EXPECT_EQ(pages->widget(1), form.findChild<QLineEdit*>("Two"));
+    EXPECT_EQ(pages->widget(0)->layout()->contentsMargins(), QMargins());
+}
+
+TEST(FormLayout, EndButtonsAcceptAndReject)
+{
+    QDialog form;
+    layOut(&form).column({endButtons(&form, {rejects("No", "Нет"), accepts("Yes", "Да"), accepts("Also", "Тоже")})});
+    EXPECT_TRUE(form.findChild<QPushButton*>("Yes")->isDefault());
+    EXPECT_FALSE(form.findChild<QPushButton*>("Also")->isDefault());
+    int result = -1;
+    QObject::connect(&form, &QDialog::finished, &form, [&result](int ended) { result = ended; });
+    form.show();
+    form.findChild<QPushButton*>("Yes")->click();
+    EXPECT_EQ(result, int(QDialog::Accepted));
+    form.show();
+    form.findChild<QPushButton*>("No")->click();
+    EXPECT_EQ(result, int(QDialog::Rejected));
+}
+
+TEST(FormWidgets, CarryTheirNamesAndStarts)
+{
+    const std::unique_ptr<QLineEdit> number(numberEdit("N", "1.5"));
+    EXPECT_EQ(number->objectName(), QString("N"));
+    int place = 0;
+    for (const char* typed : {"-2.5", "+", ".5", ""}) {
+        QString text = typed;
+        EXPECT_NE(number->validator()->validate(text, place), QValidator::Invalid) << typed;
+    }
+    for (const char* typed : {"a", "1,5", "1e5", " 1"}) {
+        QString text = typed;
+        EXPECT_EQ(number->validator()->validate(text, place), QValidator::Invalid) << typed;
+    }
+    const std::unique_ptr<QPushButton> pressed(button("B", "Жми"));
+    EXPECT_FALSE(pressed->autoDefault());
+    const std::unique_ptr<QDoubleSpinBox> real(realSpin("R", -5, 5, 0.1, 3));
+    real->setValue(1.2345);
+    EXPECT_EQ(real->value(), 1.235);
+    EXPECT_EQ(real->singleStep(), 0.1);
+    const std::unique_ptr<QComboBox> choice(combo("C", {{"раз", 1}, {"два", 2}}));
+    EXPECT_EQ(choice->itemData(1).toInt(), 2);
+    const std::unique_ptr<QLineEdit> told(disabled(tipped(within(64, edit("T")), "Подсказка")));
+    EXPECT_EQ(told->toolTip(), QString("Подсказка"));
+    EXPECT_EQ(told->maximumWidth(), 64);
+    EXPECT_FALSE(told->isEnabled());
+    const std::unique_ptr<QPlainTextEdit> log(logBox("L", 3));
+    appendToLog(log.get(), "a\n");
+    appendToLog(log.get(), "b");
+    EXPECT_EQ(log->toPlainText(), QString("a\nb"));
+    EXPECT_TRUE(log->isReadOnly());
+}
+
+TEST(FormWidgets, AButtonCallsItsSlot)
+{
+    QObject owner;
+    int pressed = 0;
+    const std::unique_ptr<QPushButton> made(button("B", "Жми", &owner, [&pressed] { ++pressed; }));
+    made->click();
+    EXPECT_EQ(pressed, 1);
+}
+
+} // namespace
