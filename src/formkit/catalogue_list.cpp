@@ -19,9 +19,9 @@ const QString kJoint = QStringLiteral(" - ");
 
 QAbstractItemView* makeView(const Catalogue& catalogue)
 {
-    if (catalogue.titles.isEmpty())
+    if (catalogue.titles.empty())
         return listBox(catalogue.listName);
-    QTableWidget* made = table(catalogue.listName, catalogue.titles);
+    QTableWidget* made = table(catalogue.listName, QStringList(catalogue.titles.begin(), catalogue.titles.end()));
     made->verticalHeader()->hide();
     made->setSelectionBehavior(QAbstractItemView::SelectRows);
     made->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -128,7 +128,7 @@ void CatalogueList::addEntry(const sql::Result& rows, int row)
     QStringList texts;
     for (int column = 1; column <= catalogue_.texts; ++column)
         texts << rows.getvalue(row, column);
-    if (catalogue_.titles.isEmpty())
+    if (catalogue_.titles.empty())
         texts = QStringList(texts.join(kJoint));
     QAbstractItemModel* model = view_->model();
     const int at = model->rowCount();

@@ -24,10 +24,10 @@ struct Catalogue {
     int texts = 1;     ///< columns that are shown
     /// Titles of the columns; without them an entry is one line, its texts
     /// joined by " - ".
-    QStringList titles;
+    std::vector<QString> titles;
     /// Statements with the key for %1 whose one number says how often the entry
     /// is used: any but 0 refuses its deletion.
-    QStringList counts;
+    std::vector<QString> counts;
     QString refusal;
     QString question; ///< %1 is the entry's text
     QString remove;   ///< statement with the key for %1

@@ -12,7 +12,7 @@ namespace formkit {
 struct FileQuestion {
     QString title;
     QString filter;                  ///< e.g. "*.terva" or "csv (*.csv);;txt (*.txt)"
-    QString start = QString(); ///< a file or a folder; empty: where the last one ended
+    QString start = QString();       ///< a file or a folder; empty: where the last one ended
     QString* chosenFilter = nullptr; ///< preset and answer, for those with several
 };
 

@@ -5,6 +5,7 @@
 
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QGroupBox>
 #include <gtest/gtest.h>
 
 using namespace formkit;

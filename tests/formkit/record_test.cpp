@@ -5,7 +5,9 @@
 
 #include <script/modal_driver.h>
 
+#include <QComboBox>
 #include <QDateEdit>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -121,7 +123,7 @@ const Record device = {
     "UPDATE devices SET(name, serial, description) = ('%1', '%2', '%3') WHERE device_id = %4",
 };
 
-Catalogue devices(const QStringList& titles = {})
+Catalogue devices(const std::vector<QString>& titles = {})
 {
     Catalogue catalogue;
     catalogue.listName = "Devices";
