@@ -1,24 +1,17 @@
 #include "entry/about_form.h"
 
-#include <QDialogButtonBox>
-#include <QLabel>
-#include <QVBoxLayout>
+#include "formkit/end_buttons.h"
+#include "formkit/layout.h"
+#include "formkit/widgets.h"
+
+using namespace formkit;
 
 AboutForm::AboutForm(QWidget* parent) : QDialog(parent)
 {
-    setObjectName(QStringLiteral("AboutForm"));
-    setWindowTitle(QStringLiteral("О программе"));
-
-    auto* text = new QLabel(QStringLiteral("<h2>Терва</h2>"
-                                           "<p>Геотехнический мониторинг зданий на многолетнемёрзлых грунтах</p>"
-                                           "<p>Версия %1</p>")
-                                .arg(QStringLiteral(TERVA_VERSION)),
-                            this);
-    text->setObjectName(QStringLiteral("AboutText"));
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(text);
-    layout->addWidget(buttons);
+    nameForm(this, "AboutForm", "О программе");
+    const QString text = QStringLiteral("<h2>Терва</h2>"
+                                        "<p>Геотехнический мониторинг зданий на многолетнемёрзлых грунтах</p>"
+                                        "<p>Версия %1</p>")
+                             .arg(QStringLiteral(TERVA_VERSION));
+    layOut(this).column({named<QLabel>("AboutText", text), endButtons(this, {ok()})});
 }

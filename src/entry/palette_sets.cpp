@@ -1,6 +1,7 @@
 #include "entry/palette_sets.h"
 
 #include "database/forms/sql_form.h"
+#include "formkit/palette_page.h"
 
 #include <nrx/application.h>
 #include <nrx/palettes.h>
@@ -8,7 +9,6 @@
 #include <QLabel>
 #include <QVBoxLayout>
 #include <array>
-#include <functional>
 #include <vector>
 
 namespace {
@@ -18,32 +18,16 @@ constexpr unsigned kPaletteStyle = 46;
 constexpr unsigned kDockBar = 59420;
 const QRect kFirstPlace(30, 50, 270, 300);
 
-struct Page {
-    const char* title;
-    std::function<QWidget*(QWidget* parent)> make;
-    std::function<void(QWidget* form)> refresh;
-};
-
 struct Description {
     const char* title;
     unsigned windowStyle;
-    std::vector<Page> pages;
+    std::vector<PalettePage> pages;
 };
 
-QWidget* sampleLabel(QWidget* parent) { return new QLabel(QStringLiteral("Terva"), parent); }
-
-Page samplePage(const char* title)
+PalettePage samplePage(const char* title)
 {
-    return {title, sampleLabel, [](QWidget*) {}};
-}
-
-Page sqlPage()
-{
-    return {"SQL", [](QWidget* parent) -> QWidget* { return new SQLForm(parent); },
-            [](QWidget* form) {
-                if (auto* sql = qobject_cast<SQLForm*>(form))
-                    sql->refresh();
-            }};
+    return {title, [](QWidget* parent) -> QWidget* { return new QLabel(QStringLiteral("Terva"), parent); },
+            [](QWidget*) {}};
 }
 
 // A slot without pages has no form built for it yet; nothing opens it.
@@ -52,7 +36,7 @@ const std::array<Description, kPaletteSlotCount>& descriptions()
     static const std::array<Description, kPaletteSlotCount> rows = {{
         {"Test Qt Palette Set", 0x50400000, {samplePage("Test Qt Palette1"), samplePage("Another Qt Palette1")}},
         {"UI pal set", 0x50400000, {}},
-        {"Параметры проекта", 0x50400000, {sqlPage()}},
+        {"Параметры проекта", 0x50400000, {palettePage<SQLForm>("SQL")}},
         {"Состав проекта", 0x50410000, {}},
         {"Элемент ГМН", 0x50410000, {}},
         {"Элементы ГМН", 0x50400000, {}},
@@ -68,7 +52,7 @@ std::array<std::unique_ptr<hostUiPaletteSet>, kPaletteSlotCount>& sets()
 
 const Description& description(PaletteSlot slot) { return descriptions()[size_t(slot)]; }
 
-void addPage(hostUiPaletteSet* set, const Page& page)
+void addPage(hostUiPaletteSet* set, const PalettePage& page)
 {
     auto* palette = new hostQtPalette;
     hostQtPalette_Create(palette, kPageStyle, QString::fromUtf8(page.title));
@@ -87,7 +71,7 @@ std::unique_ptr<hostUiPaletteSet> makeSet(const Description& wanted)
                             ndsw_ncadMainWnd(), kPaletteStyle);
     hostUiPaletteSet_EnableDocking(set.get(), kDockAnySide);
     hostUiPaletteSet_RestoreControlBar(set.get(), kDockBar);
-    for (const Page& page : wanted.pages)
+    for (const PalettePage& page : wanted.pages)
         addPage(set.get(), page);
     hostUiPaletteSet_SetActivePalette(set.get(), 0);
     set->window()->resize(hostUiPaletteSet_GetClientRect(set.get()).size());
@@ -109,7 +93,7 @@ void refreshSet(PaletteSlot slot)
     const hostUiPaletteSet* set = paletteSet(slot);
     if (!set)
         return;
-    const std::vector<Page>& pages = description(slot).pages;
+    const std::vector<PalettePage>& pages = description(slot).pages;
     for (int i = 0; i < int(pages.size()); ++i) {
         if (QWidget* form = pageForm(set, i))
             pages[size_t(i)].refresh(form);

@@ -2,14 +2,16 @@
 
 #include "base/text.h"
 #include "elements/measures/family_measures.h"
+#include "formkit/layout.h"
+#include "formkit/widgets.h"
 
 #include <QHeaderView>
-#include <QLabel>
 #include <QSplitter>
 #include <QStandardItemModel>
 #include <QStyle>
 #include <QTableView>
-#include <QVBoxLayout>
+
+using namespace formkit;
 
 namespace {
 
@@ -24,25 +26,22 @@ QStandardItem* numberItem(double number)
 } // namespace
 
 TSDataViewer::TSDataViewer(QWidget* parent)
-    : QDialog(parent), model_(new QStandardItemModel(this)), table_(new QTableView), picture_(new QLabel)
+    : QDialog(parent),
+      model_(new QStandardItemModel(this)),
+      table_(named<QTableView>("DataView")),
+      picture_(named<QLabel>("ChartLabel"))
 {
-    setObjectName(QStringLiteral("TSDataViewer"));
+    nameForm(this, "TSDataViewer", QString());
     model_->setHorizontalHeaderLabels({QStringLiteral("Глубина, м"), QStringLiteral("Температура, °C")});
-    table_->setObjectName(QStringLiteral("DataView"));
     table_->setModel(model_);
     table_->verticalHeader()->hide();
-    picture_->setObjectName(QStringLiteral("ChartLabel"));
     picture_->setScaledContents(true);
     picture_->setAlignment(Qt::AlignCenter);
     // The picture follows the label, never the label the picture.
     picture_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     picture_->setMinimumSize(280, 200);
     chart_.setPictureSize(400, 300);
-    buildLayout();
-}
 
-void TSDataViewer::buildLayout()
-{
     auto* parts = new QSplitter(Qt::Horizontal);
     parts->addWidget(table_);
     parts->addWidget(picture_);
@@ -51,8 +50,7 @@ void TSDataViewer::buildLayout()
     parts->setChildrenCollapsible(false);
     parts->setSizes({220, 480}); // the table takes what it needs
     connect(parts, &QSplitter::splitterMoved, this, &TSDataViewer::renderPicture);
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(parts);
+    layOut(this).column({parts});
     resize(760, 460);
 }
 

@@ -25,7 +25,6 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void buildLayout();
     void fillTable(const TemperatureCurve& profile);
     void plot(const TSMeasure& measure, const TemperatureCurve& profile);
     void renderPicture();

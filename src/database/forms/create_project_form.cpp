@@ -1,18 +1,16 @@
 #include "database/forms/create_project_form.h"
 
-#include "database/forms/field_rows.h"
+#include "formkit/boxes.h"
+#include "formkit/widgets.h"
+#include "session/forms/connection_fields.h"
 #include "session/forms/palette_refresh.h"
 #include "session/forms/project_file_dialogs.h"
 
-#include <QCheckBox>
 #include <QCoreApplication>
-#include <QFileDialog>
 #include <QFileInfo>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPlainTextEdit>
-#include <QPushButton>
 #include <QTabWidget>
+
+using namespace formkit;
 
 namespace {
 
@@ -27,10 +25,8 @@ void CreateProjectForm::goBack() { pages_->setCurrentIndex(pages_->currentIndex(
 void CreateProjectForm::goOn()
 {
     const QString missing = missingOn(pages_->currentIndex());
-    if (!missing.isEmpty()) {
-        warn(missing);
-        return;
-    }
+    if (!missing.isEmpty())
+        return warn(this, missing);
     pages_->setCurrentIndex(pages_->currentIndex() + 1);
 }
 
@@ -43,11 +39,12 @@ QString CreateProjectForm::missingOn(int page) const
                                   "следующему шагу.");
         break;
     case DataPage:
-        if (name_->text().isEmpty() || code_->text().isEmpty() || organization_->text().isEmpty())
+        if (data_->text("ProjectName").isEmpty() || data_->text("ProjectCode").isEmpty()
+            || data_->text("ProjectOrganization").isEmpty())
             return QStringLiteral("Пожалуйста, заполните все обязательные поля (Наименование, Шифр, Организация).");
         break;
     case PathsPage:
-        if (projectFile_->text().isEmpty() || workDir_->text().isEmpty())
+        if (paths_->text("ProjectFile").isEmpty() || paths_->text("WorkingDir").isEmpty())
             return QStringLiteral("Необходимо выбрать папку для создания файла настроек проекта.");
         break;
     }
@@ -62,8 +59,6 @@ void CreateProjectForm::updateButtons()
     create_->setEnabled(page == PathsPage);
 }
 
-void CreateProjectForm::warn(const QString& text) { QMessageBox::warning(this, QStringLiteral("Внимание"), text); }
-
 void CreateProjectForm::reject()
 {
     if (!creating_)
@@ -72,44 +67,33 @@ void CreateProjectForm::reject()
 
 // --- paths -------------------------------------------------------------------------
 
-void CreateProjectForm::selectSchema()
+// The file says where the project's folders are.
+QString CreateProjectForm::chooseProjectFile(const QString& now)
 {
-    const QString path =
-        QFileDialog::getOpenFileName(this, QStringLiteral("Файл схемы БД"), schemaPath_, QStringLiteral("*.sql"));
-    if (!path.isEmpty())
-        schema_->setText(path);
-}
-
-void CreateProjectForm::selectProjectFile()
-{
-    const QString path = askNewProjectFile(this, projectFile_->text());
+    const QString path = askNewProjectFile(this, now);
     if (path.isEmpty())
-        return;
+        return path;
     const QString folder = QFileInfo(path).path();
-    projectFile_->setText(path);
-    workDir_->setText(folder);
-    templateDir_->setText(folder + QStringLiteral("/templates"));
-    tempDir_->setText(folder + QStringLiteral("/temp"));
+    paths_->setText("WorkingDir", folder);
+    paths_->setText("TemplateDir", folder + QStringLiteral("/templates"));
+    paths_->setText("TempDir", folder + QStringLiteral("/temp"));
+    return path;
 }
 
 // --- the connection's test -----------------------------------------------------------
 
-ConnectionParameters CreateProjectForm::parameters() const
-{
-    return {host_->text(), port_->text(), database_->text(), user_->text(), password_->text()};
-}
-
 bool CreateProjectForm::fieldsAreGood()
 {
-    if (host_->text().isEmpty() || port_->text().isEmpty() || database_->text().isEmpty() || user_->text().isEmpty()) {
-        warn(QStringLiteral("Поля не должны быть пустыми."));
+    const ConnectionParameters entered = connectionIn(*connection_);
+    if (entered.host.isEmpty() || entered.port.isEmpty() || entered.database.isEmpty() || entered.user.isEmpty()) {
+        warn(this, "Поля не должны быть пустыми.");
         return false;
     }
     // Capitals pass here: a name may have been pasted in past the validator.
     const QRegularExpression pattern(QString::fromLatin1(databaseNamePattern),
                                      QRegularExpression::CaseInsensitiveOption);
-    if (!pattern.match(database_->text()).hasMatch()) {
-        warn(QStringLiteral("Некорректно задано имя базы данных."));
+    if (!pattern.match(entered.database).hasMatch()) {
+        warn(this, "Некорректно задано имя базы данных.");
         return false;
     }
     return true;
@@ -122,19 +106,11 @@ void CreateProjectForm::testConnection()
     project_.connected = false;
     if (!fieldsAreGood())
         return;
-    if (testServer(parameters(), [this](const QString& text) { appendToLog(testLog_, text); }))
-        takeTested();
-}
-
-void CreateProjectForm::takeTested()
-{
-    const ConnectionParameters tested = parameters();
+    const ConnectionParameters tested = connectionIn(*connection_);
+    if (!testServer(tested, [this](const QString& text) { appendToLog(testLog_, text); }))
+        return;
+    putConnection(project_, tested);
     project_.sqlType = 0;
-    project_.sqlHost = tested.host;
-    project_.sqlPort = tested.port;
-    project_.sqlUser = tested.user;
-    project_.sqlPass = tested.password;
-    project_.sqlDatabase = tested.database;
     project_.connected = true;
     connectionTested_ = true;
 }
@@ -144,27 +120,25 @@ void CreateProjectForm::takeTested()
 NewProject CreateProjectForm::newProject() const
 {
     NewProject project;
-    project.name = name_->text();
-    project.code = code_->text();
-    project.organization = organization_->text();
-    project.description = description_->text();
-    project.projectFile = projectFile_->text();
-    project.workDir = workDir_->text();
-    project.templateDir = templateDir_->text();
-    project.tempDir = tempDir_->text();
-    project.schemaPath = schemaPath_;
+    project.name = data_->text("ProjectName");
+    project.code = data_->text("ProjectCode");
+    project.organization = data_->text("ProjectOrganization");
+    project.description = data_->text("ProjectDescriprion");
+    project.projectFile = paths_->text("ProjectFile");
+    project.workDir = paths_->text("WorkingDir");
+    project.templateDir = paths_->text("TemplateDir");
+    project.tempDir = paths_->text("TempDir");
+    project.schemaPath = connection_->text("SchemaPath");
     project.proj4Text = proj4_->toPlainText();
-    project.copyTemplates = copyTemplates_->isChecked();
+    project.copyTemplates = paths_->text("CopyTemplateCB") == QLatin1String("1");
     project.connectionTested = connectionTested_;
     return project;
 }
 
 void CreateProjectForm::createProject()
 {
-    if (!connectionTested_) {
-        warn(QStringLiteral("Пожалуйста, выполните успешный тест соединения с базой данных."));
-        return;
-    }
+    if (!connectionTested_)
+        return warn(this, "Пожалуйста, выполните успешный тест соединения с базой данных.");
     pages_->setCurrentIndex(LogPage);
     updateButtons();
     creating_ = true;

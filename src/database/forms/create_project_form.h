@@ -4,13 +4,12 @@
 // opened.
 
 #include "database/provisioning/project_creation.h"
+#include "formkit/field_pane.h"
 #include "session/project_session.h"
 
 #include <QDialog>
 
 class QCheckBox;
-class QFormLayout;
-class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
 class QTabWidget;
@@ -24,53 +23,32 @@ public:
     void reject() override; ///< not while a project is being made
 
 private:
-    QWidget* buildConnectionPage();
-    QWidget* buildDataPage();
-    QWidget* buildPathsPage();
-    QWidget* buildLogPage();
-    QWidget* buildButtons();
-    void addFolderRow(QFormLayout* form, const struct FolderRow& row, QLineEdit*& field);
+    QLayout* connectionPage();
+    void connectControls();
     void fillDefaults();
 
-    void selectSchema();
-    void selectProjectFile();
+    QString chooseProjectFile(const QString& now);
     void goBack();
     void goOn();
     QString missingOn(int page) const;
     void updateButtons();
     void testConnection();
-    ConnectionParameters parameters() const;
     bool fieldsAreGood();
-    void takeTested();
     void createProject();
     NewProject newProject() const;
     void openCreated();
     void showStep(const QString& text);
-    void warn(const QString& text);
 
     ProjectSession project_;
-    QString schemaPath_;
     bool connectionTested_ = false;
     bool creating_ = false;
 
     QTabWidget* pages_;
-    QLineEdit* host_ = nullptr;
-    QLineEdit* port_ = nullptr;
-    QLineEdit* database_ = nullptr;
-    QLineEdit* user_ = nullptr;
-    QLineEdit* password_ = nullptr;
-    QLineEdit* schema_ = nullptr;
+    formkit::FieldPane* connection_ = nullptr;
+    formkit::FieldPane* data_ = nullptr;
+    formkit::FieldPane* paths_ = nullptr;
     QPlainTextEdit* proj4_ = nullptr;
     QPlainTextEdit* testLog_ = nullptr;
-    QLineEdit* name_ = nullptr;
-    QLineEdit* code_ = nullptr;
-    QLineEdit* organization_ = nullptr;
-    QLineEdit* description_ = nullptr;
-    QLineEdit* projectFile_ = nullptr;
-    QLineEdit* workDir_ = nullptr;
-    QLineEdit* templateDir_ = nullptr;
-    QLineEdit* tempDir_ = nullptr;
-    QCheckBox* copyTemplates_ = nullptr;
     QPlainTextEdit* log_ = nullptr;
     QCheckBox* openProject_ = nullptr;
     QPushButton* back_ = nullptr;

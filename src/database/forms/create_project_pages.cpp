@@ -1,176 +1,123 @@
 // The wizard's pages and their widgets.
 #include "database/forms/create_project_form.h"
 
-#include "database/forms/field_rows.h"
 #include "database/forms/projection_fields.h"
+#include "formkit/file_questions.h"
+#include "formkit/layout.h"
+#include "formkit/widgets.h"
+#include "session/forms/connection_fields.h"
 
-#include <QCheckBox>
-#include <QFileDialog>
 #include <QFileInfo>
-#include <QFormLayout>
-#include <QHBoxLayout>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QRegularExpressionValidator>
-#include <QTabWidget>
-#include <QVBoxLayout>
 
-/// A folder of the project: how it is shown and asked for.
-struct FolderRow {
-    const char* label;
-    const char* field;
-    const char* button;
-    const char* title;
-    const char* start; ///< where the choice starts while the field is empty
-};
+using namespace formkit;
 
 namespace {
 
-const FolderRow workRow{"Рабочая папка проекта", "WorkingDir", "btn_selectWorkPath", "Рабочая папка проекта", "/work"};
-const FolderRow templateRow{"Папка шаблонов", "TemplateDir", "btn_SelectTemplatePath", "Папка шаблонов проекта",
-                            "/work"};
-const FolderRow tempRow{"Временные файлы", "TempDir", "btn_SelectTempPath", "Временные файлы проекта", "/temp"};
-
 QString orElse(const QString& text, const QString& other) { return text.isEmpty() ? other : text; }
+
+QPushButton* roomy(const QString& name, const QString& caption, const QString& later = QString())
+{
+    QPushButton* made = button(name, caption);
+    keepRoomFor(made, caption);
+    keepRoomFor(made, later);
+    return made;
+}
+
+FieldList connectionPageFields()
+{
+    FieldList fields = connectionFields({"Сервер", "Порт", "База данных", "Пользователь", "Пароль"});
+    for (Field& field : fields) {
+        if (field.name == QLatin1String("Database"))
+            field.pattern = QString::fromLatin1(databaseNamePattern);
+    }
+    fields.push_back(Field::fileToOpen("SchemaPath", "Файл схемы", "SelectShemaBtn", "Файл схемы БД", "*.sql"));
+    return fields;
+}
+
+const FieldList dataFields = {
+    Field::text("ProjectName", "Наименование проекта"),
+    Field::text("ProjectCode", "Шифр проекта"),
+    Field::text("ProjectOrganization", "Организация"),
+    // The name is spelled so wherever the description is edited.
+    Field::text("ProjectDescriprion", "Описание"),
+};
+
+// A folder of the project; the choice starts at `start` while the field is empty.
+Field folderField(const char* name, const char* caption, const char* button, const char* title, const char* start)
+{
+    return Field::path(name, caption, button, [title, start](QWidget* form, const QString& now) {
+        return askFolder(form, title, orElse(now, start));
+    });
+}
+
+FieldList pathFields(const Field::Chooser& chooseFile)
+{
+    return {
+        Field::path("ProjectFile", "Файл проекта:", "btn_OpenProject", chooseFile),
+        folderField("WorkingDir", "Рабочая папка проекта", "btn_selectWorkPath", "Рабочая папка проекта", "/work"),
+        folderField("TemplateDir", "Папка шаблонов", "btn_SelectTemplatePath", "Папка шаблонов проекта", "/work"),
+        folderField("TempDir", "Временные файлы", "btn_SelectTempPath", "Временные файлы проекта", "/temp"),
+        Field::check("CopyTemplateCB", "Копировать примеры шаблонов"),
+    };
+}
 
 } // namespace
 
 CreateProjectForm::CreateProjectForm(QWidget* parent) : QDialog(parent)
 {
-    setObjectName(QStringLiteral("CreateProjectForm"));
-    setWindowTitle(QStringLiteral("Создание проекта"));
-    pages_ = new QTabWidget;
-    pages_->setObjectName(QStringLiteral("Pages"));
-    pages_->addTab(buildConnectionPage(), QStringLiteral("SQL соединение"));
-    pages_->addTab(buildDataPage(), QStringLiteral("Данные проекта"));
-    pages_->addTab(buildPathsPage(), QStringLiteral("Пути проекта"));
-    pages_->addTab(buildLogPage(), QStringLiteral("Создание проекта"));
-
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(pages_);
-    layout->addWidget(buildButtons());
+    nameForm(this, "CreateProjectForm", "Создание проекта");
+    const auto chooseFile = [this](QWidget*, const QString& now) { return chooseProjectFile(now); };
+    layOut(this).column({
+        pages_ = tabs("Pages").pages({
+            {"SQL соединение", connectionPage()},
+            {"Данные проекта", column({data_ = new FieldPane(dataFields), stretch()})},
+            {"Пути проекта", column({paths_ = new FieldPane(pathFields(chooseFile)), stretch()})},
+            {"Создание проекта",
+             column({log_ = logBox("CreateLog", 12), openProject_ = check("OpenProject", "Открыть проект")})},
+        }),
+        row({
+            back_ = roomy("BackBtn", "Назад"),
+            next_ = roomy("NextBtn", "Далее"),
+            stretch(),
+            create_ = roomy("CreateBtn", "Создать"),
+            cancel_ = roomy("CancelBtn", "Отмена", "Закрыть"),
+        }),
+    });
     pages_->setUsesScrollButtons(false); // all titles are to be read at once
     resize(qMax(640, sizeHint().width()), 640);
-
-    connect(pages_, &QTabWidget::currentChanged, this, &CreateProjectForm::updateButtons);
+    proj4_->setPlaceholderText(QString()); // an example here has been taken for a value
+    connectControls();
     fillDefaults();
     updateButtons();
+}
+
+QLayout* CreateProjectForm::connectionPage()
+{
+    return column({
+        connection_ = new FieldPane(connectionPageFields()),
+        projectionFields(proj4_, project_.moduleDir),
+        button("btn_testconnect", "Тест соединения", this, &CreateProjectForm::testConnection),
+        growing(testLog_ = logBox("ConnOutput", 5)),
+    });
+}
+
+void CreateProjectForm::connectControls()
+{
+    connect(pages_, &QTabWidget::currentChanged, this, &CreateProjectForm::updateButtons);
+    connect(back_, &QPushButton::clicked, this, &CreateProjectForm::goBack);
+    connect(next_, &QPushButton::clicked, this, &CreateProjectForm::goOn);
+    connect(create_, &QPushButton::clicked, this, &CreateProjectForm::createProject);
+    connect(cancel_, &QPushButton::clicked, this, &CreateProjectForm::reject);
 }
 
 void CreateProjectForm::fillDefaults()
 {
     const ProjectSession& module = session();
-    host_->setText(orElse(module.sqlHost, module.defaultHost));
-    port_->setText(orElse(module.sqlPort, module.defaultPort));
-    user_->setText(orElse(module.sqlUser, module.defaultUser));
+    connection_->setText("SQL_host", orElse(module.sqlHost, module.defaultHost));
+    connection_->setText("SQL_port", orElse(module.sqlPort, module.defaultPort));
+    connection_->setText("Username", orElse(module.sqlUser, module.defaultUser));
     QString script = project_.moduleDir + QStringLiteral("database.sql");
     script.replace(QLatin1Char('\\'), QLatin1Char('/'));
     if (QFileInfo::exists(script))
-        schema_->setText(script);
-}
-
-QWidget* CreateProjectForm::buildConnectionPage()
-{
-    auto* form = new QFormLayout;
-    host_ = addLineRow(form, QStringLiteral("Сервер"), "SQL_host");
-    port_ = addLineRow(form, QStringLiteral("Порт"), "SQL_port");
-    database_ = addLineRow(form, QStringLiteral("База данных"), "Database");
-    database_->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(QString::fromLatin1(databaseNamePattern)), database_));
-    user_ = addLineRow(form, QStringLiteral("Пользователь"), "Username");
-    password_ = addLineRow(form, QStringLiteral("Пароль"), "Password");
-    password_->setEchoMode(QLineEdit::Password);
-    const PathRow schema = addPathRow(form, QStringLiteral("Файл схемы"), "SchemaPath", "SelectShemaBtn");
-    schema_ = schema.field;
-    connect(schema_, &QLineEdit::textChanged, this, [this](const QString& path) { schemaPath_ = path; });
-    connect(schema.button, &QPushButton::clicked, this, &CreateProjectForm::selectSchema);
-
-    auto* page = new QWidget;
-    auto* layout = new QVBoxLayout(page);
-    layout->addLayout(form);
-    proj4_ = addProjectionFields(layout, project_.moduleDir).text;
-    proj4_->setPlaceholderText(QString()); // an example here has been taken for a value
-    auto* test = makeButton(QStringLiteral("Тест соединения"), "btn_testconnect");
-    connect(test, &QPushButton::clicked, this, &CreateProjectForm::testConnection);
-    layout->addWidget(test);
-    testLog_ = makeLog("ConnOutput", 5);
-    layout->addWidget(testLog_, 1);
-    return page;
-}
-
-QWidget* CreateProjectForm::buildDataPage()
-{
-    auto* page = new QWidget;
-    auto* form = new QFormLayout(page);
-    name_ = addLineRow(form, QStringLiteral("Наименование проекта"), "ProjectName");
-    code_ = addLineRow(form, QStringLiteral("Шифр проекта"), "ProjectCode");
-    organization_ = addLineRow(form, QStringLiteral("Организация"), "ProjectOrganization");
-    // The name is spelled so wherever the description is edited.
-    description_ = addLineRow(form, QStringLiteral("Описание"), "ProjectDescriprion");
-    return page;
-}
-
-void CreateProjectForm::addFolderRow(QFormLayout* form, const FolderRow& row, QLineEdit*& field)
-{
-    const PathRow made = addPathRow(form, QString::fromUtf8(row.label), row.field, row.button);
-    QLineEdit* edit = field = made.field;
-    connect(made.button, &QPushButton::clicked, this, [this, &row, edit] {
-        const QString folder = QFileDialog::getExistingDirectory(
-            this, QString::fromUtf8(row.title), orElse(edit->text(), QString::fromLatin1(row.start)),
-            QFileDialog::ShowDirsOnly | QFileDialog::DontResolveSymlinks);
-        if (!folder.isEmpty())
-            edit->setText(folder);
-    });
-}
-
-QWidget* CreateProjectForm::buildPathsPage()
-{
-    auto* page = new QWidget;
-    auto* form = new QFormLayout(page);
-    const PathRow file = addPathRow(form, QStringLiteral("Файл проекта:"), "ProjectFile", "btn_OpenProject");
-    projectFile_ = file.field;
-    connect(file.button, &QPushButton::clicked, this, &CreateProjectForm::selectProjectFile);
-    addFolderRow(form, workRow, workDir_);
-    addFolderRow(form, templateRow, templateDir_);
-    addFolderRow(form, tempRow, tempDir_);
-    copyTemplates_ = new QCheckBox(QStringLiteral("Копировать примеры шаблонов"));
-    copyTemplates_->setObjectName(QStringLiteral("CopyTemplateCB"));
-    form->addRow(QString(), copyTemplates_);
-    return page;
-}
-
-QWidget* CreateProjectForm::buildLogPage()
-{
-    auto* page = new QWidget;
-    auto* layout = new QVBoxLayout(page);
-    log_ = makeLog("CreateLog", 12);
-    layout->addWidget(log_);
-    openProject_ = new QCheckBox(QStringLiteral("Открыть проект"));
-    openProject_->setObjectName(QStringLiteral("OpenProject"));
-    layout->addWidget(openProject_);
-    return page;
-}
-
-QWidget* CreateProjectForm::buildButtons()
-{
-    back_ = makeButton(QStringLiteral("Назад"), "BackBtn");
-    next_ = makeButton(QStringLiteral("Далее"), "NextBtn");
-    create_ = makeButton(QStringLiteral("Создать"), "CreateBtn");
-    cancel_ = makeButton(QStringLiteral("Отмена"), "CancelBtn");
-    keepRoomFor(cancel_, QStringLiteral("Закрыть"));
-    connect(back_, &QPushButton::clicked, this, &CreateProjectForm::goBack);
-    connect(next_, &QPushButton::clicked, this, &CreateProjectForm::goOn);
-    connect(create_, &QPushButton::clicked, this, &CreateProjectForm::createProject);
-    connect(cancel_, &QPushButton::clicked, this, &CreateProjectForm::reject);
-
-    auto* row = new QWidget;
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(back_);
-    layout->addWidget(next_);
-    layout->addStretch();
-    layout->addWidget(create_);
-    layout->addWidget(cancel_);
-    return row;
+        connection_->setText("SchemaPath", script);
 }

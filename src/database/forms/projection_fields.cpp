@@ -1,12 +1,10 @@
 #include "database/forms/projection_fields.h"
 
-#include "database/forms/field_rows.h"
 #include "database/provisioning/projections.h"
+#include "formkit/layout.h"
+#include "formkit/widgets.h"
 
-#include <QBoxLayout>
-#include <QComboBox>
-#include <QLabel>
-#include <QPlainTextEdit>
+using namespace formkit;
 
 namespace {
 
@@ -27,27 +25,22 @@ void fillProjections(QComboBox* list, const QString& path)
 
 } // namespace
 
-ProjectionFields addProjectionFields(QBoxLayout* layout, const QString& moduleDir)
+QLayout* projectionFields(QPlainTextEdit*& text, const QString& moduleDir)
 {
-    auto* text = new QPlainTextEdit;
-    text->setObjectName(QStringLiteral("Proj4Text"));
+    QLabel* caption = nullptr;
+    QComboBox* list = nullptr;
+    QLayout* made = column({
+        caption = label("Параметры проекции (proj4)"),
+        text = linesEdit("Proj4Text", 6),
+        list = combo("ProjectionCombo"),
+    });
+    caption->setBuddy(text);
     text->setPlaceholderText(QString::fromLatin1(exampleProjection));
     text->setToolTip(QStringLiteral("Например: ") + QString::fromLatin1(exampleProjection));
-    text->setTabChangesFocus(true);
-    setLeastLines(text, 6);
-
-    auto* list = new QComboBox;
-    list->setObjectName(QStringLiteral("ProjectionCombo"));
     fillProjections(list, projectionsPath(moduleDir));
-    QObject::connect(list, QOverload<int>::of(&QComboBox::activated), text, [list, text](int index) {
+    QObject::connect(list, QOverload<int>::of(&QComboBox::activated), text, [list, text = text](int index) {
         if (index > 0)
             text->setPlainText(list->itemData(index).toString());
     });
-
-    auto* label = new QLabel(QStringLiteral("Параметры проекции (proj4)"));
-    label->setBuddy(text);
-    layout->addWidget(label);
-    layout->addWidget(text);
-    layout->addWidget(list);
-    return {text, list};
+    return made;
 }

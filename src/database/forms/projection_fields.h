@@ -1,16 +1,12 @@
 #pragma once
 // The two fields in which a project's coordinate system is chosen.
 
-class QBoxLayout;
-class QComboBox;
+class QLayout;
 class QPlainTextEdit;
 class QString;
 
-struct ProjectionFields {
-    QPlainTextEdit* text; ///< "Proj4Text": the PROJ definition
-    QComboBox* list;      ///< "ProjectionCombo": choosing an entry replaces the text
-};
-
-/// Makes the fields below their label. The list comes from the file delivered
-/// beside the module; without it the box is disabled.
-ProjectionFields addProjectionFields(QBoxLayout* layout, const QString& moduleDir);
+/// The fields below their label: "Proj4Text", the PROJ definition, which is
+/// given to `text`, and "ProjectionCombo", an entry of which replaces it. The
+/// list comes from the file delivered beside the module; without it the box is
+/// disabled.
+QLayout* projectionFields(QPlainTextEdit*& text, const QString& moduleDir);

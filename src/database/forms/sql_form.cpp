@@ -1,18 +1,16 @@
 #include "database/forms/sql_form.h"
 
-#include "database/forms/field_rows.h"
 #include "database/forms/projection_fields.h"
+#include "formkit/layout.h"
+#include "formkit/widgets.h"
+#include "session/forms/connection_fields.h"
 #include "session/forms/palette_refresh.h"
 #include "session/project_session.h"
 
-#include <QComboBox>
-#include <QFormLayout>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QVBoxLayout>
+
+using namespace formkit;
 
 namespace {
 
@@ -29,17 +27,38 @@ const ServerKind serverKinds[] = {
     {"My SQL (Maria DB)", "1434"},
 };
 
+FieldList pageFields()
+{
+    Choices kinds;
+    for (const ServerKind& kind : serverKinds)
+        kinds.append({QString::fromLatin1(kind.text), kinds.size()});
+    FieldList fields = connectionFields({"Сервер", "Порт", "База данных", "Пользователь", "Пароль"});
+    fields.insert(fields.begin(), Field::choice("SQL_type", "Сервер SQL", [kinds] { return kinds; }));
+    return fields;
+}
+
 } // namespace
 
 // The page may be docked low, so it scrolls; it does not get too narrow for its
 // buttons.
 SQLForm::SQLForm(QWidget* parent) : QWidget(parent)
 {
-    setObjectName(QStringLiteral("SQLForm"));
+    setObjectName("SQLForm");
     auto* page = new QWidget;
-    auto* layout = new QVBoxLayout(page);
-    buildConnection(layout);
-    buildProjection(layout);
+    layOut(page).column({
+        fields_ = new FieldPane(pageFields()),
+        log_ = logBox("ConnOutput", 4),
+        roomy("btn_testconnect", "Тест соединения", &SQLForm::testConnection),
+        row({
+            save_ = disabled(roomy("btn_saveparams", "Сохранить", &SQLForm::saveParameters)),
+            connect_ = disabled(roomy("ConnectBTN", "Подключить", &SQLForm::openConnection)),
+        }),
+        projectionFields(proj4_, session().moduleDir),
+        updateGeometry_ = roomy("btn_updategeom", "Обновить геометрию (PostGIS)", &SQLForm::updateGeometry),
+        stretch(),
+    });
+    type_ = fields_->widget<QComboBox>("SQL_type");
+    connect(type_, QOverload<int>::of(&QComboBox::activated), this, &SQLForm::chooseServerKind);
 
     auto* scroll = new QScrollArea;
     scroll->setWidgetResizable(true);
@@ -47,66 +66,23 @@ SQLForm::SQLForm(QWidget* parent) : QWidget(parent)
     scroll->setWidget(page);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll->setMinimumWidth(page->minimumSizeHint().width() + scroll->verticalScrollBar()->sizeHint().width());
-    auto* outer = new QVBoxLayout(this);
-    outer->setContentsMargins(0, 0, 0, 0);
-    outer->addWidget(scroll);
+    layOut(this).column({scroll});
+    layout()->setContentsMargins(0, 0, 0, 0);
     refresh();
 }
 
-void SQLForm::buildConnection(QVBoxLayout* layout)
+QPushButton* SQLForm::roomy(const QString& name, const QString& caption, void (SQLForm::*slot)())
 {
-    type_ = new QComboBox;
-    type_->setObjectName(QStringLiteral("SQL_type"));
-    for (const ServerKind& kind : serverKinds)
-        type_->addItem(QString::fromLatin1(kind.text));
-    connect(type_, QOverload<int>::of(&QComboBox::activated), this, &SQLForm::chooseServerKind);
-
-    auto* form = new QFormLayout;
-    form->addRow(QStringLiteral("Сервер SQL"), type_);
-    host_ = addLineRow(form, QStringLiteral("Сервер"), "SQL_host");
-    port_ = addLineRow(form, QStringLiteral("Порт"), "SQL_port");
-    database_ = addLineRow(form, QStringLiteral("База данных"), "Database");
-    user_ = addLineRow(form, QStringLiteral("Пользователь"), "Username");
-    password_ = addLineRow(form, QStringLiteral("Пароль"), "Password");
-    password_->setEchoMode(QLineEdit::Password);
-    log_ = makeLog("ConnOutput", 4);
-
-    test_ = makeButton(QStringLiteral("Тест соединения"), "btn_testconnect");
-    save_ = makeButton(QStringLiteral("Сохранить"), "btn_saveparams");
-    connect_ = makeButton(QStringLiteral("Подключить"), "ConnectBTN");
-    save_->setEnabled(false);
-    connect_->setEnabled(false);
-    connect(test_, &QPushButton::clicked, this, &SQLForm::testConnection);
-    connect(save_, &QPushButton::clicked, this, &SQLForm::saveParameters);
-    connect(connect_, &QPushButton::clicked, this, &SQLForm::openConnection);
-
-    auto* pair = new QHBoxLayout;
-    pair->addWidget(save_);
-    pair->addWidget(connect_);
-    layout->addLayout(form);
-    layout->addWidget(log_);
-    layout->addWidget(test_);
-    layout->addLayout(pair);
-}
-
-void SQLForm::buildProjection(QVBoxLayout* layout)
-{
-    proj4_ = addProjectionFields(layout, session().moduleDir).text;
-    updateGeometry_ = makeButton(QStringLiteral("Обновить геометрию (PostGIS)"), "btn_updategeom");
-    connect(updateGeometry_, &QPushButton::clicked, this, &SQLForm::updateGeometry);
-    layout->addWidget(updateGeometry_);
-    layout->addStretch();
+    QPushButton* made = button(name, caption, this, slot);
+    keepRoomFor(made, caption);
+    return made;
 }
 
 void SQLForm::refresh()
 {
     const ProjectSession& now = session();
     type_->setCurrentIndex(now.sqlType);
-    host_->setText(now.sqlHost);
-    port_->setText(now.sqlPort);
-    database_->setText(now.sqlDatabase);
-    user_->setText(now.sqlUser);
-    password_->setText(now.sqlPass);
+    showConnection(*fields_, connectionOf(now));
     updateGeometry_->setEnabled(session().checkConnection());
     refreshProjection();
 }
@@ -120,24 +96,9 @@ void SQLForm::refreshProjection()
     proj4_->setPlainText(session().proj4Text);
 }
 
-ConnectionParameters SQLForm::parameters() const
-{
-    return {host_->text(), port_->text(), database_->text(), user_->text(), password_->text()};
-}
-
-void SQLForm::putParametersIntoSession() const
-{
-    ProjectSession& now = session();
-    now.sqlHost = host_->text();
-    now.sqlPort = port_->text();
-    now.sqlDatabase = database_->text();
-    now.sqlUser = user_->text();
-    now.sqlPass = password_->text();
-}
-
 void SQLForm::chooseServerKind(int kind)
 {
-    port_->setText(QString::fromLatin1(serverKinds[kind].port));
+    fields_->setText("SQL_port", serverKinds[kind].port);
     log_->clear();
 }
 
@@ -148,7 +109,8 @@ void SQLForm::testConnection()
     if (type_->currentIndex() != 0)
         return;
     log_->clear();
-    const QString conninfo = mainConnInfo(parameters());
+    const ConnectionParameters tested = connectionIn(*fields_);
+    const QString conninfo = mainConnInfo(tested);
     appendToLog(log_, conninfo);
     const sql::Connection test(conninfo);
     if (!test.isOk()) {
@@ -160,7 +122,7 @@ void SQLForm::testConnection()
     connect_->setEnabled(true);
     session().sqlType = 0;
     session().connected = true;
-    putParametersIntoSession();
+    putConnection(session(), tested);
 }
 
 // Opens the connection as it is: the project's row and the rights are read
@@ -169,8 +131,9 @@ void SQLForm::saveParameters()
 {
     ProjectSession& now = session();
     now.sqlType = type_->currentIndex();
-    putParametersIntoSession();
-    if (now.sqlType != 0 || !now.openConnection(mainConnInfo(parameters())))
+    const ConnectionParameters wanted = connectionIn(*fields_);
+    putConnection(now, wanted);
+    if (now.sqlType != 0 || !now.openConnection(mainConnInfo(wanted)))
         return;
     now.connected = true;
     saveProjection();

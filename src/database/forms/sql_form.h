@@ -1,15 +1,11 @@
 #pragma once
 // The page "SQL" of the project settings: the connection and the projection.
 
-#include "session/connection_parameters.h"
-
-#include <QWidget>
+#include "formkit/field_pane.h"
 
 class QComboBox;
-class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
-class QVBoxLayout;
 
 class SQLForm : public QWidget {
     Q_OBJECT
@@ -21,11 +17,7 @@ public:
     void refresh();
 
 private:
-    void buildConnection(QVBoxLayout* layout);
-    void buildProjection(QVBoxLayout* layout);
-
-    ConnectionParameters parameters() const;
-    void putParametersIntoSession() const;
+    QPushButton* roomy(const QString& name, const QString& caption, void (SQLForm::*slot)());
     void refreshProjection();
 
     void chooseServerKind(int kind);
@@ -35,14 +27,9 @@ private:
     void saveProjection();
     void updateGeometry();
 
+    formkit::FieldPane* fields_ = nullptr;
     QComboBox* type_ = nullptr;
-    QLineEdit* host_ = nullptr;
-    QLineEdit* port_ = nullptr;
-    QLineEdit* database_ = nullptr;
-    QLineEdit* user_ = nullptr;
-    QLineEdit* password_ = nullptr;
     QPlainTextEdit* log_ = nullptr;
-    QPushButton* test_ = nullptr;
     QPushButton* save_ = nullptr;
     QPushButton* connect_ = nullptr;
     QPlainTextEdit* proj4_ = nullptr;

@@ -1,10 +1,12 @@
 #include "drawing/forms/element_sync_filter.h"
 
+#include "formkit/end_buttons.h"
+#include "formkit/layout.h"
+#include "formkit/widgets.h"
+
 #include <QAction>
-#include <QCheckBox>
-#include <QDialogButtonBox>
-#include <QPushButton>
-#include <QVBoxLayout>
+
+using namespace formkit;
 
 namespace {
 
@@ -34,11 +36,16 @@ constexpr BoxRow boxRows[] = {
 
 ElementSyncFilter::ElementSyncFilter(QWidget* parent) : QDialog(parent)
 {
-    setWindowTitle("Выбор элементов");
-    setObjectName("ElementSyncFilter");
-    new QVBoxLayout(this);
-    addBoxes();
-    addButtons();
+    nameForm(this, "ElementSyncFilter", "Выбор элементов");
+    std::vector<Item> parts;
+    for (const BoxRow& row : boxRows) {
+        QCheckBox* box = check(row.name, row.text, row.start == Start::Checked);
+        box->setEnabled(row.start != Start::Disabled);
+        boxes_.append({box, row.bit});
+        parts.push_back(box);
+    }
+    parts.push_back(endButtons(this, {accepts("ApplyBtn", "Применить"), cancel()}));
+    layOut(this).column(parts);
     setMinimumWidth(320);
 
     setContextMenuPolicy(Qt::ActionsContextMenu);
@@ -47,28 +54,6 @@ ElementSyncFilter::ElementSyncFilter(QWidget* parent) : QDialog(parent)
     addActions({all, none});
     connect(all, &QAction::triggered, this, [this] { checkAll(true); });
     connect(none, &QAction::triggered, this, [this] { checkAll(false); });
-}
-
-void ElementSyncFilter::addBoxes()
-{
-    for (const BoxRow& row : boxRows) {
-        auto* check = new QCheckBox(row.text, this);
-        check->setObjectName(row.name);
-        check->setChecked(row.start == Start::Checked);
-        check->setEnabled(row.start != Start::Disabled);
-        layout()->addWidget(check);
-        boxes_.append({check, row.bit});
-    }
-}
-
-void ElementSyncFilter::addButtons()
-{
-    auto* buttons = new QDialogButtonBox(this);
-    buttons->addButton("Применить", QDialogButtonBox::AcceptRole)->setObjectName("ApplyBtn");
-    buttons->addButton("Отмена", QDialogButtonBox::RejectRole)->setObjectName("CancelBtn");
-    layout()->addWidget(buttons);
-    connect(buttons, &QDialogButtonBox::accepted, this, &ElementSyncFilter::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &ElementSyncFilter::reject);
 }
 
 void ElementSyncFilter::checkAll(bool checked)

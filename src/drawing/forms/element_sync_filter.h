@@ -23,8 +23,6 @@ private:
         unsigned bit;
     };
 
-    void addBoxes();
-    void addButtons();
     void checkAll(bool checked);
 
     QVector<Box> boxes_;

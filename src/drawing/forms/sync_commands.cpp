@@ -3,24 +3,14 @@
 #include "drawing/forms/element_sync_filter.h"
 #include "drawing/sync/drawing_to_database.h"
 #include "drawing/sync/tree_sync.h"
+#include "formkit/boxes.h"
 #include "formkit/modal.h"
-
-#include <QMessageBox>
-#include <optional>
 
 namespace {
 
-QString title() { return QStringLiteral("Внимание"); }
-
-// The text is the database's too, so it is shown as it stands.
 bool saysYes(QMessageBox::Icon icon, const QString& text)
 {
-    QWinWidget owner(ndsw_ncadMainWnd());
-    owner.showCentered();
-    QMessageBox box(icon, title(), text, QMessageBox::Yes | QMessageBox::No, &owner);
-    box.setTextFormat(Qt::PlainText);
-    box.setDefaultButton(QMessageBox::No);
-    return box.exec() == QMessageBox::Yes;
+    return formkit::confirm(nullptr, {text, formkit::attention(), icon, QMessageBox::No});
 }
 
 } // namespace
@@ -33,11 +23,6 @@ void drawingToDatabaseCommand()
 
 void syncNode(int id, SyncLevel level)
 {
-    std::optional<unsigned> mask;
-    runModalThen<ElementSyncFilter>([&mask](ElementSyncFilter& form, int result) {
-        if (result == QDialog::Accepted)
-            mask = form.mask();
-    });
-    if (mask)
+    if (const std::optional<unsigned> mask = askModal(&ElementSyncFilter::mask))
         syncNodeToDrawing(id, level, *mask);
 }

@@ -5,49 +5,33 @@
 #include "session/project_session.h"
 
 #include <QComboBox>
-#include <QDialogButtonBox>
-#include <QFormLayout>
-#include <QPushButton>
 
-TSGCatalogSelector::TSGCatalogSelector(QWidget* parent) : QDialog(parent), catalog_(new QComboBox(this))
-{
-    setWindowTitle("Укажите тип конструкции СОУ");
-    catalog_->setObjectName("CatalogList");
-    catalog_->setMinimumContentsLength(30);
+using namespace formkit;
 
-    auto* buttons = new QDialogButtonBox(this);
-    buttons->addButton("OK", QDialogButtonBox::AcceptRole)->setObjectName("OkBtn");
-    buttons->addButton("Отмена", QDialogButtonBox::RejectRole)->setObjectName("CancelBTn");
+namespace {
 
-    auto* layout = new QFormLayout(this);
-    layout->addRow("Тип СОУ", catalog_);
-    layout->addRow(buttons);
-
-    connect(buttons, &QDialogButtonBox::accepted, this, &TSGCatalogSelector::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &TSGCatalogSelector::reject);
-    fillCatalog();
-}
-
-void TSGCatalogSelector::fillCatalog()
+Choices catalogue()
 {
     const sql::Result rows = session().run("select catalog_id,name,note from tsg_catalog order by catalog_id,name");
+    Choices choices;
     for (int row = 0; rows.isTuples() && row < rows.ntuples(); ++row)
-        catalog_->addItem(fill("%1 (%2)", rows.getvalue(row, 1), rows.getvalue(row, 2)), rows.toInt(row, 0));
+        choices.append({fill("%1 (%2)", rows.getvalue(row, 1), rows.getvalue(row, 2)), rows.toInt(row, 0)});
+    return choices;
+}
+
+} // namespace
+
+TSGCatalogSelector::TSGCatalogSelector(QWidget* parent)
+    : FieldsDialog("TSGCatalogSelector", "Укажите тип конструкции СОУ",
+                   {Field::choice("CatalogList", "Тип СОУ", catalogue)}, {ok(), cancel("CancelBTn")}, parent)
+{
+    fields().widget<QComboBox>("CatalogList")->setMinimumContentsLength(30);
 }
 
 std::optional<int> TSGCatalogSelector::catalogId() const
 {
-    if (catalog_->currentIndex() < 0)
-        return {};
-    return catalog_->currentData().toInt();
+    const QString id = fields().text("CatalogList");
+    return id.isEmpty() ? std::nullopt : std::optional<int>(id.toInt());
 }
 
-std::optional<int> TSGCatalogSelector::choose()
-{
-    std::optional<int> chosen;
-    runModalThen<TSGCatalogSelector>([&chosen](TSGCatalogSelector& form, int result) {
-        if (result == QDialog::Accepted)
-            chosen = form.catalogId();
-    });
-    return chosen;
-}
+std::optional<int> TSGCatalogSelector::choose() { return askModal(&TSGCatalogSelector::catalogId); }

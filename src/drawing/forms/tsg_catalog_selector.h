@@ -1,12 +1,11 @@
 // Asks for the construction of a thermostabiliser.
 #pragma once
 
-#include <QDialog>
+#include "formkit/record_dialog.h"
+
 #include <optional>
 
-class QComboBox;
-
-class TSGCatalogSelector : public QDialog {
+class TSGCatalogSelector : public formkit::FieldsDialog {
     Q_OBJECT
 
 public:
@@ -19,9 +18,4 @@ public:
     /// Shows the dialog over the host's window; nothing when it was closed
     /// without a choice.
     static std::optional<int> choose();
-
-private:
-    void fillCatalog();
-
-    QComboBox* catalog_;
 };

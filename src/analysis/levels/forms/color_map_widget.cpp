@@ -2,37 +2,28 @@
 
 #include "base/placeholders.h"
 #include "base/text.h"
+#include "formkit/boxes.h"
+#include "formkit/file_questions.h"
+#include "formkit/layout.h"
+#include "formkit/table_items.h"
+#include "formkit/widgets.h"
 #include "session/project_session.h"
 
 #include <nrx/editor.h>
 
-#include <QComboBox>
-#include <QDoubleSpinBox>
-#include <QFileDialog>
-#include <QFormLayout>
-#include <QGridLayout>
 #include <QHeaderView>
 #include <QInputDialog>
-#include <QLabel>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QSignalBlocker>
-#include <QSpinBox>
-#include <QTableWidget>
 #include <array>
 #include <cmath>
+
+using namespace formkit;
 
 namespace {
 
 enum Row { MinRow, MaxRow, ColorRow, RowCount };
 constexpr int kMaximumCount = 256;
-
-QString warningTitle() { return QStringLiteral("Внимание"); }
-
-bool ask(QWidget* parent, const QString& question)
-{
-    return QMessageBox::question(parent, warningTitle(), question) == QMessageBox::Yes;
-}
+const QString kFilter = QStringLiteral("cmp (*.cmp)");
 
 // Where the project uses a map, what is asked before it goes, what stands in for it.
 struct MapUse {
@@ -52,8 +43,8 @@ const std::array<MapUse, 3> kMapUses = {{
 
 QTableWidgetItem* boundItem(double value)
 {
-    auto* item = new QTableWidgetItem(fixed(value, 2));
-    item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    QTableWidgetItem* item = numberItem(value, 2);
+    item->setFlags(item->flags() | Qt::ItemIsEditable);
     return item;
 }
 
@@ -66,14 +57,7 @@ QTableWidgetItem* colorItem(const NcCmColor& color)
     return item;
 }
 
-QDoubleSpinBox* limitSpin(QWidget* parent, const QString& name)
-{
-    auto* spin = new QDoubleSpinBox(parent);
-    spin->setObjectName(name);
-    spin->setRange(-1e6, 1e6);
-    spin->setDecimals(2);
-    return spin;
-}
+QDoubleSpinBox* limit(const char* name) { return realSpin(name, -1e6, 1e6); }
 
 } // namespace
 
@@ -86,49 +70,34 @@ ColorMapWidget::ColorMapWidget(QWidget* parent) : QWidget(parent)
 
 void ColorMapWidget::build()
 {
-    levelMapType_ = new QComboBox(this);
-    levelMapType_->setObjectName(QStringLiteral("LevelMapType"));
-    colorTable_ = new QTableWidget(RowCount, 0, this);
-    colorTable_->setObjectName(QStringLiteral("ColorTable"));
+    layOut(this).column({
+        row({"Цветовая карта уровней", growing(levelMapType_ = combo("LevelMapType"))}),
+        colorTable_ = table("ColorTable"),
+        row({
+            "Минимум",
+            growing(levelMin_ = limit("LevelMin")),
+            "Максимум",
+            growing(levelMax_ = limit("LevelMax")),
+            "Число уровней",
+            growing(levelCount_ = spin("LevelCountSpin", 0, kMaximumCount)),
+        }),
+        row({
+            button("SaveColorMapBtn", "Сохранить в файл", this, &ColorMapWidget::saveToFile),
+            button("LoadColorMapBtn", "Загрузить из файла", this, &ColorMapWidget::loadFromFile),
+            writeDatabase_ = button("WriteDB_btn", "Записать в БД", this, &ColorMapWidget::writeToDatabase),
+            deleteDatabase_ = button("DeleteDb_btn", "Удалить из БД", this, &ColorMapWidget::deleteFromDatabase),
+        }),
+    });
+    layout()->setContentsMargins(0, 0, 0, 0);
+    colorTable_->setRowCount(RowCount);
     colorTable_->setVerticalHeaderLabels({QStringLiteral("От"), QStringLiteral("До"), QStringLiteral("Цвет")});
+    colorTable_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed
+                                 | QAbstractItemView::AnyKeyPressed);
     colorTable_->horizontalHeader()->setMinimumSectionSize(56);
     colorTable_->verticalHeader()->setDefaultSectionSize(24);
     colorTable_->setFixedHeight(130);
-    levelMin_ = limitSpin(this, QStringLiteral("LevelMin"));
-    levelMax_ = limitSpin(this, QStringLiteral("LevelMax"));
-    levelCount_ = new QSpinBox(this);
-    levelCount_->setObjectName(QStringLiteral("LevelCountSpin"));
-    levelCount_->setRange(0, kMaximumCount);
     // Each step of typing would ask anew and paint a map of its own.
     levelCount_->setKeyboardTracking(false);
-
-    const auto button = [this](const char* name, const char* caption, void (ColorMapWidget::*slot)()) {
-        auto* made = new QPushButton(QString::fromUtf8(caption), this);
-        made->setObjectName(QString::fromUtf8(name));
-        made->setAutoDefault(false);
-        connect(made, &QPushButton::clicked, this, slot);
-        return made;
-    };
-    auto* save = button("SaveColorMapBtn", "Сохранить в файл", &ColorMapWidget::saveToFile);
-    auto* load = button("LoadColorMapBtn", "Загрузить из файла", &ColorMapWidget::loadFromFile);
-    writeDatabase_ = button("WriteDB_btn", "Записать в БД", &ColorMapWidget::writeToDatabase);
-    deleteDatabase_ = button("DeleteDb_btn", "Удалить из БД", &ColorMapWidget::deleteFromDatabase);
-
-    auto* layout = new QGridLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(new QLabel(QStringLiteral("Цветовая карта уровней"), this), 0, 0, 1, 2);
-    layout->addWidget(levelMapType_, 0, 2, 1, 4);
-    layout->addWidget(colorTable_, 1, 0, 1, 6);
-    const std::array<std::pair<const char*, QWidget*>, 3> fields = {
-        {{"Минимум", levelMin_}, {"Максимум", levelMax_}, {"Число уровней", levelCount_}}};
-    for (int i = 0; i < int(fields.size()); ++i) {
-        layout->addWidget(new QLabel(QString::fromUtf8(fields[size_t(i)].first), this), 2, 2 * i);
-        layout->addWidget(fields[size_t(i)].second, 2, 2 * i + 1);
-    }
-    auto* buttons = new QHBoxLayout;
-    for (QPushButton* one : {save, load, writeDatabase_, deleteDatabase_})
-        buttons->addWidget(one);
-    layout->addLayout(buttons, 3, 0, 1, 6);
 
     connect(levelMapType_, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &ColorMapWidget::chooseMap);
     connect(colorTable_, &QTableWidget::itemChanged, this, &ColorMapWidget::editCell);
@@ -159,12 +128,7 @@ LevelMap& ColorMapWidget::currentMap() { return maps_.at(levelMapId()); }
 const LevelMap& ColorMapWidget::current() const { return maps_.at(levelMapId()); }
 int ColorMapWidget::levelMapId() const { return levelMapType_->currentData().toInt(); }
 
-void ColorMapWidget::setLevelMapId(int id)
-{
-    const int index = levelMapType_->findData(id);
-    if (index >= 0)
-        levelMapType_->setCurrentIndex(index);
-}
+void ColorMapWidget::setLevelMapId(int id) { choose(levelMapType_, id); }
 
 void ColorMapWidget::selectMap(int id)
 {
@@ -244,7 +208,7 @@ void ColorMapWidget::editColor(int row, int column)
 
 void ColorMapWidget::changeCount(int count)
 {
-    if (dirty_ && !ask(this, QStringLiteral("Будут потеряны именения в настройке палитры.\n Продолжить?"))) {
+    if (dirty_ && !confirm(this, "Будут потеряны именения в настройке палитры.\n Продолжить?")) {
         showLimits();
         return;
     }
@@ -264,22 +228,19 @@ void ColorMapWidget::keepAsUserMap(LevelMap map)
 
 void ColorMapWidget::saveToFile()
 {
-    const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Сохранить цветовую палитру уровней"),
-                                                      QString(), QStringLiteral("cmp (*.cmp)"));
+    const QString path = askFileToSave(this, {"Сохранить цветовую палитру уровней", kFilter});
     if (!path.isEmpty() && !current().saveFile(path))
-        QMessageBox::warning(this, warningTitle(),
-                             QStringLiteral("Не удалось записать файл '") + path + QLatin1Char('\''));
+        warn(this, fill("Не удалось записать файл '%1'", path));
 }
 
 void ColorMapWidget::loadFromFile()
 {
-    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Загрузить цветовую палитру уровней"),
-                                                      QString(), QStringLiteral("cmp (*.cmp)"));
+    const QString path = askFileToOpen(this, {"Загрузить цветовую палитру уровней", kFilter});
     if (path.isEmpty())
         return;
     LevelMap read;
     if (!read.loadFile(path, 10) && !read.loadFile(path, 16)) {
-        QMessageBox::warning(this, warningTitle(), fill(QStringLiteral("Ошибка загрузки палитры %1"), path));
+        warn(this, fill("Ошибка загрузки палитры %1", path));
         return;
     }
     keepAsUserMap(std::move(read));
@@ -296,7 +257,7 @@ void ColorMapWidget::writeToDatabase()
     map.name = name;
     const bool written = map.id > 0 && map.exists() ? map.update() : map.insert();
     if (!written) {
-        QMessageBox::warning(this, warningTitle(), QStringLiteral("Палитра не записана в базу данных"));
+        warn(this, "Палитра не записана в базу данных");
         return;
     }
     session().reloadLevelMaps();
@@ -306,10 +267,10 @@ void ColorMapWidget::writeToDatabase()
 
 bool ColorMapWidget::confirmDeletion(const LevelMap& map)
 {
-    if (!ask(this, fill(QStringLiteral("Удалить палитру '%1' ?"), map.name)))
+    if (!confirm(this, fill("Удалить палитру '%1' ?", map.name)))
         return false;
     for (const MapUse& use : kMapUses) {
-        if (session().*use.field == map.id && !ask(this, fill(QString::fromUtf8(use.question), map.name)))
+        if (session().*use.field == map.id && !confirm(this, fill(use.question, map.name)))
             return false;
     }
     return true;

@@ -13,12 +13,16 @@ class MapLegendForm : public QDialog {
 public:
     explicit MapLegendForm(QWidget* parent = nullptr);
 
+    struct Legend {
+        LegendKind kind;
+        LevelMap map;
+    };
+    Legend legend() const { return {kind(), levelMap()}; }
     LegendKind kind() const;
     const LevelMap& levelMap() const;
 
 private:
     QRadioButton* temperatureOut_;
-    QRadioButton* deformationOut_;
     ColorMapWidget* colorMap_;
 };
 

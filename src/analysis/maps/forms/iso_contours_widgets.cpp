@@ -45,52 +45,59 @@ IsoContoursWidgets::IsoContoursWidgets(QDialog* dialog)
 
 QWidget* IsoContoursWidgets::boundPane()
 {
-    return boundGroup = group("Граница:").grid({
-        {"Со слоя", growing(BoundLayer = combo("BoundLayer")), SelectBoundBth = button("SelectBoundBth", "Прочитать")},
-        {wide(3, CalculateBoundCheck = check("CalculateBoundCheck", "Вычислять"))},
-    });
+    return boundGroup = group("Граница:")
+                            .grid({
+                                {"Со слоя", growing(BoundLayer = combo("BoundLayer")),
+                                 SelectBoundBth = button("SelectBoundBth", "Прочитать")},
+                                {wide(3, CalculateBoundCheck = check("CalculateBoundCheck", "Вычислять"))},
+                            });
 }
 
 QWidget* IsoContoursWidgets::pointPane()
 {
-    return pointGroup = group("Точки поверхности:").grid({
-        {"Со слоя", growing(PointLayer = combo("PointLayer")), SelectPointBtn = button("SelectPointBtn", "Прочитать")},
-    });
+    return pointGroup = group("Точки поверхности:")
+                            .grid({
+                                {"Со слоя", growing(PointLayer = combo("PointLayer")),
+                                 SelectPointBtn = button("SelectPointBtn", "Прочитать")},
+                            });
 }
 
 QWidget* IsoContoursWidgets::methodPane()
 {
-    return group("Метод построения ").grid({
-        {wide(4, MethodCombo = combo("MethodCombo"))},
-        {MethodParamOneLabel = label("Степень"), MethodParamOne = number("MethodParamOne", "2.0"),
-         MethodParamTwoLabel = label("Точки"), MethodParamTwo = number("MethodParamTwo", "15")},
-        {hidden(number("MethodParamThree", "0"))},
-    });
+    return group("Метод построения ")
+        .grid({
+            {wide(4, MethodCombo = combo("MethodCombo"))},
+            {MethodParamOneLabel = label("Степень"), MethodParamOne = number("MethodParamOne", "2.0"),
+             MethodParamTwoLabel = label("Точки"), MethodParamTwo = number("MethodParamTwo", "15")},
+            {hidden(number("MethodParamThree", "0"))},
+        });
 }
 
 QWidget* IsoContoursWidgets::linePane()
 {
     return group("Линии").grid({
-        {wide(2, SplineLine = check("SplineLine", "Сглаживать линии", true)),
-         "Точек", SplinePointNum = spin("SplinePointNum", 1, kMostPoints, 10)},
+        {wide(2, SplineLine = check("SplineLine", "Сглаживать линии", true)), "Точек",
+         SplinePointNum = spin("SplinePointNum", 1, kMostPoints, 10)},
         {"Натяжение", wide(2, TauSlider = slider("TauSlider", 0, 100, 50)), TauValue = number("TauValue", "0.50")},
-        {wide(2, IsolineFilterCheck = check("IsolineFilterCheck", "Фильтровать линии")),
-         "Расстояние <", FilterLinesDistance = number("FilterLinesDistance", "0.1")},
-        {wide(2, RefineLine = check("RefineLine", "Разбивать отрезки")),
-         "Расстояние >", RefineLineDist = number("RefineLineDist", "50.0")},
+        {wide(2, IsolineFilterCheck = check("IsolineFilterCheck", "Фильтровать линии")), "Расстояние <",
+         FilterLinesDistance = number("FilterLinesDistance", "0.1")},
+        {wide(2, RefineLine = check("RefineLine", "Разбивать отрезки")), "Расстояние >",
+         RefineLineDist = number("RefineLineDist", "50.0")},
         {wide(2, nothing()), "Число точек", RefineLineCount = spin("RefineLineCount", 1, kMostPoints, 5)},
     });
 }
 
 QWidget* IsoContoursWidgets::statisticsPane()
 {
-    return group("Поверхность").grid({
-        {wide(3, nothing()), "Min", "Max"},
-        {"Точек", PointCount = figure("PointCount"), "   X", XMin = figure("XMin"), XMax = figure("XMax")},
-        {"Треугольников:", TriangCount = figure("TriangCount"), "   Y", YMin = figure("YMin"), YMax = figure("YMax")},
-        {"Максимальная длина ребра:", EdgeLength = figure("EdgeLength"), "   Z", ZMin = figure("ZMin"),
-         ZMax = figure("ZMax")},
-    });
+    return group("Поверхность")
+        .grid({
+            {wide(3, nothing()), "Min", "Max"},
+            {"Точек", PointCount = figure("PointCount"), "   X", XMin = figure("XMin"), XMax = figure("XMax")},
+            {"Треугольников:", TriangCount = figure("TriangCount"), "   Y", YMin = figure("YMin"),
+             YMax = figure("YMax")},
+            {"Максимальная длина ребра:", EdgeLength = figure("EdgeLength"), "   Z", ZMin = figure("ZMin"),
+             ZMax = figure("ZMax")},
+        });
 }
 
 QWidget* IsoContoursWidgets::outputPane()

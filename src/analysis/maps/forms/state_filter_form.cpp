@@ -1,47 +1,29 @@
 #include "analysis/maps/forms/state_filter_form.h"
 
-#include "session/project_session.h"
+#include "formkit/end_buttons.h"
+#include "formkit/layout.h"
+#include "formkit/widgets.h"
 
-#include <QDialogButtonBox>
-#include <QHBoxLayout>
-#include <QListWidget>
-#include <QPushButton>
-#include <QVBoxLayout>
+using namespace formkit;
 
 StateFilterForm::StateFilterForm(const QStringList& chosen, QWidget* parent) : QDialog(parent)
 {
-    setObjectName(QStringLiteral("StateFilterForm"));
-    setWindowTitle(QStringLiteral("Фильтр состояний"));
-    states_ = new QListWidget(this);
-    states_->setObjectName(QStringLiteral("StatesList"));
+    nameForm(this, "StateFilterForm", "Фильтр состояний");
+    layOut(this).column({
+        states_ = listBox("StatesList"),
+        row({
+            button("SelectAllBtn", "Все", this, [this] { setAll(true); }),
+            button("SelectNoneBtn", "Снять", this, [this] { setAll(false); }),
+            stretch(),
+        }),
+        endButtons(this, {ok(), cancel()}),
+    });
     for (const ComboEntry& entry : session().stateEntries()) {
         auto* item = new QListWidgetItem(entry.text, states_);
         item->setData(Qt::UserRole, entry.data);
         item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
         item->setCheckState(chosen.contains(entry.data.toString()) ? Qt::Checked : Qt::Unchecked);
     }
-
-    auto* all = new QPushButton(QStringLiteral("Все"), this);
-    all->setObjectName(QStringLiteral("SelectAllBtn"));
-    auto* none = new QPushButton(QStringLiteral("Снять"), this);
-    none->setObjectName(QStringLiteral("SelectNoneBtn"));
-    connect(all, &QPushButton::clicked, this, [this] { setAll(true); });
-    connect(none, &QPushButton::clicked, this, [this] { setAll(false); });
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
-    buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("OkBtn"));
-    auto* cancel = buttons->addButton(QStringLiteral("Отмена"), QDialogButtonBox::RejectRole);
-    cancel->setObjectName(QStringLiteral("CancelBtn"));
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-
-    auto* choose = new QHBoxLayout;
-    choose->addWidget(all);
-    choose->addWidget(none);
-    choose->addStretch();
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(states_);
-    layout->addLayout(choose);
-    layout->addWidget(buttons);
 }
 
 void StateFilterForm::setAll(bool checked)

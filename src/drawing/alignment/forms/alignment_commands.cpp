@@ -5,12 +5,12 @@
 #include "drawing/alignment/forms/name_choice.h"
 #include "drawing/alignment/forms/ucs_selection_form.h"
 #include "drawing/alignment/plan_export.h"
+#include "formkit/boxes.h"
+#include "formkit/modal.h"
+#include "formkit/progress_box.h"
 #include "hostkit/console.h"
 #include "hostkit/layers.h"
-#include "formkit/modal.h"
 
-#include <QMessageBox>
-#include <QProgressDialog>
 #include <memory>
 
 namespace {
@@ -28,37 +28,23 @@ std::optional<QString> chooseLayer(const QString& title, const QString& label, c
 
 bool askToClear()
 {
-    QWinWidget owner(ndsw_ncadMainWnd());
-    owner.showCentered();
-    return QMessageBox::question(&owner, QStringLiteral("ВНИМАНИЕ!!!"),
-                                 QStringLiteral("Выполнить очистку таблицы geometries PostGIS перед вставкой?"),
-                                 QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
-        == QMessageBox::Yes;
+    return formkit::confirm(nullptr,
+                            {"Выполнить очистку таблицы geometries PostGIS перед вставкой?", "ВНИМАНИЕ!!!",
+                             QMessageBox::Question, QMessageBox::No});
 }
 
-// One box for each stretch of work; telling it of every entity would cost more
-// than the work itself.
+// One box for each stretch of work.
 class ProgressBoxes {
 public:
-    ProgressBoxes() : owner_(ndsw_ncadMainWnd()) { owner_.showCentered(); }
-
-    WorkProgress begin(const QString& title)
+    WorkProgress begin(const QString& stretch)
     {
-        box_ = std::make_unique<QProgressDialog>(title, QStringLiteral("Прервать"), 0, 1, &owner_);
-        box_->setWindowModality(Qt::WindowModal);
-        return [this](int done, int total) {
-            if (done % step == 0) {
-                box_->setMaximum(total);
-                box_->setValue(done);
-            }
-            return !box_->wasCanceled();
-        };
+        box_ = std::make_unique<formkit::ProgressBox>(host_, QString(), stretch, "Прервать");
+        return [this](int done, int total) { return box_->step(done, total); };
     }
 
 private:
-    static constexpr int step = 32;
-    QWinWidget owner_;
-    std::unique_ptr<QProgressDialog> box_;
+    formkit::OverHost host_;
+    std::unique_ptr<formkit::ProgressBox> box_;
 };
 
 } // namespace
@@ -72,12 +58,7 @@ void storeUcsCommand()
 
 void applyUcsCommand()
 {
-    std::optional<UcsRecord> chosen;
-    runModalThen<UCSSelectionForm>([&chosen](UCSSelectionForm& form, int result) {
-        if (result == QDialog::Accepted)
-            chosen = form.shownUcs();
-    });
-    if (chosen)
+    if (const std::optional<UcsRecord> chosen = askModal(&UCSSelectionForm::shownUcs))
         applyUcs(*chosen);
 }
 

@@ -1,7 +1,6 @@
 #include "drawing/alignment/forms/name_choice.h"
 
-#include <nrx/application.h>
-#include <nrx/palettes.h>
+#include "formkit/modal.h"
 
 #include <QComboBox>
 #include <QInputDialog>
@@ -43,9 +42,8 @@ private:
 
 std::optional<QString> chooseName(const QString& title, const QString& label, const QStringList& names)
 {
-    QWinWidget owner(ndsw_ncadMainWnd());
-    owner.showCentered();
-    QInputDialog box(&owner);
+    formkit::OverHost host;
+    QInputDialog box(host);
     prepare(box, title, label, names);
     if (box.exec() != QDialog::Accepted || names.isEmpty())
         return {};
@@ -54,9 +52,8 @@ std::optional<QString> chooseName(const QString& title, const QString& label, co
 
 std::optional<UcsChoice> chooseAndEditName(const QString& title, const QString& label, const QStringList& names)
 {
-    QWinWidget owner(ndsw_ncadMainWnd());
-    owner.showCentered();
-    QInputDialog box(&owner);
+    formkit::OverHost host;
+    QInputDialog box(host);
     prepare(box, title, label, names);
     box.setComboBoxEditable(true);
     const ItemInHand inHand(box);

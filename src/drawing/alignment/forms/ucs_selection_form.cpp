@@ -2,19 +2,15 @@
 
 #include "base/text.h"
 #include "drawing/alignment/ucs_table.h"
-#include "session/forms/named_widget.h"
+#include "formkit/end_buttons.h"
+#include "formkit/layout.h"
+#include "formkit/widgets.h"
 #include "session/project_session.h"
 
-#include <QDialogButtonBox>
-#include <QGridLayout>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
 #include <QMenu>
-#include <QPushButton>
-#include <QRegularExpressionValidator>
-#include <QVBoxLayout>
 #include <cmath>
+
+using namespace formkit;
 
 namespace {
 
@@ -36,18 +32,19 @@ int idOf(const QListWidgetItem& item) { return item.data(idRole).toInt(); }
 
 } // namespace
 
-UCSSelectionForm::UCSSelectionForm(QWidget* parent) : QDialog(parent), list_(named<QListWidget>("UCSList", this))
+UCSSelectionForm::UCSSelectionForm(QWidget* parent) : QDialog(parent)
 {
-    setObjectName("UCSSelectionForm");
-    setWindowTitle("Выбор ПСК");
+    nameForm(this, "UCSSelectionForm", "Выбор ПСК");
+    layOut(this).column({
+        list_ = listBox("UCSList"),
+        numbers(),
+        row({save_ = button("SaveBTN", "Сохранить", this, &UCSSelectionForm::saveCurrent), stretch(),
+             endButtons(this, {ok(), cancel()})}),
+    });
+    ok_ = findChild<QPushButton*>("OkBtn");
     // A double click or F2 renames; the name is stored with the numbers.
     list_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
     list_->setContextMenuPolicy(Qt::CustomContextMenu);
-
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(list_);
-    layout->addLayout(fieldsLayout());
-    layout->addLayout(buttonsLayout());
     resize(460, 400);
 
     connect(list_, &QListWidget::currentItemChanged, this, &UCSSelectionForm::showCurrent);
@@ -55,40 +52,18 @@ UCSSelectionForm::UCSSelectionForm(QWidget* parent) : QDialog(parent), list_(nam
     fillList();
 }
 
-QLayout* UCSSelectionForm::fieldsLayout()
+QLayout* UCSSelectionForm::numbers()
 {
-    auto* grid = new QGridLayout;
+    std::vector<Cells> rows;
     size_t at = 0;
-    for (int row = 0; row < int(fieldRows.size()); ++row) {
-        const FieldRow& described = fieldRows[size_t(row)];
-        grid->addWidget(label(described.caption), row, 0);
-        for (int column = 0; column < int(described.names.size()); ++column) {
-            auto* field = named<QLineEdit>(described.names[size_t(column)], this);
-            field->setValidator(new QRegularExpressionValidator(session().numberPattern, field));
-            grid->addWidget(field, row, column + 1);
-            connect(field, &QLineEdit::textChanged, this, &UCSSelectionForm::enableButtons);
-            fields_[at++] = field;
+    for (const FieldRow& described : fieldRows) {
+        rows.push_back({described.caption});
+        for (const char* name : described.names) {
+            rows.back().push_back(fields_[at] = numberEdit(name));
+            connect(fields_[at++], &QLineEdit::textChanged, this, &UCSSelectionForm::enableButtons);
         }
     }
-    return grid;
-}
-
-QLayout* UCSSelectionForm::buttonsLayout()
-{
-    auto* row = new QHBoxLayout;
-    save_ = named<QPushButton>("SaveBTN", QStringLiteral("Сохранить"), this);
-    auto* buttons = new QDialogButtonBox(this);
-    ok_ = buttons->addButton("OK", QDialogButtonBox::AcceptRole);
-    ok_->setObjectName("OkBtn");
-    buttons->addButton("Отмена", QDialogButtonBox::RejectRole)->setObjectName("CancelBtn");
-    row->addWidget(save_);
-    row->addStretch();
-    row->addWidget(buttons);
-    save_->setAutoDefault(false);
-    connect(save_, &QPushButton::clicked, this, &UCSSelectionForm::saveCurrent);
-    connect(buttons, &QDialogButtonBox::accepted, this, &UCSSelectionForm::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &UCSSelectionForm::reject);
-    return row;
+    return grid(rows);
 }
 
 void UCSSelectionForm::fillList()

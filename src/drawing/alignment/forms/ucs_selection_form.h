@@ -25,8 +25,7 @@ public:
     std::optional<UcsRecord> shownUcs() const;
 
 private:
-    QLayout* fieldsLayout();
-    QLayout* buttonsLayout();
+    QLayout* numbers();
     void fillList();
     void showCurrent();
     void enableButtons();
@@ -34,7 +33,7 @@ private:
     void deleteCurrent();
     void showMenu(const QPoint& place);
 
-    QListWidget* list_;
+    QListWidget* list_ = nullptr;
     std::array<QLineEdit*, 9> fields_{};
     QPushButton* save_ = nullptr;
     QPushButton* ok_ = nullptr;

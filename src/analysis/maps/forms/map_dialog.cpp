@@ -1,0 +1,277 @@
+#include "analysis/maps/forms/map_dialog.h"
+
+#include "analysis/maps/forms/iso_contours_cmd_dialog.h"
+#include "analysis/maps/forms/state_filter_form.h"
+#include "analysis/maps/position_contours.h"
+#include "analysis/maps/value_labels.h"
+#include "formkit/end_buttons.h"
+
+#include <QAbstractButton>
+#include <QHeaderView>
+#include <QSignalBlocker>
+#include <cmath>
+
+using namespace formkit;
+
+namespace {
+
+constexpr int kRowRole = Qt::UserRole;
+constexpr int kFirstShown = 3; // behind name, x, y
+const QColor kSuspect(255, 0, 0);
+
+Choices contoursOf(int positionId)
+{
+    Choices choices;
+    for (const auto& [id, name] : positionContours(positionId))
+        choices.append({name, id});
+    return choices;
+}
+
+// What the row headers hold is said in the table's corner.
+QLabel* cornerLabel(QTableWidget* table)
+{
+    auto* shown = named<QLabel>("ValuesCorner");
+    shown->setAlignment(Qt::AlignCenter);
+    table->setCornerButtonEnabled(false);
+    table->verticalHeader()->setMinimumWidth(70);
+    auto* corner = table->findChild<QAbstractButton*>();
+    if (!corner) {
+        shown->setParent(table);
+        return shown;
+    }
+    layOut(corner).row({shown});
+    corner->layout()->setContentsMargins(2, 0, 2, 0);
+    return shown;
+}
+
+} // namespace
+
+MapDialog::MapDialog(const MapWords& words, QWidget* parent) : QDialog(parent), words_(words)
+{
+    nameForm(this, words.name, words.title);
+    states_ = session().stateFilter.keys();
+}
+
+void MapDialog::layOutMap(const std::vector<Cells>& cycles, QWidget* sampling)
+{
+    layOut(this).column({
+        growing(row({
+            column({
+                placePane(cycles),
+                sampling ? sampling : new QWidget,
+                row({"Состояния:", growing(stateNotes_ = note("SelectedStatesLb", stateNotes(states_))),
+                     button("StateFilterBtn", "Фильтр", this, &MapDialog::chooseStates)}),
+                labels_ = check("LabelsOutEnabled", "Выводить значения"),
+                stretch(),
+                status_ = note("StatusLabel"),
+            }),
+            growing(tables()),
+        })),
+        row({
+            button("ExportCSVBTN", "Экспорт в .csv", this,
+                   [this] { exportCsv(this, values_, WithRowTitles, "Экспорт в csv"); }),
+            button("CopyClipBTN", "Экспорт в буфер", this, [this] { copyTable(values_, WithRowTitles); }),
+            stretch(),
+            endButtons(this, {ok("okButton"), cancel("cancelButton")}),
+        }),
+    });
+    resize(1120, 600);
+}
+
+Item MapDialog::placePane(const std::vector<Cells>& cycles)
+{
+    std::vector<Cells> rows = {
+        {wide(2, byPosition_ = radio("ByPosition", "По позиции", true))},
+        {"Контуры позиции", growing(contours_ = combo("PositionContourList", contoursOf(session().currentPositionId)))},
+        {wide(2, byDatabase_ = radio("ByDataBase", "По всей базе"))},
+        {"Слой", layers_ = combo("BoundLayer")},
+        {nothing(), borderStatus_ = named<QLabel>("BoundStatus", QStringLiteral("Не загружена"))},
+    };
+    rows.insert(rows.end(), cycles.begin(), cycles.end());
+    layers_->addItem(QString());
+    layers_->addItems(layerNames());
+    return group(words_.elements).grid(rows);
+}
+
+Item MapDialog::tables()
+{
+    QTabWidget* pages = tabs("Tables").pages({
+        {"Точки", pointTable_ = table("PointData")},
+        {"Значения", values_ = table("ValuesData")},
+    });
+    pointTable_->verticalHeader()->hide();
+    pointTable_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    corner_ = cornerLabel(values_);
+    pages->setMinimumWidth(620);
+    return pages;
+}
+
+void MapDialog::start()
+{
+    const auto comboChanged = QOverload<int>::of(&QComboBox::currentIndexChanged);
+    connect(byPosition_, &QRadioButton::toggled, this, &MapDialog::choosePlace);
+    connect(contours_, comboChanged, this, &MapDialog::chooseContour);
+    connect(layers_, comboChanged, this, &MapDialog::chooseBorderLayer);
+    layers_->setEnabled(false);
+    reload();
+}
+
+// --- the border --------------------------------------------------------------
+
+void MapDialog::setBorder(const PickedBorder& border)
+{
+    contours_->setEnabled(false);
+    {
+        const QSignalBlocker quiet(layers_);
+        layers_->setCurrentText(border.layer);
+    }
+    takeBorder(border.vertices, border.layer);
+}
+
+void MapDialog::offerPositionContours()
+{
+    contours_->setEnabled(true);
+    chooseContour();
+}
+
+void MapDialog::takeBorder(std::optional<geometry::PointList> border, const QString& layer)
+{
+    border_ = std::move(border);
+    borderLayer_ = layer;
+    borderStatus_->setText(border_ ? QStringLiteral("Загружена") : QStringLiteral("Не загружена"));
+    if (byDatabase_->isChecked())
+        reload();
+}
+
+void MapDialog::chooseContour()
+{
+    if (contours_->currentIndex() >= 0)
+        takeBorder(contourPoints(chosenId(contours_)), QString());
+}
+
+void MapDialog::chooseBorderLayer()
+{
+    const QString layer = layers_->currentText();
+    takeBorder(layer.isEmpty() ? std::nullopt : loadBoundaryFromLayer(layer), layer);
+}
+
+void MapDialog::choosePlace()
+{
+    layers_->setEnabled(byDatabase_->isChecked());
+    reload();
+}
+
+void MapDialog::chooseStates()
+{
+    const std::optional<QStringList> chosen = askOver(this, &StateFilterForm::chosenStates, states_);
+    if (!chosen)
+        return;
+    states_ = *chosen;
+    stateNotes_->setText(stateNotes(states_));
+    reload();
+}
+
+MapPlace MapDialog::place() const
+{
+    return {byPosition_->isChecked(), session().currentPositionId, border_.value_or(geometry::PointList()), states_};
+}
+
+void MapDialog::reload()
+{
+    if (!load())
+        status_->setText(QStringLiteral("Ошибка соединения с базой данных"));
+    else if (byDatabase_->isChecked() && !border_)
+        status_->setText(QStringLiteral("Укажите слой"));
+    else
+        status_->clear();
+    showTables();
+}
+
+// --- the tables ---------------------------------------------------------------
+
+void MapDialog::showPoints(const QStringList& titles, const std::vector<MapPoint>& points)
+{
+    points_ = points;
+    QTableWidget* table = pointTable_;
+    table->setSortingEnabled(false);
+    const QStringList all = QStringList{"Имя", "X", "Y"} + titles + QStringList{"Использовать"};
+    table->setColumnCount(all.size());
+    table->setHorizontalHeaderLabels(all);
+    table->setRowCount(int(points.size()));
+    for (int row = 0; row < table->rowCount(); ++row) {
+        const MapPoint& point = points[size_t(row)];
+        table->setItem(row, 0, textItem(point.name));
+        table->setItem(row, 1, numberItem(point.x, 2));
+        table->setItem(row, 2, numberItem(point.y, 2));
+        int column = kFirstShown;
+        for (double shown : point.shown)
+            table->setItem(row, column++, numberItem(shown, 2, words_.missing));
+        QTableWidgetItem* use = checkItem(point.valid);
+        use->setData(kRowRole, row);
+        table->setItem(row, column, use);
+        for (int cell = 0; point.suspect && cell < column; ++cell)
+            table->item(row, cell)->setForeground(kSuspect);
+    }
+    table->setSortingEnabled(true);
+    fitColumns(table);
+}
+
+void MapDialog::setValuesCorner(const QString& caption) { corner_->setText(caption); }
+
+std::vector<size_t> MapDialog::usedRows() const
+{
+    std::vector<size_t> used;
+    const int useColumn = pointTable_->columnCount() - 1;
+    for (int row = 0; row < pointTable_->rowCount(); ++row) {
+        const QTableWidgetItem* use = pointTable_->item(row, useColumn);
+        const auto index = size_t(use->data(kRowRole).toInt());
+        if (use->checkState() == Qt::Checked && points_[index].valid && std::isfinite(points_[index].value))
+            used.push_back(index);
+    }
+    return used;
+}
+
+geometry::PointList MapDialog::usedPoints() const
+{
+    geometry::PointList points;
+    for (size_t index : usedRows())
+        points.push_back({points_[index].x, points_[index].y, points_[index].value});
+    return points;
+}
+
+// --- the end ------------------------------------------------------------------
+
+void MapDialog::accept()
+{
+    if (mayAccept())
+        QDialog::accept();
+}
+
+void MapDialog::drawLabels(const geometry::PointList& points) const { drawValueLabels(points); }
+
+void runMapDialog(MapDialog& form, QWidget* host)
+{
+    if (const auto border = askForBorder(QStringLiteral("Укажите линию границы (ESC список в позиции)")))
+        form.setBorder(*border);
+    else
+        form.offerPositionContours();
+    if (form.exec() != QDialog::Accepted)
+        return;
+    const geometry::PointList points = form.usedPoints();
+    if (points.empty())
+        return;
+    IsoContoursCmdDialog dialog(host);
+    dialog.SetPoints(points);
+    dialog.HidePointSelection(true);
+    if (form.border()) {
+        dialog.SetBoundLayer(form.borderLayer());
+        dialog.SetBounds(*form.border(), false);
+        dialog.HideBoundSelection(true);
+    }
+    dialog.SetLevelMapID(form.levelMapId());
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    dialog.build();
+    if (form.labelsWanted())
+        form.drawLabels(points);
+}

@@ -1,0 +1,126 @@
+// The frame of a map's dialog: the border, the states, the table of points and
+// that of values, the end. An heir brings its cycles, its sampling and its rows:
+//
+//   - its constructor makes its controls, calls layOutMap() with them, then start();
+//   - load() reads the elements of the place that is chosen;
+//   - showTables() shows them: showPoints(), and what it likes in ValuesData.
+//
+// runMap<Form>() is the command.
+#pragma once
+
+#include "analysis/maps/layer_input.h"
+#include "formkit/layout.h"
+#include "formkit/modal.h"
+#include "formkit/table_items.h"
+#include "formkit/widgets.h"
+
+#include <nrx/object.h>
+
+// What the heirs of the frame differ in by words alone.
+struct MapWords {
+    const char* name; // of the dialog
+    const char* title;
+    const char* elements; // title of the group that says which are taken
+    const char* missing;  // in the cell of a point without a value
+};
+
+// Which elements are taken.
+struct MapPlace {
+    bool byPosition = true; // all of the position, else those inside the border
+    int positionId = -1;
+    geometry::PointList border; // corners in plan, for the whole database
+    QStringList states;         // state_id; none takes every state
+};
+
+// A row of the table of points.
+struct MapPoint {
+    QString name;
+    double x = 0.0;
+    double y = 0.0;
+    std::vector<double> shown; // the columns between Y and "Использовать"; not finite: missing
+    double value = 0.0;        // of the map
+    bool valid = false;        // checked at start
+    bool suspect = false;      // its row is red
+};
+
+class MapDialog : public QDialog {
+    Q_OBJECT
+public:
+    // A line picked in the drawing becomes the border.
+    void setBorder(const PickedBorder& border);
+    // No line was picked: the position's contours are offered, the first one is taken.
+    void offerPositionContours();
+
+    // The checked points with a finite value, z being the value.
+    geometry::PointList usedPoints() const;
+    // Their numbers in the list that was shown, in the same order.
+    std::vector<size_t> usedRows() const;
+    const std::optional<geometry::PointList>& border() const { return border_; }
+    QString borderLayer() const { return borderLayer_; }
+    bool labelsWanted() const { return labels_->isChecked(); }
+
+    // The colour map that the project has chosen for such maps.
+    virtual int levelMapId() const = 0;
+    // Writes the values beside their points.
+    virtual void drawLabels(const geometry::PointList& points) const;
+
+protected:
+    MapDialog(const MapWords& words, QWidget* parent);
+
+    // The frame around the heir's own: rows of the group of places, such as
+    // those of cycles, and a pane for its sampling (may be null).
+    void layOutMap(const std::vector<formkit::Cells>& cycles, QWidget* sampling);
+    // Once all controls stand: connects them and loads.
+    void start();
+
+    // Reads the elements; false when the server refused.
+    virtual bool load() = 0;
+    virtual void showTables() = 0;
+    // Whether the dialog may end as accepted.
+    virtual bool mayAccept() { return true; }
+
+    void reload();
+    MapPlace place() const;
+    void showPoints(const QStringList& titles, const std::vector<MapPoint>& points);
+    QTableWidget* values() const { return values_; }
+    // What the row titles of the values hold, said in the table's corner.
+    void setValuesCorner(const QString& caption);
+    void accept() override;
+
+private:
+    formkit::Item placePane(const std::vector<formkit::Cells>& cycles);
+    formkit::Item tables();
+    void choosePlace();
+    void chooseContour();
+    void chooseBorderLayer();
+    void chooseStates();
+    void takeBorder(std::optional<geometry::PointList> border, const QString& layer);
+
+    MapWords words_;
+    std::vector<MapPoint> points_;
+    std::optional<geometry::PointList> border_;
+    QString borderLayer_;
+    QStringList states_;
+    QRadioButton* byPosition_ = nullptr;
+    QRadioButton* byDatabase_ = nullptr;
+    QComboBox* contours_ = nullptr;
+    QComboBox* layers_ = nullptr;
+    QLabel* borderStatus_ = nullptr;
+    QLabel* stateNotes_ = nullptr;
+    QLabel* status_ = nullptr;
+    QLabel* corner_ = nullptr;
+    QCheckBox* labels_ = nullptr;
+    QTableWidget* pointTable_ = nullptr;
+    QTableWidget* values_ = nullptr;
+};
+
+// Asks for a border, runs the dialog, builds and draws the map.
+void runMapDialog(MapDialog& form, QWidget* host);
+
+template <class Form>
+void runMap()
+{
+    formkit::OverHost host;
+    Form form(host);
+    runMapDialog(form, host);
+}

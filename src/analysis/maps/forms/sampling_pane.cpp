@@ -1,0 +1,102 @@
+#include "analysis/maps/forms/sampling_pane.h"
+
+#include "formkit/layout.h"
+#include "formkit/widgets.h"
+
+#include <QSignalBlocker>
+
+using namespace formkit;
+
+namespace {
+
+// Depths and elevations in metres.
+QDoubleSpinBox* metres(const char* name) { return realSpin(name, -10000.0, 10000.0, 0.5); }
+
+void setQuietly(QDoubleSpinBox* spin, double value)
+{
+    const QSignalBlocker quiet(spin);
+    spin->setValue(value);
+}
+
+} // namespace
+
+SamplingPane::SamplingPane(QWidget* parent) : QWidget(parent)
+{
+    layOut(this).column({group("Значение по")
+                             .grid({
+                                 {byDepth_ = radio("DeepSampling", "Глубине", true),
+                                  wide(3, byElevation_ = radio("HSampling", "Абс. Отметке"))},
+                                 {wide(2, "Значение глубины (отметки)"), key_ = metres("DeepSpin"),
+                                  bottom_ = check("EndPoint", "по забою")},
+                                 {wide(4, byMean_ = radio("AverageSampling", "Средневзвешенное по глубине"))},
+                                 // Scripts know the box by this spelling.
+                                 {"Интервал  от", from_ = metres("IntervalBegin"), to_ = metres("IntervalEnd"),
+                                  toEnd_ = check("ToEndSamplihg", "до забоя")},
+                             })});
+    layout()->setContentsMargins(0, 0, 0, 0);
+
+    for (QRadioButton* mode : {byDepth_, byElevation_, byMean_}) {
+        connect(mode, &QRadioButton::toggled, this, [this](bool on) {
+            if (on)
+                chooseMode();
+        });
+    }
+    for (QDoubleSpinBox* spin : {key_, from_, to_})
+        connect(spin, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this, &SamplingPane::changed);
+    for (QCheckBox* box : {toEnd_, bottom_}) {
+        connect(box, &QCheckBox::toggled, this, [this] {
+            enableControls();
+            emit changed();
+        });
+    }
+    enableControls();
+}
+
+void SamplingPane::enableControls()
+{
+    const bool mean = mode() == Sampling::Average;
+    bottom_->setEnabled(mode() == Sampling::Depth);
+    key_->setEnabled(!mean && !sampling().bottom);
+    from_->setEnabled(mean);
+    to_->setEnabled(mean && !toEnd_->isChecked());
+    toEnd_->setEnabled(mean);
+}
+
+Sampling::Mode SamplingPane::mode() const
+{
+    if (byElevation_->isChecked())
+        return Sampling::Elevation;
+    return byMean_->isChecked() ? Sampling::Average : Sampling::Depth;
+}
+
+Sampling SamplingPane::sampling() const
+{
+    Sampling wanted;
+    wanted.mode = mode();
+    wanted.key = key_->value();
+    wanted.from = from_->value();
+    wanted.to = to_->value();
+    wanted.toEnd = toEnd_->isChecked();
+    wanted.bottom = bottom_->isEnabled() && bottom_->isChecked();
+    return wanted;
+}
+
+void SamplingPane::chooseMode()
+{
+    enableControls();
+    const bool elevation = mode() == Sampling::Elevation;
+    if (mode() != Sampling::Average && elevation != elevationShown_) {
+        keys_[elevationShown_] = key_->value();
+        setQuietly(key_, keys_[elevation]);
+        elevationShown_ = elevation;
+    }
+    emit modeChanged();
+}
+
+void SamplingPane::startWith(const std::vector<double>& depths, const std::vector<double>& elevations)
+{
+    keys_ = {depths.empty() ? 0.0 : depths.front(), elevations.empty() ? 0.0 : elevations.front()};
+    setQuietly(key_, keys_[elevationShown_]);
+    setQuietly(from_, depths.empty() ? 0.0 : depths.front());
+    setQuietly(to_, depths.empty() ? 0.0 : depths.back());
+}
