@@ -18,7 +18,7 @@ endif()
 
 include(${CMAKE_CURRENT_LIST_DIR}/Precompiled.cmake)
 
-# terva_library(<target> LEVEL <n> [LINKS <target>...] [PLAIN])
+# terva_library(<target> LEVEL <n> [PLAIN] [LINKS <target>...])
 # One static library from the sources that stand directly in this folder.
 # LEVEL is the folder's place in the house: a folder links only lower levels,
 # or its own level along an arrow that LINKS names. A folder without sources

@@ -2,6 +2,7 @@
 
 #include "analysis/levels/forms/map_legend_form.h"
 #include "analysis/maps/forms/temperature_map_command.h"
+#include "base/placeholders.h"
 #include "database/forms/create_project_form.h"
 #include "drawing/alignment/alignment.h"
 #include "drawing/alignment/attribute_mask.h"
@@ -11,11 +12,11 @@
 #include "drawing/renumber.h"
 #include "entry/about_form.h"
 #include "entry/help.h"
-#include "entry/not_available.h"
 #include "entry/palette_sets.h"
 #include "entry/sample_commands.h"
 #include "exchange/forms/import_commands.h"
 #include "formkit/modal.h"
+#include "hostkit/console.h"
 #include "session/forms/palette_refresh.h"
 #include "session/project_session.h"
 
@@ -152,8 +153,8 @@ void runCommand(const Command& command)
         return;
     if (command.action)
         command.action();
-    else
-        sayNotAvailable(command.name);
+    else // the area is not built yet
+        say(fill(QStringLiteral("\nКоманда %1 пока недоступна\n"), command.name));
 }
 
 void registerCommands()

@@ -18,7 +18,7 @@ QString textOf(const QString& path)
 Folder declaredIn(const QString& listsFile)
 {
     static const QRegularExpression declaration(
-        QStringLiteral("terva_library\\(\\s*(\\w+)\\s+LEVEL\\s+(\\d+)(?:\\s+LINKS([^)]*))?\\)"));
+        QStringLiteral("terva_library\\(\\s*(\\w+)\\s+LEVEL\\s+(\\d+)(?:\\s+PLAIN)?(?:\\s+LINKS([^)]*))?\\)"));
     const QRegularExpressionMatch match = declaration.match(textOf(listsFile));
     Folder folder;
     if (!match.hasMatch())

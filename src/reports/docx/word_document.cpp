@@ -34,10 +34,7 @@ QString mainPartOf(const PackageReader& package)
 
 } // namespace
 
-bool WordDocument::read(const PackageReader& package)
-{
-    return readParts(package) && readImages(package);
-}
+bool WordDocument::read(const PackageReader& package) { return readParts(package) && readImages(package); }
 
 bool WordDocument::readParts(const PackageReader& package)
 {
