@@ -2,6 +2,7 @@
 
 #include "formkit/modal.h"
 
+#include <QMessageBox>
 #include <QPushButton>
 #include <memory>
 
@@ -43,8 +44,9 @@ void inform(QWidget* parent, const QString& text, const QString& title)
 
 bool confirm(QWidget* parent, const Question& question)
 {
-    Box asked(parent, question.icon, question.title, question.text, QMessageBox::Yes | QMessageBox::No);
-    asked.box.setDefaultButton(question.preset);
+    static const QMessageBox::Icon icons[] = {QMessageBox::Question, QMessageBox::Warning, QMessageBox::Critical};
+    Box asked(parent, icons[int(question.look)], question.title, question.text, QMessageBox::Yes | QMessageBox::No);
+    asked.box.setDefaultButton(question.preset == Preset::Yes ? QMessageBox::Yes : QMessageBox::No);
     return asked.box.exec() == QMessageBox::Yes;
 }
 
@@ -53,7 +55,7 @@ int ask(QWidget* parent, const QString& text, const QVector<Answer>& answers, in
     Box asked(parent, QMessageBox::Question, title, text, QMessageBox::NoButton);
     QVector<QPushButton*> buttons;
     for (const Answer& answer : answers)
-        buttons.append(asked.box.addButton(answer.caption, answer.role));
+        buttons.append(asked.box.addButton(answer.caption, answer.agrees ? QMessageBox::YesRole : QMessageBox::NoRole));
     asked.box.setDefaultButton(buttons.value(preset));
     asked.box.setEscapeButton(buttons.value(preset));
     asked.box.exec();

@@ -3,8 +3,10 @@
 // may hold what the database or a file said. Without a parent a box opens over
 // the host's main window.
 
-#include <QMessageBox>
-#include <QStringList>
+#include <QString>
+#include <QVector>
+
+class QWidget;
 
 namespace formkit {
 
@@ -15,11 +17,13 @@ void warn(QWidget* parent, const QString& text, const QString& title = attention
 void inform(QWidget* parent, const QString& text, const QString& title = attention());
 
 /// A question with Yes and No; true for Yes.
+enum class Look { Question, Warning, Critical };
+enum class Preset { Yes, No }; ///< what Enter answers
 struct Question {
     QString text;
     QString title = attention();
-    QMessageBox::Icon icon = QMessageBox::Question;
-    QMessageBox::StandardButton preset = QMessageBox::Yes; ///< what Enter answers
+    Look look = Look::Question;
+    Preset preset = Preset::Yes;
 };
 bool confirm(QWidget* parent, const Question& question);
 inline bool confirm(QWidget* parent, const QString& text) { return confirm(parent, Question{text}); }
@@ -28,7 +32,7 @@ inline bool confirm(QWidget* parent, const QString& text) { return confirm(paren
 /// pressed. Enter and Esc press the button `preset`.
 struct Answer {
     QString caption;
-    QMessageBox::ButtonRole role;
+    bool agrees; ///< stands where a box has its Yes
 };
 int ask(QWidget* parent, const QString& text, const QVector<Answer>& answers, int preset,
         const QString& title = attention());

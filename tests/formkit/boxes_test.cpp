@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QFileDialog>
+#include <QMessageBox>
 #include <QProgressBar>
 #include <QProgressDialog>
 #include <QTemporaryDir>
@@ -58,13 +59,12 @@ TEST_F(Boxes, AskAndAreAnswered)
             return box->defaultButton() == box->button(QMessageBox::No) ? QString() : QString("another default");
         })
         .close();
-    EXPECT_FALSE(confirm(nullptr, {"Удалить?", "Удаление БД", QMessageBox::Critical, QMessageBox::No}));
+    EXPECT_FALSE(confirm(nullptr, {"Удалить?", "Удаление БД", Look::Critical, Preset::No}));
 }
 
 TEST_F(Boxes, AnswersOfTheirOwnAreCounted)
 {
-    const QVector<Answer> answers = {
-        {"Да", QMessageBox::YesRole}, {"Нет", QMessageBox::NoRole}, {"Нет для всех", QMessageBox::NoRole}};
+    const QVector<Answer> answers = {{"Да", true}, {"Нет", false}, {"Нет для всех", false}};
     driver_.expect("Внимание").press("Нет для всех");
     EXPECT_EQ(ask(&form_, "?", answers, 1), 2);
     driver_.expect("Внимание").press("Да");

@@ -181,6 +181,20 @@ TEST(Layout, WidgetsAreNamedOnlyInFormsTheirKitAndTheEntry)
     }
 }
 
+// A widget gets its name where it is made, a box looks and speaks as all others.
+TEST(Layout, FormsAreMadeOfTheirKit)
+{
+    int forms = 0;
+    for (const SourceFile& file : sourcesBelow(QStringLiteral("src"))) {
+        if (!file.path.contains(QLatin1String("/forms/")) && !file.path.startsWith(QLatin1String("src/entry/")))
+            continue;
+        ++forms;
+        for (const char* bare : {"setObjectName(", "QMessageBox", "QDialogButtonBox", "QProgressDialog", "QFileDialog"})
+            EXPECT_FALSE(file.text.contains(QLatin1String(bare))) << file.path.toStdString() << " names " << bare;
+    }
+    EXPECT_GT(forms, 50);
+}
+
 TEST(Layout, GeometryAndTheContourEngineAreStandardCppOnly)
 {
     for (const QString& folder : {QStringLiteral("src/geometry"), QStringLiteral("src/analysis/contour")}) {

@@ -43,7 +43,7 @@ FieldList pageFields()
 // buttons.
 SQLForm::SQLForm(QWidget* parent) : QWidget(parent)
 {
-    setObjectName("SQLForm");
+    nameForm(this, "SQLForm", QString());
     auto* page = new QWidget;
     layOut(page).column({
         fields_ = new FieldPane(pageFields()),

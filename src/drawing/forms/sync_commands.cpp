@@ -8,17 +8,17 @@
 
 namespace {
 
-bool saysYes(QMessageBox::Icon icon, const QString& text)
+bool saysYes(formkit::Look look, const QString& text)
 {
-    return formkit::confirm(nullptr, {text, formkit::attention(), icon, QMessageBox::No});
+    return formkit::confirm(nullptr, {text, formkit::attention(), look, formkit::Preset::No});
 }
 
 } // namespace
 
 void drawingToDatabaseCommand()
 {
-    syncDrawingToDatabase({[](const QString& text) { return saysYes(QMessageBox::Critical, text); },
-                           [](const QString& text) { return saysYes(QMessageBox::Question, text); }});
+    syncDrawingToDatabase({[](const QString& text) { return saysYes(formkit::Look::Critical, text); },
+                           [](const QString& text) { return saysYes(formkit::Look::Question, text); }});
 }
 
 void syncNode(int id, SyncLevel level)

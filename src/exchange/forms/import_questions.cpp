@@ -5,10 +5,10 @@
 ImportAnswer askImport(const QString& text, QWidget* parent)
 {
     static const QVector<formkit::Answer> answers = {
-        {"Да", QMessageBox::YesRole},
-        {"Да для всех", QMessageBox::YesRole},
-        {"Нет", QMessageBox::NoRole},
-        {"Нет для всех", QMessageBox::NoRole},
+        {"Да", true},
+        {"Да для всех", true},
+        {"Нет", false},
+        {"Нет для всех", false},
     };
     static const ImportAnswer meanings[] = {ImportAnswer::Yes, ImportAnswer::YesToAll, ImportAnswer::No,
                                             ImportAnswer::NoToAll};

@@ -30,7 +30,7 @@ bool askToClear()
 {
     return formkit::confirm(nullptr,
                             {"Выполнить очистку таблицы geometries PostGIS перед вставкой?", "ВНИМАНИЕ!!!",
-                             QMessageBox::Question, QMessageBox::No});
+                             formkit::Look::Question, formkit::Preset::No});
 }
 
 // One box for each stretch of work.
