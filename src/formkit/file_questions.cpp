@@ -1,5 +1,8 @@
 #include "formkit/file_questions.h"
 
+#include "base/placeholders.h"
+#include "formkit/boxes.h"
+
 #include <QFileDialog>
 #include <QHash>
 #include <QRegularExpression>
@@ -30,6 +33,7 @@ QString askFile(QWidget* parent, const FileQuestion& question, QFileDialog::Acce
     if (question.chosenFilter && !question.chosenFilter->isEmpty())
         box.selectNameFilter(*question.chosenFilter);
     if (mode == QFileDialog::AcceptSave) {
+        box.setOption(QFileDialog::DontConfirmOverwrite); // it would ask in another language
         box.setDefaultSuffix(suffixOf(box.selectedNameFilter()));
         QObject::connect(&box, &QFileDialog::filterSelected, &box,
                          [&box](const QString& filter) { box.setDefaultSuffix(suffixOf(filter)); });
@@ -54,7 +58,9 @@ QString askFileToOpen(QWidget* parent, const FileQuestion& question)
 
 QString askFileToSave(QWidget* parent, const FileQuestion& question)
 {
-    return askFile(parent, question, QFileDialog::AcceptSave);
+    const QString path = askFile(parent, question, QFileDialog::AcceptSave);
+    const bool isThere = !path.isEmpty() && QFileInfo::exists(path);
+    return !isThere || confirm(parent, fill("Файл '%1' уже существует.\nЗаменить его?", path)) ? path : QString();
 }
 
 QString askFolder(QWidget* parent, const QString& title, const QString& start)

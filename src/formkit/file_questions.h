@@ -17,6 +17,7 @@ struct FileQuestion {
 };
 
 QString askFileToOpen(QWidget* parent, const FileQuestion& question);
+/// Asks before it gives the name of a file that is there.
 QString askFileToSave(QWidget* parent, const FileQuestion& question);
 QString askFolder(QWidget* parent, const QString& title, const QString& start = QString());
 

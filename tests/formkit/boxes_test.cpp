@@ -104,6 +104,14 @@ TEST_F(Boxes, ASavedFileGetsTheSuffixOfItsFilter)
     EXPECT_EQ(askFileToSave(&form_, {"Куда", "cmp (*.cmp)", folder.path() + "/"}), folder.filePath("карта.cmp"));
     driver_.expect("Куда").files({folder.filePath("карта.txt")});
     EXPECT_EQ(askFileToSave(&form_, {"Куда", "cmp (*.cmp)", folder.path() + "/"}), folder.filePath("карта.txt"));
+    QFile there(folder.filePath("есть.cmp"));
+    ASSERT_TRUE(there.open(QIODevice::WriteOnly));
+    for (const char* answer : {"No", "Yes"}) {
+        driver_.expect("Куда").files({folder.filePath("есть")});
+        driver_.expect("Внимание").text("Файл '" + there.fileName() + "' уже существует.\nЗаменить его?").press(answer);
+        EXPECT_EQ(askFileToSave(&form_, {"Куда", "cmp (*.cmp)", folder.path() + "/"}).isEmpty(),
+                  answer == QString("No"));
+    }
     EXPECT_EQ(suffixOf("*.terva"), QString("terva"));
     EXPECT_EQ(suffixOf("csv (*.csv *.txt)"), QString("csv"));
     EXPECT_EQ(suffixOf("Все (*.*)"), QString());

@@ -103,7 +103,7 @@ TEST(FormWidgets, CarryTheirNamesAndStarts)
     const std::unique_ptr<QPushButton> pressed(button("B", "Жми"));
     EXPECT_FALSE(pressed->autoDefault());
     const std::unique_ptr<QDoubleSpinBox> real(realSpin("R", -5, 5, 0.1, 3));
-    real->setValue(1.2345);
+    real->setValue(1.2346);
     EXPECT_EQ(real->value(), 1.235);
     EXPECT_EQ(real->singleStep(), 0.1);
     const std::unique_ptr<QComboBox> choice(combo("C", {{"раз", 1}, {"два", 2}}));

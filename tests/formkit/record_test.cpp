@@ -145,7 +145,8 @@ protected:
     void SetUp() override
     {
         database_->exec("insert into devices (device_id, name, serial, description) overriding system value "
-                        "values (1, 'коса', 'SN-1', 'новая'), (2, 'нивелир', 'SN-20', null)");
+                        "values (1, 'коса', 'SN-1', 'новая'), (2, 'нивелир', 'SN-20', null);"
+                        "alter table devices alter column device_id restart with 100");
     }
     void TearDown() override { EXPECT_TRUE(driver_.done()) << driver_.report(); }
 
