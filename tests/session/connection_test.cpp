@@ -300,9 +300,10 @@ TEST_F(TwoDatabases, TheAuditSwitchIsThatOfItsOwn)
     ASSERT_TRUE(session_.setAudit());
     EXPECT_EQ(connectedTo(), database_.name());
     EXPECT_FALSE(session_.auditEnabled);
-    EXPECT_EQ(second_.value("select count(*) from pg_db_role_setting s join pg_database d on d.oid = s.setdatabase "
-                            "where datname = current_database()"),
-              QString("0"));
+    EXPECT_EQ(sql::Connection(second_.conninfo())
+                  .run("select coalesce(current_setting('app.audit_enabled', true), 'absent')")
+                  .getvalue(0, 0),
+              QString("absent"));
 }
 
 TEST_F(TwoDatabases, ConnectingToTheOtherForgetsTheFirst)

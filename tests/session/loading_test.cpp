@@ -467,10 +467,10 @@ TEST_F(LoadingAnother, AfterAMereTestOfAThirdEndsOnTheFirstToo)
 
 TEST_F(LoadingAnother, EndsDisconnectedWithALineWhereTheFirstIsGone)
 {
-    database_.exec("alter database " + database_.name() + " allow_connections false");
+    second_.exec("alter database " + database_.name() + " allow_connections false");
     saved_.workDir = folder_.filePath("нет");
     load();
-    database_.exec("alter database " + database_.name() + " allow_connections true");
+    second_.exec("alter database " + database_.name() + " allow_connections true");
     EXPECT_TRUE(console_.text().endsWith("Соединение с базой данных прежнего проекта потеряно\n" + troubleMessage()))
         << console_.text();
     EXPECT_FALSE(session_.connected);

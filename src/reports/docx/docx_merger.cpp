@@ -25,7 +25,7 @@ QString readFile(const QString& path, PackageReader* package, WordDocument* part
 {
     if (!package->open(path))
         return package->fault();
-    if (!parts->readParts(*package))
+    if (!parts->read(*package, docx::LinkedImages::Kept))
         return parts->fault;
     const bool hasBody = !parts->document.documentElement().firstChildElement(QStringLiteral("w:body")).isNull();
     return hasBody ? QString() : QStringLiteral("the document has no body");

@@ -34,7 +34,10 @@ QString mainPartOf(const PackageReader& package)
 
 } // namespace
 
-bool WordDocument::read(const PackageReader& package) { return readParts(package) && readImages(package); }
+bool WordDocument::read(const PackageReader& package, LinkedImages linked)
+{
+    return readParts(package) && readImages(package, linked);
+}
 
 bool WordDocument::readParts(const PackageReader& package)
 {
@@ -57,10 +60,12 @@ bool WordDocument::readPart(const PackageReader& package, const QString& name, Q
     return fault.isEmpty();
 }
 
-bool WordDocument::readImages(const PackageReader& package)
+bool WordDocument::readImages(const PackageReader& package, LinkedImages linked)
 {
     for (const QDomElement& relationship : relationshipElements(relationships)) {
         if (relationship.attribute(QStringLiteral("Type")) != imageRelationshipType())
+            continue;
+        if (linked == LinkedImages::Kept && isExternal(relationship))
             continue;
         const QString target = relationship.attribute(QStringLiteral("Target"));
         const QString path = resolvedTarget(mainPart, target);

@@ -26,6 +26,9 @@ inline QString relationshipsNamespace()
     return QStringLiteral("http://schemas.openxmlformats.org/officeDocument/2006/relationships");
 }
 
+/// What becomes of a picture that a file only points at.
+enum class LinkedImages { Refused, Kept };
+
 /// The three parts that hold a document together, as trees.
 struct WordDocument {
     QDomDocument document;
@@ -37,15 +40,14 @@ struct WordDocument {
     QString fault;                 ///< why read() gave false
 
     /// False when a part is missing or does not parse, or an image does not
-    /// stand in the package: linked images are among these. Logs "Failed to open
-    /// image file: " for the latter.
-    bool read(const PackageReader& package);
-    /// The three parts alone: pictures are nobody's concern here.
-    bool readParts(const PackageReader& package);
+    /// stand in the package: linked images are among these unless they are kept
+    /// as links. Logs "Failed to open image file: " for the latter.
+    bool read(const PackageReader& package, LinkedImages linked = LinkedImages::Refused);
 
 private:
+    bool readParts(const PackageReader& package);
     bool readPart(const PackageReader& package, const QString& name, QDomDocument* part);
-    bool readImages(const PackageReader& package);
+    bool readImages(const PackageReader& package, LinkedImages linked);
 };
 
 /// Reads a part of the package as a tree.
