@@ -15,7 +15,7 @@ QString decoded(const QByteArray& line, TextEncoding encoding)
     static const QTextCodec* const windows = QTextCodec::codecForName("Windows-1251");
     if (encoding == TextEncoding::Windows1251 && windows)
         return windows->toUnicode(line);
-    return QString::fromUtf8(line);
+    return QString::fromUtf8(line.constData(), line.size()); // a zero byte ends nothing
 }
 
 // Line numbers of one kind, of which the first few are named.

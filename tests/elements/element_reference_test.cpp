@@ -86,7 +86,7 @@ TEST_F(ElementReference, AttributesLookAsTheirDefinitions)
     int color = 30;
     QMap<QString, int> colors;
     for (const NcDbObjectId& id : HostAccess::entities(*HostAccess::objectAs<NcDbBlockTableRecord>(block))) {
-        auto* field = HostAccess::objectAs<NcDbAttributeDefinition>(id);
+        const Opened<NcDbAttributeDefinition> field(id, kForWrite);
         if (!field)
             continue;
         field->setColorIndex(color);

@@ -41,6 +41,10 @@ public:
     {
         return reply([&](PromptReply& r) { r.entity = id; });
     }
+    ScriptedPrompts& color(int red, int green, int blue)
+    {
+        return reply([&](PromptReply& r) { r.color.setRGB(red, green, blue); });
+    }
     ScriptedPrompts& enter()
     {
         return reply([](PromptReply& r) { r.status = kPromptEmpty; });

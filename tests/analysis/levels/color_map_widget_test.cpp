@@ -1,6 +1,7 @@
 // The editor of colour maps and the selector.
 #include "analysis/levels/forms/color_map_widget.h"
 #include "analysis/levels/forms/level_map_selector_form.h"
+#include "support/scripted_prompts.h"
 #include "support/session_database.h"
 
 #include <script/modal_driver.h>
@@ -116,9 +117,10 @@ TEST_F(ColorMaps, AChangedCountAsksFirstWhenSomethingWasEdited)
 TEST_F(ColorMaps, AnEditedColourCountsAsAnEdit)
 {
     widget().setLevelMapId(LevelMap::Temperature);
-    driver.expect(QStringLiteral("*")).color(QStringLiteral("10,20,30"));
+    ScriptedPrompts chosen;
+    chosen.color(10, 20, 30);
     emit child<QTableWidget>("ColorTable")->cellDoubleClicked(2, 3);
-    ASSERT_TRUE(driver.done()) << driver.report();
+    ASSERT_TRUE(chosen.allAnswersUsed());
     const NcCmColor& color = widget().current().ranges[3].color;
     EXPECT_EQ(QColor(color.red(), color.green(), color.blue()), QColor(10, 20, 30));
     EXPECT_EQ(child<QTableWidget>("ColorTable")->item(2, 3)->background().color(), QColor(10, 20, 30));
