@@ -1,6 +1,8 @@
 #include "host_commands.h"
 
 #include <drawing/application.h>
+#include <drawing/edit_operations.h>
+#include <drawing/host_access.h>
 #include <dxf/drawing_file.h>
 #include <render/picture_export.h>
 
@@ -84,13 +86,28 @@ bool askPixels(QSize& pixels)
     return true;
 }
 
+// A copy, so that the drawing itself keeps its attributes.
+QString exportWithTexts(const NcDbDatabase& drawing, const QString& path)
+{
+    NcDbDatabase copy(false);
+    HostAccess::beginLoading(copy);
+    const NcStatus status = readDrawingBytes(copy, drawingBytes(drawing));
+    HostAccess::finishLoading(copy);
+    if (!isOk(status))
+        return drawingFault();
+    attributesToTexts(copy);
+    return isOk(copy.saveAs(path)) ? QString() : QStringLiteral("Файл не записан: ") + path;
+}
+
 void exportDrawing()
 {
-    const QString prompt = QStringLiteral("\nВыполнить или [Рамка/Точек/Белый/Черный/Лист/Маленький] <Выполнить>: ");
+    const QString prompt =
+        QStringLiteral("\nВыполнить или [Рамка/Точек/Белый/Черный/Лист/Маленький/ТЕксты] <Выполнить>: ");
     const QString words =
-        QStringLiteral("Рамка Точек Белый Черный Лист Маленький _ Window Size White Black Layout Small");
+        QStringLiteral("Рамка Точек Белый Черный Лист Маленький ТЕксты _ Window Size White Black Layout Small Texts");
     QString path;
     PictureOptions options;
+    bool texts = false; // attributes as texts, in a DXF
     NcDbDatabase* drawing = currentDrawing();
     if (!drawing || !askText(QStringLiteral("\nИмя файла (png, svg, pdf, dxf): "), path))
         return;
@@ -109,8 +126,10 @@ void exportDrawing()
             options.space = QStringLiteral("*Paper_Space");
         if (word == QLatin1String("Small"))
             options.largeSheet = false;
+        texts = texts || word == QLatin1String("Texts");
     }
-    const QString wrong = exportPicture(*drawing, path, options);
+    const bool isDxf = path.endsWith(QLatin1String(".dxf"), Qt::CaseInsensitive);
+    const QString wrong = texts && isDxf ? exportWithTexts(*drawing, path) : exportPicture(*drawing, path, options);
     sayLine(wrong.isEmpty() ? QStringLiteral("Записан файл ") + QFileInfo(path).fileName() : wrong);
 }
 

@@ -265,6 +265,30 @@ NcDbObjectIdArray explodeEntity(NcDbDatabase& database, NcDbObjectId id)
     return made;
 }
 
+int attributesToTexts(NcDbDatabase& database)
+{
+    int made = 0;
+    auto& space = *HostAccess::objectAs<NcDbBlockTableRecord>(HostAccess::data(database).modelSpace);
+    for (NcDbObjectId id : NcDbObjectIdArray(HostAccess::entities(space))) {
+        const auto* reference = HostAccess::objectAs<NcDbBlockReference>(id);
+        if (!reference || reference->isErased())
+            continue;
+        for (NcDbObjectId attributeId : HostAccess::attributes(*reference)) {
+            auto* attribute = HostAccess::objectAs<NcDbAttribute>(attributeId);
+            if (!attribute || attribute->isErased() || attribute->isInvisible() || !attribute->isVisible())
+                continue;
+            std::unique_ptr<NcDbEntity> text = plainText(*attribute);
+            inheritLook(*text, *reference);
+            HostAccess::touch(*HostAccess::object(HostAccess::addEntity(space, std::move(text))));
+            HostAccess::noteChange(*attribute);
+            HostAccess::invisible(*attribute) = true;
+            HostAccess::touch(*attribute);
+            ++made;
+        }
+    }
+    return made;
+}
+
 NcGeMatrix3d mirrorMatrix(const NcGePoint3d& from, const NcGePoint3d& to)
 {
     const double angle = 2.0 * std::atan2(to.y - from.y, to.x - from.x);

@@ -21,6 +21,10 @@ NRX_API NcDbObjectIdArray explodeEntity(NcDbDatabase& database, NcDbObjectId id)
 // without one, or where it would vanish. Outside of any drawing.
 NRX_API std::unique_ptr<NcDbEntity> offsetOf(const NcDbEntity& entity, double distance, const NcGePoint3d& side);
 
+// Turns what the attributes of model space show into plain texts, for programs
+// that draw no attributes. The number of texts.
+NRX_API int attributesToTexts(NcDbDatabase& database);
+
 // Mirroring about the line through two points.
 NRX_API NcGeMatrix3d mirrorMatrix(const NcGePoint3d& from, const NcGePoint3d& to);
 

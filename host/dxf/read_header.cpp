@@ -6,9 +6,9 @@
 namespace {
 
 // Said by the drawing itself, or made anew with each file.
-const char* const kTold[] = {"$HANDSEED", "$DWGCODEPAGE",       "$CLAYER",        "$DIMTXT", "$DIMSCALE",
-                             "$UCSORG",   "$UCSXDIR",           "$UCSYDIR",       "$EXTMIN", "$EXTMAX",
-                             "$TILEMODE", "$CUSTOMPROPERTYTAG", "$CUSTOMPROPERTY"};
+const char* const kTold[] = {"$HANDSEED", "$DWGCODEPAGE",       "$CLAYER",         "$DIMTXT",     "$DIMSCALE",
+                             "$UCSORG",   "$UCSXDIR",           "$UCSYDIR",        "$EXTMIN",     "$EXTMAX",
+                             "$TILEMODE", "$CUSTOMPROPERTYTAG", "$CUSTOMPROPERTY", "$LASTSAVEDBY"};
 
 // Variables of files before R2000 that still mean the same.
 const char* const kOldKept[] = {"$ACADVER",  "$INSBASE", "$LTSCALE",  "$TEXTSIZE", "$PDMODE",   "$PDSIZE",   "$LUNITS",

@@ -71,6 +71,12 @@ void writeKnown(const FileParts& parts, HeaderWriter& header)
     const auto* layer = HostAccess::objectAs<NcDbLayerTableRecord>(drawing.currentLayer);
     header.variable("$ACADVER").text(1, versionOf(drawing));
     header.variable("$DWGCODEPAGE").text(3, QStringLiteral("ANSI_1251"));
+    // Other readers look for a drawing's own properties here and nowhere else.
+    header.variable("$LASTSAVEDBY").text(1, QStringLiteral("Terva"));
+    for (const auto& property : drawing.summary.entries()) {
+        header.variable("$CUSTOMPROPERTYTAG").text(1, property.first);
+        header.variable("$CUSTOMPROPERTY").text(1, property.second);
+    }
     header.variable("$CLAYER").text(8, layer && !layer->isErased() ? layer->getName() : QStringLiteral("0"));
     header.variable("$DIMTXT").real(40, drawing.dimtxt);
     header.variable("$DIMSCALE").real(40, drawing.dimscale);
@@ -99,10 +105,6 @@ void writeHeader(FileParts& parts, DxfWriter& out)
             continue;
         out.group(9, variable.name);
         out.groups(variable.groups);
-    }
-    for (const auto& property : parts.drawing.summary.entries()) {
-        header.variable("$CUSTOMPROPERTYTAG").text(1, property.first);
-        header.variable("$CUSTOMPROPERTY").text(1, property.second);
     }
     header.variable("$HANDSEED").handle(5, parts.context.nextHandle());
     endSection(out);
