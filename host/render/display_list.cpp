@@ -43,6 +43,35 @@ double distanceTo(const Figure& figure, const QPointF& p)
     return INFINITY;
 }
 
+bool contains(const QRectF& window, const QPointF& p)
+{
+    return p.x() >= window.left() && p.x() <= window.right() && p.y() >= window.top() && p.y() <= window.bottom();
+}
+
+bool crosses(const QRectF& window, const QPolygonF& line, bool closed)
+{
+    const QPointF corners[] = {window.topLeft(), window.topRight(), window.bottomRight(), window.bottomLeft()};
+    for (int i = closed ? 0 : 1; i < line.size(); ++i) {
+        const QLineF piece(line[i == 0 ? line.size() - 1 : i - 1], line[i]);
+        if (contains(window, piece.p1()) || contains(window, piece.p2()))
+            return true;
+        QPointF p;
+        for (int k = 0; k < 4; ++k)
+            if (piece.intersects(QLineF(corners[k], corners[(k + 1) % 4]), &p) == QLineF::BoundedIntersection)
+                return true;
+    }
+    return line.size() == 1 && contains(window, line.front());
+}
+
+// A fill is touched at its rim: a window inside of a map means what lies on it.
+bool isTouched(const Figure& figure, const QRectF& window)
+{
+    if (figure.kind == Figure::Text)
+        return true; // its box was looked at
+    return std::any_of(figure.polygons.begin(), figure.polygons.end(),
+                       [&](const QPolygonF& polygon) { return crosses(window, polygon, figure.kind == Figure::Fill); });
+}
+
 QRectF grown(const QRectF& box, double by) { return box.adjusted(-by, -by, by, by); }
 
 } // namespace
@@ -59,13 +88,22 @@ QRectF DisplayList::box() const
     return left <= right ? QRectF(left, bottom, right - left, top - bottom) : QRectF();
 }
 
+namespace {
+
+bool isHit(const Figure& figure, const QPointF& at, double tolerance)
+{
+    if (!grown(figure.box, tolerance).contains(at) || distanceTo(figure, at) > tolerance)
+        return false;
+    return !figure.clip || figure.clip->containsPoint(at, Qt::OddEvenFill);
+}
+
+} // namespace
+
 NcDbObjectId DisplayList::hit(const QPointF& at, double tolerance) const
 {
     NcDbObjectId filled;
     for (auto figure = figures_.rbegin(); figure != figures_.rend(); ++figure) {
-        if (!grown(figure->box, tolerance).contains(at) || distanceTo(*figure, at) > tolerance)
-            continue;
-        if (figure->clip && !figure->clip->containsPoint(at, Qt::OddEvenFill))
+        if (!isHit(*figure, at, tolerance))
             continue;
         if (figure->kind != Figure::Fill)
             return figure->source;
@@ -73,6 +111,30 @@ NcDbObjectId DisplayList::hit(const QPointF& at, double tolerance) const
             filled = figure->source;
     }
     return filled;
+}
+
+NcDbObjectIdArray DisplayList::hits(const QPointF& at, double tolerance) const
+{
+    NcDbObjectIdArray lines, fills;
+    std::set<NcDbObjectId> seen;
+    for (auto figure = figures_.rbegin(); figure != figures_.rend(); ++figure)
+        if (figure->kind != Figure::Fill && isHit(*figure, at, tolerance) && seen.insert(figure->source).second)
+            lines.push_back(figure->source);
+    for (auto figure = figures_.rbegin(); figure != figures_.rend(); ++figure)
+        if (figure->kind == Figure::Fill && isHit(*figure, at, tolerance) && seen.insert(figure->source).second)
+            fills.push_back(figure->source);
+    lines.insert(lines.end(), fills.begin(), fills.end());
+    return lines;
+}
+
+DisplayList DisplayList::only(const NcDbObjectIdArray& sources) const
+{
+    const std::set<NcDbObjectId> wanted(sources.begin(), sources.end());
+    DisplayList list;
+    for (const Figure& figure : figures_)
+        if (wanted.count(figure.source))
+            list.figures_.push_back(figure);
+    return list;
 }
 
 NcDbObjectIdArray DisplayList::inside(const QRectF& window, bool crossing) const
@@ -84,7 +146,7 @@ NcDbObjectIdArray DisplayList::inside(const QRectF& window, bool crossing) const
             && box.bottom() <= window.bottom();
         const bool touches = box.left() <= window.right() && box.right() >= window.left()
             && box.top() <= window.bottom() && box.bottom() >= window.top();
-        (whole || (crossing && touches) ? within : outside).insert(figure.source);
+        (whole || (crossing && touches && isTouched(figure, window)) ? within : outside).insert(figure.source);
     }
     NcDbObjectIdArray found;
     for (const NcDbObjectId& id : sources())

@@ -47,7 +47,12 @@ public:
     // The source of the topmost figure within `tolerance` of a point; lines and
     // texts go before fills, however they are ordered.
     NcDbObjectId hit(const QPointF& at, double tolerance) const;
-    // Sources whose figures all lie inside of (or, with `crossing`, touch) a window.
+    // All sources there, the one of hit() first, each once.
+    NcDbObjectIdArray hits(const QPointF& at, double tolerance) const;
+    // The figures of some sources.
+    DisplayList only(const NcDbObjectIdArray& sources) const;
+    // Sources whose figures all lie inside of a window, or, with `crossing`, of
+    // which one touches it; a fill is touched at its rim.
     NcDbObjectIdArray inside(const QRectF& window, bool crossing = false) const;
     // Every source once, from bottom to top.
     NcDbObjectIdArray sources() const;

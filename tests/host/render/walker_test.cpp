@@ -213,3 +213,23 @@ TEST(DrawingWalker, aBlockThatHoldsItselfIsShownOnce)
     EXPECT_TRUE(object->extents().has_value());
     EXPECT_EQ(object->extents()->max.x, 1.0);
 }
+
+// A map lies under the wells: a window in it means the wells.
+TEST(DisplayListPicking, ACrossingWindowTouchesAFillAtItsRim)
+{
+    Scene scene;
+    auto* hatch = new NcDbHatch;
+    hatch->appendLoop(NcDbHatch::kExternal, {{-50, -50}, {50, -50}, {50, 50}, {-50, 50}}, {0, 0, 0, 0});
+    hatch->evaluateHatch();
+    const NcDbObjectId map = scene.add(hatch);
+    const NcDbObjectId well = scene.add(new NcDbCircle({0, 0, 0}, NcGeVector3d::kZAxis, 1.0));
+    const NcDbObjectId border = scene.add(new NcDbLine({-50, -20, 0}, {20, 50, 0}));
+    const DisplayList list = scene.record();
+    EXPECT_EQ(list.inside(QRectF(-5, -5, 5, 10), true), NcDbObjectIdArray{well});
+    EXPECT_EQ(list.inside(QRectF(-5, -5, 10, 10), false), NcDbObjectIdArray{well});
+    EXPECT_EQ(list.inside(QRectF(-60, -60, 20, 20), true), NcDbObjectIdArray{map});
+    EXPECT_EQ(list.inside(QRectF(-1, 25, 5, 5), true), NcDbObjectIdArray{border}) << "by the line, not by its box";
+    EXPECT_EQ(list.inside(QRectF(-20, -20, 5, 5), true), NcDbObjectIdArray());
+    EXPECT_EQ(list.hits({1.0, 0.0}, 0.5), (NcDbObjectIdArray{well, map}));
+    EXPECT_EQ(list.only({well}).sources(), NcDbObjectIdArray{well});
+}
