@@ -4,6 +4,7 @@
 #include <drawing/application.h>
 #include <drawing/edit_operations.h>
 #include <drawing/undo.h>
+#include <script/entity_picker.h>
 
 #include <cmath>
 
@@ -147,6 +148,30 @@ void selectAll()
     sayCount(QStringLiteral("Выбрано объектов"), int(implied().size()));
 }
 
+// By what an entity is called, lies on or says.
+void quickSelect()
+{
+    const QString word = currentDrawing()
+        ? askKeyword(QStringLiteral("\nВыбрать по [Блок/Слой/Атрибут/Класс] <Блок>: "),
+                     QStringLiteral("Блок Слой Атрибут Класс _ Block Layer Tag Class"))
+        : QString();
+    EntityQuery query;
+    if (word.isNull())
+        return;
+    if (word == QLatin1String("Layer") && !askText(QStringLiteral("\nИмя слоя: "), query.layer))
+        return;
+    if (word == QLatin1String("Class") && !askText(QStringLiteral("\nКласс (NcDbCircle и т. п.): "), query.className))
+        return;
+    if (word == QLatin1String("Tag")
+        && (!askText(QStringLiteral("\nТег атрибута: "), query.tag)
+            || !askText(QStringLiteral("\nЗначение: "), query.value)))
+        return;
+    if ((word.isEmpty() || word == QLatin1String("Block")) && !askText(QStringLiteral("\nИмя блока: "), query.block))
+        return;
+    setPickfirst(editable(*currentDrawing(), findEntities(query)));
+    sayCount(QStringLiteral("Выбрано объектов"), int(implied().size()));
+}
+
 // What is not there any more is selected no more.
 void keepLivingPicked()
 {
@@ -200,6 +225,7 @@ const std::vector<HostCommandRow>& editCommands()
         {"EXPLODE", explode, "X|РАСЧЛЕНИТЬ", 0},
         {"OFFSET", offset, "O|ПОДОБИЕ", 0},
         {"SELECTALL", selectAll, "ВЫБРАТЬВСЕ", 0},
+        {"QSELECT", quickSelect, "БЫСТРЫЙВЫБОР", 0},
     };
     return rows;
 }

@@ -59,7 +59,12 @@ PromptReply DeskPrompts::ask(const PromptRequest& request)
 
 void DeskPrompts::showRequest()
 {
-    line_.setPrompt(request_ ? request_->prompt : QString());
+    QStringList keywords;
+    if (request_ && request_->kind == PromptRequest::Keyword)
+        for (const PromptRequest::Word& word : request_->keywords)
+            keywords << word.local;
+    line_.setPrompt(request_ ? request_->prompt : QString(), keywords,
+                    request_ && request_->kind == PromptRequest::String && request_->spaces);
     DrawingView* view = view_();
     if (!view)
         return;

@@ -1,24 +1,36 @@
 #include "main_window.h"
 
+#include "edit_dialogs.h"
 #include "layers_panel.h"
 
 #include <drawing/typed_answers.h>
 #include <nrx/application.h>
 #include <script/script_runner.h>
 
+#include <QAbstractItemView>
+#include <QAbstractSpinBox>
+#include <QApplication>
 #include <QCloseEvent>
+#include <QComboBox>
+#include <QDialog>
 #include <QDockWidget>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QStatusBar>
 #include <QTabWidget>
+#include <QTextEdit>
 #include <QTimer>
+#include <QToolButton>
 
 namespace {
 
 constexpr int kMostTries = 50;
 constexpr int kTryMilliseconds = 20;
+const QString kHistoryKey = QStringLiteral("history");
 
 std::unique_ptr<QSettings> openSettings(const QString& profile)
 {
@@ -45,12 +57,16 @@ MainWindow::MainWindow(const QString& profile)
     setCentralWidget(tabs_);
     buildDocks();
     buildFileMenu();
+    buildEditMenu();
+    buildDrawMenu();
     buildViewMenu();
     buildCommandMenus();
     buildStatusBar();
     connectHost();
     setMainWindow(this);
     setPromptBackend(&prompts_);
+    line_->setHistory(settings_->value(kHistoryKey).toStringList());
+    qApp->installEventFilter(this);
     if (!restoreGeometry(settings_->value(QStringLiteral("geometry")).toByteArray()))
         setWindowState(Qt::WindowMaximized);
     restoreState(settings_->value(QStringLiteral("state")).toByteArray());
@@ -58,6 +74,7 @@ MainWindow::MainWindow(const QString& profile)
 
 MainWindow::~MainWindow()
 {
+    qApp->removeEventFilter(this);
     disconnect(HostEvents::instance(), nullptr, this, nullptr);
     layers_->setDrawing(nullptr);
     // Views look at their drawings to the end; the drawings outlive the window.
@@ -81,6 +98,9 @@ void MainWindow::buildDocks()
     resizeDocks({layers}, {230}, Qt::Horizontal);
     connect(line_, &CommandLine::entered, this, &MainWindow::runLine);
     connect(line_, &CommandLine::cancelled, this, [this] {
+        DrawingView* view = currentView();
+        if (view && view->dropGrip())
+            return;
         if (prompts_.isAsking())
             prompts_.cancel();
         else
@@ -96,6 +116,15 @@ void MainWindow::buildStatusBar()
     hint_ = new QLabel(QStringLiteral("Колесо: масштаб, средняя кнопка: сдвиг, Esc: отмена"));
     statusBar()->addWidget(coordinates_);
     statusBar()->addPermanentWidget(hint_);
+    const std::pair<QAction*, const char*> aids[] = {{snaps_, "ПРИВЯЗКА"}, {ortho_, "ОРТО"}, {polar_, "ПОЛЯР"}};
+    for (const auto& aid : aids) {
+        auto* button = new QToolButton;
+        button->setDefaultAction(aid.first);
+        aid.first->setIconText(QString::fromUtf8(aid.second));
+        aid.first->setToolTip(aid.first->text().remove(QLatin1Char('&')) + QStringLiteral(" (")
+                              + aid.first->shortcut().toString() + QLatin1Char(')'));
+        statusBar()->addPermanentWidget(button);
+    }
 }
 
 void MainWindow::connectHost()
@@ -163,7 +192,11 @@ void MainWindow::connectView(DrawingView* view)
     connect(view, &DrawingView::pointPicked, &prompts_, &DeskPrompts::takePoint);
     connect(view, &DrawingView::entityPicked, &prompts_, &DeskPrompts::takeEntity);
     connect(view, &DrawingView::entitiesPicked, &prompts_, &DeskPrompts::takeEntities);
-    connect(view, &DrawingView::finished, &prompts_, &DeskPrompts::finish);
+    connect(view, &DrawingView::finished, this, &MainWindow::finishOrRepeat);
+    connect(view, &DrawingView::editRequested, this, [this](NcDbObjectId id) {
+        if (activeCommand().isEmpty())
+            editEntity(id, this);
+    });
     connect(view, &DrawingView::cancelled, line_, &CommandLine::cancelled);
     connect(view, &DrawingView::typed, line_, &CommandLine::type);
 }
@@ -208,10 +241,14 @@ void MainWindow::runLine(const QString& line)
 {
     if (prompts_.take(line))
         return;
-    const QStringList words = typedWords(line);
+    QStringList words = typedWords(line);
+    if (words.isEmpty() && !lastCommand_.isEmpty())
+        words << lastCommand_;
     if (words.isEmpty())
         return;
-    prompts_.console().command(line.trimmed());
+    prompts_.console().command(line.trimmed().isEmpty() ? words.first() : line.trimmed());
+    if (hasCommand(words.first()) && words.first().compare(QLatin1String("U"), Qt::CaseInsensitive) != 0)
+        lastCommand_ = words.first();
     const CommandOutcome outcome = runCommandWords(words);
     if (outcome == CommandOutcome::Unknown)
         prompts_.console().line(QStringLiteral("Неизвестная команда: ") + words.first());
@@ -257,6 +294,75 @@ QString MainWindow::playScript(const QString& path, const QVector<QPair<QString,
     return runner.playFile(path) ? QString() : runner.failure()->toString();
 }
 
+// Enter over the drawing ends what a prompt gathers, or begins the last command anew.
+void MainWindow::finishOrRepeat()
+{
+    if (prompts_.isAsking())
+        prompts_.finish();
+    else if (!lastCommand_.isEmpty() && activeCommand().isEmpty())
+        runCommandByName(lastCommand_);
+}
+
+void MainWindow::showEvent(QShowEvent* event)
+{
+    QMainWindow::showEvent(event);
+    line_->takeFocus();
+}
+
+namespace {
+
+// Widgets that have a use for letters of their own.
+bool takesText(const QWidget* widget)
+{
+    const auto* combo = qobject_cast<const QComboBox*>(widget);
+    const auto* plain = qobject_cast<const QPlainTextEdit*>(widget);
+    const auto* rich = qobject_cast<const QTextEdit*>(widget);
+    const auto* items = qobject_cast<const QAbstractItemView*>(widget);
+    return qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QAbstractSpinBox*>(widget)
+        || (combo && combo->isEditable()) || (plain && !plain->isReadOnly()) || (rich && !rich->isReadOnly())
+        || (items && items->editTriggers() != QAbstractItemView::NoEditTriggers);
+}
+
+// Whether the widget is a field for a number in a dialog.
+bool isNumberField(const QWidget* widget)
+{
+    return qobject_cast<const QAbstractSpinBox*>(widget) && qobject_cast<const QDialog*>(widget->window());
+}
+
+bool isEnter(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
+
+} // namespace
+
+bool MainWindow::takeStrayKey(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        emit line_->cancelled();
+    else if (isEnter(event->key()) && prompts_.isAsking())
+        prompts_.finish();
+    else if (!event->text().isEmpty() && event->text().at(0).isPrint() && !event->text().at(0).isSpace()
+             && !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)))
+        line_->type(event->text());
+    else
+        return false;
+    return true;
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* widget = event->type() == QEvent::KeyPress ? qobject_cast<QWidget*>(watched) : nullptr;
+    auto* key = static_cast<QKeyEvent*>(event);
+    // Enter in a number field is done with the field, not with the form.
+    if (widget && isEnter(key->key()) && isNumberField(widget)) {
+        static_cast<QAbstractSpinBox*>(widget)->interpretText();
+        widget->nextInFocusChain()->setFocus();
+        return true;
+    }
+    const bool stray = widget && widget->window() == this && widget == QApplication::focusWidget()
+        && !QApplication::activeModalWidget() && !QApplication::activePopupWidget() && !takesText(widget)
+        && !qobject_cast<DrawingView*>(widget);
+    return (stray && takeStrayKey(key)) || QMainWindow::eventFilter(watched, event);
+}
+
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     prompts_.cancel();
@@ -268,6 +374,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
     for (int i = 0; i < tabs_->count(); ++i)
         if (!mayClose(static_cast<DrawingView*>(tabs_->widget(i))->document()))
             return;
+    settings_->setValue(kHistoryKey, line_->history());
     settings_->setValue(QStringLiteral("geometry"), saveGeometry());
     settings_->setValue(QStringLiteral("state"), saveState());
     event->accept();

@@ -30,11 +30,18 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    // Keys that no widget of the window wants reach the command line.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void buildDocks();
     void buildFileMenu();
+    void buildEditMenu();
+    void buildDrawMenu();
     void buildViewMenu();
+    void addCommand(QMenu* menu, const QString& caption, const QString& command, const QKeySequence& keys = {});
+    QAction* addAid(const QString& caption, const QKeySequence& key, bool on, void (*set)(bool));
     void buildCommandMenus();
     void buildStatusBar();
     void connectHost();
@@ -43,6 +50,9 @@ private:
     void showDocument(NcApDocument* document);
     void showTitles();
     void showCursor(const NcGePoint3d& world);
+    void showAids();
+    bool takeStrayKey(QKeyEvent* event);
+    void finishOrRepeat();
     void connectView(DrawingView* view);
     void closeUntouchedStart();
     DrawingView* currentView() const;
@@ -69,6 +79,8 @@ private:
     QMenu* recent_ = nullptr;
     QMenu* panels_ = nullptr;
     QAction* lightGround_ = nullptr;
+    QAction *snaps_ = nullptr, *ortho_ = nullptr, *polar_ = nullptr;
+    QString lastCommand_; // that Enter or a right click repeats
     QList<QMenu*> commandMenus_;
     QString pending_; // a command that waits for another one to end
     int pendingTries_ = 0;

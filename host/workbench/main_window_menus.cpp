@@ -1,5 +1,6 @@
 // The window's menus.
 #include "command_table.h"
+#include "drawing_aids.h"
 #include "main_window.h"
 
 #include <drawing/application.h>
@@ -44,6 +45,80 @@ void MainWindow::buildFileMenu()
     menu->addAction(QStringLiteral("В&ыход"), this, &QWidget::close, QKeySequence::Quit);
 }
 
+void MainWindow::addCommand(QMenu* menu, const QString& caption, const QString& command, const QKeySequence& keys)
+{
+    QAction* action = menu->addAction(caption, this, [this, command] { runCommandByName(command); });
+    action->setObjectName(command);
+    action->setStatusTip(command);
+    action->setShortcut(keys);
+}
+
+void MainWindow::buildEditMenu()
+{
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("&Правка"));
+    addCommand(menu, QStringLiteral("&Отменить"), QStringLiteral("U"), QKeySequence(Qt::CTRL | Qt::Key_Z));
+    addCommand(menu, QStringLiteral("&Вернуть"), QStringLiteral("REDO"),
+               QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
+    menu->addSeparator();
+    addCommand(menu, QStringLiteral("Вы&резать"), QStringLiteral("CUTCLIP"), QKeySequence::Cut);
+    addCommand(menu, QStringLiteral("&Копировать"), QStringLiteral("COPYCLIP"), QKeySequence::Copy);
+    addCommand(menu, QStringLiteral("В&ставить"), QStringLiteral("PASTECLIP"), QKeySequence::Paste);
+    addCommand(menu, QStringLiteral("Вставить на &место"), QStringLiteral("PASTEORIG"),
+               QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_V));
+    addCommand(menu, QStringLiteral("&Удалить"), QStringLiteral("ERASE"), QKeySequence(Qt::Key_Delete));
+    menu->addSeparator();
+    addCommand(menu, QStringLiteral("Выбрать в&сё"), QStringLiteral("SELECTALL"), QKeySequence::SelectAll);
+    addCommand(menu, QStringLiteral("&Быстрый выбор…"), QStringLiteral("QSELECT"));
+    menu->addSeparator();
+    addCommand(menu, QStringLiteral("&Перенести"), QStringLiteral("MOVE"));
+    addCommand(menu, QStringLiteral("Скопировать со сдвигом"), QStringLiteral("COPY"));
+    addCommand(menu, QStringLiteral("Повернут&ь"), QStringLiteral("ROTATE"));
+    addCommand(menu, QStringLiteral("&Масштабировать"), QStringLiteral("SCALE"));
+    addCommand(menu, QStringLiteral("&Зеркало"), QStringLiteral("MIRROR"));
+    addCommand(menu, QStringLiteral("По&добие"), QStringLiteral("OFFSET"));
+    addCommand(menu, QStringLiteral("Рас&членить"), QStringLiteral("EXPLODE"));
+}
+
+void MainWindow::buildDrawMenu()
+{
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("&Чертить"));
+    addCommand(menu, QStringLiteral("&Отрезок"), QStringLiteral("LINE"));
+    addCommand(menu, QStringLiteral("&Полилиния"), QStringLiteral("PLINE"));
+    addCommand(menu, QStringLiteral("О&кружность"), QStringLiteral("CIRCLE"));
+    addCommand(menu, QStringLiteral("&Текст"), QStringLiteral("TEXT"));
+    menu->addSeparator();
+    addCommand(menu, QStringLiteral("&Расстояние"), QStringLiteral("DIST"));
+    addCommand(menu, QStringLiteral("Коор&динаты точки"), QStringLiteral("ID"));
+    addCommand(menu, QStringLiteral("П&лощадь"), QStringLiteral("AREA"));
+    menu->addSeparator();
+    snaps_ =
+        addAid(QStringLiteral("При&вязка"), Qt::Key_F3, true, [](bool on) { DrawingAids::instance().setSnaps(on); });
+    ortho_ = addAid(QStringLiteral("Орт&о"), Qt::Key_F8, false, [](bool on) { DrawingAids::instance().setOrtho(on); });
+    polar_ = addAid(QStringLiteral("Пол&ярное отслеживание"), Qt::Key_F10, false,
+                    [](bool on) { DrawingAids::instance().setPolar(on); });
+    menu->addActions({snaps_, ortho_, polar_});
+    connect(&DrawingAids::instance(), &DrawingAids::changed, this, &MainWindow::showAids);
+    showAids();
+}
+
+QAction* MainWindow::addAid(const QString& caption, const QKeySequence& key, bool on, void (*set)(bool))
+{
+    auto* action = new QAction(caption, this);
+    action->setCheckable(true);
+    action->setChecked(on);
+    action->setShortcut(key);
+    connect(action, &QAction::triggered, this, set);
+    return action;
+}
+
+void MainWindow::showAids()
+{
+    const DrawingAids& aids = DrawingAids::instance();
+    snaps_->setChecked(aids.snaps());
+    ortho_->setChecked(aids.ortho());
+    polar_->setChecked(aids.polar());
+}
+
 void MainWindow::buildViewMenu()
 {
     QMenu* menu = menuBar()->addMenu(QStringLiteral("&Вид"));
@@ -53,7 +128,7 @@ void MainWindow::buildViewMenu()
             if (DrawingView* view = currentView())
                 view->zoomExtents();
         },
-        QKeySequence(Qt::Key_F3));
+        QKeySequence(Qt::Key_F4));
     menu->addAction(
         QStringLiteral("&Перерисовать"), this, [] { emit HostEvents::instance()->viewChanged(); },
         QKeySequence(Qt::Key_F5));
@@ -95,11 +170,6 @@ void MainWindow::buildCommandMenus()
             commandMenus_ << menu;
         }
         return menu;
-    };
-    const auto addCommand = [this](QMenu* menu, const QString& caption, const QString& command) {
-        QAction* action = menu->addAction(caption, this, [this, command] { runCommandByName(command); });
-        action->setObjectName(command);
-        action->setStatusTip(command);
     };
     for (const MenuRow& row : readMenuTable()) {
         if (row.command.isEmpty() && menus.contains(row.menu))
