@@ -7,6 +7,7 @@
 #include "exchange/measure_reading.h"
 #include "formkit/file_questions.h"
 #include "formkit/table_items.h"
+#include "hostkit/console.h"
 #include "session/project_session.h"
 
 #include <QScopedValueRollback>
@@ -151,7 +152,10 @@ void MeasureImportDialog::readFile()
     task.positionId = chosenPosition();
     loadScope(measureFamily(family_.family)->elementTable, task.positionId, ui_.AllDatabase->isChecked(), task.scope);
     table_.clear();
-    task.lines = readLines(ui_.FileName->text(), ui_.encoding());
+    const TextFile text = readTextFile(ui_.FileName->text(), ui_.encoding());
+    task.lines = text.lines;
+    for (const QString& remark : text.remarks)
+        say(QLatin1Char('\n') + remark + QLatin1Char('\n'));
     task.separator = ui_.separator();
     task.format = &family_.templates[qMax(0, ui_.ImportTemplate->currentIndex())];
     task.lists = lists_;

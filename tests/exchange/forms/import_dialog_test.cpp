@@ -218,6 +218,18 @@ TEST_F(ImportDialogs, AFileIsReadMendedAndImported)
                                     {"2", "1", "1", "1", "-7.5", "1.00:-1.00|2.00:-1.10|3.00:-1.20"}}));
 }
 
+TEST_F(ImportDialogs, WhatIsOddAboutAFileIsToldOnTheCommandLine)
+{
+    openWells(write(QByteArray("\xFF\xFE"
+                               "a\0;\0b\0\n\0",
+                               10)))
+        .step("rows", {"RawInput", "0"})
+        .press("CloseBtn");
+    importThermalWellMeasures();
+    EXPECT_TRUE(driver.done()) << driver.report().toStdString();
+    EXPECT_TRUE(console.text().contains("\nФайл записан в кодировке UTF-16.")) << console.text().toStdString();
+}
+
 TEST_F(ImportDialogs, CellsAreMendedThroughTheirCombos)
 {
     openWells(write(wellFile))
