@@ -148,8 +148,8 @@ public:
     }
     ~RoleWithoutExtensions()
     {
-        run("drop role " + name);
         run("drop schema " + name + " cascade");
+        run("drop role " + name);
     }
     const QString name = fill("terva_bare_%1", QCoreApplication::applicationPid());
 

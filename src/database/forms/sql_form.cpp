@@ -143,7 +143,8 @@ void SQLForm::saveParameters()
 void SQLForm::openConnection()
 {
     ProjectSession& now = session();
-    if (now.checkConnection()) {
+    // Where the database before is gone the check cannot bring it back: what was tested is opened.
+    if (now.checkConnection() || now.openConnection(now.buildConnInfo())) {
         now.connect();
         refreshProjection();
         now.setCurrentPosition(-1);

@@ -50,7 +50,7 @@ std::string nameOf(const testing::TestParamInfo<QString>& info)
 
 } // namespace
 
-TEST(RealDocuments, areThere) { EXPECT_EQ(soundDocuments().size(), 28); }
+TEST(RealDocuments, areThere) { EXPECT_EQ(soundDocuments().size(), 29); }
 
 TEST_P(UnsoundDocument, isRefused)
 {
@@ -69,7 +69,8 @@ TEST_P(SoundDocument, savesUnchangedWithTheSameMeaning)
     const auto after = unpacked(folder / "out.docx");
     EXPECT_EQ(before.keys(), after.keys());
     for (const QString& name : before.keys()) {
-        if (name == "word/document.xml" || name == "word/_rels/document.xml.rels") {
+        // One of the documents calls its main part document2.xml.
+        if (name.startsWith("word/document") || name.startsWith("word/_rels/document")) {
             EXPECT_EQ(meaningOf(before[name]), meaningOf(after[name])) << name;
         } else {
             EXPECT_EQ(before[name], after[name]) << name;
