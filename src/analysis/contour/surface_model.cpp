@@ -5,6 +5,7 @@
 #include "geometry/tolerance_grid.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace contour {
 
@@ -19,26 +20,70 @@ void dropNonNumbers(PointList* points)
         points->end());
 }
 
-// A point goes when an earlier one that stays lies nearer than the tolerance.
-void dropDoubles(PointList* points)
-{
-    geometry::ToleranceGrid grid(points->size());
-    std::size_t kept = 0;
-    for (const Point3& p : *points) {
-        bool repeated = false;
-        grid.chainsNear(p, [&](std::int32_t head) {
-            for (std::int32_t i = head; i >= 0 && !repeated; i = grid.next(i))
-                repeated = geometry::distance((*points)[static_cast<std::size_t>(i)], p) < GEOM_TOL;
-        });
-        if (repeated)
-            continue;
-        const Point3 point = p;
-        (*points)[kept] = point;
-        grid.add(point, static_cast<std::int32_t>(kept));
-        ++kept;
+// Drops points that repeat an earlier one and tells which of the rest stand at
+// the place of an earlier one with another value.
+class Doubles {
+public:
+    explicit Doubles(PointList* points) : points_(*points), places_(points->size()) { }
+
+    std::vector<char> drop()
+    {
+        std::vector<char> repeats;
+        repeats.reserve(points_.size());
+        std::size_t kept = 0;
+        for (const Point3& candidate : points_) {
+            const Point3 p = candidate;
+            bool sharesPlace = false;
+            if (isDouble(p, &sharesPlace))
+                continue;
+            points_[kept] = p;
+            if (sharesPlace)
+                stacked().add(p, static_cast<std::int32_t>(kept));
+            else
+                places_.add(onTheGround(p), static_cast<std::int32_t>(kept));
+            repeats.push_back(sharesPlace ? 1 : 0);
+            ++kept;
+        }
+        points_.resize(kept);
+        return repeats;
     }
-    points->resize(kept);
-}
+
+private:
+    static Point3 onTheGround(const Point3& p) { return {p.x, p.y, 0.0}; }
+
+    const Point3& at(std::int32_t i) const { return points_[static_cast<std::size_t>(i)]; }
+
+    geometry::ToleranceGrid& stacked()
+    {
+        if (!stacked_)
+            stacked_.emplace(points_.size());
+        return *stacked_;
+    }
+
+    bool isDouble(const Point3& p, bool* sharesPlace)
+    {
+        bool repeated = false;
+        places_.chainsNear(onTheGround(p), [&](std::int32_t head) {
+            for (std::int32_t i = head; i >= 0 && !repeated; i = places_.next(i)) {
+                if (geometry::planDistance(at(i), p) < GEOM_TOL) {
+                    *sharesPlace = true;
+                    repeated = geometry::distance(at(i), p) < GEOM_TOL;
+                }
+            }
+        });
+        if (repeated || !stacked_)
+            return repeated;
+        stacked_->chainsNear(p, [&](std::int32_t head) {
+            for (std::int32_t i = head; i >= 0 && !repeated; i = stacked_->next(i))
+                repeated = geometry::distance(at(i), p) < GEOM_TOL;
+        });
+        return repeated;
+    }
+
+    PointList& points_;
+    geometry::ToleranceGrid places_;                 // of those that have a place to themselves
+    std::optional<geometry::ToleranceGrid> stacked_; // the others, by value too
+};
 
 } // namespace
 
@@ -60,15 +105,31 @@ void SurfaceModel::setPoints(const PointList& given)
 void SurfaceModel::prepare()
 {
     dropNonNumbers(&points);
-    dropDoubles(&points);
-    vertices.clear();
-    vertices.reserve(points.size() + 3);
-    vertices = points;
-    std::stable_sort(vertices.begin(), vertices.end(), [](const Point3& a, const Point3& b) { return a.x < b.x; });
-    vertexCount = static_cast<std::int32_t>(vertices.size());
-    vertices.resize(vertices.size() + 3);
+    const std::vector<char> repeats = Doubles(&points).drop();
+    sortVertices(repeats);
     triangles.clear();
     triangleCount = 0;
+}
+
+// By x; of equal ones the earlier first.
+void SurfaceModel::sortVertices(const std::vector<char>& repeats)
+{
+    struct Ranked {
+        double x;
+        std::uint32_t point;
+    };
+    std::vector<Ranked> order(points.size());
+    for (std::size_t i = 0; i < points.size(); ++i)
+        order[i] = {points[i].x, static_cast<std::uint32_t>(i)};
+    std::sort(order.begin(), order.end(),
+              [](const Ranked& a, const Ranked& b) { return a.x != b.x ? a.x < b.x : a.point < b.point; });
+    vertices.assign(points.size() + 3, Point3());
+    repeats_.assign(points.size(), 0);
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        vertices[i] = points[order[i].point];
+        repeats_[i] = repeats[order[i].point];
+    }
+    vertexCount = static_cast<std::int32_t>(points.size());
 }
 
 bool SurfaceModel::triangulate(const Tick& tick)
@@ -77,7 +138,8 @@ bool SurfaceModel::triangulate(const Tick& tick)
     triangleCount = 0;
     if (vertexCount < 3)
         return false;
-    triangulated = sweepTriangulation(&vertices, vertexCount, &triangles, tick);
+    repeats_.resize(static_cast<std::size_t>(vertexCount), 0);
+    triangulated = sweepTriangulation(&vertices, vertexCount, repeats_, &triangles, tick);
     triangleCount = static_cast<std::int32_t>(triangles.size());
     return triangulated;
 }

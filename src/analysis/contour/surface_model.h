@@ -54,8 +54,10 @@ public:
     // fills `vertices` sorted by x.
     void prepare();
 
-    // Needs prepare and three vertices. False, without triangles, for fewer, for
-    // points all at one place, and when stopped by the tick.
+    // Needs prepare and three vertices. A vertex nearer in plan than GEOM_TOL to
+    // one given before it takes no part: a surface has one value at a place, and
+    // the well entered first gives it. False, without triangles, for fewer than
+    // three, for points all at one place, and when stopped by the tick.
     bool triangulate(const Tick& tick = {});
 
     // Appends the outer rim of the triangulation to `boundary`, z = 0. False
@@ -83,8 +85,11 @@ public:
     geometry::Box3 box() const;
 
 private:
+    void sortVertices(const std::vector<char>& repeats);
     void addExactBorder();
     bool gridBox(geometry::Box3* box);
+
+    std::vector<char> repeats_; // vertices that the triangulation leaves out
 };
 
 } // namespace contour

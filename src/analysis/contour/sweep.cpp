@@ -2,6 +2,7 @@
 
 #include "analysis/contour/circle_index.h"
 #include "analysis/contour/edge_pairs.h"
+#include "analysis/contour/exact_cavity.h"
 
 #include <algorithm>
 
@@ -11,25 +12,37 @@ namespace {
 
 constexpr std::size_t kTrianglesPerVertex = 16;
 constexpr std::int32_t kTickEvery = 4096;
+
 // The plain sweep asks every triangle not yet passed whether the vertex lies in
 // its circle. Here an index answers that, and the array's order is kept by
 // replaying the removals alone: what the array does depends only on which of its
 // places are to go.
 class Sweep {
 public:
-    Sweep(PointList& vertices, std::int32_t count) : vertices_(vertices), count_(count), index_(verticalPlaces()) { }
+    Sweep(PointList& vertices, std::int32_t count, const std::vector<char>& repeats)
+        : vertices_(vertices),
+          count_(count),
+          repeats_(repeats),
+          index_(verticalPlaces()),
+          exactCavity_(vertices, corners_)
+    { }
 
     bool run(const Tick& tick);
     void collect(std::vector<Triangle>* triangles) const;
 
 private:
     struct Record {
-        Triangle corners;
         std::int32_t place = -1; // in order_; -1: removed
         std::int32_t born = 0;   // the vertex that made it
         bool indexed = false;
         bool goes = false;
         Circumcircle circle;
+    };
+
+    // A removal, so that it can be taken back.
+    struct Removal {
+        std::int32_t place;
+        std::int32_t id;
     };
 
     std::vector<double> verticalPlaces() const;
@@ -38,9 +51,13 @@ private:
     void findPlacesToGo(std::int32_t vertex);
     void findYoungToGo(std::int32_t vertex);
     void settle(std::int32_t id, std::int32_t vertex);
-    bool wasPassed(const Record& record, std::int32_t vertex) const;
+    bool wasPassed(const Record& record) const;
+    void insert(std::int32_t vertex);
     void removePlaces();
     void removeFrom(std::int32_t place);
+    void takeBackRemovals();
+    void mendHole(std::int32_t vertex);
+    void forgetRemoved();
     void addTriangle(const Triangle& corners, std::int32_t vertex);
 
     const Point3& at(std::int32_t vertex) const { return vertices_[static_cast<std::size_t>(vertex)]; }
@@ -48,16 +65,22 @@ private:
 
     PointList& vertices_;
     std::int32_t count_;
+    const std::vector<char>& repeats_; // vertices at the place of another one
     CircleIndex index_;
     std::vector<Record> records_;
+    std::vector<Triangle> corners_; // of the records
     std::vector<std::int32_t> freeRecords_;
     std::vector<std::int32_t> goneRecords_; // free once the index has forgotten them
     std::vector<std::int32_t> order_;       // records as the array holds them
     std::vector<std::int32_t> young_;       // made by the last vertex, not in the index yet
     std::vector<std::int32_t> open_;        // in the index: a vertex can still meet them
     std::vector<std::int32_t> places_;
+    std::vector<Removal> removed_; // for the vertex at hand
     std::vector<Edge> edges_;
     EdgePairs edgePairs_;
+    ExactCavity exactCavity_;
+    bool beyondMending_ = false;
+    std::int32_t previous_ = -1;  // the vertex inserted last
     std::int32_t stretchEnd_ = 0; // first vertex behind the index's horizon
 };
 
@@ -103,20 +126,58 @@ bool Sweep::run(const Tick& tick)
     for (std::int32_t vertex = 0; vertex < count_; ++vertex) {
         if (vertex % kTickEvery == 0 && !goesOn(tick, static_cast<double>(vertex) / count_))
             return false;
-        if (vertex == stretchEnd_)
+        if (repeats_[static_cast<std::size_t>(vertex)])
+            continue;
+        if (vertex >= stretchEnd_)
             startStretch(vertex);
-        findPlacesToGo(vertex);
-        edges_.clear();
-        removePlaces();
-        edgePairs_.drop(&edges_);
-        for (const Edge& e : edges_) {
-            if (!e.isDropped())
-                addTriangle({e.from, e.to, vertex}, vertex);
-        }
+        insert(vertex);
+        previous_ = vertex;
         if (order_.size() > kTrianglesPerVertex * static_cast<std::size_t>(count_) + 4096)
             return false;
     }
     return true;
+}
+
+void Sweep::insert(std::int32_t vertex)
+{
+    findPlacesToGo(vertex);
+    removePlaces();
+    if (!beyondMending_ && !seesLoop(vertices_, edges_, at(vertex)))
+        mendHole(vertex);
+    forgetRemoved();
+    const std::size_t before = order_.size();
+    for (const Edge& e : edges_) {
+        if (!e.isDropped())
+            addTriangle({e.from, e.to, vertex}, vertex);
+    }
+    if (exactCavity_.hasBegun() && !beyondMending_)
+        exactCavity_.fill({order_.begin() + static_cast<std::ptrdiff_t>(before), order_.end()});
+}
+
+// Computed circles contradict each other, and the new triangles would overlap.
+void Sweep::mendHole(std::int32_t vertex)
+{
+    std::vector<std::int32_t> computed;
+    for (const Removal& removal : removed_)
+        computed.push_back(removal.id);
+    takeBackRemovals();
+    if (!exactCavity_.hasBegun())
+        exactCavity_.begin(order_);
+    std::vector<std::int32_t> hole = exactCavity_.around(vertex, order_.back(), order_);
+    beyondMending_ = hole.empty();
+    if (beyondMending_)
+        hole = computed;
+    places_.clear();
+    for (std::int32_t id : hole) {
+        record(id).goes = true;
+        places_.push_back(record(id).place);
+    }
+    for (std::int32_t id : computed) {
+        if (!record(id).goes && !record(id).indexed)
+            settle(id, vertex);
+    }
+    std::sort(places_.begin(), places_.end());
+    removePlaces();
 }
 
 // About the square root of the number of vertices in one stretch: the index is
@@ -141,9 +202,9 @@ void Sweep::startStretch(std::int32_t vertex)
 
 // A triangle is passed, and left alone from then on, once a vertex after the one
 // that made it lay wholly to the right of its circle.
-bool Sweep::wasPassed(const Record& r, std::int32_t vertex) const
+bool Sweep::wasPassed(const Record& r) const
 {
-    return vertex - 1 > r.born && at(vertex - 1).x > r.circle.x + std::sqrt(r.circle.squaredRadius);
+    return previous_ > r.born && at(previous_).x > r.circle.x + std::sqrt(r.circle.squaredRadius);
 }
 
 void Sweep::findPlacesToGo(std::int32_t vertex)
@@ -153,7 +214,7 @@ void Sweep::findPlacesToGo(std::int32_t vertex)
         Record& r = record(id);
         if (r.place < 0)
             return false;
-        if (!wasPassed(r, vertex)) {
+        if (!wasPassed(r)) {
             r.goes = true;
             places_.push_back(r.place);
         }
@@ -191,11 +252,14 @@ void Sweep::settle(std::int32_t id, std::int32_t vertex)
 
 void Sweep::removePlaces()
 {
+    edges_.clear();
+    removed_.clear();
     for (std::int32_t place : places_) {
         // Places beyond the end were the last one when something moved them away.
         if (place < static_cast<std::int32_t>(order_.size()))
             removeFrom(place);
     }
+    edgePairs_.drop(&edges_);
 }
 
 // The last triangle moves into the place, and is the next to be looked at there.
@@ -205,13 +269,13 @@ void Sweep::removeFrom(std::int32_t place)
     while (again) {
         const std::int32_t id = order_[static_cast<std::size_t>(place)];
         Record& gone = record(id);
-        const Triangle& t = gone.corners;
+        const Triangle& t = corners_[static_cast<std::size_t>(id)];
         edges_.push_back({t.a, t.b});
         edges_.push_back({t.b, t.c});
         edges_.push_back({t.c, t.a});
         gone.place = -1;
         gone.goes = false;
-        (gone.indexed ? goneRecords_ : freeRecords_).push_back(id);
+        removed_.push_back({place, id});
         const std::int32_t moved = order_.back();
         order_.pop_back();
         again = false;
@@ -223,18 +287,46 @@ void Sweep::removeFrom(std::int32_t place)
     }
 }
 
+void Sweep::takeBackRemovals()
+{
+    for (auto removal = removed_.rbegin(); removal != removed_.rend(); ++removal) {
+        const auto end = static_cast<std::int32_t>(order_.size());
+        order_.push_back(removal->id);
+        if (removal->place != end) {
+            std::swap(order_[static_cast<std::size_t>(removal->place)], order_.back());
+            record(order_.back()).place = end;
+        }
+        record(removal->id).place = removal->place;
+    }
+    for (const Removal& removal : removed_)
+        record(removal.id).goes = false;
+}
+
+void Sweep::forgetRemoved()
+{
+    if (exactCavity_.hasBegun() && !beyondMending_) {
+        std::vector<std::int32_t> gone;
+        for (const Removal& removal : removed_)
+            gone.push_back(removal.id);
+        exactCavity_.open(gone);
+    }
+    for (const Removal& removal : removed_)
+        (record(removal.id).indexed ? goneRecords_ : freeRecords_).push_back(removal.id);
+}
+
 void Sweep::addTriangle(const Triangle& corners, std::int32_t vertex)
 {
     std::int32_t id = 0;
     if (freeRecords_.empty()) {
         id = static_cast<std::int32_t>(records_.size());
         records_.emplace_back();
+        corners_.emplace_back();
     } else {
         id = freeRecords_.back();
         freeRecords_.pop_back();
     }
     Record& r = record(id);
-    r.corners = corners;
+    corners_[static_cast<std::size_t>(id)] = corners;
     r.place = static_cast<std::int32_t>(order_.size());
     r.born = vertex;
     r.indexed = false;
@@ -248,7 +340,7 @@ void Sweep::collect(std::vector<Triangle>* triangles) const
 {
     triangles->reserve(order_.size());
     for (std::int32_t id : order_)
-        triangles->push_back(records_[static_cast<std::size_t>(id)].corners);
+        triangles->push_back(corners_[static_cast<std::size_t>(id)]);
     const auto usesOuter = [this](const Triangle& t) { return t.a >= count_ || t.b >= count_ || t.c >= count_; };
     for (std::size_t i = 0; i < triangles->size();) {
         if (!usesOuter((*triangles)[i])) {
@@ -262,11 +354,11 @@ void Sweep::collect(std::vector<Triangle>* triangles) const
 
 } // namespace
 
-bool sweepTriangulation(PointList* vertices, std::int32_t vertexCount, std::vector<Triangle>* triangles,
-                        const Tick& tick)
+bool sweepTriangulation(PointList* vertices, std::int32_t vertexCount, const std::vector<char>& repeats,
+                        std::vector<Triangle>* triangles, const Tick& tick)
 {
     triangles->clear();
-    Sweep sweep(*vertices, vertexCount);
+    Sweep sweep(*vertices, vertexCount, repeats);
     if (!sweep.run(tick))
         return false;
     sweep.collect(triangles);

@@ -1,7 +1,7 @@
 // The engine against its plain statement: equal output, to the last digit.
 
+#include "hard_points.h"
 #include "plain_contour_set.h"
-#include "samples.h"
 
 #include <gtest/gtest.h>
 
@@ -148,6 +148,22 @@ TEST(AgreementOfLargeSets, smoothFieldWithBorderAndExactEdges)
         sample.input.bounds = bounds;
         sample.input.exactEdges = exact;
         sample.input.levels = {-9, -6, -3, 0, 3, 6, 9};
+        ASSERT_NO_FATAL_FAILURE(compareSurfaces(sample));
+        ASSERT_NO_FATAL_FAILURE(compareBuilds(sample));
+    }
+}
+
+// Sets whose holes are mended by exact figures, and doubled places.
+TEST(AgreementOfHardSets, everyKind)
+{
+    for (int i = 0; i < 16 * samples::kHardKinds; ++i) {
+        samples::Random random(static_cast<std::uint32_t>(4000 + i));
+        samples::Sample sample = samples::sampleOf(static_cast<std::uint32_t>(i));
+        const int kind = i % samples::kHardKinds;
+        sample.input.points =
+            samples::hardPoints(kind, random, 4 + random.below(i < 2 * samples::kHardKinds ? 400 : 70));
+        sample.parameters.method = contour::Method::Triangulation;
+        SCOPED_TRACE("hard kind " + std::to_string(kind) + ", number " + std::to_string(i));
         ASSERT_NO_FATAL_FAILURE(compareSurfaces(sample));
         ASSERT_NO_FATAL_FAILURE(compareBuilds(sample));
     }

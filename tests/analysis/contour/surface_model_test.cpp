@@ -149,17 +149,6 @@ TEST(Triangulate, stopsWhenAsked)
     EXPECT_FALSE(model.triangulated);
 }
 
-// Rounding makes the plain steps multiply triangles on a circle of many points.
-TEST(Triangulate, triangleStormEnds)
-{
-    PointList points;
-    for (int i = 0; i < 1500; ++i)
-        points.push_back({std::cos(i * 0.0041887902), std::sin(i * 0.0041887902), 0});
-    SurfaceModel model = triangulatedModelOf(points);
-    EXPECT_FALSE(model.triangulated);
-    EXPECT_TRUE(model.triangles.empty());
-}
-
 TEST(Triangulate, extremeCoordinatesDoNoHarm)
 {
     const double values[] = {0, 1, -1, 1e-300, 1e300, -1e300, 1e155, 5e-7, 1e9, 1e17};

@@ -105,13 +105,11 @@ void PlainContourSet::smoothLines(double tension, int samples)
     samples = std::max(samples, 1);
     smoothedLines.clear();
     for (const Isoline& line : lines) {
-        Isoline smooth;
-        if (line.size() < 4)
-            smooth = line;
-        else if (isClosed(line))
-            smooth = splineClosed(line, tension, samples);
-        else
-            smooth = splineOpen(line, tension, samples);
+        if (line.size() < 4) {
+            smoothedLines.push_back(line);
+            continue;
+        }
+        Isoline smooth = isClosed(line) ? splineClosed(line, tension, samples) : splineOpen(line, tension, samples);
         for (Point3& p : smooth)
             p.z = line.front().z;
         smoothedLines.push_back(smooth);

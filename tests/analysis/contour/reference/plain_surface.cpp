@@ -1,5 +1,6 @@
 #include "plain_surface.h"
 
+#include "geometry/exact_signs.h"
 #include "geometry/polygon.h"
 
 #include <algorithm>
@@ -28,8 +29,24 @@ void PlainSurface::prepare()
                 points.erase(points.begin() + static_cast<std::ptrdiff_t>(j));
         }
     }
-    vertices = points;
-    std::stable_sort(vertices.begin(), vertices.end(), [](const Point3& a, const Point3& b) { return a.x < b.x; });
+    // A place has one vertex, the first one given there.
+    std::vector<char> repeated(points.size(), 0);
+    std::vector<std::size_t> order;
+    for (std::size_t j = 0; j < points.size(); ++j) {
+        for (std::size_t i = 0; i < j; ++i) {
+            if (!repeated[i] && geometry::planDistance(points[i], points[j]) < GEOM_TOL)
+                repeated[j] = 1;
+        }
+        order.push_back(j);
+    }
+    std::stable_sort(order.begin(), order.end(),
+                     [this](std::size_t a, std::size_t b) { return points[a].x < points[b].x; });
+    vertices.clear();
+    repeats.clear();
+    for (std::size_t i : order) {
+        vertices.push_back(points[i]);
+        repeats.push_back(repeated[i]);
+    }
     vertexCount = static_cast<std::int32_t>(vertices.size());
     vertices.resize(vertices.size() + 3);
     triangles.clear();
@@ -69,7 +86,82 @@ bool circumcircle(const Point3& p1, const Point3& p2, const Point3& p3, Circle* 
     return true;
 }
 
+// Takes the marked triangles out, the last one moving into each place, and gives
+// the edges that are left when those that occur twice have gone in pairs.
+std::vector<Edge> takeOut(std::vector<char> goes, std::vector<Triangle>* triangles, std::vector<char>* complete)
+{
+    std::vector<Edge> edges;
+    for (std::size_t j = 0; j < triangles->size(); ++j) {
+        if (!goes[j])
+            continue;
+        const Triangle t = (*triangles)[j];
+        edges.push_back({t.a, t.b});
+        edges.push_back({t.b, t.c});
+        edges.push_back({t.c, t.a});
+        (*triangles)[j] = triangles->back();
+        (*complete)[j] = complete->back();
+        goes[j] = goes.back();
+        triangles->pop_back();
+        complete->pop_back();
+        goes.pop_back();
+        --j;
+    }
+    std::vector<char> dropped(edges.size(), 0);
+    for (std::size_t j = 0; j < edges.size(); ++j) {
+        for (std::size_t k = j + 1; k < edges.size(); ++k) {
+            if (!dropped[j] && !dropped[k] && sameEdge(edges[j], edges[k]))
+                dropped[j] = dropped[k] = 1;
+        }
+    }
+    std::vector<Edge> left;
+    for (std::size_t j = 0; j < edges.size(); ++j) {
+        if (!dropped[j])
+            left.push_back(edges[j]);
+    }
+    return left;
+}
+
 } // namespace
+
+// All triangles turn to the right, so a hole's edges have its inside to the
+// right. Seen from that side, every one of them, they are one loop round p.
+bool PlainSurface::seenFrom(const Point3& p, const std::vector<Edge>& edges) const
+{
+    for (const Edge& e : edges) {
+        if (geometry::turnOf(vertices[e.from], vertices[e.to], p) >= 0)
+            return false;
+    }
+    return !edges.empty();
+}
+
+// The triangle that p lies in, then neighbour by neighbour those whose circle
+// holds p, rim included, by exact figures.
+std::vector<char> PlainSurface::exactHole(const std::vector<Triangle>& all, const Point3& p) const
+{
+    std::vector<char> hole(all.size(), 0);
+    std::vector<Edge> rim;
+    const auto take = [&](std::size_t j) {
+        hole[j] = 1;
+        rim.push_back({all[j].a, all[j].b});
+        rim.push_back({all[j].b, all[j].c});
+        rim.push_back({all[j].c, all[j].a});
+    };
+    for (std::size_t j = 0; j < all.size() && rim.empty(); ++j) {
+        const Point3 &a = vertices[all[j].a], &b = vertices[all[j].b], &c = vertices[all[j].c];
+        if (geometry::turnOf(a, b, p) <= 0 && geometry::turnOf(b, c, p) <= 0 && geometry::turnOf(c, a, p) <= 0)
+            take(j);
+    }
+    for (std::size_t e = 0; e < rim.size(); ++e) {
+        const Edge side = rim[e];
+        for (std::size_t j = 0; j < all.size(); ++j) {
+            const Triangle& t = all[j];
+            const bool beside = sameEdge(side, {t.a, t.b}) || sameEdge(side, {t.b, t.c}) || sameEdge(side, {t.c, t.a});
+            if (!hole[j] && beside && geometry::placeInCircle(vertices[t.a], vertices[t.b], vertices[t.c], p) >= 0)
+                take(j);
+        }
+    }
+    return hole;
+}
 
 bool PlainSurface::triangulate()
 {
@@ -99,41 +191,36 @@ bool PlainSurface::triangulate()
 
     triangles.push_back({n, n + 1, n + 2});
     std::vector<char> complete{0};
+    bool mendable = true;
     for (std::int32_t i = 0; i < n; ++i) {
-        std::vector<Edge> edges;
+        if (repeats[i])
+            continue;
+        std::vector<char> goes(triangles.size(), 0);
         for (std::size_t j = 0; j < triangles.size(); ++j) {
-            if (complete[j])
-                continue;
-            const Triangle t = triangles[j];
             Circle circle;
-            if (!circumcircle(vertices[t.a], vertices[t.b], vertices[t.c], &circle))
+            if (complete[j]
+                || !circumcircle(vertices[triangles[j].a], vertices[triangles[j].b], vertices[triangles[j].c], &circle))
                 continue;
             if (vertices[i].x > circle.x + std::sqrt(circle.squaredRadius))
                 complete[j] = 1;
             const double dx = vertices[i].x - circle.x, dy = vertices[i].y - circle.y;
-            if (dx * dx + dy * dy <= circle.squaredRadius) {
-                edges.push_back({t.a, t.b});
-                edges.push_back({t.b, t.c});
-                edges.push_back({t.c, t.a});
-                triangles[j] = triangles.back();
-                complete[j] = complete.back();
-                triangles.pop_back();
-                complete.pop_back();
-                --j;
+            goes[j] = dx * dx + dy * dy <= circle.squaredRadius;
+        }
+        const std::vector<Triangle> trianglesBefore = triangles;
+        const std::vector<char> completeBefore = complete;
+        std::vector<Edge> edges = takeOut(goes, &triangles, &complete);
+        if (mendable && !seenFrom(vertices[i], edges)) {
+            const std::vector<char> exact = exactHole(trianglesBefore, vertices[i]);
+            mendable = std::count(exact.begin(), exact.end(), 1) > 0;
+            if (mendable) {
+                triangles = trianglesBefore;
+                complete = completeBefore;
+                edges = takeOut(exact, &triangles, &complete);
             }
         }
-        std::vector<char> dropped(edges.size(), 0);
-        for (std::size_t j = 0; j < edges.size(); ++j) {
-            for (std::size_t k = j + 1; k < edges.size(); ++k) {
-                if (!dropped[j] && !dropped[k] && sameEdge(edges[j], edges[k]))
-                    dropped[j] = dropped[k] = 1;
-            }
-        }
-        for (std::size_t j = 0; j < edges.size(); ++j) {
-            if (!dropped[j]) {
-                triangles.push_back({edges[j].from, edges[j].to, i});
-                complete.push_back(0);
-            }
+        for (const Edge& e : edges) {
+            triangles.push_back({e.from, e.to, i});
+            complete.push_back(0);
         }
         if (triangles.size() > 16 * static_cast<std::size_t>(n) + 4096) {
             triangles.clear();

@@ -12,6 +12,16 @@ using contour::Triangle;
 using geometry::Point3;
 using geometry::PointList;
 
+struct Edge {
+    std::int32_t from;
+    std::int32_t to;
+};
+
+inline bool sameEdge(const Edge& e, const Edge& f)
+{
+    return (e.from == f.from && e.to == f.to) || (e.from == f.to && e.to == f.from);
+}
+
 class PlainSurface {
 public:
     PointList points;
@@ -36,18 +46,12 @@ public:
     double longestEdge() const;
 
 private:
+    bool seenFrom(const Point3& p, const std::vector<Edge>& edges) const;
+    std::vector<char> exactHole(const std::vector<Triangle>& all, const Point3& p) const;
     void addExactBorder();
     int nearest(double x, double y) const;
-};
 
-struct Edge {
-    std::int32_t from;
-    std::int32_t to;
+    std::vector<char> repeats; // vertices at the place of one given before
 };
-
-inline bool sameEdge(const Edge& e, const Edge& f)
-{
-    return (e.from == f.from && e.to == f.to) || (e.from == f.to && e.to == f.from);
-}
 
 } // namespace reference
