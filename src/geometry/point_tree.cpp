@@ -10,7 +10,27 @@ double gap(double from, double to, double at) { return std::max({from - at, at -
 
 } // namespace
 
-PointTree::PointTree(const PointList& points)
+void PointTree::Box::add(double x, double y, double z)
+{
+    xMin = std::min(xMin, x);
+    xMax = std::max(xMax, x);
+    yMin = std::min(yMin, y);
+    yMax = std::max(yMax, y);
+    zMin = std::min(zMin, z);
+    zMax = std::max(zMax, z);
+}
+
+void PointTree::Box::add(const Box& other)
+{
+    xMin = std::min(xMin, other.xMin);
+    xMax = std::max(xMax, other.xMax);
+    yMin = std::min(yMin, other.yMin);
+    yMax = std::max(yMax, other.yMax);
+    zMin = std::min(zMin, other.zMin);
+    zMax = std::max(zMax, other.zMax);
+}
+
+PointTree::PointTree(const PointList& points, Halved halved) : halved_(halved)
 {
     entries_.reserve(points.size());
     for (std::size_t i = 0; i < points.size(); ++i)
@@ -31,22 +51,21 @@ void PointTree::build(std::size_t node, std::int32_t begin, std::int32_t end)
     n.end = end;
     for (std::int32_t i = begin; i < end; ++i) {
         const Entry& e = entries_[static_cast<std::size_t>(i)];
-        n.box.xMin = std::min(n.box.xMin, e.x);
-        n.box.xMax = std::max(n.box.xMax, e.x);
-        n.box.yMin = std::min(n.box.yMin, e.y);
-        n.box.yMax = std::max(n.box.yMax, e.y);
-        n.box.zMin = std::min(n.box.zMin, e.z);
-        n.box.zMax = std::max(n.box.zMax, e.z);
+        n.box.add(e.x, e.y, e.z);
         n.firstIndex = std::min(n.firstIndex, e.index);
     }
     n.isLeaf = 2 * node + 2 >= nodes_.size();
     if (n.isLeaf)
         return;
     const std::int32_t middle = begin + (end - begin) / 2;
-    const bool byX = n.box.xMax - n.box.xMin >= n.box.yMax - n.box.yMin;
+    const double width = n.box.xMax - n.box.xMin;
+    const double height = n.box.yMax - n.box.yMin;
+    double Entry::*by = width >= height ? &Entry::x : &Entry::y;
+    if (halved_ == Halved::InSpace && n.box.zMax - n.box.zMin > std::max(width, height))
+        by = &Entry::z;
     const auto first = entries_.begin();
     std::nth_element(first + begin, first + middle, first + end,
-                     [byX](const Entry& a, const Entry& b) { return byX ? a.x < b.x : a.y < b.y; });
+                     [by](const Entry& a, const Entry& b) { return a.*by < b.*by; });
     build(2 * node + 1, begin, middle);
     build(2 * node + 2, middle, end);
 }
@@ -159,11 +178,19 @@ void PointTree::summarise(std::size_t node)
 {
     Node& n = nodes_[node];
     n.firstIndex = kAll;
-    if (n.isLeaf) {
-        for (std::int32_t i = n.begin; i < n.end; ++i)
-            n.firstIndex = std::min(n.firstIndex, entries_[static_cast<std::size_t>(i)].index);
-    } else {
-        n.firstIndex = std::min(nodes_[2 * node + 1].firstIndex, nodes_[2 * node + 2].firstIndex);
+    n.box = Box();
+    if (!n.isLeaf) {
+        for (std::size_t child : {2 * node + 1, 2 * node + 2}) {
+            n.firstIndex = std::min(n.firstIndex, nodes_[child].firstIndex);
+            n.box.add(nodes_[child].box);
+        }
+        return;
+    }
+    for (std::int32_t i = n.begin; i < n.end; ++i) {
+        const Entry& e = entries_[static_cast<std::size_t>(i)];
+        n.firstIndex = std::min(n.firstIndex, e.index);
+        if (e.index != kAll)
+            n.box.add(e.x, e.y, e.z);
     }
 }
 

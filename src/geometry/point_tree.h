@@ -11,8 +11,8 @@
 namespace geometry {
 
 // Points under a balanced tree that halves them by x or y, whichever spreads
-// more. Answers are those of a plain loop over the points in their own order:
-// of two that are equally good the earlier one wins.
+// more, or by z too where distances in space are asked for. Answers are those of a plain loop over the points in their
+// own order: of two that are equally good the earlier one wins.
 class PointTree {
 public:
     static constexpr int kAll = std::numeric_limits<int>::max();
@@ -27,9 +27,14 @@ public:
         double xMin = INFINITY, xMax = -INFINITY;
         double yMin = INFINITY, yMax = -INFINITY;
         double zMin = INFINITY, zMax = -INFINITY;
+
+        void add(double x, double y, double z);
+        void add(const Box& other);
     };
 
-    explicit PointTree(const PointList& points);
+    enum class Halved { InPlan, InSpace };
+
+    explicit PointTree(const PointList& points, Halved halved = Halved::InPlan);
 
     // Nearest in plan of the points below indexLimit and nearer than the limit.
     Nearest nearest(double x, double y, double limit, int indexLimit = kAll) const;
@@ -46,7 +51,8 @@ public:
     template <class LowerBound, class Value>
     int smallest(LowerBound lowerBound, Value value) const;
 
-    // Takes a point out of the tree; indices of the others stay.
+    // Takes a point out of the tree, whose boxes shrink to what is left; indices
+    // of the others stay.
     void remove(int index);
 
 private:
@@ -67,6 +73,7 @@ private:
     void build(std::size_t node, std::int32_t begin, std::int32_t end);
     void summarise(std::size_t node);
 
+    Halved halved_;
     std::vector<Entry> entries_;
     std::vector<Node> nodes_;             // children of i at 2i + 1 and 2i + 2
     std::vector<std::int32_t> positions_; // of points in entries_, made by the first remove

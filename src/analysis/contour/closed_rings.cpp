@@ -32,7 +32,7 @@ void takeReferencePoints(const std::vector<ClosedLine>& closed, PointList* point
 {
     if (closed.empty() || points->empty())
         return;
-    InnerPoints left(*points);
+    InnerPoints left(*points, geometry::PointTree::Halved::InSpace);
     std::vector<char> taken(points->size(), 0);
     for (const ClosedLine& loop : closed) {
         int reference = left.firstInside(*loop.line);

@@ -40,7 +40,7 @@ double gap(double fromA, double toA, double fromB, double toB) { return std::max
 
 } // namespace
 
-InnerPoints::InnerPoints(const PointList& points) : points_(points), tree_(points) { }
+InnerPoints::InnerPoints(const PointList& points, PointTree::Halved halved) : points_(points), tree_(points, halved) { }
 
 int InnerPoints::firstInside(const PointList& ring) const
 {

@@ -9,7 +9,9 @@ namespace contour {
 // Points removed are found no more; the numbers of the others stay.
 class InnerPoints {
 public:
-    explicit InnerPoints(const PointList& points);
+    // In space for nearestToLine, in plan where firstInside is all that is asked.
+    explicit InnerPoints(const PointList& points,
+                         geometry::PointTree::Halved halved = geometry::PointTree::Halved::InPlan);
 
     // The first point inside the ring or on its rim; -1 for none.
     int firstInside(const PointList& ring) const;
