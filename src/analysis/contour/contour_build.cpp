@@ -1,8 +1,43 @@
 #include "analysis/contour/contour_build.h"
 
+#include "geometry/tolerance_grid.h"
+
 namespace contour {
 
 namespace {
+
+std::vector<int> usable(const PointList& given)
+{
+    std::vector<int> numbers;
+    for (std::size_t i = 0; i < given.size(); ++i) {
+        if (geometry::isFinite(given[i]))
+            numbers.push_back(static_cast<int>(i));
+    }
+    return numbers;
+}
+
+// Points whose value the map does not show, since an earlier one has the place.
+std::vector<int> atSharedPlaces(const PointList& given)
+{
+    geometry::ToleranceGrid places(given.size());
+    std::vector<int> shared;
+    for (int number : usable(given)) {
+        const Point3& p = given[static_cast<std::size_t>(number)];
+        const Point3 place{p.x, p.y, 0.0};
+        int earlier = -1;
+        places.chainsNear(place, [&](std::int32_t head) {
+            for (std::int32_t i = head; i >= 0 && earlier < 0; i = places.next(i)) {
+                if (geometry::planDistance(given[static_cast<std::size_t>(i)], p) < geometry::GEOM_TOL)
+                    earlier = i;
+            }
+        });
+        if (earlier < 0)
+            places.add(place, number);
+        else if (!(std::fabs(given[static_cast<std::size_t>(earlier)].z - p.z) < geometry::GEOM_TOL))
+            shared.push_back(number);
+    }
+    return shared;
+}
 
 // Steps in their order; each says false once the build is cancelled.
 class Build {
@@ -15,7 +50,13 @@ public:
     {
         if (!makeSurface() || !traceLines(result) || !shapeLines(result) || !closeRings(result))
             return BuildStatus::Cancelled;
-        return BuildStatus::Done;
+        result->gridRefused = gridRefused_;
+        if (surface_.hasSharedPlaces())
+            result->leftOut = atSharedPlaces(*input_.points);
+        if (anyTriangle_)
+            return BuildStatus::Done;
+        result->without = usable(*input_.points);
+        return surface_.vertexCount < 3 ? BuildStatus::FewPoints : BuildStatus::NoTriangle;
     }
 
 private:
@@ -59,6 +100,7 @@ private:
         const PointList grid = surface_.idwGridPoints(parameters_.power, parameters_.neighbours, tick(BuildStep::Grid));
         if (!at(BuildStep::Grid, 1.0))
             return false;
+        gridRefused_ = grid.empty() && !surface_.points.empty();
         PointList all = surface_.rawPoints;
         all.insert(all.end(), grid.begin(), grid.end());
         surface_.setPoints(all);
@@ -129,6 +171,7 @@ private:
     const bool useHull_;
     SurfaceModel surface_;
     bool anyTriangle_ = false;
+    bool gridRefused_ = false;
     bool goesOn_ = true;
 };
 

@@ -53,9 +53,11 @@ using BuildProgress = std::function<bool(BuildStep step, double done)>;
 
 enum class BuildStatus {
     Done,
-    NoPoints,  // points were never given
-    NoBounds,  // no border, and none to be calculated
-    Cancelled, // the result is empty
+    NoPoints,   // points were never given
+    NoBounds,   // no border, and none to be calculated
+    FewPoints,  // fewer than three, border values included: no map
+    NoTriangle, // points on one line, at one place or beyond all measure: no map
+    Cancelled,  // the result is empty
 };
 
 struct BuildStatistics {
@@ -67,6 +69,11 @@ struct BuildStatistics {
 
 struct BuildResult {
     BuildStatus status = BuildStatus::Done;
+    // Numbers of given points: all that there were when they made no map, and
+    // those that stand at the place of an earlier one with another value.
+    std::vector<int> without;
+    std::vector<int> leftOut;
+    bool gridRefused = false;   // by the box; the map is that of the points alone
     BuildStatistics statistics; // after the triangles outside were dropped
     std::vector<double> levels; // as moved off the points
     PointList boundary;         // as given or calculated

@@ -132,6 +132,8 @@ void SurfaceModel::sortVertices(const std::vector<char>& repeats)
     vertexCount = static_cast<std::int32_t>(points.size());
 }
 
+bool SurfaceModel::hasSharedPlaces() const { return std::find(repeats_.begin(), repeats_.end(), 1) != repeats_.end(); }
+
 bool SurfaceModel::triangulate(const Tick& tick)
 {
     triangles.clear();

@@ -60,6 +60,9 @@ public:
     // three, for points all at one place, and when stopped by the tick.
     bool triangulate(const Tick& tick = {});
 
+    // Whether prepare found vertices that take no part.
+    bool hasSharedPlaces() const;
+
     // Appends the outer rim of the triangulation to `boundary`, z = 0. False
     // when there is no triangle or already a boundary of more than three points.
     bool boundaryFromHull();

@@ -41,7 +41,7 @@ TEST(Build, pointsAndBoundsMustBeGiven)
     EXPECT_EQ(buildContours(input, p).status, BuildStatus::NoBounds);
     p.calculateBoundary = true;
     const BuildResult empty = buildContours(input, p);
-    EXPECT_EQ(empty.status, BuildStatus::Done);
+    EXPECT_EQ(empty.status, BuildStatus::FewPoints);
     EXPECT_TRUE(empty.contours.rings.empty());
     EXPECT_EQ(empty.statistics.longestEdge, -INFINITY);
 }
@@ -85,6 +85,61 @@ TEST(Build, pointsAtOnePlaceOrOnALineMakeNoRings)
     input.points = PointList{{1, 1, 1}, {2, 1, 2}, {3, 1, 3}};
     EXPECT_TRUE(buildContours(input, p).contours.rings.empty());
     EXPECT_TRUE(buildContours(input, p).boundary.empty());
+}
+
+TEST(Build, whatMakesNoMapIsTold)
+{
+    BuildParameters p;
+    p.calculateBoundary = true;
+    BuildInput input;
+    input.points = PointList{{1, 1, 1}, {NAN, 1, 1}, {2, 1, 2}};
+    BuildResult result = buildContours(input, p);
+    EXPECT_EQ(result.status, BuildStatus::FewPoints);
+    EXPECT_EQ(result.without, (std::vector<int>{0, 2}));
+    input.points->push_back({3, 1, 3});
+    result = buildContours(input, p);
+    EXPECT_EQ(result.status, BuildStatus::NoTriangle);
+    EXPECT_EQ(result.without, (std::vector<int>{0, 2, 3}));
+    input.points->push_back({3, 5, 3});
+    result = buildContours(input, p);
+    EXPECT_EQ(result.status, BuildStatus::Done);
+    EXPECT_TRUE(result.without.empty() && result.leftOut.empty());
+}
+
+// Two wells and a border have values along all of it.
+TEST(Build, aBorderMakesAMapOfOneWell)
+{
+    BuildInput input = fieldInput(true);
+    input.points->resize(1);
+    EXPECT_EQ(buildContours(input, {}).status, BuildStatus::Done);
+    input.points->clear();
+    EXPECT_EQ(buildContours(input, {}).status, BuildStatus::FewPoints);
+}
+
+TEST(Build, wellsLeftOutAreTold)
+{
+    BuildInput input = fieldInput(true);
+    const Point3 first = input.points->at(4);
+    input.points->push_back(first);                             // the same again: nothing is lost
+    input.points->push_back({first.x, first.y, first.z + 0.5}); // 201
+    input.points->push_back({first.x + 5e-7, first.y, first.z - 0.5});
+    EXPECT_EQ(buildContours(input, {}).leftOut, (std::vector<int>{201, 202}));
+    input.points->resize(200);
+    EXPECT_TRUE(buildContours(input, {}).leftOut.empty());
+}
+
+TEST(Build, refusedGridIsTold)
+{
+    BuildParameters p;
+    p.method = Method::InverseDistance;
+    EXPECT_FALSE(buildContours(fieldInput(true), p).gridRefused);
+    BuildInput narrow = fieldInput(true);
+    narrow.bounds = PointList{{0, 0, 0}, {1e6, 0, 0}, {1e6, 1, 0}, {0, 1, 0}};
+    const BuildResult result = buildContours(narrow, p);
+    EXPECT_TRUE(result.gridRefused);
+    EXPECT_EQ(result.status, BuildStatus::Done);
+    p.method = Method::Triangulation;
+    EXPECT_FALSE(buildContours(narrow, p).gridRefused);
 }
 
 TEST(Build, boundaryBesideAllPointsIsOneRing)

@@ -1,6 +1,7 @@
 #include "analysis/maps/forms/iso_contours_cmd_dialog.h"
 
 #include "analysis/levels/forms/color_map_widget.h"
+#include "analysis/maps/build_messages.h"
 #include "analysis/maps/layer_input.h"
 #include "analysis/maps/map_drawing.h"
 #include "base/placeholders.h"
@@ -224,13 +225,10 @@ bool IsoContoursCmdDialog::runBuild(contour::BuildResult& result)
     result = contour::buildContours(input, parameters(), [&box](contour::BuildStep step, double done) {
         return box.step(int(kPercent * (double(step) + done)), kPercent * int(kSteps.size()), kSteps[size_t(step)]);
     });
-    switch (result.status) {
-    case contour::BuildStatus::Done: return true;
-    case contour::BuildStatus::NoPoints: warn(this, "Не загружены точки!"); return false;
-    case contour::BuildStatus::NoBounds: warn(this, "Не загружены границы!"); return false;
-    case contour::BuildStatus::Cancelled: return false;
-    }
-    return false;
+    const QString message = buildMessage(result);
+    if (!message.isEmpty())
+        warn(this, message);
+    return result.status == contour::BuildStatus::Done;
 }
 
 void IsoContoursCmdDialog::draw(const contour::BuildResult& result)

@@ -285,6 +285,8 @@ PlainBuild plainBuild(const contour::BuildInput& input, const contour::BuildPara
     set.surfacePoints = surface.points;
     if (anyTriangle)
         set.buildRings();
+    else
+        build.status = surface.vertexCount < 3 ? contour::BuildStatus::FewPoints : contour::BuildStatus::NoTriangle;
     return build;
 }
 
