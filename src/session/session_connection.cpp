@@ -12,9 +12,12 @@ QString ProjectSession::buildConnInfo() const
 
 bool ProjectSession::openConnection(const QString& conninfo)
 {
-    if (connection.isOpen() && !isSameDatabase(connection.conninfo(), conninfo))
+    const QString before = connection.conninfo();
+    if (!connection.open(conninfo))
+        return false;
+    if (!before.isEmpty() && !isSameDatabase(before, conninfo))
         forgetDatabase();
-    return connection.open(conninfo);
+    return true;
 }
 
 void ProjectSession::forgetDatabase()
@@ -37,8 +40,8 @@ void ProjectSession::forgetDatabase()
 QString ProjectSession::reconnectionInfo() const
 {
     const QString wanted = buildConnInfo();
-    const bool names = !connection.isOpen() || isSameDatabase(connection.conninfo(), wanted);
-    return names ? wanted : connection.conninfo();
+    const QString last = connection.conninfo();
+    return last.isEmpty() || isSameDatabase(last, wanted) ? wanted : last;
 }
 
 bool ProjectSession::connect()

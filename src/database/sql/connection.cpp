@@ -45,9 +45,9 @@ bool Connection::open(const QString& conninfo)
 {
     const QString wanted = conninfo; // may be a reference to our own
     connection_.reset(PQconnectdb(wanted.toUtf8().constData()));
-    conninfo_ = wanted;
     if (!isOk())
         return false;
+    conninfo_ = wanted;
     PQsetNoticeProcessor(connection_.get(), swallowNotice, nullptr);
     useUtf8(connection_.get());
     return isOk();

@@ -35,7 +35,7 @@ public:
     /// still be asked. The handle before it is finished. Returns isOk().
     bool open(const QString& conninfo);
     void finish();
-    /// What the handle was opened with, also one that failed; empty without one.
+    /// What the last good handle was opened with, also after a later try failed; empty when none ever was.
     QString conninfo() const { return conninfo_; }
 
     bool isOpen() const; ///< there is a handle, good or bad
