@@ -3,6 +3,8 @@
 #include <drawing/application.h>
 #include <nrx/application.h>
 
+#include <QRegularExpression>
+
 #include <cmath>
 
 namespace {
@@ -69,6 +71,57 @@ void drawText()
         appendToSpace(new NcDbText(at, text, height, degrees * M_PI / 180.0));
 }
 
+int eraseAll(const NcDbObjectIdArray& ids)
+{
+    int erased = 0;
+    for (const NcDbObjectId& id : ids) {
+        NcDbEntity* entity = nullptr;
+        if (!isOk(ncdbOpenObject(entity, id, kForWrite)))
+            continue;
+        erased += isOk(entity->erase());
+        entity->close();
+    }
+    return erased;
+}
+
+NcDbObjectIdArray membersOf(const NcDbDictionary& groups, const QString& name)
+{
+    NcDbObjectId id;
+    NcDbGroup* group = nullptr;
+    if (!isOk(groups.getAt(name, id)) || !isOk(ncdbOpenObject(group, id, kForRead)))
+        return {};
+    const NcDbObjectIdArray members = group->allEntityIds();
+    group->close();
+    return members;
+}
+
+// Groups go with what they hold; one of which something stays, as on a locked
+// layer, stays too.
+void eraseGroups()
+{
+    QString mask;
+    NcDbDictionary* groups = nullptr;
+    if (!currentDrawing() || !askText(QStringLiteral("\nИмя группы (* - любые знаки): "), mask)
+        || !isOk(currentDrawing()->getGroupDictionary(groups, kForWrite)))
+        return;
+    const QRegularExpression wanted(QRegularExpression::wildcardToRegularExpression(mask),
+                                    QRegularExpression::CaseInsensitiveOption);
+    int gone = 0, kept = 0, entities = 0;
+    for (const QString& name : groups->keys()) {
+        if (!wanted.match(name).hasMatch())
+            continue;
+        const NcDbObjectIdArray members = membersOf(*groups, name);
+        const int erased = eraseAll(members);
+        const bool whole = erased == int(members.size()) && isOk(groups->remove(name));
+        entities += erased;
+        ++(whole ? gone : kept);
+    }
+    groups->close();
+    sayLine(QStringLiteral("Удалено групп: %1, объектов: %2").arg(gone).arg(entities));
+    if (kept > 0)
+        sayLine(QStringLiteral("Осталось групп, слой которых закрыт: %1").arg(kept));
+}
+
 void select()
 {
     NcSelectionSet set;
@@ -85,7 +138,7 @@ const std::vector<HostCommandRow>& drawCommands()
 {
     static const std::vector<HostCommandRow> rows = {
         {"LINE", drawLine, "L|ОТРЕЗОК"}, {"PLINE", drawPolyline, "PL|ПЛИНИЯ"}, {"CIRCLE", drawCircle, "C|КРУГ"},
-        {"TEXT", drawText, "ТЕКСТ"},     {"SELECT", select, "ВЫБРАТЬ"},
+        {"TEXT", drawText, "ТЕКСТ"},     {"SELECT", select, "ВЫБРАТЬ"},        {"ERASEGROUP", eraseGroups, ""},
     };
     return rows;
 }

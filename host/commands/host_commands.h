@@ -9,6 +9,7 @@
 //   LINE  PLINE  CIRCLE  TEXT   SELECT   SCREENSHOT path
 //   U  REDO   ERASE  MOVE  COPY  ROTATE  SCALE  MIRROR  EXPLODE  OFFSET
 //   SELECTALL  COPYCLIP  CUTCLIP  PASTECLIP  PASTEORIG   DIST  ID  AREA
+//   ERASEGROUP name, with * for any letters: TERVA_HATCH_* erases the maps
 #pragma once
 
 #include <nrx/application.h>

@@ -1,5 +1,6 @@
 // Deep copies from one drawing into another.
 #include "entity_clone.h"
+#include "host_faults.h"
 
 #include <algorithm>
 
@@ -210,6 +211,8 @@ bool isCloneable(NcDbObjectId id, const NcRxClass* wanted)
 NcStatus NcDbDatabase::wblockCloneObjects(const NcDbObjectIdArray& ids, NcDbObjectId owner, NcDbIdMapping& mapping,
                                           DuplicateRecords rule)
 {
+    if (hostFaults().cloning)
+        return NcStatus::InvalidInput;
     const NcRxClass* wanted = acceptedClass(*this, owner);
     if (!wanted)
         return NcStatus::InvalidInput;

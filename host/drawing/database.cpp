@@ -1,4 +1,5 @@
 #include "host_access.h"
+#include "host_faults.h"
 #include "open_drawings.h"
 #include "undo.h"
 
@@ -65,6 +66,10 @@ NcDbObjectId NcDbDatabase::currentSpaceId() const { return data_->currentSpace; 
 
 NcStatus NcDbDatabase::getSymbolTable(NcDbBlockTable*& table, NcOpenMode mode)
 {
+    if (hostFaults().sideTables && this != g_working) {
+        table = nullptr;
+        return NcStatus::NotFound;
+    }
     return openTable(table, data_->blockTable, mode);
 }
 

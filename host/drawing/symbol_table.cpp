@@ -1,6 +1,7 @@
 #include "append.h"
 #include "class_table.h"
 #include "host_access.h"
+#include "host_faults.h"
 
 NCRX_DEFINE(NcDbSymbolTableRecord, NcDbObject)
 NCRX_DEFINE(NcDbSymbolTable, NcDbObject)
@@ -81,6 +82,8 @@ NcStatus NcDbSymbolTable::getAt(const QString& name, NcDbObjectId& id) const
 
 NcDbSymbolTableIterator* NcDbSymbolTable::newIterator() const
 {
+    if (hostFaults().tableIterators)
+        return nullptr;
     NcDbObjectIdArray living;
     for (NcDbObjectId id : records_)
         if (HostAccess::isLiving(id))

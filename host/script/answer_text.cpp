@@ -10,7 +10,8 @@ bool readNumber(const QString& text, double& value)
 {
     bool ok = false;
     value = text.toDouble(&ok);
-    return ok;
+    // Qt reads "nan" and "inf" too.
+    return ok && std::isfinite(value);
 }
 
 // Letters that look alike in both alphabets become the Cyrillic one: nobody sees

@@ -7,8 +7,11 @@
 #include "elements/block_definitions.h"
 #include "elements/element_block.h"
 #include "hostkit/console.h"
+#include "hostkit/error_markers.h"
 
 #include <nrx/editor.h>
+
+#include <cmath>
 
 namespace {
 
@@ -19,6 +22,8 @@ struct Dimensions {
     int catalogId = -1;
 };
 
+// Of a block without a row. Keys of the tables begin behind it.
+const QString placeholderId = QStringLiteral("1001");
 constexpr double startHeight = 1.0;
 constexpr double startDepth = 5.0;
 
@@ -31,16 +36,16 @@ Dimensions startDimensions(const InsertionFamily& texts)
 }
 
 // Offers the value and takes another; an empty answer keeps it. An empty
-// prompt asks nothing. False: the user cancelled.
+// prompt asks nothing. False: the user cancelled, or the answer is no number.
 bool askReal(const QString& prompt, double& value)
 {
     if (prompt.isEmpty())
         return true;
     double answer = value;
     const int status = ncedGetReal(prompt + general(value, 2) + QLatin1Char('>'), answer);
-    if (status == kPromptNormal)
+    if (status == kPromptNormal && std::isfinite(answer))
         value = answer;
-    return status == kPromptNormal || status == kPromptEmpty;
+    return std::isfinite(answer) && (status == kPromptNormal || status == kPromptEmpty);
 }
 
 // The insertion point in world coordinates.
@@ -55,6 +60,14 @@ bool askPoint(NcGePoint3d& point)
     return true;
 }
 
+// The last number that a counter holds gives its name again and again.
+QString nextTakenName(Enumerator& enumerator)
+{
+    if (isExhausted(enumerator))
+        say(fill("\nСчетчик дошел до %1 и дальше не растет: имена повторяются\n", enumerator.counter));
+    return takeName(enumerator);
+}
+
 // A typed name leaves the numbering alone, an empty answer takes its next name.
 bool askName(const InsertionFamily& texts, Enumerator& enumerator, QString& name)
 {
@@ -62,7 +75,7 @@ bool askName(const InsertionFamily& texts, Enumerator& enumerator, QString& name
     const int status = ncedGetString(true, texts.namePrompt + nextName(enumerator) + QLatin1Char('>'), answer);
     if (status != kPromptNormal && status != kPromptEmpty)
         return false;
-    name = status == kPromptEmpty || answer.isEmpty() ? takeName(enumerator) : answer;
+    name = status == kPromptEmpty || answer.isEmpty() ? nextTakenName(enumerator) : answer;
     return true;
 }
 
@@ -78,7 +91,7 @@ ElementBlock newElement(int kind, const NcGePoint3d& point, const QString& name,
     element.scale = session().placementScale;
     element.setAttribute("name", name);
     // So that the block has an id even when the row fails.
-    element.setAttribute("element_id", "1001");
+    element.setAttribute("element_id", placeholderId);
     // Only thermostabilisers have these attributes.
     element.setAttribute("h", fixed(dimensions.height, 2));
     element.setAttribute("de", fixed(dimensions.depth, 2));
@@ -86,10 +99,24 @@ ElementBlock newElement(int kind, const NcGePoint3d& point, const QString& name,
     return element;
 }
 
+// The row's key is the block's only if there is a row.
+void tellRefusedRow(const ElementBlock& element)
+{
+    const bool withoutRow = element.attributes.value(QStringLiteral("element_id")) == placeholderId;
+    if (!withoutRow)
+        return say(fill("\nОшибка: свойства элемента %1 не записаны в базу данных\n", element.name()));
+    say(fill("\nОшибка: элемент %1 не записан в базу данных, его блок вставлен с element_id=%2\n", element.name(),
+             placeholderId));
+    ensureErrorLayer();
+    addErrorMarker(ErrorMarker::NotInDatabase, {element.x, element.y, element.z});
+}
+
 void place(ElementBlock& element)
 {
-    element.insertRow(session().currentPositionId);
+    const bool written = element.insertRow(session().currentPositionId);
     element.insertBlock();
+    if (!written)
+        tellRefusedRow(element);
 }
 
 bool chooseConstruction(const InsertionFamily& texts, const CatalogChooser& chooseCatalog, Dimensions& dimensions)
@@ -108,7 +135,7 @@ void insertMany(int kind, const InsertionFamily& texts, Enumerator& enumerator, 
     say("\n Выполняем циклическую вставку");
     NcGePoint3d point;
     while (askPoint(point)) {
-        const QString name = takeName(enumerator);
+        const QString name = nextTakenName(enumerator);
         say(name + " \n");
         ElementBlock element = newElement(kind, point, name, dimensions);
         if (texts.cyclicHeightIsMark)

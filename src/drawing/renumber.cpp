@@ -64,12 +64,20 @@ bool isServed(int kind)
     return familyOfKind(kind) && kind != notServed;
 }
 
+// A connection that is gone gives no answer, and has the reason itself.
+QString refusalOf(const sql::Result& answer)
+{
+    if (!session().connection.isOpen())
+        return QStringLiteral("Не установлено соединение с базой данных");
+    return answer.isNullResult() ? session().connection.errorMessage() : answer.errorMessage();
+}
+
 bool loadRows(const Family& family, QVector<NumberedRow>& rows)
 {
     const sql::Result answer = session().run(fill("select element_id, element_name from %2 where position_id = %1",
                                                   session().currentPositionId, family.elements));
     if (!answer.isTuples())
-        return tell(fill("\nQuery execution failed: %1", answer.errorMessage()));
+        return tell(fill("\nQuery execution failed: %1", refusalOf(answer)));
     if (answer.ntuples() == 0)
         return tell("\nNo elements found.");
     for (int row = 0; row < answer.ntuples(); ++row) {
@@ -94,7 +102,7 @@ std::optional<QVector<DrawnBlock>> blocksOfKind(int kind, const StateColors& col
     for (const NcDbObjectId& id : *entities) {
         const ElementBlock block(id, colors);
         if (block.kind == kind)
-            blocks.append({id, block.elementId(), block.attributes.value(QStringLiteral("name"))});
+            blocks.append({id, block.elementId(), block.name()});
     }
     std::stable_sort(blocks.begin(), blocks.end(),
                      [](const DrawnBlock& a, const DrawnBlock& b) { return a.id < b.id; });
@@ -174,7 +182,11 @@ void renumber(int kind, int selected)
         say("\nНумерация элементов не последовательна!");
         return;
     }
-    moveToNumber(rows, selected, number);
+    if (!moveToNumber(rows, selected, number)) {
+        say("\nНомер 2147483647 увеличить нельзя!");
+        say(notDone);
+        return;
+    }
     sortById(rows);
     const QVector<ElementBlock> elements = renamedElements(rows, blocks, colors);
     const bool done = writeRows(elements) && applyToBlocks(elements, blocks);

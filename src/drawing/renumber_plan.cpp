@@ -2,6 +2,7 @@
 
 #include <QRegularExpression>
 #include <algorithm>
+#include <limits>
 
 std::optional<NumberedRow> numberedRow(int id, const QString& name)
 {
@@ -33,14 +34,18 @@ bool isSequential(const QVector<NumberedRow>& rows)
         == rows.end();
 }
 
-void moveToNumber(QVector<NumberedRow>& rows, int selected, int number)
+bool moveToNumber(QVector<NumberedRow>& rows, int selected, int number)
 {
+    const auto movesUp = [&](const NumberedRow& row) { return row.number >= number && row.id < selected; };
+    constexpr int last = std::numeric_limits<int>::max();
+    if (std::any_of(rows.begin(), rows.end(),
+                    [&](const NumberedRow& row) { return movesUp(row) && row.number == last; }))
+        return false;
     for (NumberedRow& row : rows) {
-        if (row.number < number)
-            continue;
-        if (row.id == selected)
-            row.number = number;
-        else if (row.id < selected)
+        if (movesUp(row))
             ++row.number;
+        else if (row.id == selected && row.number >= number)
+            row.number = number;
     }
+    return true;
 }

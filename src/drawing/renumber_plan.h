@@ -27,5 +27,6 @@ bool isSequential(const QVector<NumberedRow>& rowsByNumber);
 
 /// Gives the row `selected` the number. Among the rows numbered `number` and
 /// above, those with an id below the selected one's move up by 1, those above
-/// keep theirs. Rows numbered below stay, the selected one too.
-void moveToNumber(QVector<NumberedRow>& rows, int selected, int number);
+/// keep theirs. Rows numbered below stay, the selected one too. False, with
+/// nothing moved, when one stands at the last number that there is.
+bool moveToNumber(QVector<NumberedRow>& rows, int selected, int number);

@@ -3,7 +3,7 @@
 #include "base/placeholders.h"
 #include "elements/families/kinds.h"
 #include "hostkit/console.h"
-#include "hostkit/model_space.h"
+#include "hostkit/symbol_tables.h"
 #include "session/project_session.h"
 
 #include <QMap>
@@ -55,13 +55,12 @@ bool loadDefinitions(const QString& path)
         say(fill("Неизвестные формат файла %1\n", path));
         return false;
     }
-    NcDbBlockTable* table = nullptr;
-    if (!isOk(side.getSymbolTable(table, kForRead))) {
+    const Opened<NcDbBlockTable> table = openTable<NcDbBlockTable>(side, kForRead);
+    if (!table) {
         say(fill("Ошибка открытия BlockTable %1\n", path));
         return false;
     }
-    const Opened<NcDbBlockTable> opened(table);
-    const std::unique_ptr<NcDbSymbolTableIterator> records(opened->newIterator());
+    const std::unique_ptr<NcDbSymbolTableIterator> records(table->newIterator());
     if (!records) {
         say(fill("Ошибка получения итератора BlockTable %1\n", path));
         return false;
@@ -77,10 +76,10 @@ enum class Presence { NoTable, Absent, Present };
 
 Presence presenceOf(const QString& blockName)
 {
-    NcDbBlockTable* table = nullptr;
-    if (!isOk(workingDatabase()->getSymbolTable(table, kForRead)))
+    const Opened<NcDbBlockTable> table = openTable<NcDbBlockTable>(kForRead);
+    if (!table)
         return Presence::NoTable;
-    return Opened<NcDbBlockTable>(table)->has(blockName) ? Presence::Present : Presence::Absent;
+    return table->has(blockName) ? Presence::Present : Presence::Absent;
 }
 
 } // namespace

@@ -71,6 +71,8 @@ struct ElementBlock {
     std::optional<int> elementKey() const;
     /// The same, -1 for none.
     int elementId() const { return elementKey().value_or(-1); }
+    /// The attribute "name"; empty for a kind without one.
+    QString name() const { return attributes.value(QStringLiteral("name")); }
     /// The family of the kind, or null.
     const Family* family() const { return familyOfKind(kind); }
 
@@ -88,8 +90,10 @@ struct ElementBlock {
     /// False for a kind without a family and when there is no such row.
     bool loadFromDatabase(int elementId);
     /// Writes what the drawing owns (neither z nor h), then the properties, also
-    /// when the first was refused. False when either fails.
-    bool updateRow() const;
+    /// when the first was refused. False when either fails; `refusal` then takes
+    /// the server's code of the first that failed, empty for one that never
+    /// reached it.
+    bool updateRow(QString* refusal = nullptr) const;
     /// Writes all columns but the state, the position only when it is set.
     bool updateRowFull() const;
     /// Inserts the row with the state "exist" and prints the statement; the new
@@ -98,13 +102,18 @@ struct ElementBlock {
     bool insertRow(int position);
 
     // --- the block -------------------------------------------------------------
-    /// Adds the block to model space. False when the drawing lacks the definition.
+    // Locked layers are unlocked for the change and locked again. What the
+    // drawing refuses is printed.
+
+    /// Adds the block to model space. False when the drawing lacks the
+    /// definition or takes no block.
     bool insertBlock() const;
     /// Moves, recolours and rewrites the block after this record. False only
     /// when it cannot be opened.
     bool applyToBlock(NcDbObjectId reference) const;
     /// Puts a new block in the old one's place: scale and rotation come from
-    /// the drawing into the record, all else from the record.
+    /// the drawing into the record, all else from the record. False, with no
+    /// new block, when the old one cannot be erased.
     bool replaceBlock(NcDbObjectId reference);
     /// Brings scale and rotation by transformations about the insertion point,
     /// so that the attributes keep step.
@@ -113,5 +122,4 @@ struct ElementBlock {
 private:
     void fillFromReference(NcDbObjectId reference, const StateColors* colors);
     void applyDynProps(NcDbObjectId reference) const;
-    bool writeProps() const;
 };

@@ -7,7 +7,8 @@
 #include "elements/element_layers.h"
 #include "hostkit/block_reference.h"
 #include "hostkit/console.h"
-#include "hostkit/model_space.h"
+#include "hostkit/layers.h"
+#include "hostkit/symbol_tables.h"
 
 #include <nrx/database.h>
 
@@ -71,14 +72,11 @@ void addAttributes(NcDbBlockReference& reference, NcDbObjectId definition, const
     }
 }
 
-NcDbObjectId blockDefinition(const QString& name)
+// What the drawing does not do is told: the row would lack its block unseen.
+bool complain(const ElementBlock& element, const char* what)
 {
-    NcDbBlockTable* opened = nullptr;
-    if (!isOk(workingDatabase()->getSymbolTable(opened, kForRead)))
-        return {};
-    const Opened<NcDbBlockTable> table(opened);
-    NcDbObjectId id;
-    return isOk(table->getAt(name, id)) ? id : NcDbObjectId();
+    say(fill(what, element.blockName, element.attributes.value(QStringLiteral("element_id"))));
+    return false;
 }
 
 } // namespace
@@ -118,6 +116,7 @@ bool ElementBlock::insertBlock() const
         say(fill("\n Block %1 not found in current AcDbDatabase\n", blockName));
         return false;
     }
+    const LayerUnlock unlock(group);
     auto fresh = std::make_unique<NcDbBlockReference>();
     fresh->setBlockTableRecord(definition);
     fresh->setPosition({x, y, z});
@@ -127,7 +126,7 @@ bool ElementBlock::insertBlock() const
     {
         const Opened<NcDbBlockReference> reference(id, kForWrite);
         if (!reference)
-            return false;
+            return complain(*this, "\nОшибка: блок %1 с ID=%2 не добавлен в чертеж\n");
         addAttributes(*reference, definition, attributes);
     }
     applyScaleAndRotation(id);
@@ -137,6 +136,8 @@ bool ElementBlock::insertBlock() const
 
 bool ElementBlock::applyToBlock(NcDbObjectId id) const
 {
+    // The layer that it lies on and the one that it goes to.
+    const LayerUnlock unlockOld(layerOf(id)), unlockNew(group);
     {
         const Opened<NcDbBlockReference> reference(id, kForWrite);
         if (!reference)
@@ -144,7 +145,8 @@ bool ElementBlock::applyToBlock(NcDbObjectId id) const
         const NcGeVector3d way = NcGePoint3d(x, y, z) - reference->position();
         reference->transformBy(NcGeMatrix3d::translation(way));
         reference->setColorIndex(colorIndex, true);
-        reference->setLayer(group, true, false);
+        if (!isOk(reference->setLayer(group, true, false)))
+            complain(*this, "\nОшибка: блок %1 с ID=%2 остался на прежнем слое\n");
         forEachAttribute(*reference, kForWrite, [this](NcDbAttribute& attribute) {
             if (hasAttribute(attribute.tag()))
                 attribute.setTextString(attributes.value(attribute.tag()));
@@ -160,19 +162,22 @@ bool ElementBlock::replaceBlock(NcDbObjectId id)
     scale = 1.0;
     blockRotation = 0.0;
     {
-        const Opened<NcDbBlockReference> old(id, kForWrite);
+        const Opened<NcDbBlockReference> old(id, kForRead);
         if (old) {
             scale = old->scaleFactors().sx;
             blockRotation = old->rotation();
-            old->erase();
         }
     }
+    // A second block beside the old one would be a duplicate of its key.
+    const bool gone = !id.isValid() || id.isErased();
+    if (!gone && !eraseEntity(id))
+        return complain(*this, "\nОшибка: прежний блок с ID=%2 не удален, блок %1 не вставлен\n");
     return insertBlock();
 }
 
 void ElementBlock::applyScaleAndRotation(NcDbObjectId id) const
 {
-    const Opened<NcDbBlockReference> reference(id, kForWrite);
+    const Unlocked<NcDbBlockReference> reference(id);
     if (!reference)
         return;
     const NcGePoint3d centre = reference->position();

@@ -87,8 +87,6 @@ QString number(double value) { return fixed(value, 9); }
 
 QString typeIdOf(const ElementBlock& element) { return kinds()[size_t(element.kind)].typeId; }
 
-QString nameOf(const ElementBlock& element) { return element.attributes.value(QStringLiteral("name")); }
-
 // The values that all statements end their list with.
 QStringList placement(const ElementBlock& element)
 {
@@ -107,7 +105,7 @@ QStringList depthColumns(const ElementBlock& element)
 
 QString insertText(const ElementBlock& element, const Family& family, int position)
 {
-    QStringList values = {typeIdOf(element), nameOf(element), QStringLiteral("exist"), QString::number(position)};
+    QStringList values = {typeIdOf(element), element.name(), QStringLiteral("exist"), QString::number(position)};
     values += coordinates(element);
     if (family.hasDepth)
         values += depthColumns(element);
@@ -120,7 +118,7 @@ QString updateFullText(const ElementBlock& element, const Family& family, int id
 {
     const bool withPosition = element.positionId != -1;
     const RowStatements& statements = statementsOf(family);
-    QStringList values = {family.elements, typeIdOf(element), nameOf(element)};
+    QStringList values = {family.elements, typeIdOf(element), element.name()};
     if (family.hasDepth && withPosition)
         values += QString::number(element.positionId);
     values += coordinates(element);
@@ -138,6 +136,12 @@ QString quotedProps(const ElementBlock& element) { return QLatin1Char('\'') + el
 
 // The key of the row that a record stands for; -1 when it stands for none.
 int writableId(const ElementBlock& element) { return element.family() ? element.elementId() : -1; }
+
+sql::Result writeProps(const ElementBlock& element)
+{
+    return session().run("UPDATE " + element.family()->dynprops + " SET props = " + quotedProps(element)
+                         + "WHERE element_id = " + QString::number(element.elementId()));
+}
 
 } // namespace
 
@@ -175,18 +179,22 @@ bool ElementBlock::loadFromDatabase(int id)
     return true;
 }
 
-bool ElementBlock::updateRow() const
+bool ElementBlock::updateRow(QString* refusal) const
 {
     const int id = writableId(*this);
     if (id == -1)
         return false;
-    QStringList values = {typeIdOf(*this), nameOf(*this), number(x), number(y)};
+    QStringList values = {typeIdOf(*this), name(), number(x), number(y)};
     values += placement(*this);
     values += QString::number(id);
     values += family()->elements;
+    const sql::Result row = session().run(fill(updateShort, values));
     // The label is written even when the row is refused.
-    const bool written = session().run(fill(updateShort, values)).isCommand();
-    return writeProps() && written;
+    const sql::Result props = writeProps(*this);
+    const sql::Result& first = row.isCommand() ? props : row;
+    if (refusal && !first.isCommand())
+        *refusal = first.sqlState();
+    return first.isCommand();
 }
 
 bool ElementBlock::updateRowFull() const
@@ -195,14 +203,7 @@ bool ElementBlock::updateRowFull() const
     if (id == -1)
         return false;
     const bool written = session().run(updateFullText(*this, *family(), id)).isCommand();
-    return writeProps() && written;
-}
-
-bool ElementBlock::writeProps() const
-{
-    const QString statement = "UPDATE " + family()->dynprops + " SET props = " + quotedProps(*this)
-        + "WHERE element_id = " + QString::number(elementId());
-    return session().run(statement).isCommand();
+    return writeProps(*this).isCommand() && written;
 }
 
 bool ElementBlock::insertRow(int position)

@@ -26,10 +26,14 @@ constexpr std::array<MarkerShapes, 4> markers = {{
 
 void addToErrorLayer(std::unique_ptr<NcDbEntity> entity)
 {
-    const LayerUnlock unlock(errorLayerName());
-    if (!isOk(entity->setLayer(errorLayerName())))
-        say(QStringLiteral("Error set layer \n"));
-    appendToModelSpace(std::move(entity));
+    {
+        const LayerUnlock unlock(errorLayerName());
+        if (!isOk(entity->setLayer(errorLayerName())))
+            say(QStringLiteral("Error set layer \n"));
+        appendToModelSpace(std::move(entity));
+    }
+    // Also when someone had unlocked it.
+    setLayerLocked(errorLayerName(), true);
 }
 
 void addErrorLine(const NcGePoint3d& from, const NcGePoint3d& to)
@@ -54,11 +58,8 @@ void clearErrorLayer()
     if (ncedSSGet(QStringLiteral("X"), {{8, errorLayerName()}}, set) != kPromptNormal)
         return;
     const LayerUnlock unlock(errorLayerName());
-    for (const NcDbObjectId& id : set.ids) {
-        const Opened<NcDbEntity> entity(id, kForWrite);
-        if (entity)
-            entity->erase();
-    }
+    for (const NcDbObjectId& id : set.ids)
+        eraseEntity(id);
     ncedSSFree(set);
 }
 

@@ -1,13 +1,23 @@
 #include "hostkit/layers.h"
 
-#include "hostkit/model_space.h"
+#include "hostkit/symbol_tables.h"
+
+namespace {
+
+using OpenedLayer = Opened<NcDbLayerTableRecord>;
+
+OpenedLayer openLayer(const QString& name, NcOpenMode mode)
+{
+    return openRecord<NcDbLayerTableRecord, NcDbLayerTable>(name, mode);
+}
+
+} // namespace
 
 bool ensureLayer(const QString& name, int colorIndex)
 {
-    NcDbLayerTable* opened = nullptr;
-    if (!isOk(workingDatabase()->getSymbolTable(opened, kForWrite)))
+    const Opened<NcDbLayerTable> table = openTable<NcDbLayerTable>(kForWrite);
+    if (!table)
         return false;
-    const Opened<NcDbLayerTable> table(opened);
     if (table->has(name))
         return true;
     const Made<NcDbLayerTableRecord> layer(new NcDbLayerTableRecord);
@@ -19,36 +29,56 @@ bool ensureLayer(const QString& name, int colorIndex)
 
 bool setLayerLocked(const QString& name, bool locked)
 {
-    NcDbLayerTable* opened = nullptr;
-    if (!isOk(workingDatabase()->getSymbolTable(opened, kForRead)))
+    const OpenedLayer layer = openLayer(name, kForWrite);
+    if (!layer)
         return false;
-    const Opened<NcDbLayerTable> table(opened);
-    NcDbLayerTableRecord* record = nullptr;
-    if (!isOk(table->getAt(name, record, kForWrite)))
-        return false;
-    const Opened<NcDbLayerTableRecord> layer(record);
     layer->setIsLocked(locked);
     return true;
 }
 
 QStringList layerNames()
 {
-    NcDbLayerTable* opened = nullptr;
-    if (!isOk(workingDatabase()->getSymbolTable(opened, kForRead)))
-        return {};
-    const Opened<NcDbLayerTable> table(opened);
+    const Opened<NcDbLayerTable> table = openTable<NcDbLayerTable>(kForRead);
     QStringList names;
-    const std::unique_ptr<NcDbSymbolTableIterator> records(table->newIterator());
-    for (; !records->done(); records->step()) {
-        NcDbObjectId id;
-        records->getRecordId(id);
-        const Opened<NcDbLayerTableRecord> layer(id, kForRead);
+    for (const NcDbObjectId& id : table ? recordIds(*table) : NcDbObjectIdArray()) {
+        const OpenedLayer layer(id, kForRead);
         if (layer)
             names.append(layer->getName());
     }
     return names;
 }
 
-LayerUnlock::LayerUnlock(const QString& name) : name_(name) { setLayerLocked(name_, false); }
+QString currentLayer()
+{
+    const OpenedLayer layer(workingDatabase()->clayer(), kForRead);
+    return layer ? layer->getName() : QString();
+}
 
-LayerUnlock::~LayerUnlock() { setLayerLocked(name_, true); }
+QString layerOf(NcDbObjectId entity)
+{
+    const Opened<NcDbEntity> opened(entity, kForRead);
+    return opened ? opened->layer() : QString();
+}
+
+LayerUnlock::LayerUnlock(const QString& name) : name_(name)
+{
+    {
+        const OpenedLayer layer = openLayer(name, kForRead);
+        open_ = layer && !layer->isLocked();
+        wasLocked_ = layer && layer->isLocked();
+    }
+    if (wasLocked_)
+        open_ = wasLocked_ = setLayerLocked(name, false);
+}
+
+LayerUnlock::~LayerUnlock()
+{
+    if (wasLocked_)
+        setLayerLocked(name_, true);
+}
+
+bool eraseEntity(NcDbObjectId id)
+{
+    const Unlocked<NcDbEntity> entity(id);
+    return entity && isOk(entity->erase());
+}

@@ -17,9 +17,19 @@ Opened<NcDbBlockTableRecord> openModelSpace(NcOpenMode mode);
 /// while the list is gone through.
 std::optional<NcDbObjectIdArray> entitiesOfModelSpace();
 
-/// Hands the entity over to model space and closes it. The null id when the
-/// drawing did not take it; the entity is then gone.
+/// What a command says when model space is held elsewhere.
+QString modelSpaceError();
+
+/// Entities of a block that were not erased, in the order of their creation.
+NcDbObjectIdArray entityIds(const NcDbBlockTableRecord& block);
+
+/// Hands the entity over to model space and closes it; a locked layer is
+/// unlocked for it. The null id when the drawing did not take it; the entity is
+/// then gone.
 NcDbObjectId appendToModelSpace(std::unique_ptr<NcDbEntity> entity);
+
+/// The same into the space that is shown: model space or a sheet.
+NcDbObjectId appendToCurrentSpace(std::unique_ptr<NcDbEntity> entity);
 
 /// The first reference of model space, in the order of creation, to a
 /// definition of exactly this name with an attribute whose tag and text are

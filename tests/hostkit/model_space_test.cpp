@@ -41,16 +41,6 @@ TEST_F(ModelSpace, AppendedEntityIsClosedAndHasAnId)
     EXPECT_EQ(drawing.faults(), QStringList());
 }
 
-TEST_F(ModelSpace, EntityOnALockedLayerIsNotTaken)
-{
-    ensureLayer("L", 3);
-    auto circle = std::make_unique<NcDbCircle>(NcGePoint3d(), NcGeVector3d(0, 0, 1), 1.0);
-    circle->setLayer("L");
-    setLayerLocked("L", true);
-    EXPECT_TRUE(appendToModelSpace(std::move(circle)).isNull());
-    EXPECT_EQ(HostAccess::openObjectCount(), 0);
-}
-
 TEST_F(ModelSpace, SpaceThatIsHeldElsewhereTakesNothing)
 {
     const Opened<NcDbBlockTableRecord> held = openModelSpace(kForWrite);

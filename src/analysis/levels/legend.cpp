@@ -1,7 +1,8 @@
 #include "analysis/levels/legend.h"
 
 #include "base/text.h"
-#include "hostkit/opened.h"
+#include "hostkit/model_space.h"
+#include "hostkit/user_system.h"
 
 #include <nrx/editor.h>
 
@@ -61,26 +62,20 @@ void placeInUcs(NcDbTable& table, const NcGePoint3d& place)
     NcGePoint3d world = place;
     ncdbUcs2Wcs(place, world);
     table.setPosition(world);
-    NcGeMatrix3d ucs;
-    if (isOk(ncedGetCurrentUCS(ucs)))
-        table.setDirection((ucs * NcGeVector3d::kXAxis).normal());
+    table.setDirection(userXAxis().normal());
 }
 
 } // namespace
 
 bool insertLegend(const LevelMap& map, LegendKind kind, const NcGePoint3d& place)
 {
-    NcDbDatabase* drawing = ncdbHostApplicationServices()->workingDatabase();
-    Opened<NcDbBlockTableRecord> space(drawing->currentSpaceId(), kForWrite);
-    if (!space)
-        return false;
-    Made<NcDbTable> table(new NcDbTable);
-    table->setDatabaseDefaults(drawing);
+    auto table = std::make_unique<NcDbTable>();
+    table->setDatabaseDefaults(workingDatabase());
     table->setSize(int(map.ranges.size()) + kRowsAbove, int(kColumns.size()));
     table->setRowHeight(kRowHeight);
     fillHeader(*table, kind);
     for (int i = 0; i < int(map.ranges.size()); ++i)
         fillRange(*table, i + 1, map.ranges[size_t(i)]);
     placeInUcs(*table, place);
-    return isOk(space->appendNcDbEntity(table.get()));
+    return !appendToCurrentSpace(std::move(table)).isNull();
 }

@@ -1,12 +1,18 @@
 #include "analysis/maps/map_drawing.h"
 
-#include "base/text.h"
+#include "base/placeholders.h"
+#include "hostkit/console.h"
+#include "hostkit/groups.h"
 #include "hostkit/layers.h"
 #include "hostkit/model_space.h"
 
 #include <nrx/application.h>
 
+#include <algorithm>
+
 namespace {
+
+const QString hatchGroups = QStringLiteral("TERVA_HATCH_");
 
 NcDbObjectId drawPolyline(const QString& layer, const contour::PointList& points)
 {
@@ -46,6 +52,43 @@ NcDbObjectId drawHatch(const contour::HatchBand& band, const NcCmColor& color, c
     return appendToModelSpace(std::move(hatch));
 }
 
+struct Box {
+    double left, bottom, right, top;
+    bool meets(const Box& o) const { return left < o.right && o.left < right && bottom < o.top && o.bottom < top; }
+};
+
+std::vector<Box> boxesOf(const NcDbObjectIdArray& ids)
+{
+    std::vector<Box> boxes;
+    for (const NcDbObjectId& id : ids) {
+        const Opened<NcDbEntity> entity(id, kForRead);
+        if (const auto extents = entity ? entity->extents() : std::nullopt)
+            boxes.push_back({extents->min.x, extents->min.y, extents->max.x, extents->max.y});
+    }
+    return boxes;
+}
+
+bool meet(const std::vector<Box>& some, const std::vector<Box>& others)
+{
+    return std::any_of(some.begin(), some.end(), [&](const Box& box) {
+        return std::any_of(others.begin(), others.end(), [&](const Box& other) { return box.meets(other); });
+    });
+}
+
+// A new map goes under all else, so earlier ones at its place hide it.
+void tellMapsAbove(const NcDbObjectIdArray& fresh)
+{
+    const std::vector<Box> boxes = boxesOf(fresh);
+    QStringList above;
+    for (const QString& name : groupNames(hatchGroups)) {
+        if (meet(boxes, boxesOf(membersOfGroup(name))))
+            above.append(name);
+    }
+    if (!above.isEmpty())
+        say(fill("\nНовая карта лежит под более ранними: %1. Удалите их, чтобы увидеть ее.\n",
+                 above.join(QStringLiteral(", "))));
+}
+
 void moveUnderAllElse(const NcDbObjectIdArray& ids)
 {
     const Opened<NcDbBlockTableRecord> space = openModelSpace(kForWrite);
@@ -67,7 +110,8 @@ void regenerate()
 NcDbObjectIdArray drawPolylines(const QString& layer, const std::vector<contour::PointList>& lists)
 {
     NcDbObjectIdArray ids;
-    if (!setLayerLocked(layer, false))
+    const LayerUnlock unlock(layer);
+    if (!unlock)
         return ids;
     for (const contour::PointList& points : lists) {
         if (!points.empty())
@@ -92,29 +136,18 @@ NcDbObjectIdArray drawHatches(const std::vector<contour::HatchBand>& bands, cons
                               const QString& layer)
 {
     NcDbObjectIdArray ids;
-    if (!setLayerLocked(layer, false))
+    const LayerUnlock unlock(layer);
+    if (!unlock)
         return ids;
     for (const contour::HatchBand& band : bands) {
         if (const NcDbObjectId id = drawHatch(band, bandColor(levelMap, band.level), layer); !id.isNull())
             ids.push_back(id);
     }
     if (!ids.empty()) {
-        groupEntities(QStringLiteral("TERVA_HATCH_"), ids);
+        tellMapsAbove(ids);
+        groupEntities(hatchGroups, ids);
         moveUnderAllElse(ids);
     }
     regenerate();
     return ids;
-}
-
-NcDbObjectId groupEntities(const QString& prefix, const NcDbObjectIdArray& ids)
-{
-    NcDbDictionary* opened = nullptr;
-    if (ids.empty() || !isOk(workingDatabase()->getGroupDictionary(opened, kForWrite)))
-        return {};
-    const Opened<NcDbDictionary> groups(opened);
-    NcDbObjectId id;
-    Made<NcDbGroup> group(new NcDbGroup);
-    groups->setAt(prefix + base36(secondsNow()), group.get(), id);
-    group->append(ids);
-    return id;
 }

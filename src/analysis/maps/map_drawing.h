@@ -8,17 +8,14 @@
 
 // One polyline in model space for each list of points, at the elevation of its
 // first point, not flagged closed. Empty when the layer does not exist; a
-// locked layer is unlocked.
+// locked layer is unlocked for it.
 NcDbObjectIdArray drawPolylines(const QString& layer, const std::vector<contour::PointList>& lists);
 
 // One solid hatch a band, coloured from the level map, under all else, in a new
-// group "TERVA_HATCH_...". Empty when the layer does not exist.
+// group "TERVA_HATCH_...". Empty when the layer does not exist. The groups of
+// earlier maps that cover it are named on the command line.
 NcDbObjectIdArray drawHatches(const std::vector<contour::HatchBand>& bands, const LevelMap& levelMap,
                               const QString& layer);
 
 // White outside the map, else the range in the middle of which the level's band lies.
 NcCmColor bandColor(const LevelMap& levelMap, double level);
-
-// Puts the entities into a new group named `prefix` and the present time in
-// base 36, e.g. "TERVA_VALS_". The null id for no entities.
-NcDbObjectId groupEntities(const QString& prefix, const NcDbObjectIdArray& ids);

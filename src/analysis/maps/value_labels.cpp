@@ -1,25 +1,13 @@
 #include "analysis/maps/value_labels.h"
 
-#include "analysis/maps/map_drawing.h"
 #include "analysis/maps/temperature_wells.h"
+#include "hostkit/groups.h"
 #include "hostkit/model_space.h"
-
-#include <nrx/editor.h>
-
-#include <cmath>
+#include "hostkit/user_system.h"
 
 namespace {
 
 constexpr double kLabelHeight = 1.8;
-
-double ucsAngle()
-{
-    NcGeMatrix3d ucs;
-    if (!isOk(ncedGetCurrentUCS(ucs)))
-        return 0.0;
-    const NcGeVector3d x = ucs * NcGeVector3d::kXAxis;
-    return std::atan2(x.y, x.x);
-}
 
 NcDbObjectId drawLabel(const geometry::Point3& point, double angle)
 {
@@ -37,7 +25,7 @@ NcDbObjectId drawLabel(const geometry::Point3& point, double angle)
 
 NcDbObjectIdArray drawValueLabels(const geometry::PointList& points)
 {
-    const double angle = ucsAngle();
+    const double angle = userSystemAngle();
     NcDbObjectIdArray ids;
     for (const geometry::Point3& point : points) {
         if (const NcDbObjectId id = drawLabel(point, angle); !id.isNull())

@@ -93,6 +93,11 @@ QString Result::cmdTuples() const { return result_ ? QString::fromUtf8(PQcmdTupl
 
 QString Result::errorMessage() const { return QString::fromUtf8(rawErrorMessage()); }
 
+QString Result::sqlState() const
+{
+    return QString::fromLatin1(result_ ? PQresultErrorField(result_.get(), PG_DIAG_SQLSTATE) : nullptr);
+}
+
 QByteArray Result::rawErrorMessage() const { return QByteArray(PQresultErrorMessage(result_.get())); }
 
 } // namespace sql

@@ -63,6 +63,9 @@ public:
     /// The server's message, read as UTF-8; empty when all went well.
     QString errorMessage() const;
     QByteArray rawErrorMessage() const;
+    /// The five characters of SQLSTATE; empty when all went well and for an
+    /// error that is not the server's, as a lost link.
+    QString sqlState() const;
 
 private:
     struct Clear {

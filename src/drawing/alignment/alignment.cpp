@@ -1,12 +1,14 @@
 #include "drawing/alignment/alignment.h"
 
+#include "base/placeholders.h"
 #include "drawing/alignment/alignment_scope.h"
-#include "drawing/alignment/drawing_walk.h"
 #include "drawing/alignment/element_blocks.h"
 #include "drawing/alignment/element_turn.h"
 #include "drawing/alignment/viewport_frame.h"
 #include "geometry/polygon.h"
 #include "hostkit/console.h"
+#include "hostkit/model_space.h"
+#include "hostkit/user_system.h"
 
 #include <nrx/editor.h>
 
@@ -23,7 +25,8 @@ void turnBlocks(const NcDbObjectIdArray& ids, const ElementTurn& turn, const Wan
         if (element.kind == noKind || !wanted(element))
             continue;
         turnElement(element, turn);
-        element.applyToBlock(id);
+        if (!element.applyToBlock(id))
+            say(fill("\nОшибка: блок %1 с ID=%2 не повернут\n", element.blockName, element.elementId()));
     }
 }
 
@@ -35,7 +38,7 @@ void alignToCurrentUcs(ElementTurn::Marker marker)
     const std::optional<NcDbObjectIdArray> entities = entitiesOfModelSpace();
     if (!entities)
         return say(modelSpaceError());
-    turnBlocks(*entities, {currentUcsAngle(), marker, 1.0},
+    turnBlocks(*entities, {userSystemAngle(), marker, 1.0},
                [&](const ElementBlock& element) { return scope->contains(element); });
 }
 

@@ -1,9 +1,11 @@
 #include "drawing/alignment/attribute_mask.h"
 
-#include "drawing/alignment/drawing_walk.h"
 #include "drawing/alignment/element_blocks.h"
 #include "hostkit/block_reference.h"
 #include "hostkit/console.h"
+#include "hostkit/layers.h"
+#include "hostkit/model_space.h"
+#include "hostkit/user_system.h"
 
 #include <cmath>
 
@@ -36,6 +38,7 @@ void maskAttributesOf(NcDbObjectId id, double angle)
     if (!reference)
         return;
     const double scale = reference->scaleFactors().sx;
+    const LayerUnlock unlock(reference->layer());
     forEachAttribute(*reference, kForWrite, [&](NcDbAttribute& attribute) {
         if (!attribute.isInvisible())
             mask(attribute, angle, scale);
@@ -74,7 +77,7 @@ void maskAttributes()
     const std::optional<NcDbObjectIdArray> entities = entitiesOfModelSpace();
     if (!entities)
         return say(modelSpaceError());
-    const double angle = currentUcsAngle();
+    const double angle = userSystemAngle();
     for (const NcDbObjectId& id : *entities) {
         if (elementOf(id).kind != noKind)
             maskAttributesOf(id, angle);

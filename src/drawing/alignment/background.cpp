@@ -1,8 +1,9 @@
 #include "drawing/alignment/background.h"
 
 #include "base/placeholders.h"
-#include "drawing/alignment/drawing_walk.h"
 #include "hostkit/console.h"
+#include "hostkit/layers.h"
+#include "hostkit/symbol_tables.h"
 
 namespace {
 
@@ -10,18 +11,13 @@ constexpr int colorByLayer = 256;
 
 QString linetypeOfLayer(const QString& name)
 {
-    const Opened<NcDbLayerTable> table = openTable<NcDbLayerTable>(kForRead);
-    if (!table)
-        return {};
-    NcDbLayerTableRecord* record = nullptr;
-    table->getAt(name, record, kForRead);
-    const Opened<NcDbLayerTableRecord> layer(record);
+    const auto layer = openRecord<NcDbLayerTableRecord, NcDbLayerTable>(name, kForRead);
     return layer ? layer->linetype() : QString();
 }
 
 void flatten(NcDbObjectId id, const QString& layer)
 {
-    const Opened<NcDbEntity> entity(id, kForWrite);
+    const Unlocked<NcDbEntity> entity(id);
     if (!entity)
         return;
     // Before the layer changes, or the line would look like the new one's.

@@ -23,7 +23,10 @@ void turnMarker(ElementBlock& element, const ElementTurn& turn)
 {
     if (!element.hasDynProp(markerAngle))
         return;
-    const double kept = element.dynProps.value(markerAngle).toDouble() + element.blockRotation - turn.angle;
+    // Rotations of blocks come as 0..2π, angles of axes as -π..π: a full turn
+    // between them must not add up over several runs.
+    const double by = std::remainder(element.blockRotation - turn.angle, 2.0 * M_PI);
+    const double kept = element.dynProps.value(markerAngle).toDouble() + by;
     element.setDynProp(markerAngle, turn.marker == ElementTurn::Marker::Keep ? fixed(kept, 6) : QStringLiteral("0.0"));
 }
 

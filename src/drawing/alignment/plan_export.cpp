@@ -2,8 +2,8 @@
 
 #include "base/placeholders.h"
 #include "base/text.h"
-#include "drawing/alignment/drawing_walk.h"
 #include "hostkit/console.h"
+#include "hostkit/model_space.h"
 #include "session/project_session.h"
 
 namespace {

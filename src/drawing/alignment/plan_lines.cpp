@@ -1,7 +1,7 @@
 #include "drawing/alignment/plan_lines.h"
 
-#include "drawing/alignment/drawing_walk.h"
 #include "geometry/arc.h"
+#include "hostkit/model_space.h"
 
 namespace {
 

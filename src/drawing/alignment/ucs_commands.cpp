@@ -2,9 +2,9 @@
 
 #include "base/placeholders.h"
 #include "base/text.h"
-#include "drawing/alignment/drawing_walk.h"
 #include "drawing/alignment/ucs_table.h"
 #include "hostkit/console.h"
+#include "hostkit/symbol_tables.h"
 #include "session/project_session.h"
 
 #include <nrx/application.h>
@@ -64,13 +64,27 @@ QStringList offeredNames(const QVector<UcsRecord>& systems)
     return names;
 }
 
+// Names that differ in the drawing alone: the list shows them alike.
+void tellEqualNames(const QVector<UcsRecord>& systems, const QStringList& offered)
+{
+    for (int i = 0; i < offered.size(); ++i) {
+        const int first = offered.indexOf(offered[i]);
+        if (first < i)
+            say(fill("\nИмена ПСК %1 и %2 становятся одинаковыми: %3\n", systems[first].name, systems[i].name,
+                     offered[i]));
+    }
+}
+
 void store(const UcsRecord& ucs)
 {
-    const std::optional<int> id = insertUcs(ucs);
+    QString refusal;
+    const std::optional<int> id = insertUcs(ucs, refusal);
     if (id)
         say(fill("ПСК %1 сохранена с ID:%2", ucs.name, *id));
     else if (!session().checkConnection())
         say(QStringLiteral("Не установлено соединение с базой данных\n"));
+    else
+        say(fill("\nОшибка: ПСК %1 не сохранена: %2\n", ucs.name, refusal));
 }
 
 bool spansPlane(const UcsRecord& ucs) { return ucs.xAxis().crossProduct(ucs.yAxis()).length() > 0.0; }
@@ -138,7 +152,9 @@ void storeUcsOfDrawing(const UcsChooser& choose)
         return say(QStringLiteral("Таблица UCS пуста. В чертеже нет ни одной именованной ПСК!\n"));
     for (const UcsRecord& ucs : *systems)
         say(consoleLine(ucs));
-    const std::optional<UcsChoice> choice = choose(offeredNames(*systems));
+    const QStringList offered = offeredNames(*systems);
+    tellEqualNames(*systems, offered);
+    const std::optional<UcsChoice> choice = choose(offered);
     if (choice && choice->index >= 0 && choice->index < systems->size())
         store({storableUcsName(choice->name), systems->at(choice->index).numbers});
 }

@@ -12,12 +12,14 @@ QVector<StoredUcs> storedUcs()
     return stored;
 }
 
-std::optional<int> insertUcs(const UcsRecord& ucs)
+std::optional<int> insertUcs(const UcsRecord& ucs, QString& refusal)
 {
     const sql::Result row = session().run(
         fill("insert into ucs_data (ucs_name, ucs_data) values ('%1','%2') returning ucs_id", ucs.name, ucs.text()));
-    if (!row.hasRow())
+    if (!row.hasRow()) {
+        refusal = row.errorMessage();
         return {};
+    }
     return row.toInt(0, 0);
 }
 

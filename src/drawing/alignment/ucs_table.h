@@ -15,6 +15,8 @@ struct StoredUcs {
 QVector<StoredUcs> storedUcs();
 
 /// All three run one statement. The name must be a storable one.
-std::optional<int> insertUcs(const UcsRecord& ucs); ///< the new key
+
+/// The new key. Nothing when the server refused; `refusal` then takes its words.
+std::optional<int> insertUcs(const UcsRecord& ucs, QString& refusal);
 bool updateUcs(int id, const UcsRecord& ucs);
 bool deleteUcs(int id);

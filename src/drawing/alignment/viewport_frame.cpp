@@ -1,8 +1,8 @@
 #include "drawing/alignment/viewport_frame.h"
 
-#include "drawing/alignment/element_blocks.h"
 #include "hostkit/console.h"
 #include "hostkit/opened.h"
+#include "hostkit/user_system.h"
 
 #include <nrx/editor.h>
 

@@ -11,8 +11,6 @@
 
 namespace {
 
-QString nameOf(const ElementBlock& block) { return block.attributes.value(QStringLiteral("name")); }
-
 NcGePoint3d placeOf(NcDbObjectId id)
 {
     const Opened<NcDbBlockReference> reference(id, kForRead);
@@ -47,7 +45,7 @@ bool DrawingScan::run()
     // The list is taken first: markers are added to model space on the way.
     const std::optional<NcDbObjectIdArray> entities = entitiesOfModelSpace();
     if (!entities) {
-        say("\nerror opening model_space");
+        say(modelSpaceError());
         return false;
     }
     for (const NcDbObjectId& id : *entities) {
@@ -86,14 +84,15 @@ bool DrawingScan::takeRowName(ElementBlock& block) const
     if (!row.loadFromDatabase(block.elementId()))
         return false;
     if (row.hasAttribute(QStringLiteral("name")))
-        block.setAttribute(QStringLiteral("name"), nameOf(row));
+        block.setAttribute(QStringLiteral("name"), row.name());
     return true;
 }
 
 void DrawingScan::process(ElementBlock& block, int id, const Family& family, bool rowKnown)
 {
-    const FamilyRows& rows = rows_[family.key];
+    FamilyRows& rows = rows_[family.key];
     const AuditTexts& texts = auditTexts(family.key);
+    rows.metIds.insert(id);
     if (rows.allIds.count(id) == 0)
         report(block, fill(texts.notInDatabase, id), ErrorMarker::NotInDatabase);
     else if (mode_ == SyncMode::Position && rows.positionIds.count(id) == 0)
@@ -105,7 +104,7 @@ void DrawingScan::process(ElementBlock& block, int id, const Family& family, boo
 void DrawingScan::write(ElementBlock& block, int id, const Family& family, bool rowKnown)
 {
     FamilyRows& rows = rows_[family.key];
-    const QString name = nameOf(block);
+    const QString name = block.name();
     if (rows.seenIds.count(id) != 0) {
         report(block, fill(duplicateIdText(family.key, mode_), id), ErrorMarker::IdDuplicate);
         return;
@@ -117,9 +116,13 @@ void DrawingScan::write(ElementBlock& block, int id, const Family& family, bool 
         return;
     }
     rows.seenIds.insert(id);
+    QString refusal;
+    bool written = false;
     if (rowKnown) {
         rows.seenNames.insert(name);
-        block.updateRow();
+        written = block.updateRow(&refusal);
     }
+    if (!written)
+        refused_.add(refusal);
     say(fill("Обрабатываем блок %1 \n", name));
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "drawing/sync/family_rows.h"
+#include "drawing/sync/refused_rows.h"
 #include "drawing/sync/sync_mode.h"
 #include "elements/element_block.h"
 
@@ -21,6 +22,10 @@ public:
     /// What the run has met.
     RowsOfFamilies& rows() { return rows_; }
 
+    /// One line on the elements that the server did not take and why; nothing
+    /// when it took all.
+    void tellRefused() const { refused_.tell(); }
+
 private:
     bool look(NcDbObjectId reference);
     bool takeRowName(ElementBlock& block) const;
@@ -30,4 +35,5 @@ private:
     SyncMode mode_;
     StateColors colors_;
     RowsOfFamilies rows_;
+    RefusedRows refused_;
 };

@@ -15,7 +15,9 @@ void syncDrawingToDatabase(const SyncQuestions& questions)
     if (!mode)
         return;
     DrawingScan scan(*mode);
-    if (!scan.run())
+    const bool finished = scan.run();
+    scan.tellRefused();
+    if (!finished)
         return;
     if (*mode == SyncMode::Position)
         offerMissingRows(scan.rows(), questions);

@@ -11,6 +11,7 @@
 struct FamilyRows {
     std::set<int> positionIds; ///< rows of the current position
     std::set<int> allIds;      ///< all rows of the family
+    std::set<int> metIds;      ///< of blocks, whatever became of them
     std::set<int> seenIds;     ///< processed in this run
     QSet<QString> seenNames;
 };

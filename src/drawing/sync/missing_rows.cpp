@@ -7,22 +7,57 @@
 
 namespace {
 
-void deleteRows(const Family& family, const std::set<int>& ids)
+QString listOf(const std::set<int>& ids)
 {
     QStringList keys;
     for (const int id : ids)
         keys.append(QString::number(id));
-    session().run("DELETE FROM " + family.elements + " WHERE element_id in (" + keys.join(QLatin1Char(',')) + ")");
+    return keys.join(QLatin1Char(','));
+}
+
+void deleteRows(const Family& family, const std::set<int>& ids)
+{
+    session().run("DELETE FROM " + family.elements + " WHERE element_id in (" + listOf(ids) + ")");
+}
+
+// How many rows of the table hang on each element; a family without the table has none.
+QString countIn(const QString& table)
+{
+    return table.isEmpty() ? QStringLiteral("0")
+                           : fill("(select count(*) from %1 where %1.element_id = e.element_id)", table);
+}
+
+enum Column { IdColumn, NameColumn, MeasuresColumn, FilesColumn };
+
+QString doomedStatement(const Family& family, const std::set<int>& ids)
+{
+    return "select element_id, element_name, " + countIn(family.measures) + ", " + countIn(family.files) + " from "
+        + family.elements + " e where element_id in (" + listOf(ids) + ") order by element_id";
+}
+
+// What goes with each row. False when it cannot be told: nothing is offered then.
+bool tellDoomed(const Family& family, const std::set<int>& ids)
+{
+    const sql::Result rows = session().run(doomedStatement(family, ids));
+    if (!rows.isTuples()) {
+        say("\nОшибка: не удалось прочитать элементы без блоков из базы данных\n");
+        return false;
+    }
+    for (int row = 0; row < rows.ntuples(); ++row)
+        say(fill("Нет в чертеже: element_id=%1 %2, измерений: %3, файлов: %4 \n", rows.getvalue(row, IdColumn),
+                 rows.getvalue(row, NameColumn), rows.getvalue(row, MeasuresColumn), rows.getvalue(row, FilesColumn)));
+    return true;
 }
 
 void offerFamily(FamilyRows& rows, const Family& family, const SyncQuestions& questions)
 {
     std::set<int>& missing = rows.positionIds;
-    for (const int id : rows.seenIds)
+    for (const int id : rows.metIds)
         missing.erase(id);
     if (missing.empty())
         return;
-    if (questions.ask && questions.ask(fill(auditTexts(family.key).missingRows, int(missing.size())))) {
+    const QString question = fill(auditTexts(family.key).missingRows, int(missing.size()));
+    if (tellDoomed(family, missing) && questions.ask && questions.ask(question)) {
         deleteRows(family, missing);
         return;
     }

@@ -4,6 +4,7 @@
 #include "drawing/sync/family_rows.h"
 #include "drawing/sync/sync_questions.h"
 
-/// Asks family by family whether the rows that the run has not met are to go.
-/// What hangs on them goes with them. A refused deletion is not reported.
+/// Prints family by family the rows that the run has met no block of, with what
+/// hangs on them, and asks whether they are to go, measures and files included.
+/// A refused deletion is not reported.
 void offerMissingRows(RowsOfFamilies& rows, const SyncQuestions& questions);

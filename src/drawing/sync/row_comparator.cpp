@@ -88,12 +88,13 @@ void replaceOther(NcDbObjectId found, RowElement& row, const ElementBlock& drawn
 
 void overwrite(NcDbObjectId found, const RowElement& row, const ElementBlock& drawn, const RowTexts& texts)
 {
-    const QString drawnName = drawn.attributes.value(QStringLiteral("name"));
+    const QString drawnName = drawn.name();
     if (drawnName != row.name) {
         say(fill(texts.differentNames, row.id, drawnName, row.name));
         addErrorCircle(placeOf(row.element), 10.0);
     }
-    row.element.applyToBlock(found);
+    if (!row.element.applyToBlock(found))
+        say(fill("\nОшибка: блок %1 с ID=%2 не изменен\n", row.element.blockName, row.id));
 }
 
 void bringRow(const Family& family, RowElement& row, const StateColors& colors)

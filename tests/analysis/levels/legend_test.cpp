@@ -1,6 +1,7 @@
 // The legend in the drawing, through its command.
 #include "analysis/levels/forms/level_map_selector_form.h"
 #include "analysis/levels/forms/map_legend_form.h"
+#include "hostkit/layers.h"
 #include "hostkit/model_space.h"
 #include "support/pictures.h"
 #include "support/session_database.h"
@@ -95,6 +96,13 @@ TEST_F(Legend, IsATableOfTheChosenMap)
     EXPECT_TRUE(table->cell(2, 3)->hasBackground);
     EXPECT_EQ(table->cell(2, 3)->background.red(), 130);
     EXPECT_EQ(table->position().x, 5.0);
+}
+
+TEST_F(Legend, IsDrawnOnALockedCurrentLayerToo)
+{
+    setLayerLocked(currentLayer(), true);
+    EXPECT_TRUE(insertLegend(LevelMap(LevelMap::Temperature), LegendKind::Temperature, {5, 6, 0}));
+    EXPECT_EQ(tables().size(), 1u);
 }
 
 TEST_F(Legend, StartsOnTheMapOfDeformations)

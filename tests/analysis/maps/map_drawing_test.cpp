@@ -43,10 +43,43 @@ TEST_F(MapDrawing, AMissingLayerDrawsNothing)
     EXPECT_TRUE(groupNames().isEmpty());
 }
 
-TEST_F(MapDrawing, ALockedLayerIsUnlocked)
+TEST_F(MapDrawing, ALockedLayerIsUnlockedForTheMapAndLockedAgain)
 {
     setLayerLocked(layer, true);
-    EXPECT_EQ(drawPolylines(layer, {ring(0, 1, 0)}).size(), 1u);
+    const NcDbObjectIdArray lines = drawPolylines(layer, {ring(0, 1, 0)});
+    const NcDbObjectIdArray hatches = drawHatches({{5, -3.0, {ring(0, 10, -3)}}}, LevelMap(-3), layer);
+    ASSERT_EQ(lines.size(), 1u);
+    ASSERT_EQ(hatches.size(), 1u);
+    EXPECT_EQ(layerOf(lines[0]), layer);
+    EXPECT_EQ(layerOf(hatches[0]), layer);
+    EXPECT_FALSE(isOk(Opened<NcDbHatch>(hatches[0], kForWrite)->erase())) << "the layer is locked again";
+}
+
+TEST_F(MapDrawing, ValueLabelsAreDrawnOnALockedCurrentLayerToo)
+{
+    setLayerLocked(currentLayer(), true);
+    EXPECT_EQ(drawValueLabels({{1, 2, 0.5}, {3, 4, -1.25}}).size(), 2u);
+}
+
+TEST_F(MapDrawing, MapsOfOneSecondAreTwoGroups)
+{
+    drawHatches({{5, -3.0, {ring(0, 10, -3)}}}, LevelMap(-3), layer);
+    drawHatches({{5, -3.0, {ring(20, 30, -3)}}}, LevelMap(-3), layer);
+    EXPECT_EQ(groupNames().size(), 2);
+}
+
+TEST_F(MapDrawing, ANewMapNamesTheEarlierOnesThatCoverIt)
+{
+    drawHatches({{5, -3.0, {ring(0, 10, -3)}}}, LevelMap(-3), layer);
+    drawHatches({{5, -3.0, {ring(100, 110, -3)}}}, LevelMap(-3), layer);
+    drawHatches({{5, -3.0, {ring(10, 20, -3)}}}, LevelMap(-3), layer);
+    drawValueLabels({{1, 2, 0.5}});
+    EXPECT_EQ(console.take(), "") << "side by side";
+    const QStringList before = groupNames();
+    drawHatches({{5, -3.0, {ring(5, 15, -3)}}}, LevelMap(-3), layer);
+    EXPECT_EQ(console.take(),
+              "\nНовая карта лежит под более ранними: " + before[0] + ", " + before[2]
+                  + ". Удалите их, чтобы увидеть ее.\n");
 }
 
 namespace {

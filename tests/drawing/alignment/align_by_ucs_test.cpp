@@ -1,5 +1,6 @@
 // TERVA_ALIGN_BY_UCS and TERVA_ALIGN_LABELS_BY_UCS from the prompt to the blocks.
 #include "alignment_fixture.h"
+#include "hostkit/layers.h"
 
 namespace {
 
@@ -235,4 +236,37 @@ TEST_F(AlignTwice, TheSecondRunOfAlignByUcsChangesNothing)
         EXPECT_EQ(twice.y, once.y);
         EXPECT_NEAR(twice.scale, once.scale, 1e-12);
     }
+}
+
+TEST_F(AlignTwice, TheSecondRunOfAlignLabelsByUcsChangesNothing)
+{
+    // All directions of the axis against rotations of blocks all around.
+    for (int axis = -17; axis <= 18; axis += 5) {
+        for (double before = 0.1; before < 6.28; before += 0.7) {
+            const NcDbObjectId id = insert(10, 1, {10, 20, before, 2.0}, {{"Угол1", "0.5"}});
+            turnUcs(axis * M_PI / 18.0);
+            host.keyword("Drawing").keyword("Drawing").keyword("Drawing");
+            run("TERVA_ALIGN_LABELS_BY_UCS");
+            const double once = property(id, "Угол1");
+            EXPECT_LE(std::abs(once - 0.5), M_PI + 1e-5) << axis << " " << before;
+            EXPECT_NEAR(std::remainder(once + rotation(id) - 0.5 - before, 2.0 * M_PI), 0.0, 1e-5) << axis;
+            run("TERVA_ALIGN_LABELS_BY_UCS");
+            run("TERVA_ALIGN_LABELS_BY_UCS");
+            EXPECT_NEAR(property(id, "Угол1"), once, 1e-5) << axis << " " << before;
+            Opened<NcDbBlockReference>(id, kForWrite)->erase();
+        }
+    }
+}
+
+TEST_F(AlignTwice, BlocksOnALockedLayerAreTurnedAndOthersTold)
+{
+    const NcDbObjectId locked = insert(0, 1, {10, 20});
+    const NcDbObjectId held = insert(0, 2, {30, 40});
+    setLayerLocked("GMN_DM", true);
+    turnUcs(1.0);
+    const Opened<NcDbBlockReference> reader(held, kForRead);
+    host.keyword("Drawing");
+    run("TERVA_ALIGN_BY_UCS");
+    EXPECT_NEAR(rotation(locked), 1.0, 1e-12);
+    EXPECT_EQ(host.console, "\n Выбор 'Drawing'\nОшибка: блок dm_def с ID=2 не повернут\n");
 }

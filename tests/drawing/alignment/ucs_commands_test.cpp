@@ -1,8 +1,12 @@
 // TERVA_GET_UCS and TERVA_SET_UCS
 #include "alignment_fixture.h"
 #include "drawing/alignment/ucs_commands.h"
+#include "hostkit/user_system.h"
 
+#include <drawing/host_faults.h>
 #include <script/modal_driver.h>
+
+#include <QComboBox>
 
 namespace {
 
@@ -32,6 +36,9 @@ protected:
         database->exec("insert into ucs_data (ucs_name, ucs_data) values ('" + name + "', '" + data + "')");
     }
     void SetUp() override { database->exec("truncate ucs_data restart identity"); }
+    using AlignmentFixture::run;
+    // The command with another answer to its box.
+    static void run(const UcsChooser& chooser) { storeUcsOfDrawing(chooser); }
     static QString drawingLine() { return "\nТекущий чертеж: " + ncDocManagerPtr()->curDocument()->fileName() + "\n"; }
 };
 
@@ -74,6 +81,51 @@ TEST_F(UcsCommands, AnEditedNameStandsForTheItemItWasMadeOf)
     EXPECT_EQ(rows()[0][0], "O кей    новая ");
     EXPECT_EQ(rows()[0][1].section('&', 0, 1), "O кей    новая &2.000000");
     EXPECT_TRUE(host.console.endsWith("ПСК O кей    новая  сохранена с ID:1"));
+}
+
+TEST_F(UcsCommands, OfNamesThatBecomeEqualTheChosenOneIsStored)
+{
+    addUcs("А*1", {1, 0, 0}, {1, 0, 0}, {0, 1, 0});
+    addUcs("Б", {2, 0, 0}, {1, 0, 0}, {0, 1, 0});
+    addUcs("А?1", {3, 0, 0}, {1, 0, 0}, {0, 1, 0});
+    const QString equal = "\nИмена ПСК А*1 и А?1 становятся одинаковыми: Поз 1-А 1\n";
+    run([](const QStringList& names) { return UcsChoice{2, names[2]}; });
+    EXPECT_TRUE(host.console.contains(equal)) << host.console;
+    ASSERT_EQ(rows().size(), 1);
+    EXPECT_EQ(rows()[0][1].section('&', 0, 1), "Поз 1-А 1&3.000000");
+
+    // In the box the third item is taken for itself, not for the first.
+    ModalDriver driver;
+    driver.expect("Сохранить ПСК")
+        .call([](QWidget* box) {
+            box->findChild<QComboBox*>()->setCurrentIndex(2);
+            return QString();
+        })
+        .press("OK");
+    run("TERVA_GET_UCS");
+    EXPECT_TRUE(driver.done()) << driver.report();
+    ASSERT_EQ(rows().size(), 2);
+    EXPECT_EQ(rows()[1][1].section('&', 0, 1), "Поз 1-А 1&3.000000");
+}
+
+TEST_F(UcsCommands, ARefusedInsertTellsWhatTheServerSays)
+{
+    addUcs("А", {1, 0, 0}, {1, 0, 0}, {0, 1, 0});
+    database->exec("alter table ucs_data rename to hidden");
+    run([](const QStringList& names) { return UcsChoice{0, names[0]}; });
+    database->exec("alter table hidden rename to ucs_data");
+    EXPECT_TRUE(host.console.contains("\nОшибка: ПСК Поз 1-А не сохранена: ERROR:  relation \"ucs_data\""))
+        << host.console;
+    EXPECT_FALSE(host.console.contains(noConnection));
+}
+
+TEST_F(UcsCommands, ATableThatGivesNoIteratorIsTold)
+{
+    addUcs("А", {1, 0, 0}, {1, 0, 0}, {0, 1, 0});
+    hostFaults().tableIterators = true;
+    run("TERVA_GET_UCS");
+    hostFaults() = HostFaults();
+    EXPECT_EQ(host.console, drawingLine() + "Ошибка при создании итератора UCS.\n");
 }
 
 TEST_F(UcsCommands, ClosingTheBoxStoresNothing)
@@ -164,7 +216,7 @@ TEST_F(UcsCommands, AppliesTheChosenSystem)
     EXPECT_EQ(ucs("Б")->origin(), NcGePoint3d(10, 20, 0));
     EXPECT_EQ(ucs("Б")->xAxis(), NcGeVector3d(0, 1, 0));
     EXPECT_EQ(ucs("А"), nullptr);
-    EXPECT_NEAR(currentUcsAngle(), quarterTurn, 1e-12);
+    EXPECT_NEAR(userSystemAngle(), quarterTurn, 1e-12);
     NcGePoint3d world;
     EXPECT_TRUE(ncdbUcs2Wcs({1, 0, 0}, world));
     EXPECT_NEAR(world.x, 10, 1e-12);
@@ -192,7 +244,7 @@ TEST_F(UcsCommands, ASystemThatTheDrawingHasIsTakenAsItIs)
     run("TERVA_SET_UCS");
     EXPECT_EQ(host.console, "\nПСК 'А' успешно добавлен и применен");
     EXPECT_EQ(ucs("А")->origin(), NcGePoint3d(5, 5, 0));
-    EXPECT_NEAR(currentUcsAngle(), quarterTurn, 1e-12);
+    EXPECT_NEAR(userSystemAngle(), quarterTurn, 1e-12);
     EXPECT_EQ(HostAccess::records(table()).size(), 1U);
 }
 
@@ -207,7 +259,7 @@ TEST_F(UcsCommands, ClosingTheFormChangesNothing)
     EXPECT_TRUE(driver.done()) << driver.report();
     EXPECT_EQ(host.console, "");
     EXPECT_EQ(ucs("А"), nullptr);
-    EXPECT_EQ(currentUcsAngle(), 0.0);
+    EXPECT_EQ(userSystemAngle(), 0.0);
 }
 
 TEST_F(UcsCommands, AxesThatSpanNoPlaneMakeNoSystem)
@@ -240,7 +292,7 @@ TEST_F(UcsCommands, EveryFailedStepOfApplyingIsTold)
         applyUcs(wanted);
         EXPECT_EQ(host.console, "\nFailed to get vport table record");
     }
-    EXPECT_EQ(currentUcsAngle(), 0.0);
+    EXPECT_EQ(userSystemAngle(), 0.0);
     host.console.clear();
     auto& views = *HostAccess::objectAs<NcDbViewportTable>(drawing().viewportTableId());
     HostAccess::setName(*HostAccess::objectAs<NcDbViewportTableRecord>(active), "Иной");

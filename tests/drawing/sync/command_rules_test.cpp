@@ -240,7 +240,9 @@ TEST_F(SyncCommand, DoesNotTakeTheNameOfABlockWithAnUnreadRowForAnothers)
     relay.refuse(firstRow);
     toDatabase("Position");
     ASSERT_TRUE(relay.texts()[firstRow - 1].endsWith("where element_id = 1"));
-    EXPECT_EQ(host.console, "\nАнализ чертежа:\nОбрабатываем блок Б \nОбрабатываем блок Б \n");
+    EXPECT_EQ(host.console,
+              "\nАнализ чертежа:\nОбрабатываем блок Б \nОбрабатываем блок Б \n"
+              "\nНе записано в базу данных элементов: 1 (другая причина: 1)\n");
     EXPECT_EQ(asked, QStringList()) << "no row is missed";
     EXPECT_EQ(cell(marks, 1, "x"), "100");
     EXPECT_EQ(cell(marks, 2, "x"), "20");
@@ -248,7 +250,7 @@ TEST_F(SyncCommand, DoesNotTakeTheNameOfABlockWithAnUnreadRowForAnothers)
 }
 
 // Names go into statements as they are, so an apostrophe has the row refused.
-TEST_F(SyncCommand, ARefusedRowIsNotToldAndItsLabelIsWrittenAllTheSame)
+TEST_F(SyncCommand, ARefusedRowIsToldAtTheEndAndItsLabelIsWrittenAllTheSame)
 {
     addRow(marks, 1, "О''Нил");
     ElementBlock drawn(0, StateColors());
@@ -256,7 +258,9 @@ TEST_F(SyncCommand, ARefusedRowIsNotToldAndItsLabelIsWrittenAllTheSame)
     drawn.setDynProp("Длина полки", "8.5");
     ASSERT_TRUE(drawn.insertBlock());
     toDatabase("Position");
-    EXPECT_EQ(host.console, "\nАнализ чертежа:\nОбрабатываем блок О'Нил \n");
+    EXPECT_EQ(host.console,
+              "\nАнализ чертежа:\nОбрабатываем блок О'Нил \n"
+              "\nНе записано в базу данных элементов: 1 (другая причина: 1)\n");
     EXPECT_EQ(asked, QStringList());
     EXPECT_EQ(cell(marks, 1, "x"), "100");
     EXPECT_TRUE(cell(marks, 1, "props").contains("Длина полки:8.5"));
@@ -276,8 +280,14 @@ TEST_F(SyncCommand, AsksTheServerToTheLetterAndInThisOrder)
         const QString all = QString("SELECT element_id, element_name FROM %1_elements").arg(table);
         lists << all + " WHERE position_id=7" << all;
     }
-    for (const char* table : {"dm", "ts", "tss", "rp", "ggs", "igs", "tsg"})
-        deletions << QString("DELETE FROM %1_elements WHERE element_id in (9,31)").arg(table);
+    for (const char* table : {"dm", "ts", "tss", "rp", "ggs", "igs", "tsg"}) {
+        const QString count =
+            qstrcmp(table, "igs") == 0 ? "0" : "(select count(*) from %1_%2 where %1_%2.element_id = e.element_id)";
+        deletions << "select element_id, element_name, " + QString(count).arg(table, "meas") + ", "
+                + QString(count).arg(table, "files")
+                + QString(" from %1_elements e where element_id in (9,31) order by element_id").arg(table)
+                  << QString("DELETE FROM %1_elements WHERE element_id in (9,31)").arg(table);
+    }
     yes = true;
     relay.cutAfter(-1);
     toDatabase("Position");

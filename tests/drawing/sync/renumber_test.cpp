@@ -65,7 +65,7 @@ QVector<NumberedRow> plan(const QVector<int>& numbers)
 
 QVector<int> numbersAfter(QVector<NumberedRow> rows, int selected, int number)
 {
-    moveToNumber(rows, selected, number);
+    EXPECT_TRUE(moveToNumber(rows, selected, number));
     QVector<int> numbers;
     for (const NumberedRow& row : rows)
         numbers << row.number;
@@ -105,6 +105,17 @@ TEST(RenumberPlan, MovesOnlyNumbersFromTheAnswerUpAndIdsBelowTheSelected)
     EXPECT_EQ(numbersAfter(plan({4, 5, 1, 2, 3}), 4, 2), (QVector<int>{5, 6, 1, 2, 3}));
     // A number above the selected one's leaves it below and opens a gap.
     EXPECT_EQ(numbersAfter(plan({3, 4, 1, 2}), 4, 3), (QVector<int>{4, 5, 1, 2}));
+}
+
+TEST(RenumberPlan, MovesNothingWhenOneStandsAtTheLastNumber)
+{
+    QVector<NumberedRow> rows = plan({2147483646, 2147483647, 2147483645});
+    EXPECT_FALSE(moveToNumber(rows, 3, 2147483645));
+    EXPECT_EQ(rows[0].number, 2147483646);
+    EXPECT_EQ(rows[1].number, 2147483647);
+    // The selected one and those above it do not go up.
+    EXPECT_EQ(numbersAfter(plan({2147483646, 2147483647}), 2, 2147483647), (QVector<int>{2147483646, 2147483647}));
+    EXPECT_EQ(numbersAfter(plan({1, 2147483647}), 1, 1), (QVector<int>{1, 2147483647}));
 }
 
 TEST(RenumberPlan, SequencesHaveNoGapsAndNoDoubles)
@@ -147,11 +158,28 @@ TEST_P(Renumber, CountsBlocksOfThePickedKindAgainstRowsOfTheFamily)
 {
     fill({"М1", "М2"});
     if (firstKind() == lastKind())
-        return;
+        GTEST_SKIP() << "a family of one kind";
     addRow(family(), 13, "М3", PositionSession::position, lastKind());
     addBlock(lastKind(), 13, "М3");
     EXPECT_EQ(run(0, 1), "\nКоличество элементов в БД и чертеже не совпадает! Синхронизируйте чертеж!");
     EXPECT_EQ(namesInDatabase(), "М1 М2 М3");
+}
+
+// The rows are the family's, all of them; the blocks are those of the kind alone.
+TEST_P(Renumber, LeavesBlocksOfOtherKindsAlone)
+{
+    fill({"М1", "М2"});
+    for (int kind = 0; kind < kindCount; ++kind) {
+        if (kind != firstKind() && familyOfKind(kind))
+            addBlock(kind, 13, "М3");
+    }
+    EXPECT_EQ(run(1, 1), "\nПеренумеровано!");
+    EXPECT_EQ(namesInDatabase(), "М2 М1");
+    for (const NcDbObjectId& id : drawing.references()) {
+        if (!blocks.contains(id)) {
+            EXPECT_EQ(attribute(id, "name"), "М3") << ElementBlock(id).blockName;
+        }
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Families, Renumber, allFamilyKeys, familyName<::testing::TestParamInfo<FamilyKey>>);
@@ -220,6 +248,30 @@ TEST_P(RenumberCommand, TellsWhatTheServerSays)
     database->exec("alter table hidden rename to " + family().elements);
     EXPECT_TRUE(text.startsWith("\nQuery execution failed: ERROR:")) << text;
     EXPECT_TRUE(text.contains(family().elements));
+}
+
+TEST_P(RenumberCommand, TellsThatThereIsNoConnection)
+{
+    database.disconnect();
+    EXPECT_EQ(run(0, 1), "\nQuery execution failed: Не установлено соединение с базой данных");
+}
+
+TEST_P(RenumberCommand, DoesNotGoBeyondTheLastNumber)
+{
+    const auto rename = [this](int id, const QString& name) {
+        database->exec("update " + family().elements + " set element_name = '" + name
+                       + "' where element_id = " + QString::number(id));
+        Opened<NcDbBlockReference>(blocks[id - 11], kForWrite)->erase();
+        blocks[id - 11] = addBlock(firstKind(), id, name);
+    };
+    rename(11, "М2147483645");
+    rename(12, "М2147483647");
+    rename(13, "М2147483646");
+    EXPECT_EQ(run(2, 2147483645), "\nНомер 2147483647 увеличить нельзя!\nКомманда не выполнена!");
+    EXPECT_EQ(namesInDatabase(), "М2147483645 М2147483647 М2147483646");
+    // A row that does not move may bear it.
+    EXPECT_EQ(run(1, 2147483645), "\nПеренумеровано!");
+    EXPECT_EQ(namesInDatabase(), "М2147483646 М2147483645 М2147483646");
 }
 
 TEST_P(RenumberCommand, LeavesOutRowsWithoutANumberSoThatTheCountsDiffer)

@@ -141,3 +141,13 @@ TEST(AnswerText, AnAnswerThatDoesNotFitIsExplained)
               "Точка вводится как x,y, @dx,dy или @расстояние<угол.");
     EXPECT_EQ(answerHint(keywordRequest(), "Может"), "Такой ответ не подходит.");
 }
+
+TEST(AnswerText, WhatIsNotFiniteIsNoNumber)
+{
+    PromptReply reply;
+    for (const char* text : {"nan", "NaN", "inf", "-inf", "infinity", "1e400"}) {
+        EXPECT_FALSE(parseAnswer(requestOf(PromptRequest::Real), text, reply)) << text;
+        EXPECT_FALSE(parseAnswer(requestOf(PromptRequest::Point), QString("1,") + text, reply)) << text;
+    }
+    EXPECT_TRUE(parseAnswer(requestOf(PromptRequest::Real), QStringLiteral("1e300"), reply));
+}

@@ -214,6 +214,37 @@ TEST_F(ScriptRunnerTest, TheDrawingIsCounted)
           "command ERASE\nselect 7,5\nexpect \"Удалено объектов: 1\"\ncount 0");
 }
 
+TEST_F(ScriptRunnerTest, GroupsAreErasedByTheirNames)
+{
+    const auto group = [](const char* name, double x) {
+        NcDbDatabase* drawing = ncdbHostApplicationServices()->workingDatabase();
+        NcDbBlockTableRecord* space = nullptr;
+        ncdbOpenObject(space, drawing->currentSpaceId(), kForWrite);
+        auto* point = new NcDbPoint(NcGePoint3d(x, 0, 0));
+        NcDbObjectId id, groupId;
+        space->appendNcDbEntity(id, point);
+        point->close();
+        space->close();
+        NcDbDictionary* groups = nullptr;
+        drawing->getGroupDictionary(groups, kForWrite);
+        auto* made = new NcDbGroup;
+        groups->setAt(QString::fromLatin1(name), made, groupId);
+        made->append(id);
+        made->close();
+        groups->close();
+    };
+    plays("command LAYER\nkeyword Make\nstring L");
+    group("MAP_A", 0);
+    group("MAP_B", 1);
+    group("OTHER", 2);
+    plays("command ERASEGROUP\nstring map_*\nexpect \"Удалено групп: 2, объектов: 2\"\ncount 1\n"
+          "command ERASEGROUP\nstring map_*\nexpect \"Удалено групп: 0, объектов: 0\"\n"
+          "command LAYER\nkeyword Lock\nstring 0\n"
+          "command ERASEGROUP\nstring OTHER\nexpect \"Осталось групп, слой которых закрыт: 1\"\ncount 1\n"
+          "command LAYER\nkeyword Unlock\nstring 0\n"
+          "command ERASEGROUP\nstring *\nexpect \"Удалено групп: 1, объектов: 1\"\ncount 0");
+}
+
 TEST_F(ScriptRunnerTest, ColoursAreChosenInTheHostsDialog)
 {
     addHostCommand(QStringLiteral("INDEX"), [](const QStringList&) {

@@ -60,5 +60,6 @@ std::optional<UcsChoice> chooseAndEditName(const QString& title, const QString& 
     if (box.exec() != QDialog::Accepted || box.textValue().trimmed().isEmpty())
         return {};
     const int equal = names.indexOf(box.textValue());
-    return UcsChoice{equal >= 0 ? equal : inHand.index(), box.textValue()};
+    const bool chosen = equal < 0 || names.value(inHand.index()) == box.textValue();
+    return UcsChoice{chosen ? inHand.index() : equal, box.textValue()};
 }

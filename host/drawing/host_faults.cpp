@@ -1,0 +1,7 @@
+#include "host_faults.h"
+
+HostFaults& hostFaults()
+{
+    static HostFaults faults;
+    return faults;
+}
