@@ -4,6 +4,7 @@
 #include <drawing/edit_operations.h>
 #include <drawing/host_access.h>
 #include <dxf/drawing_file.h>
+#include <drawing/documents.h>
 #include <render/picture_export.h>
 
 #include <QFileInfo>
@@ -38,8 +39,9 @@ void openDrawing()
 
 void saveUnder(const QString& path)
 {
-    if (!isOk(ncDocManagerPtr()->saveDocumentAs(ncDocManagerPtr()->curDocument(), path)))
-        sayFailed(QStringLiteral("Чертёж не записан"), path);
+    QString problem;
+    if (!isOk(Documents::instance().saveAs(ncDocManagerPtr()->curDocument(), path, &problem)))
+        sayFailure(QStringLiteral("Чертёж не записан: ") + path + QStringLiteral(": ") + problem);
 }
 
 void saveDrawingAs()
@@ -130,7 +132,9 @@ void exportDrawing()
     }
     const bool isDxf = path.endsWith(QLatin1String(".dxf"), Qt::CaseInsensitive);
     const QString wrong = texts && isDxf ? exportWithTexts(*drawing, path) : exportPicture(*drawing, path, options);
-    sayLine(wrong.isEmpty() ? QStringLiteral("Записан файл ") + QFileInfo(path).fileName() : wrong);
+    if (!wrong.isEmpty())
+        return sayFailure(wrong);
+    sayLine(QStringLiteral("Записан файл ") + QFileInfo(path).fileName());
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include <drawing/application.h>
 #include <drawing/edit_operations.h>
+#include <drawing/prompt_backend.h>
 #include <drawing/typed_answers.h>
 
 void registerHostCommands()
@@ -19,6 +20,13 @@ void registerHostCommands()
 }
 
 void sayLine(const QString& text) { printToConsole(text + QLatin1Char('\n')); }
+
+void sayFailure(const QString& text)
+{
+    sayLine(text);
+    if (PromptBackend* backend = promptBackend())
+        backend->commandFailed(text);
+}
 
 QString askKeyword(const QString& prompt, const QString& keywords)
 {

@@ -40,6 +40,8 @@ const std::vector<HostCommandRow>& sheetCommands();
 
 // A line on the console.
 void sayLine(const QString& text);
+// The same for a command that could not do its work; a script ends there.
+void sayFailure(const QString& text);
 // Asks for a keyword; empty when the user pressed Enter, null on cancel.
 QString askKeyword(const QString& prompt, const QString& keywords);
 // False on cancel or Enter.

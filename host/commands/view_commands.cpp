@@ -4,11 +4,7 @@
 #include <nrx/application.h>
 #include <render/active_view.h>
 #include <render/display_list.h>
-
-#include <QDir>
-#include <QFileInfo>
-#include <QPixmap>
-#include <QWidget>
+#include <render/picture_export.h>
 
 namespace {
 
@@ -123,9 +119,9 @@ void screenshot()
         return sayLine(QStringLiteral("Снимка окна нет: работа без окна."));
     if (!askText(QStringLiteral("\nИмя файла снимка: "), path))
         return;
-    const QFileInfo file(path);
-    if (!QDir().mkpath(file.absolutePath()) || !window->grab().save(file.absoluteFilePath()))
-        sayLine(QStringLiteral("Снимок не записан: ") + path);
+    const QString wrong = saveWindowPicture(*window, path);
+    if (!wrong.isEmpty())
+        sayFailure(wrong);
 }
 
 } // namespace

@@ -4,6 +4,8 @@
 #include "host_access.h"
 #include "undo.h"
 
+#include <dxf/drawing_file.h>
+
 #include <QDir>
 #include <QFileInfo>
 
@@ -131,17 +133,22 @@ NcStatus Documents::close(NcApDocument* document)
     return NcStatus::Ok;
 }
 
-NcStatus Documents::saveAs(NcApDocument* document, const QString& path)
+NcStatus Documents::saveAs(NcApDocument* document, const QString& path, QString* problem)
 {
+    const auto refuse = [problem](NcStatus status, const char* why) {
+        if (problem)
+            *problem = QString::fromUtf8(why);
+        return status;
+    };
     Document* saved = known(document);
     if (!saved)
-        return NcStatus::NotFound;
+        return refuse(NcStatus::NotFound, "чертёж не открыт");
     if (path.isEmpty())
-        return NcStatus::InvalidInput;
+        return refuse(NcStatus::InvalidInput, "имя не задано");
     const Document* holder = find(path);
     if (holder && holder != saved)
-        return NcStatus::Duplicate;
-    const NcStatus status = saved->database()->saveAs(path);
+        return refuse(NcStatus::Duplicate, "под этим именем открыт другой чертёж");
+    const NcStatus status = writeDrawing(*saved->database(), path, problem);
     if (!isOk(status))
         return status;
     saved->fileName_ = cleaned(path);

@@ -7,7 +7,7 @@
 
 class Documents {
 public:
-    static Documents& instance();
+    NRX_API static Documents& instance();
 
     const std::vector<std::unique_ptr<Document>>& all() const { return documents_; }
     Document* current() const { return current_; }
@@ -19,7 +19,8 @@ public:
     NcStatus open(const QString& path);
     NcStatus activate(NcApDocument* document);
     NcStatus close(NcApDocument* document);
-    NcStatus saveAs(NcApDocument* document, const QString& path);
+    // `problem`, if given, gets the reason in words.
+    NRX_API NcStatus saveAs(NcApDocument* document, const QString& path, QString* problem = nullptr);
     void setPickfirst(const NcDbObjectIdArray& ids);
     void addTemplateFolder(const QString& folder);
     void forgetAll();

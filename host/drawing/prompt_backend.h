@@ -42,6 +42,9 @@ public:
     virtual PromptReply ask(const PromptRequest& request) = 0;
     // Text of the console as the command wrote it, line ends where it put them.
     virtual void print(const QString& text) = 0;
+    // The running command has not done what it is for, and said so: a script
+    // does not go on as if nothing were.
+    virtual void commandFailed(const QString&) { }
 };
 
 // The back end in force; null answers every prompt with a cancel and prints to

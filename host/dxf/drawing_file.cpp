@@ -3,12 +3,12 @@
 #include "document.h"
 #include "drawing_reader.h"
 #include "drawing_writer.h"
+#include "files/written_file.h"
 #include "group_reader.h"
 
 #include <drawing/nesting.h>
 
 #include <QFile>
-#include <QSaveFile>
 
 namespace {
 
@@ -50,11 +50,7 @@ NcStatus readDrawing(NcDbDatabase& database, const QString& path)
 
 QByteArray drawingBytes(const NcDbDatabase& database) { return drawingText(database); }
 
-NcStatus writeDrawing(const NcDbDatabase& database, const QString& path)
+NcStatus writeDrawing(const NcDbDatabase& database, const QString& path, QString* problem)
 {
-    const QByteArray bytes = drawingText(database);
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-        return NcStatus::FileAccess;
-    return NcStatus::Ok;
+    return saveFile(path, drawingText(database), problem) ? NcStatus::Ok : NcStatus::FileAccess;
 }

@@ -34,5 +34,5 @@ NRX_API QString drawingFault();
 
 NRX_API QByteArray drawingBytes(const NcDbDatabase& database);
 // Written beside the path and moved over it; FileAccess when that fails, and
-// what was there stays.
-NRX_API NcStatus writeDrawing(const NcDbDatabase& database, const QString& path);
+// what was there stays and the reason is given.
+NRX_API NcStatus writeDrawing(const NcDbDatabase& database, const QString& path, QString* problem = nullptr);

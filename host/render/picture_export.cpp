@@ -1,6 +1,9 @@
 #include "picture_export.h"
 
 #include "figure_painter.h"
+#include "files/written_file.h"
+
+#include <dxf/drawing_file.h>
 
 #include <QBuffer>
 #include <QDir>
@@ -9,8 +12,8 @@
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPdfWriter>
-#include <QSaveFile>
 #include <QSvgGenerator>
+#include <QWidget>
 
 namespace {
 
@@ -97,13 +100,26 @@ QByteArray pdfBytes(const DisplayList& list, const PictureOptions& options)
 
 QString saveBytes(const QString& path, const QByteArray& bytes)
 {
-    QSaveFile file(path);
-    if (!bytes.isEmpty() && file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+    QString problem = QStringLiteral("картинка не построена");
+    if (!bytes.isEmpty() && saveFile(path, bytes, &problem))
         return {};
-    return QStringLiteral("файл «") + path + QStringLiteral("» не записан");
+    return QStringLiteral("файл «") + path + QStringLiteral("» не записан: ") + problem;
 }
 
 } // namespace
+
+QString saveWindowPicture(QWidget& window, const QString& path)
+{
+    const QFileInfo file(path);
+    if (!QDir().mkpath(file.absolutePath()))
+        return QStringLiteral("папка «") + file.absolutePath() + QStringLiteral("» не создана");
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    if (!window.grab().save(&buffer, file.suffix().toLatin1().constData()))
+        bytes.clear();
+    return saveBytes(file.absoluteFilePath(), bytes);
+}
 
 QString exportPicture(NcDbDatabase& drawing, const QString& path, const PictureOptions& options)
 {
@@ -112,9 +128,7 @@ QString exportPicture(NcDbDatabase& drawing, const QString& path, const PictureO
     if (!QDir().mkpath(file.absolutePath()))
         return QStringLiteral("папка «") + file.absolutePath() + QStringLiteral("» не создана");
     if (ending == QLatin1String("dxf"))
-        return isOk(drawing.saveAs(file.absoluteFilePath()))
-            ? QString()
-            : QStringLiteral("файл «") + path + QStringLiteral("» не записан");
+        return saveBytes(file.absoluteFilePath(), drawingBytes(drawing));
     if (ending != QLatin1String("png") && ending != QLatin1String("svg") && ending != QLatin1String("pdf"))
         return QStringLiteral("окончание «") + ending + QStringLiteral("» не png, svg, pdf или dxf");
     if (options.pixels.width() < 16 || options.pixels.height() < 16 || options.pixels.width() > 20000

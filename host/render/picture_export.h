@@ -7,6 +7,8 @@
 #include <QSize>
 #include <QString>
 
+class QWidget;
+
 struct PictureOptions {
     QRectF window;            // part of the world; null for everything
     QSize pixels{1600, 1130}; // of a PNG or SVG
@@ -16,6 +18,10 @@ struct PictureOptions {
     bool largeSheet = true;
     double marginMillimetres = 10.0;
 };
+
+// What a window shows, as a picture of the kind that the path's ending names.
+// Returns what is wrong.
+NRX_API QString saveWindowPicture(QWidget& window, const QString& path);
 
 // Writes a PNG, SVG, PDF or DXF by the path's ending. Returns what is wrong.
 NRX_API QString exportPicture(NcDbDatabase& drawing, const QString& path, const PictureOptions& options = {});

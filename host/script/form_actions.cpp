@@ -4,6 +4,8 @@
 #include "item_access.h"
 #include "widget_access.h"
 
+#include <render/picture_export.h>
+
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QDialog>
@@ -244,13 +246,7 @@ QString doChoose(QWidget*, const Words& words)
     return QStringLiteral("в меню нет пункта «") + words[0] + QStringLiteral("»");
 }
 
-QString doScreenshot(QWidget* window, const Words& words)
-{
-    const QFileInfo file(words[0]);
-    if (!QDir().mkpath(file.absolutePath()) || !window->grab().save(file.absoluteFilePath()))
-        return QStringLiteral("снимок «") + words[0] + QStringLiteral("» не записан");
-    return {};
-}
+QString doScreenshot(QWidget* window, const Words& words) { return saveWindowPicture(*window, words[0]); }
 
 QString doClose(QWidget* window, const Words&)
 {

@@ -143,6 +143,7 @@ void ScriptRunner::runCommandLine(const QStringList& words)
     console_.command(words[0]);
     driver_.touch();
     ++commandDepth_;
+    commandFailure_.clear();
     const CommandOutcome outcome = runCommand(words[0]);
     --commandDepth_;
     if (watchdog_)
@@ -151,6 +152,8 @@ void ScriptRunner::runCommandLine(const QStringList& words)
         fail(QStringLiteral("нет команды ") + quoted(words[0]), place);
     else if (outcome == CommandOutcome::Busy)
         fail(QStringLiteral("команда ") + quoted(words[0]) + QStringLiteral(" не выполняется внутри другой"), place);
+    else if (!commandFailure_.isEmpty())
+        fail(commandFailure_, place);
 }
 
 const ScriptRunner::Statement* ScriptRunner::statement()

@@ -59,6 +59,7 @@ private:
     // What prompts ask.
     PromptReply ask(const PromptRequest& request) override;
     void print(const QString& text) override;
+    void commandFailed(const QString& what) override { commandFailure_ = what; }
     // What windows ask.
     const FormStep* currentStep() override;
     void advance() override;
@@ -90,6 +91,7 @@ private:
     QHash<QString, QString> variables_;
     QHash<QString, Verb> ownVerbs_;
     std::optional<ScriptFailure> failure_;
+    QString commandFailure_;
     Console console_;
     FormDriver driver_;
     std::unique_ptr<Watchdog> watchdog_;

@@ -2,6 +2,7 @@
 #include "main_window.h"
 
 #include <dxf/drawing_file.h>
+#include <drawing/documents.h>
 #include <render/picture_export.h>
 
 #include <QFileDialog>
@@ -51,8 +52,10 @@ bool MainWindow::saveDrawing(NcApDocument* saved, bool askName)
                                             QFileInfo(path).completeBaseName() + QStringLiteral(".dxf"), kDrawings);
     if (path.isEmpty())
         return false;
-    if (!isOk(ncDocManagerPtr()->saveDocumentAs(document, path))) {
-        QMessageBox::warning(this, QStringLiteral("Сохранить"), QStringLiteral("Чертёж не записан:\n") + path);
+    QString problem;
+    if (!isOk(Documents::instance().saveAs(document, path, &problem))) {
+        QMessageBox::warning(this, QStringLiteral("Сохранить"),
+                             QStringLiteral("Чертёж не записан:\n") + path + QLatin1Char('\n') + problem);
         return false;
     }
     noteRecent(path);

@@ -4,12 +4,9 @@ namespace {
 
 bool isDigit(QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); }
 
-struct Marker {
-    int number = 0; // 0: no marker here
-    int length = 0; // of the marker's text, with the percent sign
-};
+} // namespace
 
-Marker markerAt(const QString& text, int at, int count)
+placeholders::Marker placeholders::markerAt(const QString& text, int at, int count)
 {
     if (at + 1 >= text.size() || !isDigit(text.at(at + 1)))
         return {};
@@ -24,15 +21,13 @@ Marker markerAt(const QString& text, int at, int count)
     return {};
 }
 
-} // namespace
-
 QString fill(const QString& text, const QStringList& values)
 {
     QString filled;
     filled.reserve(text.size());
     int copied = 0;
     for (int at = text.indexOf(QLatin1Char('%')); at >= 0; at = text.indexOf(QLatin1Char('%'), at)) {
-        const Marker marker = markerAt(text, at, values.size());
+        const placeholders::Marker marker = placeholders::markerAt(text, at, values.size());
         if (marker.number == 0) {
             ++at;
             continue;

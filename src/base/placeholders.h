@@ -1,6 +1,6 @@
 #pragma once
-// The one way in which texts with markers are filled: statements, messages,
-// names of groups and files.
+// The one way in which texts with markers are filled: messages, names of groups
+// and files. Statements have compose(), see base/statement.h.
 
 #include <QString>
 #include <QStringList>
@@ -14,6 +14,14 @@
 QString fill(const QString& text, const QStringList& values);
 
 namespace placeholders {
+
+struct Marker {
+    int number = 0; ///< 0: no marker here
+    int length = 0; ///< of the marker's text, with the percent sign
+};
+
+/// The marker that begins at the percent sign, of those that `count` values fill.
+Marker markerAt(const QString& text, int at, int count);
 
 inline QString textOf(const QString& value) { return value; }
 inline QString textOf(const char* value) { return QString::fromUtf8(value); }

@@ -1,6 +1,7 @@
 #include "drawing/renumber.h"
 
 #include "base/placeholders.h"
+#include "base/statement.h"
 #include "drawing/renumber_plan.h"
 #include "elements/element_block.h"
 #include "hostkit/block_reference.h"
@@ -74,8 +75,8 @@ QString refusalOf(const sql::Result& answer)
 
 bool loadRows(const Family& family, QVector<NumberedRow>& rows)
 {
-    const sql::Result answer = session().run(fill("select element_id, element_name from %2 where position_id = %1",
-                                                  session().currentPositionId, family.elements));
+    const sql::Result answer = session().run(compose("select element_id, element_name from %2 where position_id = %1",
+                                                     session().currentPositionId, Identifier(family.elements)));
     if (!answer.isTuples())
         return tell(fill("\nQuery execution failed: %1", refusalOf(answer)));
     if (answer.ntuples() == 0)

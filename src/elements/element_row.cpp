@@ -1,25 +1,23 @@
 // The row of an element: reading it, writing it.
 #include "elements/element_block.h"
 
-#include "base/placeholders.h"
+#include "base/statement.h"
 #include "base/text.h"
 #include "hostkit/console.h"
 #include "session/project_session.h"
 
 namespace {
 
-// The statements of a family's element table. Values are put between quotes as
-// they are.
+// The statements of a family's element table.
 struct RowStatements {
-    QString select;
-    QString insert;
-    QString updateFull;
-    QString updateFullWithPosition;
+    const char* select;
+    const char* insert;
+    const char* updateFull;
+    const char* updateFullWithPosition;
 };
 
-const QString updateShort =
-    QStringLiteral("UPDATE %9 SET (type_id, element_name, x, y, block_rotation, marker_rotation,scale)"
-                   " = ('%1','%2',%3,%4,%5,%6,%7) WHERE element_id = %8");
+const char* const updateShort = "UPDATE %9 SET (type_id, element_name, x, y, block_rotation, marker_rotation,scale)"
+                                " = ('%1','%2',%3,%4,%5,%6,%7) WHERE element_id = %8";
 
 // The columns of `select`; the last two where the family has a depth.
 enum Column {
@@ -83,64 +81,64 @@ const RowStatements& statementsOf(const Family& family)
     return family.hasDepth ? depthStatements() : commonStatements();
 }
 
-QString number(double value) { return fixed(value, 9); }
+using Values = QVector<StatementValue>;
+
+Numeral number(double value) { return {value, 9}; }
 
 QString typeIdOf(const ElementBlock& element) { return kinds()[size_t(element.kind)].typeId; }
 
 // The values that all statements end their list with.
-QStringList placement(const ElementBlock& element)
+Values placement(const ElementBlock& element)
 {
     return {number(element.blockRotation), number(element.markerRotation()), number(element.scale)};
 }
 
-QStringList coordinates(const ElementBlock& element)
+Values coordinates(const ElementBlock& element)
 {
     return {number(element.x), number(element.y), number(element.z), number(element.h)};
 }
 
-QStringList depthColumns(const ElementBlock& element)
+Values depthColumns(const ElementBlock& element)
 {
-    return {number(element.e), QString::number(element.catalogId)};
+    return {number(element.e), element.catalogId};
 }
 
-QString insertText(const ElementBlock& element, const Family& family, int position)
+Statement insertText(const ElementBlock& element, const Family& family, int position)
 {
-    QStringList values = {typeIdOf(element), element.name(), QStringLiteral("exist"), QString::number(position)};
+    Values values = {typeIdOf(element), element.name(), "exist", position};
     values += coordinates(element);
     if (family.hasDepth)
         values += depthColumns(element);
     values += placement(element);
-    values += family.elements;
-    return fill(statementsOf(family).insert, values);
+    values += Identifier(family.elements);
+    return compose(statementsOf(family).insert, values);
 }
 
-QString updateFullText(const ElementBlock& element, const Family& family, int id)
+Statement updateFullText(const ElementBlock& element, const Family& family, int id)
 {
     const bool withPosition = element.positionId != -1;
     const RowStatements& statements = statementsOf(family);
-    QStringList values = {family.elements, typeIdOf(element), element.name()};
+    Values values = {Identifier(family.elements), typeIdOf(element), element.name()};
     if (family.hasDepth && withPosition)
-        values += QString::number(element.positionId);
+        values += element.positionId;
     values += coordinates(element);
     if (family.hasDepth)
         values += depthColumns(element);
     values += placement(element);
-    values += QString::number(id);
+    values += id;
     // The common text names the position last.
     if (!family.hasDepth && withPosition)
-        values += QString::number(element.positionId);
-    return fill(withPosition ? statements.updateFullWithPosition : statements.updateFull, values);
+        values += element.positionId;
+    return compose(withPosition ? statements.updateFullWithPosition : statements.updateFull, values);
 }
-
-QString quotedProps(const ElementBlock& element) { return QLatin1Char('\'') + element.propsText() + QLatin1Char('\''); }
 
 // The key of the row that a record stands for; -1 when it stands for none.
 int writableId(const ElementBlock& element) { return element.family() ? element.elementId() : -1; }
 
 sql::Result writeProps(const ElementBlock& element)
 {
-    return session().run("UPDATE " + element.family()->dynprops + " SET props = " + quotedProps(element)
-                         + "WHERE element_id = " + QString::number(element.elementId()));
+    return session().run(compose("UPDATE %1 SET props = '%2'WHERE element_id = %3",
+                                 Identifier(element.family()->dynprops), element.propsText(), element.elementId()));
 }
 
 } // namespace
@@ -150,7 +148,7 @@ bool ElementBlock::loadFromDatabase(int id)
     const Family* family = this->family();
     if (!family)
         return false;
-    const sql::Result row = session().run(fill(statementsOf(*family).select, family->elements, family->dynprops, id));
+    const sql::Result row = session().run(compose(statementsOf(*family).select, Identifier(family->elements), Identifier(family->dynprops), id));
     if (!row.hasRow())
         return false;
 
@@ -184,11 +182,11 @@ bool ElementBlock::updateRow(QString* refusal) const
     const int id = writableId(*this);
     if (id == -1)
         return false;
-    QStringList values = {typeIdOf(*this), name(), number(x), number(y)};
+    Values values = {typeIdOf(*this), name(), number(x), number(y)};
     values += placement(*this);
-    values += QString::number(id);
-    values += family()->elements;
-    const sql::Result row = session().run(fill(updateShort, values));
+    values += id;
+    values += Identifier(family()->elements);
+    const sql::Result row = session().run(compose(updateShort, values));
     // The label is written even when the row is refused.
     const sql::Result props = writeProps(*this);
     const sql::Result& first = row.isCommand() ? props : row;
@@ -210,8 +208,8 @@ bool ElementBlock::insertRow(int position)
 {
     if (!family())
         return false;
-    const QString statement = insertText(*this, *family(), position);
-    say("\n " + statement + " \n");
+    const Statement statement = insertText(*this, *family(), position);
+    say("\n " + statement.text() + " \n");
     const sql::Result key = session().run(statement);
     if (!key.hasRow())
         return false;
@@ -219,8 +217,8 @@ bool ElementBlock::insertRow(int position)
     const QString id = key.getvalue(0, 0);
     setAttribute("element_id", id);
 
-    const QString props =
-        "INSERT INTO " + family()->dynprops + " (element_id,props) VALUES (" + id + "," + quotedProps(*this) + ")";
+    const Statement props = compose("INSERT INTO %1 (element_id,props) VALUES (%2,'%3')",
+                                    Identifier(family()->dynprops), Numeral(id), propsText());
     if (!session().run(props).isCommand())
         return false;
     say("\nOK ");

@@ -4,6 +4,7 @@
 #include "analysis/maps/forms/temperature_map_command.h"
 #include "base/placeholders.h"
 #include "database/forms/create_project_form.h"
+#include "database/sql/busy.h"
 #include "drawing/alignment/alignment.h"
 #include "drawing/alignment/attribute_mask.h"
 #include "drawing/alignment/forms/alignment_commands.h"
@@ -149,6 +150,8 @@ const std::array<Command, kCommandCount>& commandTable() { return kCommands; }
 
 void runCommand(const Command& command)
 {
+    if (sql::isStatementUnderWay())
+        return say(QStringLiteral("\nКоманда не выполняется: сервер ещё занят предыдущей\n"));
     if (!passes(command.connection) || !passes(command.position))
         return;
     if (command.action)

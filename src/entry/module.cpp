@@ -3,6 +3,7 @@
 #include "entry/command_table.h"
 #include "entry/palette_sets.h"
 #include "hostkit/console.h"
+#include "session/forms/busy_box.h"
 #include "session/forms/palette_refresh.h"
 #include "session/forms/project_file_dialogs.h"
 #include "session/project_session.h"
@@ -14,6 +15,7 @@ void initialiseModule(void* packet)
     GetDynamicLinker()->unlockApplication(packet);
     GetDynamicLinker()->setMultiDocumentAware(packet);
     installProjectDialogs();
+    installBusyBox();
     setPaletteRefresh({refreshAllPaletteSets, refreshExplorerPaletteSet});
     // Without an open project the parameters are empty and this fails in silence.
     if (session().connect())
@@ -24,6 +26,7 @@ void initialiseModule(void* packet)
 void unloadModule()
 {
     removeCommands();
+    removeBusyBox();
     setPaletteRefresh({});
     destroyPaletteSets();
 }

@@ -1,6 +1,6 @@
 #include "exchange/element_scope.h"
 
-#include "base/placeholders.h"
+#include "base/statement.h"
 #include "session/project_session.h"
 
 int ElementScope::positionOf(int elementId) const
@@ -15,9 +15,10 @@ int ElementScope::positionOf(int elementId) const
 bool loadScope(const QString& elementTable, int positionId, bool allBase, ElementScope& scope)
 {
     scope = ElementScope();
-    const QString statement = fill("select element_id, element_name, position_id from %1", elementTable);
-    const QString condition =
-        allBase ? QStringLiteral(" order by element_name") : " where position_id = " + QString::number(positionId);
+    const Statement statement =
+        compose("select element_id, element_name, position_id from %1", Identifier(elementTable));
+    const Statement condition =
+        allBase ? Statement(" order by element_name") : compose(" where position_id = %1", positionId);
     const sql::Result rows = session().run(statement + condition);
     if (!rows.isTuples())
         return false;

@@ -1,6 +1,7 @@
 #include "exchange/measure_import.h"
 
 #include "base/placeholders.h"
+#include "base/statement.h"
 #include "hostkit/console.h"
 #include "session/project_session.h"
 
@@ -22,7 +23,7 @@ public:
         }
         if (!row.checked || !passesCheck(measure))
             return false;
-        const QString statement = statementFor(measure);
+        const Statement statement = statementFor(measure);
         return !statement.isEmpty() && execute(statement, measure.elementName);
     }
 
@@ -45,12 +46,12 @@ private:
     }
 
     // Empty when the row is not to be written.
-    QString statementFor(BaseMeasure& measure)
+    Statement statementFor(BaseMeasure& measure)
     {
         const int stored = measure.findMeasureId();
         if (stored == -1)
             return measure.insertSql();
-        return mayOverwrite(measure) ? measure.updateSql(stored) : QString();
+        return mayOverwrite(measure) ? measure.updateSql(stored) : Statement();
     }
 
     bool mayOverwrite(const BaseMeasure& measure)
@@ -67,7 +68,7 @@ private:
         return answer == ImportAnswer::Yes || answer == ImportAnswer::YesToAll;
     }
 
-    bool execute(const QString& statement, const QString& name)
+    bool execute(const Statement& statement, const QString& name)
     {
         const sql::Result result = session().run(statement);
         const bool done = result.isCommand() || result.isTuples();

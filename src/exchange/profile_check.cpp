@@ -6,10 +6,10 @@
 
 namespace {
 
-const QString previousStatement = QStringLiteral(
+const char* const previousStatement =
     "SELECT ts.meas, ts.meas_ts_id FROM ts_meas ts JOIN cycles c ON ts.cycle_id = c.cycle_id WHERE ts.element_id = %1 "
     "AND c.date_end < (SELECT date_end FROM cycles WHERE cycle_id = %2) AND ts.meas IS NOT NULL ORDER BY c.date_end "
-    "DESC LIMIT 1 ");
+    "DESC LIMIT 1 ";
 
 constexpr ProfileLimits limits;
 

@@ -5,10 +5,10 @@
 
 namespace {
 
-const QString previousStatement = QStringLiteral(
+const char* const previousStatement =
     "SELECT dm.meas, dm.meas_dm_id FROM dm_meas dm JOIN cycles c ON dm.cycle_id = c.cycle_id WHERE dm.element_id = %1 "
     "AND c.date_end < (SELECT date_end FROM cycles WHERE cycle_id = %2) AND dm.meas IS NOT NULL ORDER BY c.date_end "
-    "DESC LIMIT 1 ");
+    "DESC LIMIT 1 ";
 
 DMMeasure& mark(BaseMeasure& measure) { return static_cast<DMMeasure&>(measure); }
 

@@ -1,6 +1,6 @@
 #include "exchange/stored_criteria.h"
 
-#include "base/placeholders.h"
+#include "base/statement.h"
 #include "session/project_session.h"
 
 namespace {
@@ -16,7 +16,7 @@ PositionNorms readNorms(int positionId)
 {
     PositionNorms norms;
     const sql::Result row =
-        session().run(fill("select averagediff, temperature_deep_min, temperature_deep_max from positions_attributes "
+        session().run(compose("select averagediff, temperature_deep_min, temperature_deep_max from positions_attributes "
                            "where position_id = %1",
                            positionId));
     if (!row.hasRow())
@@ -28,7 +28,7 @@ PositionNorms readNorms(int positionId)
     return norms;
 }
 
-PreviousMeasure readPrevious(const QString& statement)
+PreviousMeasure readPrevious(const Statement& statement)
 {
     const sql::Result row = session().run(statement);
     if (!row.isTuples())
@@ -46,12 +46,12 @@ PositionNorms StoredCriteria::norms(int positionId)
     return found != norms_.constEnd() ? *found : *norms_.insert(positionId, readNorms(positionId));
 }
 
-PreviousMeasure StoredCriteria::previous(const QString& statement, int elementId, int cycleId)
+PreviousMeasure StoredCriteria::previous(const char* statement, int elementId, int cycleId)
 {
     const QPair<int, int> key(elementId, cycleId);
     const auto found = previous_.constFind(key);
     return found != previous_.constEnd() ? *found
-                                         : *previous_.insert(key, readPrevious(fill(statement, elementId, cycleId)));
+                                         : *previous_.insert(key, readPrevious(compose(statement, elementId, cycleId)));
 }
 
 void StoredCriteria::forget()

@@ -26,7 +26,7 @@ class StoredCriteria {
 public:
     PositionNorms norms(int positionId);
     /// `statement` has the value in its first column; %1 is the element, %2 the cycle.
-    PreviousMeasure previous(const QString& statement, int elementId, int cycleId);
+    PreviousMeasure previous(const char* statement, int elementId, int cycleId);
     void forget();
 
 private:

@@ -1,6 +1,7 @@
 #include "formkit/catalogue_list.h"
 
 #include "base/placeholders.h"
+#include "base/statement.h"
 #include "formkit/boxes.h"
 #include "formkit/layout.h"
 #include "formkit/table_items.h"
@@ -202,14 +203,14 @@ void CatalogueList::deleteCurrent()
     const QString key = currentKey();
     if (key.isEmpty() || !mayDelete(key))
         return;
-    session().run(fill(catalogue_.remove, key));
+    session().run(compose(catalogue_.remove, Entered(key)));
     finish();
 }
 
 bool CatalogueList::mayDelete(const QString& key)
 {
-    for (const QString& statement : catalogue_.counts) {
-        if (session().run(fill(statement, key)).toInt(0, 0) != 0) {
+    for (const char* statement : catalogue_.counts) {
+        if (session().run(compose(statement, Entered(key))).toInt(0, 0) != 0) {
             warn(this, catalogue_.refusal);
             return false;
         }

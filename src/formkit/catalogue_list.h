@@ -20,17 +20,17 @@ struct ToolButton {
 
 struct Catalogue {
     QString listName;  ///< object name of the view
-    QString statement; ///< the key first, then what is shown
+    const char* statement = nullptr; ///< the key first, then what is shown
     int texts = 1;     ///< columns that are shown
     /// Titles of the columns; without them an entry is one line, its texts
     /// joined by " - ".
     std::vector<QString> titles;
     /// Statements with the key for %1 whose one number says how often the entry
     /// is used: any but 0 refuses its deletion.
-    std::vector<QString> counts;
+    std::vector<const char*> counts;
     QString refusal;
     QString question; ///< %1 is the entry's text
-    QString remove;   ///< statement with the key for %1
+    const char* remove = nullptr; ///< statement with the key for %1
     std::function<std::unique_ptr<RecordDialog>(QWidget* parent)> record;
     QString notConnected; ///< printed when a refresh finds no connection
     QString filterName;   ///< object name of the line that filters; empty: none

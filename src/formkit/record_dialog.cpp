@@ -1,6 +1,7 @@
 #include "formkit/record_dialog.h"
 
 #include "base/placeholders.h"
+#include "base/statement.h"
 #include "formkit/boxes.h"
 #include "formkit/layout.h"
 #include "formkit/widgets.h"
@@ -38,7 +39,7 @@ void RecordDialog::showNew()
 
 bool RecordDialog::showStored(const QString& key)
 {
-    const sql::Result row = session().run(fill(record_.load, key));
+    const sql::Result row = session().run(compose(record_.load, Entered(key)));
     if (!row.isTuples() || row.ntuples() == 0)
         return false;
     key_ = key;
@@ -51,10 +52,10 @@ bool RecordDialog::showStored(const QString& key)
 bool RecordDialog::store()
 {
     if (!isNew()) {
-        session().run(fill(record_.update, values() << key_));
+        session().run(compose(record_.update, entered(values() << key_)));
         return true;
     }
-    const sql::Result added = session().run(fill(record_.insert, values()));
+    const sql::Result added = session().run(compose(record_.insert, entered(values())));
     if (added.isTuples() && added.ntuples() == 1)
         key_ = added.getvalue(0, 0);
     return true;

@@ -40,9 +40,9 @@ struct Record {
     QString name; ///< object name of the dialog
     QString title;
     FieldList fields;
-    QString load;   ///< of the key %1; gives the key and then the fields, in their order
-    QString insert; ///< may return the new key
-    QString update;
+    const char* load = nullptr;   ///< of the key %1; gives the key and then the fields, in their order
+    const char* insert = nullptr; ///< may return the new key
+    const char* update = nullptr;
     EndButton save = accepts(QStringLiteral("SaveBtn"), QStringLiteral("Сохранить"));
     EndButton leave = cancel();
 };

@@ -1,5 +1,7 @@
 #include "formkit/table_items.h"
 
+#include "files/written_file.h"
+
 #include "base/text.h"
 #include "formkit/boxes.h"
 #include "formkit/file_questions.h"
@@ -7,7 +9,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
-#include <QSaveFile>
 #include <cmath>
 
 namespace formkit {
@@ -85,10 +86,9 @@ void exportCsv(QWidget* parent, const QTableWidget* table, TextPart parts, const
     const QString path = askFileToSave(parent, {title, filter});
     if (path.isEmpty())
         return;
-    QSaveFile file(path);
-    const QByteArray bytes = tableText(table, QLatin1Char(';'), parts).toUtf8();
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-        warn(parent, QStringLiteral("Не удалось записать файл ") + path);
+    QString problem;
+    if (!saveFile(path, tableText(table, QLatin1Char(';'), parts).toUtf8(), &problem))
+        warn(parent, QStringLiteral("Не удалось записать файл ") + path + QStringLiteral(": ") + problem);
 }
 
 void copyTable(const QTableWidget* table, TextPart parts) { copyText(tableText(table, QLatin1Char('\t'), parts)); }

@@ -1,7 +1,7 @@
 // Choosing the position that the user works in.
 #include "session/project_session.h"
 
-#include "base/placeholders.h"
+#include "base/statement.h"
 #include "session/numbering.h"
 #include "session/working_drawing.h"
 
@@ -36,7 +36,7 @@ bool ProjectSession::setCurrentPosition(int positionId)
     if (positionId == -1)
         return leavePosition();
     if (projectId == -1 && checkConnection()) {
-        const sql::Result row = run(QStringLiteral("SELECT project_id FROM projects"));
+        const sql::Result row = run("SELECT project_id FROM projects");
         if (!row.isNull(0, 0))
             projectId = row.toInt(0, 0);
     }
@@ -66,7 +66,7 @@ bool ProjectSession::leavePosition()
     leavePositionFields();
     if (!checkConnection())
         return false;
-    const sql::Result row = run(QStringLiteral("SELECT project_id, name FROM projects"));
+    const sql::Result row = run("SELECT project_id, name FROM projects");
     if (row.isTuples()) {
         projectId = row.isNull(0, 0) ? -1 : row.toInt(0, 0);
         projectName = row.getvalue(0, 1);
@@ -77,9 +77,9 @@ bool ProjectSession::leavePosition()
 // False only when the database says that there is no such position.
 bool ProjectSession::bringPosition(int positionId)
 {
-    const sql::Result row = run(QStringLiteral("SELECT position_id,file_id FROM positions LEFT JOIN positions_files "
-                                               "USING (position_id) WHERE position_id=")
-                                + QString::number(positionId));
+    const sql::Result row = run(compose("SELECT position_id,file_id FROM positions LEFT JOIN positions_files "
+                                        "USING (position_id) WHERE position_id=%1",
+                                        positionId));
     if (!row.isTuples())
         return true;
     if (row.ntuples() != 1 || row.toInt(0, 0) != positionId)
@@ -105,10 +105,10 @@ void ProjectSession::readPositionNames(int positionId)
 {
     enum Column { ProjectId, Project, ObjectId, Object, SubobjectId, Subobject, PositionId, Position };
     const sql::Result row =
-        run(fill(QStringLiteral("select project_id, name, object_id, object , subobject_id, subobject, "
+        run(compose("select project_id, name, object_id, object , subobject_id, subobject, "
                                 "position_id,position  from projects  left join objects using (project_id) "
                                 "left join subobjects using (object_id)  left join positions using (subobject_id)   "
-                                "where position_id = %1"),
+                                "where position_id = %1",
                  positionId));
     if (!row.hasRow())
         return;

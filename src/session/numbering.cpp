@@ -1,6 +1,6 @@
 #include "session/numbering.h"
 
-#include "base/placeholders.h"
+#include "base/statement.h"
 #include "elements/families/families.h"
 #include "session/project_session.h"
 
@@ -57,8 +57,8 @@ int nextNumber(const QStringList& names)
 void renumberFamilies(ProjectSession& session, int positionId)
 {
     for (const NumberedFamily& numbered : numberedFamilies()) {
-        const sql::Result rows = session.run(fill(QStringLiteral("SELECT element_name FROM %1 WHERE position_id=%2"),
-                                                  family(numbered.family).elements, positionId));
+        const sql::Result rows = session.run(compose("SELECT element_name FROM %1 WHERE position_id=%2",
+                                                  Identifier(family(numbered.family).elements), positionId));
         if (!rows.isTuples())
             continue;
         session.*numbered.enumerator = {numbered.prefix, nextNumber(firstColumn(rows)), digits};

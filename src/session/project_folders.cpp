@@ -1,6 +1,7 @@
 #include "session/project_folders.h"
 
 #include "base/placeholders.h"
+#include "files/written_file.h"
 #include "hostkit/console.h"
 #include "session/project_dialogs.h"
 
@@ -43,7 +44,7 @@ bool checkTemporaryFolder(const QString& folder)
     bool ok = true;
     if (!exists(folder)) {
         say(QStringLiteral("  Отсутствует. Пытаюсь создать...\n"));
-        ok = !folder.isEmpty() && QDir().mkpath(folder);
+        ok = !folder.isEmpty() && makePrivateFolder(folder);
         say(ok ? QStringLiteral("  Создана успешно\n") : QStringLiteral("  Ошибка создания\n"));
     }
     return checkRights(folder) && ok;

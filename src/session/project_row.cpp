@@ -2,25 +2,25 @@
 // are how that stays true.
 #include "session/project_session.h"
 
-#include "base/placeholders.h"
+#include "base/statement.h"
 #include "base/text.h"
 
 void ProjectSession::saveProjectRow()
 {
     if (!checkConnection())
         return;
-    const sql::Result rows = run(QStringLiteral("select project_id from projects"));
+    const sql::Result rows = run("select project_id from projects");
     if (!rows.isTuples())
         return;
     if (rows.ntuples() == 0) {
         projectId = int(secondsNow());
-        run(fill(QStringLiteral("INSERT INTO projects (project_id, name, owner, location, code) "
-                                "OVERRIDING SYSTEM VALUE VALUES (%1, '%2', '%3', '%4', '%5')"),
-                 projectId, projectName, projectOwner, projectLocation, projectCode));
+        run(compose("INSERT INTO projects (project_id, name, owner, location, code) "
+                    "OVERRIDING SYSTEM VALUE VALUES (%1, '%2', '%3', '%4', '%5')",
+                    projectId, projectName, projectOwner, projectLocation, projectCode));
         return;
     }
     projectId = rows.toInt(0, 0);
-    run(fill(QStringLiteral("UPDATE projects SET (name, owner, location, code) = "
-                            "('%1','%2','%3','%4') WHERE project_id = %5"),
-             projectName, projectOwner, projectLocation, projectCode, projectId));
+    run(compose("UPDATE projects SET (name, owner, location, code) = "
+                "('%1','%2','%3','%4') WHERE project_id = %5",
+                projectName, projectOwner, projectLocation, projectCode, projectId));
 }

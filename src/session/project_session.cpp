@@ -37,9 +37,9 @@ ProjectSession::ProjectSession() : moduleDir(folderOfThisModule()), templateDir(
 
 ProjectSession::~ProjectSession() = default;
 
-sql::Result ProjectSession::run(const QString& statement) const { return connection.run(statement); }
+sql::Result ProjectSession::run(const Statement& statement) const { return connection.run(statement); }
 
-sql::Result ProjectSession::run(const QString& statement, const QVector<sql::Parameter>& parameters,
+sql::Result ProjectSession::run(const Statement& statement, const QVector<sql::Parameter>& parameters,
                                 sql::Format answer) const
 {
     return connection.run(statement, parameters, answer);

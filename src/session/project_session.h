@@ -124,8 +124,8 @@ public:
     // --- connection ---------------------------------------------------------------------
     /// Runs one statement on the session's connection; with no connection the
     /// result is a failed one.
-    sql::Result run(const QString& statement) const;
-    sql::Result run(const QString& statement, const QVector<sql::Parameter>& parameters,
+    sql::Result run(const Statement& statement) const;
+    sql::Result run(const Statement& statement, const QVector<sql::Parameter>& parameters,
                     sql::Format answer = sql::Format::Text) const;
 
     QString buildConnInfo() const;
@@ -154,7 +154,9 @@ public:
     bool requirePosition();
 
     // --- project file ---------------------------------------------------------------------
-    void saveProject();          ///< asks for a file when none is known; fails silently
+    /// Asks for a file when none is known. False when nothing was written, which
+    /// is told where a file was lost on the way.
+    bool saveProject();
     void saveProjectAs();        ///< asks for a new name
     void chooseAndLoadProject(); ///< asks for a file
     /// Reports on the command line. Until everything needed is there the

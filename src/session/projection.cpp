@@ -1,7 +1,7 @@
 // The project's coordinate system and the geometry that depends on it.
 #include "session/project_session.h"
 
-#include "base/placeholders.h"
+#include "base/statement.h"
 
 namespace {
 
@@ -17,17 +17,15 @@ const char* const lines[] = {
     "update termal_profiles set geom=ST_GeomFromText(build_termal_profile_geometry(profile_id),9999); ",
 };
 
-QStringList geometryStatements()
+QVector<Statement> geometryStatements()
 {
-    QStringList statements;
+    QVector<Statement> statements;
     for (const char* table : toDegrees)
-        statements << fill(QStringLiteral("UPDATE %1 set geom = ST_Transform(ST_SetSRID(ST_MakePoint(x, y), 9999), "
-                                          "4326); "),
-                           table);
+        statements << compose("UPDATE %1 set geom = ST_Transform(ST_SetSRID(ST_MakePoint(x, y), 9999), 4326); ", table);
     for (const char* table : toPlan)
-        statements << fill(QStringLiteral("UPDATE %1 SET geom = ST_SetSRID(ST_MakePoint(x, y), 9999);"), table);
+        statements << compose("UPDATE %1 SET geom = ST_SetSRID(ST_MakePoint(x, y), 9999);", table);
     for (const char* line : lines)
-        statements << QString::fromUtf8(line);
+        statements << Statement(line);
     return statements;
 }
 
@@ -35,14 +33,12 @@ QStringList geometryStatements()
 
 bool ProjectSession::saveProjection()
 {
-    const bool known =
-        run(QStringLiteral("select srid, auth_name, auth_srid from spatial_ref_sys where srid = 9999")).ntuples() > 0;
-    const QString statement = known
-        ? QStringLiteral("update spatial_ref_sys set (srid, auth_name, auth_srid, proj4text) = "
-                         "(9999,'TERVA',9999,'%1') where srid=9999")
-        : QStringLiteral("insert into spatial_ref_sys (srid, auth_name, auth_srid, proj4text) values "
-                         "(9999,'TERVA',9999,'%1')");
-    if (!run(fill(statement, proj4Text)).isCommand())
+    const bool known = run("select srid, auth_name, auth_srid from spatial_ref_sys where srid = 9999").ntuples() > 0;
+    const char* const statement = known ? "update spatial_ref_sys set (srid, auth_name, auth_srid, proj4text) = "
+                                          "(9999,'TERVA',9999,'%1') where srid=9999"
+                                        : "insert into spatial_ref_sys (srid, auth_name, auth_srid, proj4text) values "
+                                          "(9999,'TERVA',9999,'%1')";
+    if (!run(compose(statement, proj4Text)).isCommand())
         return false;
     // The server keeps a coordinate system in mind for the life of a
     // connection: without a new one, transformations go on with the old text.
@@ -55,9 +51,9 @@ bool ProjectSession::updateGeometry()
 {
     if (!connected)
         return false;
-    const QStringList statements = geometryStatements();
+    const QVector<Statement> statements = geometryStatements();
     int done = 0;
-    for (const QString& statement : statements)
+    for (const Statement& statement : statements)
         done += run(statement).isCommand() ? 1 : 0;
     return done == statements.size();
 }

@@ -2,6 +2,7 @@
 #include "session/project_session.h"
 
 #include "base/placeholders.h"
+#include "base/statement.h"
 #include "hostkit/console.h"
 
 void ProjectSession::reloadLevelMaps()
@@ -11,7 +12,7 @@ void ProjectSession::reloadLevelMaps()
                  {-1, QStringLiteral("Пользовательская")}};
     if (!connected)
         return;
-    const sql::Result rows = run(QStringLiteral("select levelmap_id, levelmap_name from levelmaps"));
+    const sql::Result rows = run("select levelmap_id, levelmap_name from levelmaps");
     for (int i = 0; i < rows.ntuples(); ++i)
         levelMaps.insert(rows.toInt(i, 0), rows.getvalue(i, 1));
 }
@@ -24,9 +25,9 @@ bool ProjectSession::reloadCycles()
     }
     enum Column { Id, Number, Start, End, Description, StartDate };
     const sql::Result rows =
-        run(QStringLiteral("select cycle_id, number, TO_CHAR(date_start::date, 'dd.mm.yy') as date_start, "
+        run("select cycle_id, number, TO_CHAR(date_start::date, 'dd.mm.yy') as date_start, "
                            "TO_CHAR(date_end::date, 'dd.mm.yy') as date_end, description, date_start as ds "
-                           "from cycles order by ds"));
+                           "from cycles order by ds");
     if (!rows.isTuples())
         return false;
     cycles.clear();
@@ -45,9 +46,9 @@ void ProjectSession::reloadPredictions()
 {
     enum Column { Id, Date, Name, BeginCycle, EndCycle, Elements };
     const sql::Result rows =
-        run(QStringLiteral("select prediction_id,dm_predictions.prediction_date,name,begin_cycle_id,end_cycle_id, "
-                           "count(meas_id) as elements from dm_predictions left join dm_predictions_data "
-                           "using (prediction_id) group by prediction_id order by dm_predictions.prediction_date "));
+        run("select prediction_id,dm_predictions.prediction_date,name,begin_cycle_id,end_cycle_id, "
+            "count(meas_id) as elements from dm_predictions left join dm_predictions_data "
+            "using (prediction_id) group by prediction_id order by dm_predictions.prediction_date ");
     if (!rows.isTuples()) {
         say(fill(QStringLiteral("Ошибка запроса списка прогнозов '%1'"), connection.errorMessage()));
         return;
@@ -68,7 +69,7 @@ void ProjectSession::reloadPredictions()
 
 bool ProjectSession::reloadStates()
 {
-    const sql::Result rows = run(QStringLiteral("select state_id,note, colorindex from states"));
+    const sql::Result rows = run("select state_id,note, colorindex from states");
     if (!rows.isTuples())
         return false;
     states.clear();
@@ -138,7 +139,7 @@ QVector<int> ProjectSession::positionsOf(int scope, int id) const
         return {id};
     if (scope < 0 || scope > 3)
         return {};
-    const sql::Result rows = run(fill(QString::fromUtf8(statements[scope]), id));
+    const sql::Result rows = run(compose(statements[scope], id));
     QVector<int> positions;
     for (int i = 0; i < rows.ntuples(); ++i)
         positions.append(rows.toInt(i, 0));

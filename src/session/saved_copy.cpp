@@ -1,13 +1,13 @@
 #include "session/saved_copy.h"
 
 #include "base/placeholders.h"
+#include "files/written_file.h"
 #include "hostkit/console.h"
 
 #include <QCryptographicHash>
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace {
 
@@ -61,9 +61,7 @@ void rememberLaidCopy(const QString& path)
         QFile::remove(notePath(path));
         return;
     }
-    QSaveFile note(notePath(path));
-    if (note.open(QIODevice::WriteOnly) && note.write(fingerprint(bytes)) > 0)
-        note.commit();
+    saveFile(notePath(path), fingerprint(bytes));
 }
 
 bool keepSavedCopy(const QString& path, const QByteArray& stored)

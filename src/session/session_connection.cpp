@@ -2,6 +2,7 @@
 #include "session/project_session.h"
 
 #include "base/placeholders.h"
+#include "base/statement.h"
 #include "hostkit/console.h"
 #include "session/connection_parameters.h"
 
@@ -70,7 +71,7 @@ void ProjectSession::readProjectRow()
     if (projectId != -1)
         return;
     enum Column { Id, Name, Owner, Location, Code };
-    const sql::Result rows = run(QStringLiteral("SELECT project_id, name, owner, location, code FROM projects;"));
+    const sql::Result rows = run("SELECT project_id, name, owner, location, code FROM projects;");
     if (!rows.isTuples())
         return;
     for (int i = 0; i < rows.ntuples(); ++i) {
@@ -84,15 +85,14 @@ void ProjectSession::readProjectRow()
 
 void ProjectSession::readAuditSwitch()
 {
-    const sql::Result row =
-        run(QStringLiteral("SELECT coalesce (current_setting('app.audit_enabled', true),'on') AS audit_status;"));
+    const sql::Result row = run("SELECT coalesce (current_setting('app.audit_enabled', true),'on') AS audit_status;");
     if (row.isTuples())
         auditEnabled = row.getvalue(0, 0) == QLatin1String("on");
 }
 
 void ProjectSession::readSuperuser()
 {
-    const sql::Result row = run(QStringLiteral("SELECT usesuper FROM pg_user WHERE usename = current_user;"));
+    const sql::Result row = run("SELECT usesuper FROM pg_user WHERE usename = current_user;");
     if (row.hasRow())
         superuser = row.getvalue(0, 0) == QLatin1String("t");
 }
@@ -102,7 +102,7 @@ void ProjectSession::readSuperuser()
 bool ProjectSession::checkConnection()
 {
     connected =
-        run(QStringLiteral("select count(project_id) from projects")).isTuples() || openConnection(reconnectionInfo());
+        run("select count(project_id) from projects").isTuples() || openConnection(reconnectionInfo());
     return connected;
 }
 
@@ -111,7 +111,7 @@ bool ProjectSession::probeRights(const QStringList& tables) const
     if (!connection.isOk())
         return false;
     for (const QString& table : tables) {
-        const sql::Result answer = run(fill(QStringLiteral("SELECT 1 FROM %1 LIMIT 0;"), table));
+        const sql::Result answer = run(compose("SELECT 1 FROM %1 LIMIT 0;", Identifier(table)));
         if (!answer.isCommand() && !answer.isTuples()) {
             say(fill(QStringLiteral("Проверка прав доступа к '%1': ОШИБКА (%2)\n"), table, answer.errorMessage()));
             return false;
@@ -124,8 +124,8 @@ bool ProjectSession::setAudit()
 {
     const bool enabled = !auditEnabled;
     const QString same = reconnectionInfo();
-    const QString statement = fill(QStringLiteral("ALTER DATABASE %1 SET app.audit_enabled = '%2'"), databaseIn(same),
-                                   enabled ? QStringLiteral("on") : QStringLiteral("off"));
+    const Statement statement = compose("ALTER DATABASE %1 SET app.audit_enabled = '%2'", Identifier(databaseIn(same)),
+                                   enabled ? "on" : "off");
     if (!run(statement).isCommand())
         return false;
     connection.finish();

@@ -1,11 +1,11 @@
 #include "session/working_drawing.h"
 
 #include "base/placeholders.h"
+#include "files/written_file.h"
 #include "hostkit/console.h"
 #include "session/project_session.h"
 #include "session/saved_copy.h"
 
-#include <QSaveFile>
 #include <nrx/application.h>
 #include <optional>
 
@@ -36,7 +36,8 @@ void createDrawing(const QString& path, const DrawingProperty& property)
             return;
         NcApDocument* document = documents->curDocument();
         writeDrawingProperty(document, property);
-        documents->saveDocumentAs(document, path);
+        if (isOk(documents->saveDocumentAs(document, path)))
+            makePrivate(path);
     });
 }
 
@@ -51,17 +52,11 @@ void openDrawing(const QString& path, const DrawingProperty& property)
 
 namespace {
 
-bool writeBytes(const QString& path, const QByteArray& bytes)
-{
-    QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
-}
-
 // Nothing when no drawing is stored.
 std::optional<QByteArray> storedDrawing(const ProjectSession& session, int positionId)
 {
     const sql::Result row =
-        session.run(QStringLiteral("select content from positions_files  where position_id=$1::integer"),
+        session.run("select content from positions_files  where position_id=$1::integer",
                     {sql::text(positionId)}, sql::Format::Binary);
     if (!row.isTuples() || row.ntuples() == 0)
         return std::nullopt;
@@ -73,7 +68,7 @@ std::optional<QByteArray> storedDrawing(const ProjectSession& session, int posit
 
 bool writeDrawing(const QString& path, const QByteArray& bytes)
 {
-    if (writeBytes(path, bytes))
+    if (saveFile(path, bytes, nullptr, WrittenFile::Private))
         return true;
     say(fill(QStringLiteral("\n Не удается создать файл %1"), path));
     return false;

@@ -1,4 +1,4 @@
-#include "base/placeholders.h"
+#include "base/statement.h"
 #include "database/sql/connection.h"
 #include "support/test_database.h"
 
@@ -22,7 +22,8 @@ protected:
     {
         const QString pid = connection_.run("select pg_backend_pid()").getvalue(0, 0);
         const Connection other(database_.conninfo());
-        ASSERT_EQ(other.run(fill("select pg_terminate_backend(%1, 5000)", pid)).getvalue(0, 0), QString("t"));
+        ASSERT_EQ(other.run(compose("select pg_terminate_backend(%1, 5000)", Numeral(pid))).getvalue(0, 0),
+                  QString("t"));
     }
 
     TestDatabase database_{TestDatabase::Content::Empty};
@@ -135,15 +136,56 @@ TEST_F(ConnectionTest, ParametersOfEveryKindArrive)
 
 TEST_F(ConnectionTest, AnApostropheInATextMakesTheStatementFail)
 {
-    EXPECT_FALSE(connection_.run(fill("select '%1'", "О'Нил")).isTuples());
+    EXPECT_FALSE(connection_.run(compose("select '%1'", QString("О'Нил"))).isTuples());
     EXPECT_TRUE(connection_.run("select 1").isTuples());
+}
+
+TEST_F(ConnectionTest, ARefusedStatementIsNotSentAndFailsWithItsReason)
+{
+    ASSERT_TRUE(connection_.run("create table t (a text)").isCommand());
+    const Statement statement = compose("insert into t values ('%1')", QString("x'); delete from t --"));
+    const Result result = connection_.run(statement);
+    EXPECT_EQ(result.status(), Status::FatalError);
+    EXPECT_FALSE(result.isNullResult());
+    EXPECT_EQ(result.ntuples(), 0);
+    EXPECT_EQ(result.errorMessage(), statement.refusal());
+    EXPECT_EQ(connection_.errorMessage(), statement.refusal());
+    EXPECT_EQ(connection_.run("select count(*) from t").getvalue(0, 0), QString("0"));
+    EXPECT_EQ(connection_.errorMessage(), QString());
+}
+
+// The server sets the texts of a role free of backslashes; a statement relies on it.
+TEST_F(ConnectionTest, BackslashesMeanNothingAlsoWhereTheDatabaseSaysOtherwise)
+{
+    ASSERT_TRUE(
+        connection_
+            .run(compose("alter database %1 set standard_conforming_strings = off", Identifier(database_.name())))
+            .isCommand());
+    ASSERT_TRUE(connection_.open(database_.conninfo()));
+    EXPECT_EQ(connection_.run(compose("select '%1'", QString("a\\"))).getvalue(0, 0), QString("a\\"));
+}
+
+TEST_F(ConnectionTest, ScriptsOfSeveralStatementsGiveTheLastAnswer)
+{
+    EXPECT_EQ(connection_.runScript("select 1; select 2; select 3").getvalue(0, 0), QString("3"));
+    EXPECT_EQ(connection_.runScript("select 1; select 1/0; select 3").status(), Status::FatalError);
+    EXPECT_EQ(connection_.run("select 4").getvalue(0, 0), QString("4"));
+}
+
+TEST_F(ConnectionTest, ACopyThatNobodyFeedsEndsWithTheNextStatement)
+{
+    ASSERT_TRUE(connection_.run("create table t (a text)").isCommand());
+    EXPECT_EQ(connection_.run("copy t from stdin").status(), Status::CopyIn);
+    EXPECT_EQ(connection_.run("select count(*) from t").getvalue(0, 0), QString("0"));
+    EXPECT_EQ(connection_.run("copy (select generate_series(1, 1000)) to stdout").status(), Status::CopyOut);
+    EXPECT_EQ(connection_.run("select 5").getvalue(0, 0), QString("5"));
 }
 
 TEST_F(ConnectionTest, EscapesNamesAndValues)
 {
     EXPECT_EQ(connection_.escapeIdentifier("a\"b"), QString("\"a\"\"b\""));
     EXPECT_EQ(connection_.escapeLiteral("О'Нил"), QString("'О''Нил'"));
-    EXPECT_EQ(connection_.run("select " + connection_.escapeLiteral("a'; drop table t --")).getvalue(0, 0),
+    EXPECT_EQ(connection_.run(compose("select %1", connection_.literal("a'; drop table t --"))).getvalue(0, 0),
               QString("a'; drop table t --"));
 }
 

@@ -1,5 +1,6 @@
 // Which deletions take rows with them and which are refused; views and functions.
 #include "base/placeholders.h"
+#include "base/statement.h"
 #include "support/test_database.h"
 
 #include <QFile>
@@ -23,7 +24,7 @@ protected:
 
     bool refuses(const QString& statement)
     {
-        const sql::Result result = connection_.run(statement);
+        const sql::Result result = connection_.run(Statement::whole(statement));
         return !result.isCommand() && !result.isTuples();
     }
 
@@ -82,7 +83,9 @@ TEST_F(RelationsTest, APositionTakesEverythingOfItsOwnWithIt)
 TEST_F(RelationsTest, AnElementTakesItsDependantsWithItAndLeavesOthers)
 {
     for (const QString& family : families) {
-        ASSERT_TRUE(connection_.run(fill("delete from %1_elements where element_id=1", family)).isCommand()) << family;
+        ASSERT_TRUE(
+            connection_.run(compose("delete from %1_elements where element_id=1", Identifier(family))).isCommand())
+            << family;
         EXPECT_EQ(count(family + "_elements"), QString("1"));
         EXPECT_EQ(count(family + "_dynprops"), QString("0"));
         if (!measured.contains(family))

@@ -1,5 +1,6 @@
 // What a new project database holds, and how the script that lays it behaves.
 #include "base/placeholders.h"
+#include "base/statement.h"
 #include "support/test_database.h"
 
 #include <gtest/gtest.h>
@@ -319,7 +320,7 @@ TEST(SchemaScript, GivesTheOwnerTheAuditSwitch)
     ASSERT_TRUE(database.exec(TestDatabase::schemaScript()));
     database.exec(fill("set role %1", owner.name));
     EXPECT_TRUE(database.connection()
-                    .run(fill("ALTER DATABASE %1 SET app.audit_enabled = 'off'", database.name()))
+                    .run(compose("ALTER DATABASE %1 SET app.audit_enabled = 'off'", Identifier(database.name())))
                     .isCommand());
     database.exec("reset role");
 }
@@ -330,7 +331,7 @@ TEST(SchemaScript, WithoutTheRightTheOwnersSwitchFails)
     const OwnerRole owner(database);
     database.exec(fill("set role %1", owner.name));
     EXPECT_FALSE(database.connection()
-                     .run(fill("ALTER DATABASE %1 SET app.audit_enabled = 'off'", database.name()))
+                     .run(compose("ALTER DATABASE %1 SET app.audit_enabled = 'off'", Identifier(database.name())))
                      .isCommand());
     database.exec("reset role");
 }

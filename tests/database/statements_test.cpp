@@ -100,7 +100,7 @@ TEST(Statements, AllRunOnTheSchemaWithTheExpectedAnswer)
         for (const Family& family : families) {
             const QString statement = forFamily(line.statement, family);
             connection.run("begin");
-            const sql::Result result = connection.run(statement);
+            const sql::Result result = connection.run(Statement::whole(statement));
             EXPECT_TRUE(isExpected(result, line.expected))
                 << "line " << line.number << ": " << statement << "\nexpected " << line.expected << ", is "
                 << answerOf(result);
@@ -153,12 +153,14 @@ TEST(Statements, WithBoundValuesRunOnTheSchema)
         };
         for (const Bound& bound : perFamily) {
             const QString statement = forFamily(bound.statement, family);
-            EXPECT_EQ(answerOf(database.connection().run(statement, bound.parameters)), bound.expected)
+            EXPECT_EQ(answerOf(database.connection().run(Statement::whole(statement), bound.parameters)),
+                      bound.expected)
                 << statement.toStdString();
         }
     }
     for (const Bound& bound : table)
-        EXPECT_EQ(answerOf(database.connection().run(bound.statement, bound.parameters)), bound.expected)
+        EXPECT_EQ(answerOf(database.connection().run(Statement::whole(bound.statement), bound.parameters)),
+                  bound.expected)
             << bound.statement;
     EXPECT_EQ(database.connection()
                   .run("select content from positions_files where position_id=2", {}, sql::Format::Binary)

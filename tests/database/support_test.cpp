@@ -1,5 +1,5 @@
 // The databases that tests are given.
-#include "base/placeholders.h"
+#include "base/statement.h"
 #include "support/test_database.h"
 
 #include <gtest/gtest-spi.h>
@@ -10,7 +10,7 @@ namespace {
 QString databases(const QString& name)
 {
     const sql::Connection server(TestServer::conninfo("postgres"));
-    return server.run(fill("select count(*) from pg_database where datname = '%1'", name)).getvalue(0, 0);
+    return server.run(compose("select count(*) from pg_database where datname = '%1'", name)).getvalue(0, 0);
 }
 
 TEST(TestDatabases, AreFreshAndGoneAtTheEnd)

@@ -285,6 +285,23 @@ TEST_F(ElementRow, NamesArePutBetweenQuotesAsTheyAre)
     EXPECT_EQ(cell("element_name", "dm_elements", element.elementId()), "%1 %12 ' \\");
 }
 
+// Drawings come from others: what a property says must not become a statement.
+TEST_F(ElementRow, APropertyThatWouldEndItsStatementChangesNothing)
+{
+    ElementBlock good = sample(0);
+    ASSERT_TRUE(good.insertRow(PositionSession::position));
+    const QString before = cell("props", "dm_dynprops", good.elementId());
+    ElementBlock element = sample(0);
+    ASSERT_TRUE(element.insertRow(PositionSession::position));
+    element.setDynProp("Видимость1", "a' --");
+    if (!element.propsText().contains("a' --"))
+        element.dynProps.insert("Чужое", "a' --");
+    ASSERT_TRUE(element.propsText().contains("a' --")) << element.propsText();
+    EXPECT_FALSE(element.updateRow());
+    EXPECT_EQ(cell("props", "dm_dynprops", good.elementId()), before);
+    EXPECT_TRUE(session().connection.errorMessage().startsWith("Запрос не отправлен: апостроф"));
+}
+
 TEST_F(ElementRow, InsertIsAlwaysInTheStateExist)
 {
     database->exec("insert into states (state_id, colorindex) values ('lost', 1)");

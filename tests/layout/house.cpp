@@ -43,6 +43,8 @@ QStringList includesOf(const QString& text)
 
 } // namespace
 
+QString sourceText(const QString& path) { return textOf(root() + QLatin1Char('/') + path); }
+
 QVector<Folder> foldersOfHouse()
 {
     QVector<Folder> folders;

@@ -26,5 +26,8 @@ QVector<Folder> foldersOfHouse();
 // All .h and .cpp files below a folder of the repository.
 QVector<SourceFile> sourcesBelow(const QString& folder);
 
+// The text of a file, by its path below the repository.
+QString sourceText(const QString& path);
+
 // The folder of src/ that a path below src/ belongs to: the longest that fits.
 const Folder* folderOf(const QVector<Folder>& folders, const QString& pathBelowSrc);

@@ -254,6 +254,59 @@ TEST(Layout, ModuleCodeIsPortable)
     }
 }
 
+// The toolkit's own class takes a file for written when the disk was full.
+TEST(Layout, FilesAreWrittenByTheOneHelper)
+{
+    static const QRegularExpression bare(
+        QStringLiteral("\\b(QSaveFile|QTemporaryFile|ofstream|fopen|QFile::copy)\\b|grab\\(\\)\\.save\\((?!&)"));
+    // A plain file may be opened to be read alone.
+    static const QRegularExpression plainWrite(
+        QStringLiteral("QFile\\s+(\\w+)\\([^)]*\\);(?s:.{0,400}?)\\b\\1\\.open\\("
+                       "[^)]*(WriteOnly|ReadWrite|Append)"));
+    for (const QString& folder : {QStringLiteral("src"), QStringLiteral("host")}) {
+        for (const SourceFile& file : sourcesBelow(folder)) {
+            const QString text = sourceText(file.path);
+            EXPECT_FALSE(bare.match(text).hasMatch()) << file.path.toStdString();
+            EXPECT_FALSE(plainWrite.match(text).hasMatch()) << file.path.toStdString();
+        }
+    }
+}
+
+// A statement is made by compose(): a text that nobody checked is none.
+TEST(Layout, StatementsAreMadeByTheOneHelper)
+{
+    static const QRegularExpression unchecked(QStringLiteral("Statement::whole"));
+    static const QRegularExpression script(QStringLiteral("\\brunScript\\("));
+    // What a user typed is no constant of the module's, whatever type it is given.
+    static const QRegularExpression disguised(QStringLiteral(
+        "(compose|run|Statement|joined)\\([^;]*(qPrintable|qUtf8Printable|constData\\(\\)|c_str\\(\\))"));
+    for (const SourceFile& file : sourcesBelow(QStringLiteral("src"))) {
+        const bool ofTheConnection = file.path.startsWith(QLatin1String("src/database/sql/"));
+        const bool ofStatements = file.path.startsWith(QLatin1String("src/base/statement"));
+        const bool laysSchemas = file.path.startsWith(QLatin1String("src/database/provisioning/"));
+        const QString text = sourceText(file.path);
+        EXPECT_TRUE(ofTheConnection || ofStatements || !unchecked.match(text).hasMatch()) << file.path.toStdString();
+        EXPECT_TRUE(ofTheConnection || laysSchemas || !script.match(text).hasMatch()) << file.path.toStdString();
+        EXPECT_TRUE(ofTheConnection || !disguised.match(text).hasMatch()) << file.path.toStdString();
+    }
+}
+
+// Every user of a machine reads the command lines of all.
+TEST(Layout, NoScriptHandsAPasswordOverOnACommandLine)
+{
+    static const QRegularExpression handed(QStringLiteral("--var\\s+\\S*PASS|--password[= ]\\S"),
+                                           QRegularExpression::CaseInsensitiveOption);
+    const QDir tools(QStringLiteral(TERVA_SOURCE_DIR "/tools"));
+    QStringList scripts = {QStringLiteral("run"), QStringLiteral("test"), QStringLiteral("docs/guide/make-pictures")};
+    for (const QString& tool : tools.entryList(QDir::Files))
+        scripts << QStringLiteral("tools/") + tool;
+    for (const QString& script : scripts) {
+        const QString text = sourceText(script);
+        EXPECT_FALSE(text.isEmpty()) << script.toStdString();
+        EXPECT_FALSE(handed.match(text).hasMatch()) << script.toStdString();
+    }
+}
+
 TEST(Layout, NoFileIsAHall)
 {
     for (const QString& folder : {QStringLiteral("src"), QStringLiteral("host"), QStringLiteral("tests")}) {

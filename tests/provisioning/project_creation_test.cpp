@@ -28,11 +28,11 @@ public:
         static int number = 0;
         name_ = fill("terva_made_%1_%2", QCoreApplication::applicationPid(), ++number);
     }
-    ~NewName() { server().run("drop database if exists " + name_ + " with (force)"); }
+    ~NewName() { server().run(compose("drop database if exists %1 with (force)", Identifier(name_))); }
     static sql::Connection server() { return sql::Connection(TestServer::conninfo("postgres")); }
     bool exists() const
     {
-        return server().run("select 1 from pg_database where datname = '" + name_ + "'").ntuples() == 1;
+        return server().run(compose("select 1 from pg_database where datname = '%1'", name_)).ntuples() == 1;
     }
     QString name() const { return name_; }
 
@@ -339,6 +339,14 @@ TEST_F(MakingAProject, AProjectFileWithoutSuffixGetsIt)
     EXPECT_EQ(session_.projectFile, folder_.filePath("проект.terva"));
 }
 
+TEST_F(MakingAProject, AFileThatCannotBeWrittenIsNoSuccess)
+{
+    project_.projectFile = "/proc/no/such/folder/a.terva";
+    EXPECT_FALSE(run());
+    EXPECT_TRUE(log_.endsWith("Запись файла проекта\n Ошибка !\n")) << log_;
+    EXPECT_EQ(opened_, 0);
+}
+
 TEST_F(MakingAProject, StopsAtTheFirstEmptyRequiredField)
 {
     project_.code.clear();
@@ -455,7 +463,7 @@ TEST_F(MakingAProject, AServerThatIsGoneStopsAtTheDatabase)
 
 TEST_F(MakingAProject, AnExistingDatabaseStopsIt)
 {
-    NewName::server().run("create database " + database_.name());
+    NewName::server().run(compose("create database %1", Identifier(database_.name())));
     EXPECT_FALSE(run());
     EXPECT_EQ(log_,
               preparations() + "Создание БД (подождите...)\nОшибка \nERROR:  database \"" + database_.name()

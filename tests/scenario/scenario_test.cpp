@@ -59,9 +59,9 @@ protected:
     void TearDown() override
     {
         const sql::Connection server(TestServer::conninfo(QStringLiteral("postgres")));
-        server.run(expand(QStringLiteral("drop database if exists ${NEW_DATABASE} with (force)"), variables_));
+        server.runScript(expand(QStringLiteral("drop database if exists ${NEW_DATABASE} with (force)"), variables_));
         database_.reset();
-        server.run(expand(QStringLiteral("drop role if exists ${ROLE}"), variables_));
+        server.runScript(expand(QStringLiteral("drop role if exists ${ROLE}"), variables_));
     }
 
     QString own(const char* file) const { return scenarioFolder(GetParam()) + QLatin1Char('/') + QLatin1String(file); }

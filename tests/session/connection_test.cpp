@@ -196,7 +196,7 @@ TEST_F(SessionConnection, TheDestructorFinishesTheConnection)
 TEST_F(SessionConnection, TheAuditSwitchFlipsAndReconnects)
 {
     ASSERT_TRUE(session_.connect());
-    const QString shown = "select coalesce(current_setting('app.audit_enabled', true), 'absent')";
+    const char* const shown = "select coalesce(current_setting('app.audit_enabled', true), 'absent')";
     ASSERT_TRUE(session_.setAudit());
     EXPECT_FALSE(session_.auditEnabled);
     EXPECT_EQ(session_.run(shown).getvalue(0, 0), QString("off"));

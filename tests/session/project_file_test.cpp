@@ -1,5 +1,6 @@
 // The text of the project file and what is read from it.
 #include "session/project_file.h"
+#include "support/full_disk.h"
 
 #include "session_fixture.h"
 
@@ -269,6 +270,31 @@ TEST(SavingAProject, AFileThatCannotBeWrittenIsPassedOver)
     session.saveProject();
     EXPECT_EQ(console.text(), QString());
     EXPECT_EQ(session.projectFile, QString("/proc/no/such/folder/a.terva"));
+}
+
+TEST(SavingAProject, AFullDiskLeavesTheFileAndIsTold)
+{
+    const QTemporaryDir folder;
+    ConsoleCapture console;
+    ProjectSession session;
+    session.projectFile = folder.filePath("a.terva");
+    session.projectName = "Прежнее имя";
+    ASSERT_TRUE(session.saveProject());
+    EXPECT_FALSE(QFileInfo(session.projectFile).permissions()
+                 & (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther));
+    session.projectName = "Новое имя";
+    bool saved = true;
+    {
+        const FileSizeLimit limit(500);
+        saved = session.saveProject();
+    }
+    EXPECT_FALSE(saved);
+    EXPECT_TRUE(console.text().startsWith("\nФайл проекта " + session.projectFile + " не записан: ")) << console.text();
+    QFile file(session.projectFile);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const auto read = readProjectFile(file, ProjectSession());
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->projectName, QString("Прежнее имя"));
 }
 
 TEST(SavingAProject, UnderANewNameAsksStartingFromTheOld)

@@ -30,7 +30,8 @@ protected:
 
 TEST_F(Projecting, AChangedTextIsInForceAtOnce)
 {
-    const QString longitude = "select round(ST_X(ST_Transform(ST_SetSRID(ST_MakePoint(500000, 7000000), 9999), 4326)))";
+    const char* const longitude =
+        "select round(ST_X(ST_Transform(ST_SetSRID(ST_MakePoint(500000, 7000000), 9999), 4326)))";
     session_.proj4Text = "+proj=utm +zone=40 +datum=WGS84 +units=m +no_defs";
     ASSERT_TRUE(session_.saveProjection());
     EXPECT_EQ(session_.run(longitude).getvalue(0, 0), QString("57"));

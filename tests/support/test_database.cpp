@@ -1,6 +1,7 @@
 #include "support/test_database.h"
 
 #include "base/placeholders.h"
+#include "base/statement.h"
 #include "base/text.h"
 
 #include <QCoreApplication>
@@ -26,18 +27,18 @@ bool succeed(const sql::Result& result, const QString& what)
 
 bool run(const sql::Connection& connection, const QString& statement)
 {
-    return succeed(connection.run(statement), statement);
+    return succeed(connection.run(Statement::whole(statement)), statement);
 }
 
 bool exists(const sql::Connection& connection, const QString& database)
 {
-    return connection.run(fill("select 1 from pg_database where datname = '%1'", database)).ntuples() == 1;
+    return connection.run(compose("select 1 from pg_database where datname = '%1'", database)).ntuples() == 1;
 }
 
 QStringList databasesLike(const sql::Connection& connection, const QString& condition)
 {
     QStringList names;
-    const sql::Result result = connection.run("select datname from pg_database where " + condition);
+    const sql::Result result = connection.run(Statement::whole("select datname from pg_database where " + condition));
     for (int row = 0; row < result.ntuples(); ++row)
         names.append(result.getvalue(row, 0));
     return names;
@@ -45,7 +46,7 @@ QStringList databasesLike(const sql::Connection& connection, const QString& cond
 
 void drop(const sql::Connection& connection, const QString& database)
 {
-    connection.run(fill("drop database if exists %1 with (force)", database));
+    connection.run(compose("drop database if exists %1 with (force)", Identifier(database)));
 }
 
 QString templateName(const QString& script)
@@ -74,11 +75,11 @@ bool makeTemplate(const sql::Connection& server, const QString& name, const QStr
 // A copy does not take the settings of its template with it.
 void copySettings(const sql::Connection& server, const QString& from, const QString& to)
 {
-    const sql::Result settings = server.run(
-        fill("select split_part(setting, '=', 1), substr(setting, strpos(setting, '=') + 1)"
-             "  from pg_db_role_setting join pg_database on pg_database.oid = setdatabase, unnest(setconfig) as setting"
-             " where datname = '%1' and setrole = 0",
-             from));
+    const sql::Result settings = server.run(compose(
+        "select split_part(setting, '=', 1), substr(setting, strpos(setting, '=') + 1)"
+        "  from pg_db_role_setting join pg_database on pg_database.oid = setdatabase, unnest(setconfig) as setting"
+        " where datname = '%1' and setrole = 0",
+        from));
     for (int row = 0; row < settings.ntuples(); ++row)
         run(server, fill("alter database %1 set %2 to '%3'", to, settings.getvalue(row, 0), settings.getvalue(row, 1)));
 }

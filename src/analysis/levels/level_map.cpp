@@ -1,12 +1,12 @@
 #include "analysis/levels/level_map.h"
 
 #include "analysis/levels/built_in_scales.h"
-#include "base/placeholders.h"
+#include "base/statement.h"
 #include "base/text.h"
+#include "files/written_file.h"
 #include "session/project_session.h"
 
 #include <QFile>
-#include <QSaveFile>
 #include <QTextStream>
 #include <algorithm>
 #include <cmath>
@@ -96,7 +96,7 @@ void LevelMap::recomputeLimits()
 bool LevelMap::load()
 {
     const sql::Result result =
-        session().run(fill(QStringLiteral("select levelmap_name, data from levelmaps where levelmap_id=%1"), id));
+        session().run(compose("select levelmap_name, data from levelmaps where levelmap_id=%1", id));
     if (!result.hasRow())
         return false;
     name = result.getvalue(0, 0);
@@ -129,22 +129,22 @@ QString LevelMap::dataText() const
 bool LevelMap::exists() const
 {
     const sql::Result result =
-        session().run(fill(QStringLiteral("select levelmap_id from levelmaps where levelmap_id=%1"), id));
+        session().run(compose("select levelmap_id from levelmaps where levelmap_id=%1", id));
     return result.hasRow();
 }
 
 bool LevelMap::update() const
 {
     return session()
-        .run(fill(QStringLiteral("update levelmaps set (levelmap_name,data) = ('%1', '%2') where levelmap_id=%3"), name,
-                  dataText(), id))
+        .run(compose("update levelmaps set (levelmap_name,data) = ('%1', '%2') where levelmap_id=%3", name, dataText(),
+                     id))
         .isCommand();
 }
 
 bool LevelMap::insert()
 {
     const sql::Result result = session().run(
-        fill(QStringLiteral("insert into levelmaps (levelmap_name,data) values ('%1', '%2') returning levelmap_id"),
+        compose("insert into levelmaps (levelmap_name,data) values ('%1', '%2') returning levelmap_id",
              name, dataText()));
     if (!result.hasRow())
         return false;
@@ -154,17 +154,15 @@ bool LevelMap::insert()
 
 bool LevelMap::remove() const
 {
-    return session().run(fill(QStringLiteral("delete from levelmaps  where levelmap_id = %1"), id)).isCommand();
+    return session().run(compose("delete from levelmaps  where levelmap_id = %1", id)).isCommand();
 }
 
 bool LevelMap::saveFile(const QString& path, int base) const
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
+    QString text;
     for (const LevelRange& range : ranges)
-        file.write((rangeText(range, 2, QStringLiteral(", "), base) + QLatin1Char('\n')).toUtf8());
-    return file.commit();
+        text += rangeText(range, 2, QStringLiteral(", "), base) + QLatin1Char('\n');
+    return ::saveFile(path, text.toUtf8());
 }
 
 bool LevelMap::loadFile(const QString& path, int base)
@@ -216,7 +214,7 @@ QString builtInLevelMapName(int id)
 std::vector<std::pair<int, QString>> storedLevelMaps()
 {
     std::vector<std::pair<int, QString>> maps;
-    const sql::Result result = session().run(QStringLiteral("select levelmap_id, levelmap_name from levelmaps"));
+    const sql::Result result = session().run("select levelmap_id, levelmap_name from levelmaps");
     for (int row = 0; row < result.ntuples(); ++row)
         maps.emplace_back(result.toInt(row, 0), result.getvalue(row, 1));
     return maps;

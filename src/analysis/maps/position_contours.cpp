@@ -1,15 +1,14 @@
 #include "analysis/maps/position_contours.h"
 
-#include "base/placeholders.h"
+#include "base/statement.h"
 #include "session/project_session.h"
 
 std::vector<std::pair<int, QString>> positionContours(int positionId)
 {
     std::vector<std::pair<int, QString>> contours;
     const sql::Result result = session().run(
-        fill(QStringLiteral(
-                 "select contour_id,position_id,contour_name from contours where position_id=%1 order by contour_id"),
-             positionId));
+        compose("select contour_id,position_id,contour_name from contours where position_id=%1 order by contour_id",
+                positionId));
     for (int row = 0; row < result.ntuples(); ++row)
         contours.emplace_back(result.toInt(row, 0), result.getvalue(row, 2));
     return contours;
@@ -19,8 +18,7 @@ geometry::PointList contourPoints(int contourId)
 {
     geometry::PointList points;
     enum Column { Id, X, Y, Parameter, Distance };
-    const sql::Result result = session().run(fill(
-        QStringLiteral("select point_id, x, y, param, dist from contours_points where contour_id = %1 order by param "),
+    const sql::Result result = session().run(compose("select point_id, x, y, param, dist from contours_points where contour_id = %1 order by param ",
         contourId));
     for (int row = 0; row < result.ntuples(); ++row)
         points.push_back({result.toDouble(row, X), result.toDouble(row, Y), 0.0});

@@ -1,6 +1,6 @@
 #include "analysis/maps/temperature_wells.h"
 
-#include "base/placeholders.h"
+#include "base/statement.h"
 #include "base/text.h"
 #include "geometry/polygon.h"
 #include "session/project_session.h"
@@ -11,19 +11,19 @@ namespace {
 
 enum Column { NameColumn, XColumn, YColumn, ZColumn, HColumn, MeasColumn };
 
-QString statement(const WellSelection& selection)
+Statement statement(const WellSelection& selection)
 {
-    const QString states = stateCondition(selection.states);
+    const Statement states = stateCondition(selection.states);
     if (selection.byPosition)
-        return fill(QStringLiteral("select element_name,x,y,z,h,meas from ts_elements left join  ts_meas using "
-                                   "(element_id) where position_id = %1 and cycle_id = %2"),
-                    selection.positionId, selection.cycleId)
+        return compose("select element_name,x,y,z,h,meas from ts_elements left join  ts_meas using "
+                       "(element_id) where position_id = %1 and cycle_id = %2",
+                       selection.positionId, selection.cycleId)
             + states;
     const geometry::Box3 box = geometry::boxOf(selection.border);
-    return fill(QStringLiteral("select element_name,x,y,z,h,meas from ts_elements left join  ts_meas using "
-                               "(element_id) where cycle_id = %1 and x between %2 and %3 and y between %4 and %5"),
-                {QString::number(selection.cycleId), fixed(box.minimum.x, 2), fixed(box.maximum.x, 2),
-                 fixed(box.minimum.y, 2), fixed(box.maximum.y, 2)})
+    return compose("select element_name,x,y,z,h,meas from ts_elements left join  ts_meas using "
+                   "(element_id) where cycle_id = %1 and x between %2 and %3 and y between %4 and %5",
+                   selection.cycleId, Numeral(box.minimum.x, 2), Numeral(box.maximum.x, 2), Numeral(box.minimum.y, 2),
+                   Numeral(box.maximum.y, 2))
         + states;
 }
 
@@ -56,14 +56,14 @@ bool valueOf(const TemperatureLog& byDepth, const TemperatureLog& byElevation, c
 
 } // namespace
 
-QString stateCondition(const QStringList& states)
+Statement stateCondition(const QStringList& states)
 {
     if (states.isEmpty())
-        return QString();
-    QStringList conditions;
+        return {};
+    QVector<Statement> conditions;
     for (const QString& state : states)
-        conditions << fill(QStringLiteral(" state_id='%1' "), state);
-    return fill(QStringLiteral(" and (%1) "), conditions.join(QStringLiteral(" or ")));
+        conditions << compose(" state_id='%1' ", state);
+    return compose(" and (%1) ", joined(conditions, " or "));
 }
 
 QString valueLabel(double value) { return (value > 0.0 ? QStringLiteral("+") : QString()) + fixed(value, 2); }

@@ -2,6 +2,7 @@
 // one number.
 #pragma once
 
+#include "base/statement.h"
 #include "elements/measures/temperature_log.h"
 #include "geometry/point3.h"
 
@@ -65,7 +66,7 @@ private:
 };
 
 // " and (...) " with the chosen states, or nothing for none.
-QString stateCondition(const QStringList& states);
+Statement stateCondition(const QStringList& states);
 
 // The label of a value: two decimals, a plus sign before values above 0.
 QString valueLabel(double value);

@@ -89,7 +89,7 @@ void SQLForm::refresh()
 
 void SQLForm::refreshProjection()
 {
-    const sql::Result row = session().run(QStringLiteral("select proj4text from spatial_ref_sys where srid = 9999"));
+    const sql::Result row = session().run("select proj4text from spatial_ref_sys where srid = 9999");
     if (row.ntuples() == 0)
         return;
     session().proj4Text = row.getvalue(0, 0);

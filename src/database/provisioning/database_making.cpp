@@ -1,6 +1,7 @@
 #include "database/provisioning/database_making.h"
 
 #include "base/placeholders.h"
+#include "base/statement.h"
 #include "database/provisioning/server_test.h"
 #include "database/sql/connection.h"
 
@@ -11,8 +12,8 @@ std::optional<QString> createDatabase(const ConnectionParameters& parameters)
     const sql::Connection server(maintenanceConnInfo(parameters));
     if (!server.isOk())
         return sql::decodeServerMessage(server.rawErrorMessage());
-    const sql::Result created = server.run(fill(QStringLiteral("CREATE DATABASE %1 WITH OWNER = %2 ENCODING = 'UTF8';"),
-                                                parameters.database, parameters.user));
+    const sql::Result created = server.run(compose("CREATE DATABASE %1 WITH OWNER = %2 ENCODING = 'UTF8';",
+                                                   Identifier(parameters.database), Identifier(parameters.user)));
     if (!created.isCommand())
         return sql::decodeServerMessage(created.rawErrorMessage());
     return std::nullopt;

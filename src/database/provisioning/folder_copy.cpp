@@ -1,7 +1,8 @@
 #include "database/provisioning/folder_copy.h"
 
+#include "files/written_file.h"
+
 #include <QDir>
-#include <QFile>
 
 namespace {
 
@@ -17,7 +18,7 @@ bool copyContents(const QDir& from, const QDir& to)
     for (const QString& folder : from.entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden))
         ok = to.mkpath(folder) && copyContents(from.filePath(folder), to.filePath(folder)) && ok;
     for (const QString& file : from.entryList(QDir::Files | QDir::Hidden))
-        ok = QFile::copy(from.filePath(file), to.filePath(file)) && ok;
+        ok = (!to.exists(file) && copyFile(from.filePath(file), to.filePath(file))) && ok;
     return ok;
 }
 

@@ -3,6 +3,7 @@
 #include "database/provisioning/database_making.h"
 #include "database/provisioning/folder_copy.h"
 #include "session/project_file.h"
+#include "files/written_file.h"
 #include "session/project_session.h"
 
 #include <QDir>
@@ -128,15 +129,16 @@ bool ProjectCreation::makeFolder(const QString& label, const QString& folder, QS
 bool ProjectCreation::makeWorkDir()
 {
     const QString& folder = project_.workDir;
-    return makeFolder(QStringLiteral("Рабочая папка проекта: "), folder, session_.workDir,
-                      [&folder] { return QDir().mkdir(folder); });
+    return makeFolder(QStringLiteral("Рабочая папка проекта: "), folder, session_.workDir, [&folder] {
+        return QFileInfo(QFileInfo(folder).absolutePath()).isDir() && makePrivateFolder(folder);
+    });
 }
 
 bool ProjectCreation::makeTempDir()
 {
     const QString& folder = project_.tempDir;
     return makeFolder(QStringLiteral("Папка временных файлов: "), folder, session_.tempDir,
-                      [&folder] { return QDir().mkpath(folder); });
+                      [&folder] { return makePrivateFolder(folder); });
 }
 
 bool ProjectCreation::makeTemplateDir()
@@ -144,7 +146,7 @@ bool ProjectCreation::makeTemplateDir()
     const QString samples = session_.moduleDir + QStringLiteral("templates");
     const QString& folder = project_.templateDir;
     return makeFolder(QStringLiteral("Папка шаблонов: "), folder, session_.templateDir, [this, &samples, &folder] {
-        if (!QDir().mkpath(folder))
+        if (!makePrivateFolder(folder))
             return false;
         if (!project_.copyTemplates)
             return true;
@@ -201,8 +203,10 @@ bool ProjectCreation::writeProject()
 bool ProjectCreation::writeFile()
 {
     log_(QStringLiteral("Запись файла проекта\n "));
-    session_.saveProject();
-    return true;
+    const bool written = session_.saveProject();
+    if (!written)
+        log_(QStringLiteral("Ошибка !\n"));
+    return written;
 }
 
 bool ProjectCreation::openProject()

@@ -1,6 +1,7 @@
 #include "database/provisioning/server_test.h"
 
 #include "base/placeholders.h"
+#include "base/statement.h"
 #include "database/sql/connection.h"
 
 const char* const databaseNamePattern = "^[a-z_][a-z0-9_]{0,62}$";
@@ -21,11 +22,11 @@ namespace {
 
 bool isSuperuser(const sql::Connection& server)
 {
-    return server.run(QStringLiteral("SELECT usesuper FROM pg_user WHERE usename = current_user;")).getvalue(0, 0)
+    return server.run("SELECT usesuper FROM pg_user WHERE usename = current_user;").getvalue(0, 0)
         == QLatin1String("t");
 }
 
-bool hasRows(const sql::Connection& server, const QString& query) { return server.run(query).ntuples() > 0; }
+bool hasRows(const sql::Connection& server, const Statement& query) { return server.run(query).ntuples() > 0; }
 
 } // namespace
 
@@ -45,13 +46,12 @@ bool testServer(const ConnectionParameters& parameters, const Log& log)
                            "Для создания базы данных необходимы права суперпользователя.\n"));
         return false;
     }
-    if (!hasRows(server, QStringLiteral("SELECT 1 FROM pg_available_extensions WHERE name = 'postgis';"))) {
+    if (!hasRows(server, "SELECT 1 FROM pg_available_extensions WHERE name = 'postgis';")) {
         log(QStringLiteral("Расширение PostGIS не установлено на сервере.\n"
                            "Установите PostGIS перед созданием проекта.\n"));
         return false;
     }
-    if (hasRows(server,
-                fill(QStringLiteral("select datname from pg_database where datname='%1'"), parameters.database))) {
+    if (hasRows(server, compose("select datname from pg_database where datname='%1'", parameters.database))) {
         log(QStringLiteral("База данных уже существует. \n"));
         return false;
     }

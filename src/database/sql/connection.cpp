@@ -1,5 +1,8 @@
 #include "database/sql/connection.h"
 
+#include "database/sql/busy.h"
+#include "database/sql/statement_wait.h"
+
 #include <QTextCodec>
 #include <libpq-fe.h>
 #include <vector>
@@ -18,6 +21,26 @@ void useUtf8(pg_conn* connection)
     const char* encoding = PQparameterStatus(connection, "client_encoding");
     if (!encoding || qstrcmp(encoding, "UTF8") != 0)
         PQsetClientEncoding(connection, "UTF8");
+}
+
+// A backslash in a text is a backslash, also where a server was set otherwise.
+void useStandardTexts(pg_conn* connection)
+{
+    const char* standard = PQparameterStatus(connection, "standard_conforming_strings");
+    if (!standard || qstrcmp(standard, "on") != 0)
+        PQclear(PQexec(connection, "SET standard_conforming_strings = on"));
+}
+
+// A link that died is noticed within half a minute. The string stays what the
+// caller made it.
+pg_conn* connectWithKeepalives(const QByteArray& conninfo)
+{
+    if (!conninfo.contains('='))
+        return PQconnectdb(conninfo.constData());
+    const char* const keys[] = {"dbname",           "keepalives_idle",  "keepalives_interval",
+                                "keepalives_count", "tcp_user_timeout", nullptr};
+    const char* const values[] = {conninfo.constData(), "10", "5", "3", "30000", nullptr};
+    return PQconnectdbParams(keys, values, 1);
 }
 
 QString takeEscaped(char* escaped)
@@ -43,18 +66,28 @@ Connection::Connection(const QString& conninfo) { open(conninfo); }
 
 bool Connection::open(const QString& conninfo)
 {
+    if (isStatementUnderWay())
+        return false;
+    refusal_.clear();
+    if (qEnvironmentVariableIsEmpty("PGCONNECT_TIMEOUT"))
+        qputenv("PGCONNECT_TIMEOUT", "10");
     const QString wanted = conninfo; // may be a reference to our own
-    connection_.reset(PQconnectdb(wanted.toUtf8().constData()));
+    connection_.reset(connectWithKeepalives(wanted.toUtf8()));
     if (!isOk())
         return false;
     conninfo_ = wanted;
     PQsetNoticeProcessor(connection_.get(), swallowNotice, nullptr);
     useUtf8(connection_.get());
+    useStandardTexts(connection_.get());
+    // A large value on a stalled link would hold the program while it is sent.
+    PQsetnonblocking(connection_.get(), 1);
     return isOk();
 }
 
 void Connection::finish()
 {
+    if (isStatementUnderWay())
+        return;
     connection_.reset();
     conninfo_.clear();
 }
@@ -63,14 +96,49 @@ bool Connection::isOpen() const { return bool(connection_); }
 
 bool Connection::isOk() const { return connection_ && PQstatus(connection_.get()) == CONNECTION_OK; }
 
-QByteArray Connection::rawErrorMessage() const { return QByteArray(PQerrorMessage(connection_.get())); }
+QByteArray Connection::rawErrorMessage() const
+{
+    return refusal_.isEmpty() ? QByteArray(PQerrorMessage(connection_.get())) : refusal_.toUtf8();
+}
 
 QString Connection::errorMessage() const { return QString::fromUtf8(rawErrorMessage()); }
 
-Result Connection::run(const QString& statement) const { return run(statement, {}); }
-
-Result Connection::run(const QString& statement, const QVector<Parameter>& parameters, Format answer) const
+Result Connection::refuse(const QString& why) const
 {
+    refusal_ = why;
+    return Result::refused(why);
+}
+
+template <class Send>
+Result Connection::runSent(Send send) const
+{
+    if (isStatementUnderWay())
+        return refuse(QStringLiteral("Запрос не отправлен: предыдущий ещё выполняется"));
+    refusal_.clear();
+    if (!connection_)
+        return Result();
+    Result result;
+    bool lost = false;
+    {
+        StatementWait wait(connection_.get());
+        if (!wait.clearTheWay() || !send(connection_.get()))
+            return Result();
+        result = wait.finish();
+        lost = wait.isLost();
+    }
+    refusal_.clear(); // of what was tried meanwhile
+    if (!lost)
+        return result;
+    connection_.reset();
+    return refuse(QStringLiteral("Запрос прерван: сервер не отвечает"));
+}
+
+Result Connection::run(const Statement& statement) const { return run(statement, {}); }
+
+Result Connection::run(const Statement& statement, const QVector<Parameter>& parameters, Format answer) const
+{
+    if (!statement.refusal().isEmpty())
+        return refuse(statement.refusal());
     const auto count = size_t(parameters.size());
     std::vector<const char*> values(count);
     std::vector<int> lengths(count);
@@ -81,15 +149,19 @@ Result Connection::run(const QString& statement, const QVector<Parameter>& param
         lengths[i] = parameter.value.size();
         formats[i] = parameter.binary ? 1 : 0;
     }
-    return Result(PQexecParams(connection_.get(), statement.toUtf8().constData(), int(count), nullptr, values.data(),
-                               lengths.data(), formats.data(), int(answer)));
+    const QByteArray text = statement.text().toUtf8();
+    return runSent([&](pg_conn* connection) {
+        return PQsendQueryParams(connection, text.constData(), int(count), nullptr, values.data(), lengths.data(),
+                                 formats.data(), int(answer))
+            == 1;
+    });
 }
 
 Result Connection::runScript(const QString& script) const { return runScriptBytes(script.toUtf8()); }
 
 Result Connection::runScriptBytes(const QByteArray& script) const
 {
-    return Result(PQexec(connection_.get(), script.constData()));
+    return runSent([&script](pg_conn* connection) { return PQsendQuery(connection, script.constData()) == 1; });
 }
 
 QString Connection::escapeIdentifier(const QString& name) const
@@ -105,6 +177,10 @@ QString Connection::escapeLiteral(const QString& value) const
     return takeEscaped(connection_ ? PQescapeLiteral(connection_.get(), bytes.constData(), size_t(bytes.size()))
                                    : nullptr);
 }
+
+Statement Connection::identifier(const QString& name) const { return Statement::whole(escapeIdentifier(name)); }
+
+Statement Connection::literal(const QString& value) const { return Statement::whole(escapeLiteral(value)); }
 
 QString decodeServerMessage(const QByteArray& bytes)
 {

@@ -1,7 +1,8 @@
 #pragma once
 // The connection to the project's server. It is used from the host's main
-// thread only and blocks it until the server has answered.
+// thread only, and whoever asks waits until the server has answered: see busy.h.
 
+#include "base/statement.h"
 #include "database/sql/result.h"
 
 #include <QString>
@@ -31,6 +32,7 @@ public:
     Connection() = default;
     explicit Connection(const QString& conninfo);
 
+    /// Gives up after 10 seconds, unless the string says otherwise.
     /// Connects and keeps the new handle, also one that failed: its message can
     /// still be asked. The handle before it is finished. Returns isOk().
     bool open(const QString& conninfo);
@@ -48,9 +50,11 @@ public:
 
     /// Runs exactly one statement; the server refuses a text that holds two.
     /// Without a handle the result is null.
-    Result run(const QString& statement) const;
+    /// A statement that is refused (see Statement) is not sent, nor is one that
+    /// comes while another is under way: the result is a failed one.
+    Result run(const Statement& statement) const;
     /// The same with values for $1, $2, ... and the form of the answer.
-    Result run(const QString& statement, const QVector<Parameter>& parameters, Format answer = Format::Text) const;
+    Result run(const Statement& statement, const QVector<Parameter>& parameters, Format answer = Format::Text) const;
     /// Runs a text of any number of statements, in one transaction unless the
     /// text says otherwise; the answer is the last statement's.
     Result runScript(const QString& script) const;
@@ -62,12 +66,20 @@ public:
     /// is lost or the text is no valid UTF-8.
     QString escapeIdentifier(const QString& name) const;
     QString escapeLiteral(const QString& value) const;
+    /// The same as pieces of a statement.
+    Statement identifier(const QString& name) const;
+    Statement literal(const QString& value) const;
 
 private:
+    Result refuse(const QString& why) const;
+    template <class Send>
+    Result runSent(Send send) const;
+
     struct Finish {
         void operator()(pg_conn* connection) const;
     };
-    std::unique_ptr<pg_conn, Finish> connection_;
+    mutable std::unique_ptr<pg_conn, Finish> connection_;
+    mutable QString refusal_; ///< why the last statement was not sent or not waited for
     QString conninfo_;
 };
 

@@ -17,6 +17,13 @@ void Result::Clear::operator()(pg_result* result) const { PQclear(result); }
 
 Result::Result(pg_result* result) : result_(result) { }
 
+Result Result::refused(const QString& message)
+{
+    Result result(PQmakeEmptyPGresult(nullptr, PGRES_FATAL_ERROR));
+    result.refusal_ = message.toUtf8();
+    return result;
+}
+
 Status Result::status() const { return static_cast<Status>(PQresultStatus(result_.get())); }
 
 bool Result::isTuples() const { return status() == Status::TuplesOk; }
@@ -98,6 +105,9 @@ QString Result::sqlState() const
     return QString::fromLatin1(result_ ? PQresultErrorField(result_.get(), PG_DIAG_SQLSTATE) : nullptr);
 }
 
-QByteArray Result::rawErrorMessage() const { return QByteArray(PQresultErrorMessage(result_.get())); }
+QByteArray Result::rawErrorMessage() const
+{
+    return refusal_.isEmpty() ? QByteArray(PQresultErrorMessage(result_.get())) : refusal_;
+}
 
 } // namespace sql

@@ -32,6 +32,8 @@ class Result {
 public:
     Result() = default;
     explicit Result(pg_result* result); ///< takes ownership; may be null
+    /// The failed result of a statement that no server has seen.
+    static Result refused(const QString& message);
 
     /// FatalError on a null result. What libpq adds beyond the list above is
     /// told by its number and is neither tuples nor a command.
@@ -74,6 +76,7 @@ private:
     bool holds(int row, int column) const;
 
     std::unique_ptr<pg_result, Clear> result_;
+    QByteArray refusal_;
 };
 
 } // namespace sql

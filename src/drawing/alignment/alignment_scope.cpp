@@ -1,6 +1,7 @@
 #include "drawing/alignment/alignment_scope.h"
 
 #include "base/placeholders.h"
+#include "base/statement.h"
 #include "hostkit/console.h"
 #include "session/project_session.h"
 
@@ -30,8 +31,8 @@ std::optional<AlignmentScope> AlignmentScope::ofCurrentPosition()
     AlignmentScope scope;
     scope.everything_ = false;
     for (const FamilyKey key : alignedFamilies) {
-        const sql::Result rows = session().run(
-            fill("select element_id from %1 where position_id=%2", family(key).elements, session().currentPositionId));
+        const sql::Result rows = session().run(compose("select element_id from %1 where position_id=%2",
+                                                       Identifier(family(key).elements), session().currentPositionId));
         if (!rows.isTuples())
             return {};
         QSet<int>& ids = scope.ids_[key];

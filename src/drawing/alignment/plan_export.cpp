@@ -1,6 +1,7 @@
 #include "drawing/alignment/plan_export.h"
 
 #include "base/placeholders.h"
+#include "base/statement.h"
 #include "base/text.h"
 #include "hostkit/console.h"
 #include "hostkit/model_space.h"
@@ -16,7 +17,7 @@ QString serverMessage(const sql::Result& result)
 }
 
 // False, with the message, when the server refused.
-bool runOrSay(const QString& statement, const QString& message)
+bool runOrSay(const Statement& statement, const QString& message)
 {
     const sql::Result result = session().run(statement);
     if (result.isCommand())
@@ -38,13 +39,13 @@ bool prepareTable(const std::function<bool()>& askToClear)
 
 } // namespace
 
-QString lineStatement(const geometry::PointList& points)
+Statement lineStatement(const geometry::PointList& points)
 {
     QStringList texts;
     for (const geometry::Point3& p : points)
         texts.append(fixed(p.x, 6) + QLatin1Char(' ') + fixed(p.y, 6));
-    return QStringLiteral("INSERT INTO geometries (geom) VALUES (ST_GeomFromText('LINESTRING(")
-        + texts.join(QStringLiteral(", ")) + QStringLiteral(")', 9999));");
+    return compose("INSERT INTO geometries (geom) VALUES (ST_GeomFromText('LINESTRING(%1)', 9999));",
+                   texts.join(QStringLiteral(", ")));
 }
 
 void exportPlan(const std::optional<QString>& layer, const std::function<bool()>& askToClear)

@@ -1,12 +1,13 @@
 // TERVA_DWG_TO_PG: the plan as geometry for maps.
 #pragma once
 
+#include "base/statement.h"
 #include "drawing/alignment/plan_lines.h"
 
 #include <functional>
 
 /// The statement that stores one chain: coordinates with 6 decimals, SRID 9999.
-QString lineStatement(const geometry::PointList& points);
+Statement lineStatement(const geometry::PointList& points);
 
 /// Fills the table `geometries`, made on demand, with the lines of one layer, or
 /// of all without one. `askToClear` says whether what it holds is to go first.

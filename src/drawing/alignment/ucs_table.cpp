@@ -1,6 +1,6 @@
 #include "drawing/alignment/ucs_table.h"
 
-#include "base/placeholders.h"
+#include "base/statement.h"
 #include "session/project_session.h"
 
 QVector<StoredUcs> storedUcs()
@@ -15,7 +15,7 @@ QVector<StoredUcs> storedUcs()
 std::optional<int> insertUcs(const UcsRecord& ucs, QString& refusal)
 {
     const sql::Result row = session().run(
-        fill("insert into ucs_data (ucs_name, ucs_data) values ('%1','%2') returning ucs_id", ucs.name, ucs.text()));
+        compose("insert into ucs_data (ucs_name, ucs_data) values ('%1','%2') returning ucs_id", ucs.name, ucs.text()));
     if (!row.hasRow()) {
         refusal = row.errorMessage();
         return {};
@@ -26,8 +26,8 @@ std::optional<int> insertUcs(const UcsRecord& ucs, QString& refusal)
 bool updateUcs(int id, const UcsRecord& ucs)
 {
     return session()
-        .run(fill("update ucs_data set (ucs_name,ucs_data)=('%1','%2') where ucs_id=%3", ucs.name, ucs.text(), id))
+        .run(compose("update ucs_data set (ucs_name,ucs_data)=('%1','%2') where ucs_id=%3", ucs.name, ucs.text(), id))
         .isCommand();
 }
 
-bool deleteUcs(int id) { return session().run(fill("delete from ucs_data where ucs_id=%1", id)).isCommand(); }
+bool deleteUcs(int id) { return session().run(compose("delete from ucs_data where ucs_id=%1", id)).isCommand(); }

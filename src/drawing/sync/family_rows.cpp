@@ -1,13 +1,14 @@
 #include "drawing/sync/family_rows.h"
 
 #include "base/placeholders.h"
+#include "base/statement.h"
 #include "hostkit/console.h"
 #include "session/project_session.h"
 
 namespace {
 
 // A key that comes twice is told and ends the reading of the list there.
-bool loadIds(std::set<int>& ids, const QString& statement)
+bool loadIds(std::set<int>& ids, const Statement& statement)
 {
     const sql::Result rows = session().run(statement);
     if (!rows.isTuples())
@@ -24,8 +25,8 @@ bool loadIds(std::set<int>& ids, const QString& statement)
 
 bool loadFamily(FamilyRows& rows, const Family& family, int positionId)
 {
-    const QString all = "SELECT element_id, element_name FROM " + family.elements;
-    return loadIds(rows.positionIds, fill(all + " WHERE position_id=%1", positionId)) && loadIds(rows.allIds, all);
+    const Statement all = compose("SELECT element_id, element_name FROM %1", Identifier(family.elements));
+    return loadIds(rows.positionIds, all + compose(" WHERE position_id=%1", positionId)) && loadIds(rows.allIds, all);
 }
 
 } // namespace

@@ -1,38 +1,32 @@
 #include "drawing/sync/missing_rows.h"
 
 #include "base/placeholders.h"
+#include "base/statement.h"
 #include "drawing/sync/audit_texts.h"
 #include "hostkit/console.h"
 #include "session/project_session.h"
 
 namespace {
 
-QString listOf(const std::set<int>& ids)
-{
-    QStringList keys;
-    for (const int id : ids)
-        keys.append(QString::number(id));
-    return keys.join(QLatin1Char(','));
-}
-
 void deleteRows(const Family& family, const std::set<int>& ids)
 {
-    session().run("DELETE FROM " + family.elements + " WHERE element_id in (" + listOf(ids) + ")");
+    session().run(compose("DELETE FROM %1 WHERE element_id in (%2)", Identifier(family.elements), IdList(ids)));
 }
 
 // How many rows of the table hang on each element; a family without the table has none.
-QString countIn(const QString& table)
+Statement countIn(const QString& table)
 {
-    return table.isEmpty() ? QStringLiteral("0")
-                           : fill("(select count(*) from %1 where %1.element_id = e.element_id)", table);
+    return table.isEmpty()
+        ? Statement("0")
+        : compose("(select count(*) from %1 where %1.element_id = e.element_id)", Identifier(table));
 }
 
 enum Column { IdColumn, NameColumn, MeasuresColumn, FilesColumn };
 
-QString doomedStatement(const Family& family, const std::set<int>& ids)
+Statement doomedStatement(const Family& family, const std::set<int>& ids)
 {
-    return "select element_id, element_name, " + countIn(family.measures) + ", " + countIn(family.files) + " from "
-        + family.elements + " e where element_id in (" + listOf(ids) + ") order by element_id";
+    return compose("select element_id, element_name, %1, %2 from %3 e where element_id in (%4) order by element_id",
+                   countIn(family.measures), countIn(family.files), Identifier(family.elements), IdList(ids));
 }
 
 // What goes with each row. False when it cannot be told: nothing is offered then.

@@ -1,12 +1,12 @@
 #include "drawing/sync/row_statement.h"
 
-#include "base/placeholders.h"
+#include "base/statement.h"
 
 namespace {
 
 struct LevelJoin {
-    QString join;
-    QString condition;
+    const char* join;
+    const char* condition;
 };
 
 // From the position upwards; a level joins what stands before it.
@@ -21,27 +21,27 @@ const std::array<LevelJoin, 4>& levelJoins()
     return joins;
 }
 
-QString selection(const Family& family, SyncLevel level)
+Statement selection(const Family& family, SyncLevel level)
 {
     if (family.hasDepth)
-        return fill("select element_id, type_id, element_name, state_id, position_id, x, y,z, h,e,block_rotation,"
+        return compose("select element_id, type_id, element_name, state_id, position_id, x, y,z, h,e,block_rotation,"
                     "marker_rotation,scale, props from %1 ",
-                    family.elements)
-            + fill("join %1 using (element_id) ", family.dynprops);
-    const QString end = level <= SyncLevel::Object ? QStringLiteral(" ") : QString();
-    return fill("select element_id, type_id, element_name, state_id, position_id, x, y,z, h,block_rotation,"
+                    Identifier(family.elements))
+            + compose("join %1 using (element_id) ", Identifier(family.dynprops));
+    const Statement end = level <= SyncLevel::Object ? " " : "";
+    return compose("select element_id, type_id, element_name, state_id, position_id, x, y,z, h,block_rotation,"
                 "marker_rotation,scale, props from %1 ",
-                family.elements)
-        + end + fill("left join %1 using (element_id) ", family.dynprops);
+                Identifier(family.elements))
+        + end + compose("left join %1 using (element_id) ", Identifier(family.dynprops));
 }
 
 } // namespace
 
-QString rowStatement(const Family& family, int id, SyncLevel level)
+Statement rowStatement(const Family& family, int id, SyncLevel level)
 {
-    QString statement = selection(family, level);
+    Statement statement = selection(family, level);
     const size_t steps = size_t(SyncLevel::Position) - size_t(level);
     for (size_t step = 0; step <= steps; ++step)
         statement += levelJoins()[step].join;
-    return statement + levelJoins()[steps].condition + QString::number(id);
+    return statement + levelJoins()[steps].condition + compose("%1", id);
 }

@@ -1,6 +1,7 @@
 // The statement that reads the rows of a family below a node of the project.
 #pragma once
 
+#include "base/statement.h"
 #include "drawing/sync/database_to_drawing.h"
 #include "elements/families/families.h"
 
@@ -11,4 +12,4 @@ enum { Id, Type, Name, State, Position, X, Y, Z, Height, BlockRotation, MarkerRo
 constexpr int Depth = BlockRotation;
 } // namespace SyncColumn
 
-QString rowStatement(const Family& family, int id, SyncLevel level);
+Statement rowStatement(const Family& family, int id, SyncLevel level);

@@ -2,6 +2,7 @@
 
 #include "base/dates.h"
 #include "base/placeholders.h"
+#include "base/statement.h"
 #include "base/text.h"
 #include "base/written_date.h"
 #include "elements/measures/name_match.h"
@@ -78,8 +79,9 @@ int BaseMeasure::setDate(const QDateTime& shown)
     }
     date = dateTime;
     const sql::Result row =
-        session().run("select cycle_id from cycles where to_date('" + dateText(day, QStringLiteral("yyyy.MM.dd"))
-                      + "', 'yyyy.mm.dd') between date_start and date_end");
+        session().run(compose("select cycle_id from cycles where to_date('%1', 'yyyy.mm.dd') between date_start and "
+                              "date_end",
+                              dateText(day, QStringLiteral("yyyy.MM.dd"))));
     return takeCycle(row.isTuples() ? idAt(row, 0) : -1, dateTime);
 }
 
@@ -137,7 +139,7 @@ int BaseMeasure::setPerformerId(int id)
 
 int BaseMeasure::load(int id)
 {
-    const sql::Result row = session().run(fill(family_->select, id));
+    const sql::Result row = session().run(compose(family_->select, id));
     if (!row.hasRow())
         return measureNotFound;
     measureId = id;
@@ -169,51 +171,52 @@ void BaseMeasure::readValues(const sql::Result& row, int column)
         values[size_t(i)] = numberAt(row, column + i);
 }
 
-QStringList BaseMeasure::valueTexts() const
+QVector<Statement> BaseMeasure::valueTexts() const
 {
-    QStringList texts;
+    QVector<Statement> texts;
     for (int i = 0; i < family_->columns.size(); ++i) {
         const double value = values[size_t(i)];
         const bool missingSecond = i > 0 && !std::isfinite(value);
-        texts.append(missingSecond ? QStringLiteral("NULL") : fixed(value, family_->columns[i].decimals));
+        texts.append(missingSecond ? Statement("NULL") : compose("%1", Numeral(value, family_->columns[i].decimals)));
     }
     return texts;
 }
 
-QString BaseMeasure::valueList() const
+Statement BaseMeasure::valueList() const
 {
-    QStringList texts = {QString::number(elementId), QString::number(cycleId), QString::number(deviceId),
-                         QLatin1Char('\'') + dateText(date, dateFormat()) + QLatin1Char('\'')};
-    texts += valueTexts();
-    texts += QString::number(performerId);
-    return texts.join(QLatin1Char(','));
+    return compose("%1,%2,%3,'%4',%5,%6", elementId, cycleId, deviceId, dateText(date, dateFormat()),
+                   joined(valueTexts(), ","), performerId);
 }
 
-QString BaseMeasure::columnList() const
+Statement BaseMeasure::columnList() const
 {
-    return "element_id,cycle_id,device_id,date," + family_->columnList() + ",performer_id";
+    QVector<Statement> names;
+    for (const MeasureColumn& column : family_->columns)
+        names.append(compose("%1", Identifier(column.name)));
+    return compose("element_id,cycle_id,device_id,date,%1,performer_id", joined(names, ","));
 }
 
-QString BaseMeasure::insertSql()
+Statement BaseMeasure::insertSql()
 {
     if (!isComplete())
         return {};
-    return "INSERT INTO " + family_->measureTable + " (" + columnList() + ") VALUES (" + valueList() + ") RETURNING "
-        + family_->idColumn;
+    return compose("INSERT INTO %1 (%2) VALUES (%3) RETURNING %4", Identifier(family_->measureTable), columnList(),
+                   valueList(), Identifier(family_->idColumn));
 }
 
-QString BaseMeasure::updateSql(int id)
+Statement BaseMeasure::updateSql(int id)
 {
     if (!isComplete())
         return {};
-    return "UPDATE " + family_->measureTable + " SET (" + columnList() + ") = (" + valueList() + ") WHERE "
-        + family_->idColumn + "=" + QString::number(id);
+    return compose("UPDATE %1 SET (%2) = (%3) WHERE %4=%5", Identifier(family_->measureTable), columnList(),
+                   valueList(), Identifier(family_->idColumn), id);
 }
 
 int BaseMeasure::findMeasureId()
 {
-    const sql::Result row = session().run(fill("SELECT %3 FROM %4 WHERE element_id =%1 AND cycle_id = %2", elementId,
-                                               cycleId, family_->idColumn, family_->measureTable));
+    const sql::Result row =
+        session().run(compose("SELECT %3 FROM %4 WHERE element_id =%1 AND cycle_id = %2", elementId, cycleId,
+                              Identifier(family_->idColumn), Identifier(family_->measureTable)));
     const int id = row.isTuples() ? idAt(row, 0) : -1;
     exists = id > 0;
     return exists ? id : -1;

@@ -3,6 +3,7 @@
 // date) to the ids of the database. Fields are open to the import dialogs.
 #pragma once
 
+#include "base/statement.h"
 #include "elements/measures/measure_family.h"
 #include "elements/measures/measure_lists.h"
 
@@ -69,10 +70,10 @@ public:
     /// Fills the record from the row. measureNotFound when there is none.
     virtual int load(int id);
     /// The statements that write the record; empty for an incomplete one. Both
-    /// set `complete`. A missing first value is written as it stands, which the
-    /// server refuses: such a record is not fit to be stored.
-    virtual QString insertSql();
-    virtual QString updateSql(int id);
+    /// set `complete`. A missing first value makes a refused statement: such a
+    /// record is not fit to be stored.
+    virtual Statement insertSql();
+    virtual Statement updateSql(int id);
     /// The id of the stored measure of this element and cycle, -1 when there is
     /// none; sets `exists`.
     int findMeasureId();
@@ -86,7 +87,7 @@ public:
 
 protected:
     /// Texts of the value columns for a statement.
-    virtual QStringList valueTexts() const;
+    virtual QVector<Statement> valueTexts() const;
     /// Reads the value columns from the first row, starting at `column`.
     virtual void readValues(const sql::Result& row, int column);
     /// A number of the first row; noValue when it is absent.
@@ -94,8 +95,8 @@ protected:
 
 private:
     int takeCycle(int id, const QDateTime& dateTime);
-    QString valueList() const;
-    QString columnList() const;
+    Statement valueList() const;
+    Statement columnList() const;
 
     const MeasureFamily* family_;
 };

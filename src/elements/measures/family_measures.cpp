@@ -1,6 +1,5 @@
 #include "elements/measures/family_measures.h"
 
-#include "base/text.h"
 #include "database/sql/result.h"
 
 DMMeasure::DMMeasure(const MeasureLists& lists) : BaseMeasure(*measureFamily(FamilyKey::Dm), lists) { }
@@ -17,10 +16,9 @@ TSMeasure::TSMeasure(const MeasureLists& lists) : BaseMeasure(*measureFamily(Fam
 
 int TSMeasure::load(int id) { return id == -1 ? int(measureNotFound) : BaseMeasure::load(id); }
 
-QStringList TSMeasure::valueTexts() const
+QVector<Statement> TSMeasure::valueTexts() const
 {
-    return {fixed(values[0], family().columns[0].decimals),
-            QLatin1Char('\'') + profileText(profile) + QLatin1Char('\'')};
+    return {compose("%1", Numeral(values[0], family().columns[0].decimals)), compose("'%1'", profileText(profile))};
 }
 
 void TSMeasure::readValues(const sql::Result& row, int column)

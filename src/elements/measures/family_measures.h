@@ -69,7 +69,7 @@ public:
     int load(int id) override;
 
 protected:
-    QStringList valueTexts() const override;
+    QVector<Statement> valueTexts() const override;
     void readValues(const sql::Result& row, int column) override;
 };
 Q_DECLARE_METATYPE(TSMeasure*)

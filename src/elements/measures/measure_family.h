@@ -24,7 +24,7 @@ struct MeasureFamily {
     QString idColumn;
     QString elementTable;
     QVector<MeasureColumn> columns;
-    QString select;     ///< %1: the measure's id
+    const char* select; ///< %1: the measure's id
     QString editTitle;  ///< window title of the edit dialog
     QString cycleTaken; ///< warning of the edit dialog: the cycle holds a measure already
     QString listName;   ///< in the management form's combo

@@ -1,7 +1,7 @@
 #include "elements/measures/measure_lists.h"
 
 #include "base/dates.h"
-#include "base/placeholders.h"
+#include "base/statement.h"
 #include "hostkit/console.h"
 #include "session/project_session.h"
 
@@ -12,7 +12,7 @@ namespace {
 const QString separator = QStringLiteral(" | ");
 
 // Runs the query of a list; false when there is nothing to read.
-bool query(const QString& statement, sql::Result& rows)
+bool query(const Statement& statement, sql::Result& rows)
 {
     if (!session().checkConnection()) {
         say("\nНе установлено соединение с базой данных\n");
@@ -36,7 +36,7 @@ EntryList entriesOf(const sql::Result& rows, int lastText)
     return entries;
 }
 
-int loadEntries(const QString& statement, int lastText, EntryList& entries)
+int loadEntries(const Statement& statement, int lastText, EntryList& entries)
 {
     sql::Result rows;
     if (!query(statement, rows))
@@ -57,9 +57,10 @@ bool CycleRecord::holds(const QDate& date) const
 
 int loadElements(MeasureLists& lists, const QString& elementTable, int positionId, bool allBase)
 {
-    const QString statement = allBase
-        ? fill("select element_id, element_name from %1 order by element_name", elementTable)
-        : fill("select element_id, element_name from %1 where position_id = %2 ", elementTable, positionId);
+    const Identifier table(elementTable);
+    const Statement statement = allBase
+        ? compose("select element_id, element_name from %1 order by element_name", table)
+        : compose("select element_id, element_name from %1 where position_id = %2 ", table, positionId);
     return loadEntries(statement, 1, lists.elements);
 }
 

@@ -8,7 +8,7 @@ using namespace formkit;
 namespace {
 
 // The rows of the statement behind an entry that stands for none.
-void offer(QComboBox* combo, const QString& none, const QString& statement, int texts)
+void offer(QComboBox* combo, const QString& none, const Statement& statement, int texts)
 {
     setChoices(combo, Choices{{none, -1}} + choicesOf(session().run(statement), texts));
 }
@@ -45,11 +45,11 @@ void fillPositions(QComboBox* combo)
 
 QString positionLabel(int positionId)
 {
-    const sql::Result row = session().run("SELECT name,object,subobject,position FROM projects "
-                                          "LEFT JOIN objects USING (project_id) "
-                                          "LEFT JOIN subobjects USING (object_id) "
-                                          "LEFT JOIN positions USING (subobject_id) WHERE position_id="
-                                          + QString::number(positionId));
+    const sql::Result row = session().run(compose("SELECT name,object,subobject,position FROM projects "
+                                                  "LEFT JOIN objects USING (project_id) "
+                                                  "LEFT JOIN subobjects USING (object_id) "
+                                                  "LEFT JOIN positions USING (subobject_id) WHERE position_id=%1",
+                                                  positionId));
     if (!row.isTuples() || row.ntuples() == 0)
         return QStringLiteral("Не выбрана позиция проекта");
     return QStringList{row.getvalue(0, 0), row.getvalue(0, 1), row.getvalue(0, 2), row.getvalue(0, 3)}.join(

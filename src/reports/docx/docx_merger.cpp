@@ -1,12 +1,11 @@
 #include "reports/docx/docx_merger.h"
 
+#include "files/written_file.h"
 #include "reports/docx/body_appender.h"
 #include "reports/docx/part_copier.h"
 
 #include <QDebug>
-#include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 using docx::MergedDocument;
 using docx::PackageReader;
@@ -29,20 +28,6 @@ QString readFile(const QString& path, PackageReader* package, WordDocument* part
         return parts->fault;
     const bool hasBody = !parts->document.documentElement().firstChildElement(QStringLiteral("w:body")).isNull();
     return hasBody ? QString() : QStringLiteral("the document has no body");
-}
-
-bool copyFile(const QString& from, const QString& to)
-{
-    QFile source(from);
-    QSaveFile copy(to);
-    if (!source.open(QIODevice::ReadOnly) || !copy.open(QIODevice::WriteOnly))
-        return false;
-    while (!source.atEnd()) {
-        const QByteArray piece = source.read(1 << 20);
-        if (piece.isEmpty() || copy.write(piece) != piece.size())
-            return false;
-    }
-    return copy.commit();
 }
 
 /// Carries one relationship of a later file over; what is of no use to the body

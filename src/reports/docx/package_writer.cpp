@@ -54,18 +54,16 @@ PackageWriter::PackageWriter() = default;
 
 PackageWriter::~PackageWriter()
 {
-    if (file_) {
-        file_->cancelWriting();
+    if (file_)
         zip_->close();
-    }
 }
 
 bool PackageWriter::open(const QString& path)
 {
-    auto file = std::make_unique<QSaveFile>(path);
-    if (!file->open(QIODevice::WriteOnly))
+    auto file = std::make_unique<WrittenFile>(path);
+    if (!file->open())
         return false;
-    auto zip = std::make_unique<QuaZip>(file.get());
+    auto zip = std::make_unique<QuaZip>(file->device());
     zip->setAutoClose(false);
     zip->setFileNameCodec("UTF-8");
     zip->setDataDescriptorWritingEnabled(false); // some readers want sizes in front
@@ -113,10 +111,10 @@ bool PackageWriter::commit()
     const auto file = std::move(file_);
     zip_->close();
     const bool sound =
-        !failed_ && zip_->getZipError() == ZIP_OK && names_.size() <= mostEntries && file->pos() <= mostBytes;
+        !failed_ && zip_->getZipError() == ZIP_OK && names_.size() <= mostEntries && file->device()->pos() <= mostBytes;
     zip_.reset();
     if (!sound)
-        file->cancelWriting();
+        file->cancel();
     return file->commit();
 }
 

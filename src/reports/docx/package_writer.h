@@ -1,9 +1,9 @@
 #pragma once
 // A new docx file, written beside its place and moved over it.
 
+#include "files/written_file.h"
 #include "reports/docx/package_reader.h"
 
-#include <QSaveFile>
 #include <QSet>
 
 namespace docx {
@@ -35,7 +35,7 @@ private:
 
     bool fail();
 
-    std::unique_ptr<QSaveFile> file_;
+    std::unique_ptr<WrittenFile> file_;
     std::unique_ptr<QuaZip> zip_;
     QSet<QString> names_;
     bool failed_ = false;

@@ -84,8 +84,8 @@ TEST_F(Wells, AreFilteredByTheChosenStates)
 
 TEST(StateCondition, JoinsTheStatesByOr)
 {
-    EXPECT_EQ(stateCondition({}), QString());
-    EXPECT_EQ(stateCondition({QStringLiteral("a"), QStringLiteral("%1")}),
+    EXPECT_EQ(stateCondition({}).text(), QString());
+    EXPECT_EQ(stateCondition({QStringLiteral("a"), QStringLiteral("%1")}).text(),
               QStringLiteral(" and ( state_id='a'  or  state_id='%1' ) "));
 }
 

@@ -44,7 +44,7 @@ protected:
 
 TEST(LineStatement, IsOneLinestring)
 {
-    EXPECT_EQ(lineStatement({{1, 2, 3}, {0.1234567, -4, 0}}),
+    EXPECT_EQ(lineStatement({{1, 2, 3}, {0.1234567, -4, 0}}).text(),
               "INSERT INTO geometries (geom) VALUES (ST_GeomFromText('LINESTRING(1.000000 2.000000, "
               "0.123457 -4.000000)', 9999));");
 }
@@ -199,7 +199,7 @@ TEST_F(PlanExport, ATableThatCannotBeMadeOrClearedIsTold)
     const QString role = "reader_of_" + database->value("select current_database()");
     database->exec("create role " + role + "; grant usage, create on schema public to " + role
                    + "; grant select on projects to " + role);
-    ASSERT_TRUE(session().run("set role " + role).isCommand());
+    ASSERT_TRUE(session().run(compose("set role %1", Identifier(role))).isCommand());
     run("Все слои", "Да");
     EXPECT_TRUE(host.console.contains("\nОшибка при вставке данных: ERROR")) << host.console;
     EXPECT_FALSE(host.console.contains("geomFromDwg")) << "what could not be cleared is not filled once more";

@@ -155,7 +155,7 @@ TEST_P(DatabaseToDrawing, ReadsRowsOfEveryLevel)
     } scopes[] = {{SyncLevel::Position, 7, 1}, {SyncLevel::Subobject, 1, 2}, {SyncLevel::Subobject, 2, 1},
                   {SyncLevel::Object, 1, 3},   {SyncLevel::Project, 1, 3},   {SyncLevel::Project, 2, 0}};
     for (const auto& scope : scopes) {
-        EXPECT_EQ(database->rows(rowStatement(family(), scope.id, scope.level)).size(), scope.found)
+        EXPECT_EQ(database->rows(rowStatement(family(), scope.id, scope.level).text()).size(), scope.found)
             << int(scope.level) << " " << scope.id;
     }
     syncDatabaseToDrawing(1, SyncLevel::Project, mask());
@@ -219,11 +219,11 @@ TEST_F(RowsToDrawing, AreReadByTheseStatements)
             const Family& family = *std::find_if(families().begin(), families().end(), [name](const Family& f) {
                 return f.elements == QString(name) + "_elements";
             });
-            EXPECT_EQ(rowStatement(family, 12, at.level),
+            EXPECT_EQ(rowStatement(family, 12, at.level).text(),
                       head + tail + name + "_elements " + at.blank + "left join " + name
                           + "_dynprops using (element_id) " + at.scope);
         }
-        EXPECT_EQ(rowStatement(family(FamilyKey::Tsg), 12, at.level),
+        EXPECT_EQ(rowStatement(family(FamilyKey::Tsg), 12, at.level).text(),
                   head + "e," + tail + "tsg_elements join tsg_dynprops using (element_id) " + at.scope);
     }
 }

@@ -1,5 +1,8 @@
 // The program run as a shell runs it.
+#include "support/full_disk.h"
+
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -99,6 +102,29 @@ TEST_F(BatchTest, PicturesAreTheSameInAnyLanguage)
         pictures[i] = file.readAll();
     }
     EXPECT_EQ(pictures[0], pictures[1]);
+}
+
+// A script does not go on as if the file were there, and the one before stays.
+TEST_F(BatchTest, AFileThatCannotBeWrittenEndsTheRunWithItsReason)
+{
+    const char* const drawn = "command TEXT\npoint 0,0\nreal 5\nenter\nstring А\ncommand ";
+    for (const char* const command : {"SAVEAS\nstring ${OUT}/a.dxf\n", "EXPORT\nstring ${OUT}/a.png\nenter\n"}) {
+        const QByteArray text = QByteArray(drawn) + command + "echo дальше\n";
+        const QStringList out = {QStringLiteral("--var"), QStringLiteral("OUT=") + folder.path()};
+        ASSERT_EQ(play(text.constData(), out).code, 0);
+        const QString name = folder.filePath(QString::fromLatin1(text).contains("a.dxf") ? "a.dxf" : "a.png");
+        const qint64 before = QFileInfo(name).size();
+        ASSERT_GT(before, 1000);
+        script(text.constData());
+        const FileSizeLimit limit(800);
+        const Outcome run = runProgram(QStringList{QStringLiteral("--no-module"), QStringLiteral("--batch"),
+                                                   folder.filePath(QStringLiteral("сценарий.txt"))}
+                                       + out);
+        EXPECT_EQ(run.code, 1) << command;
+        EXPECT_TRUE(run.err.contains(QStringLiteral("не записан: "))) << run.err.toStdString();
+        EXPECT_FALSE(run.out.contains(QStringLiteral("дальше"))) << run.out.toStdString();
+        EXPECT_EQ(QFileInfo(name).size(), before) << command;
+    }
 }
 
 TEST_F(BatchTest, BadOptionsAndModulesAreRefused)

@@ -41,7 +41,8 @@ protected:
         form_.reset();
         setPaletteRefresh({});
         resetModuleSession();
-        sql::Connection(TestServer::conninfo("postgres")).run("drop database if exists " + name_ + " with (force)");
+        sql::Connection(TestServer::conninfo("postgres"))
+            .run(compose("drop database if exists %1 with (force)", Identifier(name_)));
     }
 
     static void resetModuleSession()
