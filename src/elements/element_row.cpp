@@ -98,10 +98,7 @@ Values coordinates(const ElementBlock& element)
     return {number(element.x), number(element.y), number(element.z), number(element.h)};
 }
 
-Values depthColumns(const ElementBlock& element)
-{
-    return {number(element.e), element.catalogId};
-}
+Values depthColumns(const ElementBlock& element) { return {number(element.e), element.catalogId}; }
 
 Statement insertText(const ElementBlock& element, const Family& family, int position)
 {
@@ -148,7 +145,8 @@ bool ElementBlock::loadFromDatabase(int id)
     const Family* family = this->family();
     if (!family)
         return false;
-    const sql::Result row = session().run(compose(statementsOf(*family).select, Identifier(family->elements), Identifier(family->dynprops), id));
+    const sql::Result row = session().run(
+        compose(statementsOf(*family).select, Identifier(family->elements), Identifier(family->dynprops), id));
     if (!row.hasRow())
         return false;
 

@@ -99,7 +99,7 @@ QLayout* CatalogueList::buttonRow()
     };
     add(catalogue_.create, &CatalogueList::createEntry, bool(catalogue_.record));
     add(catalogue_.edit, &CatalogueList::editCurrent, bool(catalogue_.record));
-    add(catalogue_.erase, &CatalogueList::deleteCurrent, !catalogue_.remove.isEmpty());
+    add(catalogue_.erase, &CatalogueList::deleteCurrent, catalogue_.remove != nullptr);
     add(catalogue_.reload, &CatalogueList::refresh, true);
     if (buttons->count() > 0)
         buttons->addStretch();
@@ -241,7 +241,7 @@ void CatalogueList::showMenu(const QPoint& place)
         add(catalogue_.create, &CatalogueList::createEntry, true);
         add(catalogue_.edit, &CatalogueList::editCurrent, chosen);
     }
-    if (!catalogue_.remove.isEmpty())
+    if (catalogue_.remove)
         add(catalogue_.erase, &CatalogueList::deleteCurrent, chosen);
     if (!menu.isEmpty())
         menu.exec(view_->viewport()->mapToGlobal(place));

@@ -19,9 +19,9 @@ struct ToolButton {
 };
 
 struct Catalogue {
-    QString listName;  ///< object name of the view
+    QString listName;                ///< object name of the view
     const char* statement = nullptr; ///< the key first, then what is shown
-    int texts = 1;     ///< columns that are shown
+    int texts = 1;                   ///< columns that are shown
     /// Titles of the columns; without them an entry is one line, its texts
     /// joined by " - ".
     std::vector<QString> titles;
@@ -29,7 +29,7 @@ struct Catalogue {
     /// is used: any but 0 refuses its deletion.
     std::vector<const char*> counts;
     QString refusal;
-    QString question; ///< %1 is the entry's text
+    QString question;             ///< %1 is the entry's text
     const char* remove = nullptr; ///< statement with the key for %1
     std::function<std::unique_ptr<RecordDialog>(QWidget* parent)> record;
     QString notConnected; ///< printed when a refresh finds no connection

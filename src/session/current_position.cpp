@@ -106,10 +106,10 @@ void ProjectSession::readPositionNames(int positionId)
     enum Column { ProjectId, Project, ObjectId, Object, SubobjectId, Subobject, PositionId, Position };
     const sql::Result row =
         run(compose("select project_id, name, object_id, object , subobject_id, subobject, "
-                                "position_id,position  from projects  left join objects using (project_id) "
-                                "left join subobjects using (object_id)  left join positions using (subobject_id)   "
-                                "where position_id = %1",
-                 positionId));
+                    "position_id,position  from projects  left join objects using (project_id) "
+                    "left join subobjects using (object_id)  left join positions using (subobject_id)   "
+                    "where position_id = %1",
+                    positionId));
     if (!row.hasRow())
         return;
     projectId = row.toInt(0, ProjectId);

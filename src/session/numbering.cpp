@@ -58,7 +58,7 @@ void renumberFamilies(ProjectSession& session, int positionId)
 {
     for (const NumberedFamily& numbered : numberedFamilies()) {
         const sql::Result rows = session.run(compose("SELECT element_name FROM %1 WHERE position_id=%2",
-                                                  Identifier(family(numbered.family).elements), positionId));
+                                                     Identifier(family(numbered.family).elements), positionId));
         if (!rows.isTuples())
             continue;
         session.*numbered.enumerator = {numbered.prefix, nextNumber(firstColumn(rows)), digits};

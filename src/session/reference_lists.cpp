@@ -24,10 +24,9 @@ bool ProjectSession::reloadCycles()
         return false;
     }
     enum Column { Id, Number, Start, End, Description, StartDate };
-    const sql::Result rows =
-        run("select cycle_id, number, TO_CHAR(date_start::date, 'dd.mm.yy') as date_start, "
-                           "TO_CHAR(date_end::date, 'dd.mm.yy') as date_end, description, date_start as ds "
-                           "from cycles order by ds");
+    const sql::Result rows = run("select cycle_id, number, TO_CHAR(date_start::date, 'dd.mm.yy') as date_start, "
+                                 "TO_CHAR(date_end::date, 'dd.mm.yy') as date_end, description, date_start as ds "
+                                 "from cycles order by ds");
     if (!rows.isTuples())
         return false;
     cycles.clear();

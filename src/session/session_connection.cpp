@@ -101,8 +101,7 @@ void ProjectSession::readSuperuser()
 // connection then counts, the question is not asked again.
 bool ProjectSession::checkConnection()
 {
-    connected =
-        run("select count(project_id) from projects").isTuples() || openConnection(reconnectionInfo());
+    connected = run("select count(project_id) from projects").isTuples() || openConnection(reconnectionInfo());
     return connected;
 }
 
@@ -124,8 +123,8 @@ bool ProjectSession::setAudit()
 {
     const bool enabled = !auditEnabled;
     const QString same = reconnectionInfo();
-    const Statement statement = compose("ALTER DATABASE %1 SET app.audit_enabled = '%2'", Identifier(databaseIn(same)),
-                                   enabled ? "on" : "off");
+    const Statement statement =
+        compose("ALTER DATABASE %1 SET app.audit_enabled = '%2'", Identifier(databaseIn(same)), enabled ? "on" : "off");
     if (!run(statement).isCommand())
         return false;
     connection.finish();

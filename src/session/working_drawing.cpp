@@ -55,9 +55,8 @@ namespace {
 // Nothing when no drawing is stored.
 std::optional<QByteArray> storedDrawing(const ProjectSession& session, int positionId)
 {
-    const sql::Result row =
-        session.run("select content from positions_files  where position_id=$1::integer",
-                    {sql::text(positionId)}, sql::Format::Binary);
+    const sql::Result row = session.run("select content from positions_files  where position_id=$1::integer",
+                                        {sql::text(positionId)}, sql::Format::Binary);
     if (!row.isTuples() || row.ntuples() == 0)
         return std::nullopt;
     if (!row.isNull(0, 0))

@@ -128,8 +128,7 @@ QString LevelMap::dataText() const
 
 bool LevelMap::exists() const
 {
-    const sql::Result result =
-        session().run(compose("select levelmap_id from levelmaps where levelmap_id=%1", id));
+    const sql::Result result = session().run(compose("select levelmap_id from levelmaps where levelmap_id=%1", id));
     return result.hasRow();
 }
 
@@ -143,9 +142,8 @@ bool LevelMap::update() const
 
 bool LevelMap::insert()
 {
-    const sql::Result result = session().run(
-        compose("insert into levelmaps (levelmap_name,data) values ('%1', '%2') returning levelmap_id",
-             name, dataText()));
+    const sql::Result result = session().run(compose(
+        "insert into levelmaps (levelmap_name,data) values ('%1', '%2') returning levelmap_id", name, dataText()));
     if (!result.hasRow())
         return false;
     id = result.toInt(0, 0);

@@ -18,8 +18,8 @@ geometry::PointList contourPoints(int contourId)
 {
     geometry::PointList points;
     enum Column { Id, X, Y, Parameter, Distance };
-    const sql::Result result = session().run(compose("select point_id, x, y, param, dist from contours_points where contour_id = %1 order by param ",
-        contourId));
+    const sql::Result result = session().run(compose(
+        "select point_id, x, y, param, dist from contours_points where contour_id = %1 order by param ", contourId));
     for (int row = 0; row < result.ntuples(); ++row)
         points.push_back({result.toDouble(row, X), result.toDouble(row, Y), 0.0});
     return points;

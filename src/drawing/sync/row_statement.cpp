@@ -25,13 +25,13 @@ Statement selection(const Family& family, SyncLevel level)
 {
     if (family.hasDepth)
         return compose("select element_id, type_id, element_name, state_id, position_id, x, y,z, h,e,block_rotation,"
-                    "marker_rotation,scale, props from %1 ",
-                    Identifier(family.elements))
+                       "marker_rotation,scale, props from %1 ",
+                       Identifier(family.elements))
             + compose("join %1 using (element_id) ", Identifier(family.dynprops));
     const Statement end = level <= SyncLevel::Object ? " " : "";
     return compose("select element_id, type_id, element_name, state_id, position_id, x, y,z, h,block_rotation,"
-                "marker_rotation,scale, props from %1 ",
-                Identifier(family.elements))
+                   "marker_rotation,scale, props from %1 ",
+                   Identifier(family.elements))
         + end + compose("left join %1 using (element_id) ", Identifier(family.dynprops));
 }
 
