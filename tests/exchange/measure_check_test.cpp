@@ -338,7 +338,7 @@ TEST_F(ProfileCheck, AnswersAreKeptUntilForgotten)
     EXPECT_TRUE(criteria.norms(7).found);
     EXPECT_EQ(criteria.norms(7).settlement, 5.0);
 
-    const QString statement = "select meas from ts_meas where element_id = %1 and cycle_id = %2";
+    const char* const statement = "select meas from ts_meas where element_id = %1 and cycle_id = %2";
     EXPECT_EQ(criteria.previous(statement, 1, 1).state, PreviousMeasure::None);
     store("'1.00:-1.00'", 1);
     EXPECT_EQ(criteria.previous(statement, 1, 1).state, PreviousMeasure::None);
