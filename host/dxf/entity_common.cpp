@@ -2,6 +2,7 @@
 #include "entity_codec.h"
 #include "foreign_entity.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -69,6 +70,27 @@ void dropEmptyCommon(DxfGroups& groups)
             return;
         }
     }
+}
+
+// Adds groups to the subclasses that they name. An object that is embedded in one
+// goes on to the subclass's end: what stood behind it would be taken for its own.
+DxfGroups withVerbatim(DxfRest rest, const DxfGroups& verbatim)
+{
+    QString subclass;
+    for (const DxfGroup& group : verbatim) {
+        if (group.code == 100) {
+            rest.add(subclass = group.value, {});
+            continue;
+        }
+        for (DxfRest::Body& body : rest.bodies) {
+            if (body.subclass != subclass)
+                continue;
+            const auto embedded = std::find_if(body.groups.begin(), body.groups.end(),
+                                               [](const DxfGroup& each) { return each.code == 101; });
+            body.groups.insert(embedded, group);
+        }
+    }
+    return flatGroups(rest);
 }
 
 bool isAttribute(const DxfRecord& part) { return part.type == QLatin1String("ATTRIB"); }
@@ -181,9 +203,8 @@ std::unique_ptr<NcDbEntity> readEntity(const DxfEntity& record, DxfReadContext& 
     keepRest(fields, HostAccess::data(*entity), entity->isA() == NcDbForeignEntity::desc());
     DxfGroups& kept = HostAccess::data(*entity).foreignGroups;
     dropEmptyCommon(kept);
-    kept.insert(kept.end(), verbatim.begin(), verbatim.end());
     if (!verbatim.empty())
-        kept = flatGroups(restOf(HostAccess::data(*entity)));
+        kept = withVerbatim(restOf(HostAccess::data(*entity)), verbatim);
     return entity;
 }
 

@@ -199,27 +199,40 @@ TEST_F(BrokenFile, hostileNumbersDoNoHarm)
     EXPECT_FALSE(drawingBytes(drawing).isEmpty());
 }
 
-// Newer programs keep columns of a text in an object inside of it.
-TEST_F(BrokenFile, aTextWithAnEmbeddedObjectStaysAsLongAsItIs)
+namespace {
+
+// As newer programs write a text with columns, which are an object inside of it.
+QByteArray textWithColumns(bool withStyle)
 {
+    const QByteArray style = withStyle ? group(7, "Standard") : QByteArray();
     const QByteArray text = group(0, "MTEXT") + group(5, "2F") + group(330, "1F") + group(100, "AcDbEntity")
         + group(8, "0") + group(100, "AcDbMText") + group(10, "1") + group(20, "2") + group(30, "0") + group(40, "2.5")
-        + group(41, "50") + group(46, "0.0") + group(71, "1") + group(72, "5") + group(1, "text") + group(7, "Standard")
+        + group(41, "50") + group(46, "0.0") + group(71, "1") + group(72, "5") + group(1, "text") + style
         + group(73, "1") + group(44, "1.0") + group(101, "Embedded Object") + group(70, "1") + group(10, "1.0")
         + group(20, "0.0") + group(30, "0.0") + group(11, "1") + group(21, "2") + group(31, "0") + group(40, "50")
         + group(41, "0.0") + group(42, "9.5") + group(43, "2.5") + group(71, "2") + group(72, "1") + group(44, "50")
         + group(45, "12.5") + group(73, "0") + group(74, "0") + group(46, "0.0") + group(1001, "ACAD")
         + group(1000, "MTEXTBEGIN");
-    QByteArray bytes = drawingOf({}, text);
-    NcDbDatabase drawing;
-    int size = 0;
-    for (int i = 0; i < 4; ++i) {
-        ASSERT_EQ(read(drawing, bytes), NcStatus::Ok);
-        bytes = drawingBytes(drawing);
-        EXPECT_EQ(bytes.count("Embedded Object"), 1) << i;
-        EXPECT_TRUE(i == 0 || bytes.size() == size) << "save " << i << ": " << size << " became " << bytes.size();
-        size = bytes.size();
+    return group(0, "SECTION") + group(2, "HEADER") + group(9, "$ACADVER") + group(1, "AC1032") + group(0, "ENDSEC")
+        + drawingOf({}, text);
+}
+
+} // namespace
+
+TEST_F(BrokenFile, aTextWithAnEmbeddedObjectStaysAsLongAsItIs)
+{
+    for (const bool withStyle : {true, false}) {
+        QByteArray bytes = textWithColumns(withStyle);
+        NcDbDatabase drawing;
+        int size = 0;
+        for (int i = 0; i < 4; ++i) {
+            ASSERT_EQ(read(drawing, bytes), NcStatus::Ok);
+            bytes = drawingBytes(drawing);
+            EXPECT_EQ(bytes.count("Embedded Object"), 1) << i;
+            EXPECT_TRUE(i == 0 || bytes.size() == size) << "save " << i << ": " << size << " became " << bytes.size();
+            size = bytes.size();
+        }
+        EXPECT_LT(bytes.indexOf("Embedded Object"), bytes.indexOf("MTEXTBEGIN"));
+        EXPECT_LT(bytes.indexOf("Standard\n", bytes.indexOf("\nMTEXT\n")), bytes.indexOf("Embedded Object"));
     }
-    EXPECT_LT(bytes.indexOf("Embedded Object"), bytes.indexOf("MTEXTBEGIN"));
-    EXPECT_LT(bytes.indexOf("Standard\n", bytes.indexOf("\nMTEXT\n")), bytes.indexOf("Embedded Object"));
 }
