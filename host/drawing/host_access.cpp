@@ -104,6 +104,8 @@ NcDbObjectId HostAccess::addAttribute(NcDbBlockReference& reference, std::unique
     noteChange(reference);
     const NcDbObjectId id = adopt(*reference.database(), std::move(attribute), reference.objectId(), handle);
     reference.attributes_.push_back(id);
+    if (UndoJournal* journal = recordingJournal(reference.database()))
+        journal->noteTouched(reference);
     return id;
 }
 

@@ -197,6 +197,7 @@ TEST_F(Undo, AnyRunOfCommandsGoesBackToTheStartAndOnToTheEnd)
         ncDocManagerPtr()->appContextNewDocument(QString());
         drawing = ncDocManagerPtr()->curDocument()->database();
         fillRandomly(*drawing, seed);
+        HostAccess::finishLoading(*drawing); // enters all in the index
         journal().forgetAll();
         random.seed(seed + 77);
         std::vector<QByteArray> states{bytes()};
