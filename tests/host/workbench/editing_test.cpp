@@ -166,7 +166,7 @@ TEST_F(Editing, APointSnapsAndOrthoHolds)
     run(QStringLiteral("LINE"),
         {[&] { type(QStringLiteral("0,0")); }, [&] { click(-30, 4); },
          [&] { QTest::keyClick(view(), Qt::Key_Return); }});
-    EXPECT_EQ(entity<NcDbLine>(2).endPoint().y, 0.0);
+    EXPECT_NEAR(entity<NcDbLine>(2).endPoint().y, 0.0, 1e-9);
     EXPECT_NEAR(entity<NcDbLine>(2).endPoint().x, -30.0, 0.3);
     QTest::keyClick(window.get(), Qt::Key_F10);
     EXPECT_TRUE(DrawingAids::instance().polar() && !DrawingAids::instance().ortho());
@@ -222,14 +222,16 @@ TEST_F(Editing, KeysReachTheCommandLineFromTheFirstSecondOn)
     QTest::keyClick(edit(), Qt::Key_Tab);
     EXPECT_EQ(edit()->text(), QStringLiteral("CIRCLE"));
     QTest::keyClick(edit(), Qt::Key_Escape);
-    QTimer::singleShot(50, [&] { QTest::keyClicks(edit(), QStringLiteral("0,0 7 ")); });
+    QTimer::singleShot(50, [&] { QTest::keyClicks(edit(), QStringLiteral("0,0 ")); });
+    QTimer::singleShot(150, [&] { QTest::keyClicks(edit(), QStringLiteral("7 ")); });
     QTest::keyClicks(edit(), QStringLiteral("circle "));
-    QTest::qWait(100);
+    QTest::qWait(250);
     ASSERT_EQ(all().size(), 1u) << "blanks confirm as Enter does";
     EXPECT_EQ(entity<NcDbCircle>(0).radius(), 7.0);
-    QTimer::singleShot(50, [&] { QTest::keyClicks(edit(), QStringLiteral("5,5 2 ")); });
+    QTimer::singleShot(50, [&] { QTest::keyClicks(edit(), QStringLiteral("5,5 ")); });
+    QTimer::singleShot(150, [&] { QTest::keyClicks(edit(), QStringLiteral("2 ")); });
     QTest::mouseClick(view(), Qt::RightButton, {}, pixel(40, 40));
-    QTest::qWait(200);
+    QTest::qWait(400);
     EXPECT_EQ(all().size(), 2u) << "the right button began the command anew";
 }
 
