@@ -70,7 +70,7 @@ TEST_F(MainWindowTest, AWindowPicksWhatLiesInsideOrWhatItTouches)
 {
     showHundred();
     window->runLine(QStringLiteral("CIRCLE 0,0 5"));
-    window->runLine(QStringLiteral("CIRCLE 10,0 20"));
+    window->runLine(QStringLiteral("CIRCLE 10,0 15"));
     view()->grab();
     const auto drag = [&](double x1, double y1, double x2, double y2) {
         setPickfirst({});
