@@ -34,15 +34,16 @@ bool isDoubled(const QString& text, QChar mark)
 
 bool isNumber(const QString& text)
 {
-    static const QRegularExpression number(
+    // Never destroyed: static objects still make statements when the program ends.
+    static const QRegularExpression& number = *new QRegularExpression(
         QStringLiteral("^(?:[+-]?(?:[0-9]+(?:\\.[0-9]*)?|\\.[0-9]+)(?:[eE][+-]?[0-9]+)?|[Nn][Uu][Ll][Ll])\\z"));
     return number.match(text).hasMatch();
 }
 
 bool isIdentifier(const QString& text)
 {
-    static const QRegularExpression name(
-        QStringLiteral("^[A-Za-z_\\x{80}-\\x{10ffff}][A-Za-z0-9_\\x{80}-\\x{10ffff}]*\\z"));
+    static const QRegularExpression& name =
+        *new QRegularExpression(QStringLiteral("^[A-Za-z_\\x{80}-\\x{10ffff}][A-Za-z0-9_\\x{80}-\\x{10ffff}]*\\z"));
     return name.match(text).hasMatch();
 }
 

@@ -93,7 +93,7 @@ TEST_F(AuditTriggersTest, ACascadeIsLoggedRowByRow)
     database_.exec("insert into dm_predictions (name) values ('p'); insert into projects (name) values ('p');"
                    "insert into objects (project_id) values (1); insert into subobjects (object_id) values (1);"
                    "insert into positions (subobject_id) values (1);"
-                   "insert into dm_elements (type_id, position_id) values ('dm', 1);"
+                   "insert into dm_elements (element_id, type_id, position_id) values (1, 'dm', 1);"
                    "insert into dm_meas (element_id) values (1);"
                    "truncate audit_log; delete from positions");
     QStringList deleted;
@@ -107,7 +107,8 @@ TEST_F(AuditTriggersTest, OfFilesTheSizeIsKept)
 {
     database_.exec("insert into projects (name) values ('p'); insert into objects (project_id) values (1);"
                    "insert into subobjects (object_id) values (1); insert into positions (subobject_id) values (1);"
-                   "insert into ts_elements (type_id, position_id) values ('ts', 1); truncate audit_log;"
+                   "insert into ts_elements (element_id, type_id, position_id) values (1, 'ts', 1); "
+                   "truncate audit_log;"
                    "insert into positions_files (position_id, content) values (1, '\\x010203');"
                    "insert into ts_files (element_id, content) values (1, null);"
                    "insert into ts_inspection (element_id, photos) values (1, '\\x0102')");

@@ -21,6 +21,16 @@ INSERT INTO states (state_id, note, colorindex) VALUES ('free', 'Свободн�
 INSERT INTO levelmaps (levelmap_name, data) VALUES ('Карта', '0');
 INSERT INTO ucs_data (ucs_name, ucs_data) VALUES ('ПСК', 'ПСК&0&0&0&1&0&0&0&1&0');
 
+-- Keys of elements begin behind a placeholder; here they are small.
+DO $$
+DECLARE
+    family text;
+BEGIN
+    FOREACH family IN ARRAY ARRAY['dm', 'ts', 'rp', 'ggs', 'tsg', 'tss', 'igs'] LOOP
+        EXECUTE format('ALTER TABLE %s_elements ALTER element_id RESTART WITH 1', family);
+    END LOOP;
+END $$;
+
 DO $$
 DECLARE
     family record;

@@ -321,7 +321,7 @@ TEST_F(Import, ADateInAnHourThatTheClockSkipsIsStoredAsWritten)
                      "values (10, 10, '2010-03-01', '2010-03-31'), (19, 19, '2019-03-01', '2019-03-31')");
     loadCycles(lists);
     readWells({"Т-1;SN-1;28.03.2010;02:30;-5;-1;-1.1;-1.2;-1.3", "Т-2;SN-1;31.03.2019;02:30;-5;-1;-1.1;-1.2;-1.3"});
-    EXPECT_EQ(run(FamilyKey::Ts, wells), 2);
+    EXPECT_EQ(run(FamilyKey::Ts, wells, {YesToAll}), 2);
     EXPECT_EQ(database()->rows("select element_id, cycle_id, date from ts_meas order by element_id"),
               (QVector<QStringList>{{"1", "10", "2010-03-28"}, {"2", "19", "2019-03-31"}}));
 }
