@@ -37,7 +37,7 @@ void Item::putInto(QFormLayout& layout, const QString& caption) const
         caption.isNull() ? layout.addRow(layout_) : layout.addRow(caption, layout_);
 }
 
-QWidget* Item::asWidget() const { return widget_ || !layout_ ? widget_ : pane(layout_); }
+QWidget* Item::asWidget() const { return widget_ || !layout_ ? widget_ : Inside(new QWidget).put(layout_); }
 
 Item stretch() { return growing(nothing()); }
 

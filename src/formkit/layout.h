@@ -30,7 +30,7 @@ public:
     void putInto(QBoxLayout& layout) const;
     void putInto(QGridLayout& layout, int row, int column) const;
     void putInto(QFormLayout& layout, const QString& caption) const;
-    /// As one widget; a layout gets a pane of its own.
+    /// As one widget; a layout gets one of its own, with the usual margins.
     QWidget* asWidget() const;
     int columns() const { return columns_; }
 

@@ -68,7 +68,7 @@ TEST(FormLayout, BoxesNestAndShareTheRoom)
     ASSERT_EQ(pages->count(), 2);
     EXPECT_EQ(pages->tabText(1), QString("Два"));
     EXPECT_EQ(pages->widget(1), form.findChild<QLineEdit*>("Two"));
-    EXPECT_EQ(pages->widget(0)->layout()->contentsMargins(), QMargins());
+    EXPECT_GT(pages->widget(0)->layout()->contentsMargins().left(), 0);
 }
 
 TEST(FormLayout, EndButtonsAcceptAndReject)
