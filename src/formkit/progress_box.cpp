@@ -1,6 +1,8 @@
 #include "formkit/progress_box.h"
 
-#include <QCoreApplication>
+#include "formkit/widgets.h"
+
+#include <QApplication>
 #include <QProgressBar>
 #include <QProgressDialog>
 
@@ -43,6 +45,24 @@ bool ProgressBox::step(int done, int total, const QString& text)
         box_->setValue(done);
         QCoreApplication::processEvents();
     }
+    return !box_->wasCanceled();
+}
+
+WaitBox::WaitBox(const QString& name, const QString& title, const QString& text, const QString& stop)
+{
+    QWidget* above = QApplication::activeModalWidget();
+    box_ = std::make_unique<QProgressDialog>(text, stop, 0, 0, above ? above : ndsw_ncadMainWnd());
+    nameForm(box_.get(), name, title);
+    box_->setWindowModality(Qt::ApplicationModal);
+    box_->setMinimumDuration(0);
+    box_->show();
+}
+
+WaitBox::~WaitBox() = default;
+
+bool WaitBox::goOn()
+{
+    QCoreApplication::processEvents();
     return !box_->wasCanceled();
 }
 

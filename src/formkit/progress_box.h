@@ -43,6 +43,20 @@ private:
     Pace pace_;
 };
 
+/// A box for a wait whose length nobody knows; it stands at once. Nothing else of
+/// the program may be touched meanwhile.
+class WaitBox {
+public:
+    WaitBox(const QString& name, const QString& title, const QString& text, const QString& stop);
+    ~WaitBox();
+
+    /// False once the user has given the wait up.
+    bool goOn();
+
+private:
+    std::unique_ptr<QProgressDialog> box_;
+};
+
 /// A bar that stands in a form. Clicks wait until the work has ended.
 class BarProgress {
 public:

@@ -1,35 +1,18 @@
 #include "session/forms/busy_box.h"
 
 #include "database/sql/busy.h"
+#include "formkit/progress_box.h"
 
 #include <QApplication>
-#include <QProgressDialog>
-#include <nrx/application.h>
 
 namespace {
 
 class BusyBox : public sql::Busy {
 public:
-    BusyBox()
-        : box_(QStringLiteral("Сервер базы данных выполняет запрос…"), QStringLiteral("Прервать"), 0, 0,
-               QApplication::activeModalWidget() ? QApplication::activeModalWidget() : ndsw_ncadMainWnd())
-    {
-        box_.setObjectName(QStringLiteral("BusyBox"));
-        box_.setWindowTitle(QStringLiteral("Ожидание"));
-        // Nothing else of the program may be touched meanwhile.
-        box_.setWindowModality(Qt::ApplicationModal);
-        box_.setMinimumDuration(0);
-        box_.show();
-    }
-
-    bool goOn() override
-    {
-        QCoreApplication::processEvents();
-        return !box_.wasCanceled();
-    }
+    bool goOn() override { return box_.goOn(); }
 
 private:
-    QProgressDialog box_;
+    formkit::WaitBox box_{"BusyBox", "Ожидание", "Сервер базы данных выполняет запрос…", "Прервать"};
 };
 
 } // namespace
