@@ -128,7 +128,7 @@ FieldEditor colourEditor(const Field& field, const Changed& changed)
         const QColor colour = wears(value);
         patch->setText(value);
         QPalette readable = patch->palette();
-        readable.setColor(QPalette::ButtonText, colour.lightnessF() < 0.5 ? Qt::white : Qt::black);
+        readable.setColor(QPalette::ButtonText, qGray(colour.rgb()) < 128 ? Qt::white : Qt::black);
         patch->setPalette(readable);
         patch->setStyleSheet(QStringLiteral("background-color: rgb(%1, %2, %3); border: 0px;")
                                  .arg(colour.red())
