@@ -3,8 +3,6 @@
 #include "base/placeholders.h"
 #include "base/statement_scan.h"
 
-#include <QRegularExpression>
-
 namespace {
 
 constexpr int shownLength = 60;
@@ -32,19 +30,58 @@ bool isDoubled(const QString& text, QChar mark)
     return true;
 }
 
+// By hand and not by regular expressions: those of the toolkit do not outlive
+// main, and static objects still make statements when the program ends.
+bool isDigit(QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); }
+
+int skipDigits(const QString& text, int at)
+{
+    while (at < text.size() && isDigit(text[at]))
+        ++at;
+    return at;
+}
+
+int skipSign(const QString& text, int at)
+{
+    const bool sign = at < text.size() && (text[at] == QLatin1Char('+') || text[at] == QLatin1Char('-'));
+    return sign ? at + 1 : at;
+}
+
+// [sign] digits [. digits] or . digits, [e [sign] digits]; or NULL.
 bool isNumber(const QString& text)
 {
-    // Never destroyed: static objects still make statements when the program ends.
-    static const QRegularExpression& number = *new QRegularExpression(
-        QStringLiteral("^(?:[+-]?(?:[0-9]+(?:\\.[0-9]*)?|\\.[0-9]+)(?:[eE][+-]?[0-9]+)?|[Nn][Uu][Ll][Ll])\\z"));
-    return number.match(text).hasMatch();
+    if (text.compare(QLatin1String("null"), Qt::CaseInsensitive) == 0)
+        return true;
+    const int whole = skipSign(text, 0);
+    int at = skipDigits(text, whole);
+    int digits = at - whole;
+    if (at < text.size() && text[at] == QLatin1Char('.')) {
+        const int fraction = at + 1;
+        at = skipDigits(text, fraction);
+        digits += at - fraction;
+    }
+    if (digits == 0)
+        return false;
+    if (at < text.size() && text[at].toLower() == QLatin1Char('e')) {
+        const int exponent = skipSign(text, at + 1);
+        at = skipDigits(text, exponent);
+        if (at == exponent)
+            return false;
+    }
+    return at == text.size();
 }
 
 bool isIdentifier(const QString& text)
 {
-    static const QRegularExpression& name =
-        *new QRegularExpression(QStringLiteral("^[A-Za-z_\\x{80}-\\x{10ffff}][A-Za-z0-9_\\x{80}-\\x{10ffff}]*\\z"));
-    return name.match(text).hasMatch();
+    const auto mayStand = [](QChar c) {
+        return (c >= QLatin1Char('a') && c <= QLatin1Char('z')) || (c >= QLatin1Char('A') && c <= QLatin1Char('Z'))
+            || c == QLatin1Char('_') || c.unicode() >= 0x80;
+    };
+    for (const QChar c : text) {
+        if (!mayStand(c) && !isDigit(c))
+            return false;
+    }
+    return !text.isEmpty() && mayStand(text[0]);
 }
 
 // What is wrong with a value of this kind between quotes; empty: nothing.
