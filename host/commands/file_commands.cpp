@@ -1,10 +1,10 @@
 #include "host_commands.h"
 
 #include <drawing/application.h>
+#include <drawing/documents.h>
 #include <drawing/edit_operations.h>
 #include <drawing/host_access.h>
 #include <dxf/drawing_file.h>
-#include <drawing/documents.h>
 #include <render/picture_export.h>
 
 #include <QFileInfo>

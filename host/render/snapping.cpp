@@ -134,12 +134,19 @@ private:
         offer(SnapPoint::Middle, (from.x + to.x) / 2.0 + dy * bulge / 2.0, (from.y + to.y) / 2.0 - dx * bulge / 2.0);
     }
 
+    // Neighbours on a curve meet at their ends: that is no crossing.
+    static bool meetAtEnds(const QLineF& one, const QLineF& other)
+    {
+        return one.p1() == other.p1() || one.p1() == other.p2() || one.p2() == other.p1() || one.p2() == other.p2();
+    }
+
     void crossPieces()
     {
         for (size_t i = 0; i < pieces_.size(); ++i)
             for (size_t k = i + 1; k < pieces_.size(); ++k) {
                 QPointF p;
-                if (pieces_[i].intersects(pieces_[k], &p) == QLineF::BoundedIntersection)
+                if (!meetAtEnds(pieces_[i], pieces_[k])
+                    && pieces_[i].intersects(pieces_[k], &p) == QLineF::BoundedIntersection)
                     offer(SnapPoint::Intersection, p.x(), p.y());
             }
     }

@@ -1,8 +1,8 @@
 // What the window does with files.
 #include "main_window.h"
 
-#include <dxf/drawing_file.h>
 #include <drawing/documents.h>
+#include <dxf/drawing_file.h>
 #include <render/picture_export.h>
 
 #include <QFileDialog>

@@ -15,10 +15,10 @@ double numberOf(const sql::Result& row, int column)
 PositionNorms readNorms(int positionId)
 {
     PositionNorms norms;
-    const sql::Result row =
-        session().run(compose("select averagediff, temperature_deep_min, temperature_deep_max from positions_attributes "
-                           "where position_id = %1",
-                           positionId));
+    const sql::Result row = session().run(
+        compose("select averagediff, temperature_deep_min, temperature_deep_max from positions_attributes "
+                "where position_id = %1",
+                positionId));
     if (!row.hasRow())
         return norms;
     norms.found = true;

@@ -154,7 +154,10 @@ public:
     const QString name = fill("terva_bare_%1", QCoreApplication::applicationPid());
 
 private:
-    void run(const QString& statement) { EXPECT_TRUE(server_.run(Statement::whole(statement)).isCommand()) << statement; }
+    void run(const QString& statement)
+    {
+        EXPECT_TRUE(server_.run(Statement::whole(statement)).isCommand()) << statement;
+    }
     sql::Connection server_ = NewName::server();
 };
 

@@ -2,8 +2,8 @@
 
 #include "database/provisioning/database_making.h"
 #include "database/provisioning/folder_copy.h"
-#include "session/project_file.h"
 #include "files/written_file.h"
+#include "session/project_file.h"
 #include "session/project_session.h"
 
 #include <QDir>

@@ -49,10 +49,7 @@ StatementWait::StatementWait(pg_conn* connection) : connection_(connection), pat
     ++statementsUnderWay;
 }
 
-StatementWait::~StatementWait()
-{
-    --statementsUnderWay;
-}
+StatementWait::~StatementWait() { --statementsUnderWay; }
 
 bool StatementWait::clearTheWay()
 {

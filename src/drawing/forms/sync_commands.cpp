@@ -1,8 +1,8 @@
 #include "drawing/forms/sync_commands.h"
 
 #include "drawing/forms/element_sync_filter.h"
+#include "drawing/sync/database_to_drawing.h"
 #include "drawing/sync/drawing_to_database.h"
-#include "drawing/sync/tree_sync.h"
 #include "formkit/boxes.h"
 #include "formkit/modal.h"
 

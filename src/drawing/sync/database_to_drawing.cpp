@@ -1,11 +1,143 @@
 #include "drawing/sync/database_to_drawing.h"
 
-#include "drawing/sync/row_comparator.h"
-#include "drawing/sync/row_statement.h"
+#include "base/placeholders.h"
+#include "base/text.h"
+#include "drawing/sync/element_rows.h"
+#include "drawing/sync/family_texts.h"
 #include "elements/block_definitions.h"
+#include "elements/element_block.h"
 #include "elements/element_layers.h"
 #include "hostkit/console.h"
 #include "hostkit/error_markers.h"
+#include "hostkit/model_space.h"
+#include "session/project_session.h"
+
+#include <nrx/application.h>
+
+namespace {
+
+// A row of a type that nobody knows has no kind, so its record holds no name.
+struct RowElement {
+    int id = -1;
+    QString name;
+    ElementBlock element;
+};
+
+// Unused rows of the registry have an empty block name: no kind has it.
+int kindOfType(const QString& typeId)
+{
+    const QString blockName = blockNameByTypeId(typeId);
+    return blockName.isEmpty() ? noKind : kindByBlockName(blockName);
+}
+
+// Attributes that mirror numbers of the row; kinds without them take none.
+void mirrorNumbers(ElementBlock& element, const sql::Result& rows, int row, const Family& family)
+{
+    element.setAttribute(QStringLiteral("rp_z"), fixed(element.z, 2));
+    element.setAttribute(QStringLiteral("z"), fixed(element.z, 2));
+    element.setAttribute(QStringLiteral("h"), fixed(rows.toDouble(row, SyncColumn::Height), 2));
+    if (family.hasDepth)
+        element.setAttribute(QStringLiteral("de"), fixed(rows.toDouble(row, SyncColumn::Depth), 2));
+}
+
+RowElement elementOfRow(const sql::Result& rows, int row, const Family& family, const StateColors& colors)
+{
+    using namespace SyncColumn;
+    RowElement made{rows.toInt(row, Id), rows.getvalue(row, Name),
+                    ElementBlock(kindOfType(rows.getvalue(row, Type)), colors)};
+    ElementBlock& element = made.element;
+    element.setAttribute(QStringLiteral("element_id"), QString::number(made.id));
+    element.setAttribute(QStringLiteral("name"), made.name);
+    element.x = rows.toDouble(row, X);
+    element.y = rows.toDouble(row, Y);
+    element.z = rows.toDouble(row, Z);
+    mirrorNumbers(element, rows, row, family);
+    // The marker's rotation follows from the block's and the properties.
+    const int moved = family.hasDepth ? 1 : 0;
+    element.blockRotation = rows.toDouble(row, BlockRotation + moved);
+    element.scale = rows.isNull(row, Scale + moved) ? 1.0 : rows.toDouble(row, Scale + moved);
+    element.parseProps(rows.getvalue(row, Props + moved));
+    element.setState(rows.getvalue(row, State));
+    return made;
+}
+
+// The block may be of another kind of the family than the row.
+NcDbObjectId findBlock(const Family& family, const RowElement& row)
+{
+    if (row.element.kind == noKind)
+        return {};
+    for (const int kind : family.kinds) {
+        const QString& blockName = kinds()[size_t(kind)].blockName;
+        const NcDbObjectId found = findBlockReference(blockName, QStringLiteral("element_id"), QString::number(row.id));
+        if (!found.isNull())
+            return found;
+    }
+    return {};
+}
+
+NcGePoint3d placeOf(const ElementBlock& element) { return {element.x, element.y, element.z}; }
+
+void insertMissing(const RowElement& row, const RowTexts& texts)
+{
+    say(fill(texts.notFound, row.id, row.name));
+    row.element.insertBlock();
+    addErrorCircle(placeOf(row.element), 10.0);
+}
+
+void replaceOther(NcDbObjectId found, RowElement& row, const ElementBlock& drawn)
+{
+    say(fill("\n Определения блоков с ID=%1,не совпадают (Чертеж:%2, БД:%3) Будет выполнена замена.", row.id,
+             drawn.blockName, row.element.blockName));
+    addErrorCircle(placeOf(row.element), 10.0);
+    addErrorCircle(placeOf(row.element), 9.0);
+    row.element.replaceBlock(found);
+}
+
+void overwrite(NcDbObjectId found, const RowElement& row, const ElementBlock& drawn, const RowTexts& texts)
+{
+    const QString drawnName = drawn.name();
+    if (drawnName != row.name) {
+        say(fill(texts.differentNames, row.id, drawnName, row.name));
+        addErrorCircle(placeOf(row.element), 10.0);
+    }
+    if (!row.element.applyToBlock(found))
+        say(fill("\nОшибка: блок %1 с ID=%2 не изменен\n", row.element.blockName, row.id));
+}
+
+void bringRow(const Family& family, RowElement& row, const StateColors& colors)
+{
+    const RowTexts& texts = rowTexts(family.key);
+    const NcDbObjectId found = findBlock(family, row);
+    if (found.isNull()) {
+        insertMissing(row, texts);
+        return;
+    }
+    const ElementBlock drawn(found, colors);
+    if (drawn.kind != row.element.kind)
+        replaceOther(found, row, drawn);
+    else
+        overwrite(found, row, drawn, texts);
+}
+
+// What becomes of the rows of one family's statement.
+void bringRows(const Family& family, const sql::Result& rows, const StateColors& colors)
+{
+    for (int row = 0; rows.isTuples() && row < rows.ntuples(); ++row) {
+        RowElement element = elementOfRow(rows, row, family, colors);
+        bringRow(family, element, colors);
+    }
+}
+
+bool ensureOpenDocument()
+{
+    NcApDocManager* documents = ncDocManagerPtr();
+    if (documents->documentCount() == 0)
+        documents->executeInApplicationContext(
+            [documents] { documents->appContextNewDocument(QStringLiteral("Default.dwt")); });
+    return documents->documentCount() != 0;
+}
+
+} // namespace
 
 void syncDatabaseToDrawing(int id, SyncLevel level, unsigned mask)
 {
@@ -32,4 +164,12 @@ void syncPositionToDrawing()
 {
     clearErrorLayer();
     syncDatabaseToDrawing(session().currentPositionId, SyncLevel::Position, allFamiliesMask);
+}
+
+void syncNodeToDrawing(int id, SyncLevel level, unsigned mask)
+{
+    if (!ensureOpenDocument())
+        return;
+    ensureErrorLayer();
+    syncDatabaseToDrawing(id, level, mask);
 }

@@ -18,3 +18,8 @@ void syncDatabaseToDrawing(int id, SyncLevel level, unsigned mask);
 /// The command behind its guards: all families of the current position, on a
 /// clean error layer.
 void syncPositionToDrawing();
+
+/// A node of the project tree into whatever drawing is open: the same as
+/// syncDatabaseToDrawing(), but opens a new drawing from "Default.dwt"
+/// when none is open. Markers add up: only the commands clear them.
+void syncNodeToDrawing(int id, SyncLevel level, unsigned mask);

@@ -2,7 +2,7 @@
 
 #include "base/placeholders.h"
 #include "base/text.h"
-#include "drawing/sync/audit_texts.h"
+#include "drawing/sync/family_texts.h"
 #include "hostkit/block_reference.h"
 #include "hostkit/console.h"
 #include "hostkit/error_markers.h"

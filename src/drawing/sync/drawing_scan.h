@@ -2,9 +2,9 @@
 // them on the way.
 #pragma once
 
+#include "drawing/sync/element_rows.h"
 #include "drawing/sync/family_rows.h"
-#include "drawing/sync/refused_rows.h"
-#include "drawing/sync/sync_mode.h"
+#include "drawing/sync/sync_questions.h"
 #include "elements/element_block.h"
 
 class DrawingScan {

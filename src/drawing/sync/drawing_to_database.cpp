@@ -1,10 +1,9 @@
 #include "drawing/sync/drawing_to_database.h"
 
-#include "drawing/sync/drawing_owner.h"
 #include "drawing/sync/drawing_scan.h"
-#include "drawing/sync/missing_rows.h"
-#include "drawing/sync/mode_prompt.h"
+#include "drawing/sync/family_rows.h"
 #include "drawing/sync/stored_drawing.h"
+#include "drawing/sync/sync_questions.h"
 #include "session/project_session.h"
 
 void syncDrawingToDatabase(const SyncQuestions& questions)

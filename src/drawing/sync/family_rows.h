@@ -1,6 +1,8 @@
-// Which rows the database holds, and which of them a run has met in the drawing.
+// Which rows the database holds, which of them a run has met in the drawing, and
+// what becomes of those that it has not.
 #pragma once
 
+#include "drawing/sync/sync_questions.h"
 #include "elements/families/families.h"
 
 #include <QSet>
@@ -21,3 +23,8 @@ using RowsOfFamilies = std::map<FamilyKey, FamilyRows>;
 /// Reads the ids of all families. False as soon as one cannot be read: what a
 /// half-read list says about the drawing would be wrong.
 bool loadRows(RowsOfFamilies& rows, int positionId);
+
+/// Prints family by family the rows that the run has met no block of, with what
+/// hangs on them, and asks whether they are to go, measures and files included.
+/// A refused deletion is not reported.
+void offerMissingRows(RowsOfFamilies& rows, const SyncQuestions& questions);

@@ -1,5 +1,5 @@
 // Bringing rows into the drawing, family by family.
-#include "drawing/sync/row_statement.h"
+#include "drawing/sync/element_rows.h"
 #include "sync_fixture.h"
 
 namespace {

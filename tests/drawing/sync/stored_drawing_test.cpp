@@ -1,7 +1,7 @@
 // Storing the drawing itself: the position's own document and another one.
 #include "drawing/sync/stored_drawing.h"
 
-#include "drawing/sync/tree_sync.h"
+#include "drawing/sync/database_to_drawing.h"
 #include "session/working_drawing.h"
 #include "support/statement_relay.h"
 #include "sync_fixture.h"

@@ -1,9 +1,9 @@
-#include "drawing/sync/audit_texts.h"
+#include "drawing/sync/family_texts.h"
 
 namespace {
 
 // Misspellings and doubled blanks are what users and their scripts know.
-const FamilyTable<AuditTexts>& rows()
+const FamilyTable<AuditTexts>& auditRows()
 {
     static const FamilyTable<AuditTexts> table = {
         {FamilyKey::Dm,
@@ -61,9 +61,35 @@ const FamilyTable<AuditTexts>& rows()
     return table;
 }
 
+const FamilyTable<RowTexts>& bringingRows()
+{
+    static const FamilyTable<RowTexts> table = {
+        {FamilyKey::Dm, "Обработка деформационных марок\n",
+         "\n Деформационная марка %2 с ID=%1, не найдена в чертеже. Будет выполнена вставка",
+         "\n Имена деформационных марок с ID=%1,не совпадают (Чертеж:%2, БД:%3) Имя будет заменено"},
+        {FamilyKey::Ts, "Обработка термоскважин \n",
+         "\n Термометрическая скважина с ID=%1, не найдена в чертеже. Будет выполнена вставка",
+         "\n Имена термометрических скважин с ID=%1,не совпадают (Чертеж:%2, БД:%3) Имя будет заменено"},
+        {FamilyKey::Rp, "Обработка реперов \n", "\n Репер с ID=%1, не найдена в чертеже. Будет выполнена вставка",
+         "\n Имена реперов с ID=%1,не совпадают (Чертеж:%2, БД:%3) Имя будет заменено"},
+        {FamilyKey::Ggs, "Обработка ГГС \n",
+         "\n Гидрогеологическая скважина с ID=%1, не найдена в чертеже. Будет выполнена вставка",
+         "\n Имена гидрогеологических скважин с ID=%1,не совпадают (Чертеж:%2, БД:%3) Имя будет заменено"},
+        {FamilyKey::Igs, "\nОбработка геологических скважин",
+         "\n Инженерно геологическая скважина %2 с ID=%1, не найдена в чертеже. Будет выполнена вставка",
+         "\n Имена инженерно геологических скважин с ID=%1,не совпадают (Чертеж:%2, БД:%3) Имя будет заменено"},
+        {FamilyKey::Tss, "Обработка точек снегомерной съемки \n",
+         "\n Точка снегомерной съемки с ID=%1, не найдена в чертеже. Будет выполнена вставка",
+         "\n Имена точек снегомерной съемки с ID=%1,не совпадают (Чертеж:%2, БД:%3) Имя будет заменено"},
+        {FamilyKey::Tsg, "Обработка СОУ \n", "\n ТСГ с ID=%1, не найден в чертеже. Будет выполнена вставка",
+         "\n Имена ТСГ с ID=%1,не совпадают (Чертеж:%2, БД:%3) Имя будет заменено"},
+    };
+    return table;
+}
+
 } // namespace
 
-const AuditTexts& auditTexts(FamilyKey family) { return rows()[family]; }
+const AuditTexts& auditTexts(FamilyKey family) { return auditRows()[family]; }
 
 QString duplicateIdText(FamilyKey family, SyncMode mode)
 {
@@ -71,3 +97,5 @@ QString duplicateIdText(FamilyKey family, SyncMode mode)
     const bool own = mode == SyncMode::Position && !texts.duplicateIdInPosition.isEmpty();
     return own ? texts.duplicateIdInPosition : texts.duplicateId;
 }
+
+const RowTexts& rowTexts(FamilyKey family) { return bringingRows()[family]; }

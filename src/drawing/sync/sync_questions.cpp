@@ -1,8 +1,10 @@
-#include "drawing/sync/drawing_owner.h"
+#include "drawing/sync/sync_questions.h"
 
 #include "base/placeholders.h"
 #include "hostkit/model_space.h"
 #include "session/project_session.h"
+
+#include <nrx/editor.h>
 
 #include <optional>
 
@@ -49,6 +51,20 @@ bool positionIsAccepted(const SyncQuestions& questions)
 }
 
 } // namespace
+
+std::optional<SyncMode> askSyncMode()
+{
+    // The second local word begins with a Latin letter; scripts are bound to it.
+    ncedInitGet(0, "Чертеж aттрибуты-по-Позиции Аттрибуты-по-чертежу _ Dwg Position Drawing");
+    QString answer;
+    if (ncedGetKword("Синхронизировать [Чертеж/aттрибуты-по-Позиции/Аттрибуты-по-чертежу]  <aттрибуты-по-Позиции>",
+                     answer)
+        != kPromptNormal)
+        return {};
+    if (answer == QLatin1String("Dwg"))
+        return SyncMode::File;
+    return answer == QLatin1String("Position") ? SyncMode::Position : SyncMode::Drawing;
+}
 
 bool drawingIsAccepted(const SyncQuestions& questions)
 {
