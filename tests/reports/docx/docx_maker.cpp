@@ -194,7 +194,11 @@ QMap<QString, QByteArray> unpacked(const QString& path)
     return entries;
 }
 
-QByteArray documentPart(const QString& path) { return unpacked(path).value("word/document.xml"); }
+QByteArray documentPart(const QString& path)
+{
+    const auto parts = unpacked(path);
+    return parts.value("word/document.xml", parts.value("word/document2.xml"));
+}
 
 QString textOf(const QDomElement& element)
 {
