@@ -114,6 +114,8 @@ TEST(Markup, BracesAndSingleCharactersGoDownAndUp)
     EXPECT_EQ(runTexts("a_{b_{c}}d"), QStringList({"0:a", "-1:b", "-2:c", "0:d"}));
     EXPECT_EQ(runTexts("хвост_"), QStringList({"0:хвост_"}));
     EXPECT_EQ(runTexts("a_{b"), QStringList({"0:a_{b"}));
+    EXPECT_EQ(runTexts("ДМ\\_1_2"), QStringList({"0:ДМ_1", "-1:2"})) << "behind a backslash a sign is a letter";
+    EXPECT_EQ(runTexts("a\\b\\"), QStringList({"0:a\\b\\"})) << "before others a backslash is one, too";
     EXPECT_EQ(runTexts(""), QStringList());
     EXPECT_EQ(MarkupText("Т_{ср.взв }^{Пред.}", plotFont(8.0)).plainText(), "Тср.взв Пред.");
 }

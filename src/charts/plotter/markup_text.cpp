@@ -21,6 +21,12 @@ int closing(const QString& text, int open)
     return -1;
 }
 
+bool isEscape(const QString& text, int at)
+{
+    return text[at] == QLatin1Char('\\') && at + 1 < text.size()
+        && (text[at + 1] == QLatin1Char('_') || text[at + 1] == QLatin1Char('^'));
+}
+
 } // namespace
 
 MarkupText::MarkupText(const QString& markup, const QFont& font) : font_(font)
@@ -41,6 +47,11 @@ void MarkupText::split(const QString& markup, int level)
 {
     int i = 0;
     while (i < markup.size()) {
+        if (isEscape(markup, i)) {
+            append(markup.mid(i + 1, 1), level);
+            i += 2;
+            continue;
+        }
         const bool below = markup[i] == QLatin1Char('_'), above = markup[i] == QLatin1Char('^');
         const bool sign = (below || above) && i + 1 < markup.size() && std::abs(level) < deepest;
         const bool braced = sign && markup[i + 1] == QLatin1Char('{');

@@ -1,6 +1,7 @@
 // One line of text with subscripts and superscripts: "_{...}" and "^{...}", or
 // "_" and "^" before a single character. A sign without anything behind it, or
-// with a brace that is never closed, stands for itself.
+// with a brace that is never closed, stands for itself, and so does one behind
+// a backslash.
 #pragma once
 
 #include <QFont>
