@@ -1,5 +1,6 @@
 #include "entry/command_table.h"
 
+#include "analysis/forecast/forms/forecast_commands.h"
 #include "analysis/levels/forms/map_legend_form.h"
 #include "analysis/maps/forms/temperature_map_command.h"
 #include "base/placeholders.h"
@@ -117,7 +118,7 @@ const std::array<Command, kCommandCount> kCommands = {{
     {"TERVA_INSERT_TSGVN", None, Guard::P3, kPlain, insertCommand<19>},
     {"TERVA_INSERT_TSG_ENUMERATOR", None, None, kPlain, numberingCommand<FamilyKey::Tsg>},
     {"TERVA_IMPORT_TSG_MEASURE", Guard::C1, None, kPlain, importThermostabiliserMeasures},
-    {"TERVA_DEFORMATION_PREDICTION", Guard::C2, Guard::P2, kPlain, notBuilt},
+    {"TERVA_DEFORMATION_PREDICTION", Guard::C2, Guard::P2, kPlain, predictDeformations},
     {"TERVA_HELP", None, None, kPlain, openManual},
     {"TERVA_DB_BACKUP", Guard::C5, None, kPlain, notBuilt},
     {"TERVA_IMPORT_INSPECTIONS", Guard::C4, None, kPlain, notBuilt},
