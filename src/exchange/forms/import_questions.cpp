@@ -1,16 +1,15 @@
 #include "exchange/forms/import_questions.h"
 
 #include "formkit/boxes.h"
+#include "formkit/for_all.h"
 
 ImportAnswer askImport(const QString& text, QWidget* parent)
 {
-    static const QVector<formkit::Answer> answers = {
-        {"Да", true},
-        {"Да для всех", true},
-        {"Нет", false},
-        {"Нет для всех", false},
-    };
-    static const ImportAnswer meanings[] = {ImportAnswer::Yes, ImportAnswer::YesToAll, ImportAnswer::No,
-                                            ImportAnswer::NoToAll};
-    return meanings[formkit::ask(parent, text, answers, 2)];
+    switch (formkit::askForAll(parent, text, formkit::attention())) {
+    case formkit::ForAllAnswer::Yes: return ImportAnswer::Yes;
+    case formkit::ForAllAnswer::YesToAll: return ImportAnswer::YesToAll;
+    case formkit::ForAllAnswer::NoToAll: return ImportAnswer::NoToAll;
+    case formkit::ForAllAnswer::No: break;
+    }
+    return ImportAnswer::No;
 }

@@ -325,6 +325,7 @@ TEST_F(MeasureTest, DateThatOnlyTheDatabaseKnowsFindsItsCycleOnBothOfItsEnds)
 
 TEST_F(MeasureTest, AMeasureNumberedZeroIsNotFound)
 {
+    insertElement(cases[0], 40, "Э-1");
     DMMeasure measure;
     measure.elementId = 40;
     measure.cycleId = 3;

@@ -1,0 +1,25 @@
+#pragma once
+// The order of every list that shows names of elements: numbers within them
+// count as numbers, so that a name ending in 2 stands before one ending in 10.
+
+#include <QCollator>
+#include <QHash>
+#include <QSortFilterProxyModel>
+
+class ElementListProxyFilterModel : public QSortFilterProxyModel {
+    Q_OBJECT
+
+public:
+    explicit ElementListProxyFilterModel(QObject* parent = nullptr);
+
+protected:
+    /// Compares the two cells as texts.
+    bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
+
+private:
+    const QCollatorSortKey& keyOf(const QModelIndex& index) const;
+
+    QCollator collator_;
+    // A sort asks for the same text many times; its key is made once.
+    mutable QHash<QString, QCollatorSortKey> keys_;
+};

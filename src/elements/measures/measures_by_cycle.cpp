@@ -1,0 +1,95 @@
+#include "elements/measures/measures_by_cycle.h"
+
+#include "base/dates.h"
+#include "base/placeholders.h"
+#include "elements/measures/family_measures.h"
+#include "session/project_session.h"
+
+namespace {
+
+bool deleteIds(const MeasureFamily& family, const QStringList& ids)
+{
+    return session()
+        .run(fill("delete from %1 where %2 in (%3)", family.measureTable, family.idColumn, ids.join(QLatin1Char(','))))
+        .isCommand();
+}
+
+void readCells(const MeasureFamily& family, CycleRow& row)
+{
+    enum Column { CycleId, Date, MeasureId };
+    const sql::Result rows = session().run(
+        fill("select cycle_id,TO_CHAR(date::date, 'yyyy-mm-dd') as date, %1 from %2 where element_id = %3",
+             family.idColumn, family.measureTable, row.elementId));
+    for (int i = 0; rows.isTuples() && i < rows.ntuples(); ++i) {
+        const QDate date = dateFrom(rows.getvalue(i, Date), QStringLiteral("yyyy-MM-dd"));
+        row.cells[rows.toInt(i, CycleId)] = {rows.toInt(i, MeasureId), dateText(date, QStringLiteral("dd.MM.yyyy"))};
+    }
+}
+
+// Whether the target is free now.
+bool clearTarget(const MeasureFamily& family, const CycleRow& row, const MeasureCopy& copy)
+{
+    const int standing = row.idIn(copy.target);
+    if (standing == -1)
+        return true;
+    return copy.mayReplace() && deleteIds(family, {QString::number(standing)});
+}
+
+int copyOne(const MeasureFamily& family, const CycleRow& row, const MeasureCopy& copy, const MeasureLists& lists)
+{
+    if (row.idIn(copy.source) == -1)
+        return 0;
+    const std::unique_ptr<BaseMeasure> measure = makeMeasure(family.family, lists);
+    if (measure->load(row.idIn(copy.source)) != measureOk || !clearTarget(family, row, copy))
+        return 0;
+    const int deleted = row.idIn(copy.target) == -1 ? 0 : 1;
+    if (measure->setCycleId(copy.target) != measureOk)
+        return deleted;
+    const QString insert = measure->insertSql();
+    if (insert.isEmpty())
+        return deleted; // a reading without a device or a performer is not carried over
+    return deleted + int(session().run(insert).isTuples());
+}
+
+} // namespace
+
+std::optional<CycleRows> readMeasureRows(const MeasureFamily& family, const HierarchyPlace& place,
+                                         const ElementProgress& progress)
+{
+    return readElementRows(
+        fill("select element_id, element_name from %1 left join positions using (position_id) left join subobjects "
+             "using (subobject_id) left join objects using (object_id) left join projects using (project_id) %2 order "
+             "by element_name;",
+             family.elementTable, scopeClause(place)),
+        [&family](const sql::Result&, int, CycleRow& row) { readCells(family, row); }, progress);
+}
+
+int copyMeasures(const MeasureFamily& family, const CycleRows& rows, const MeasureCopy& copy,
+                 const ElementProgress& progress)
+{
+    // A measure copied onto itself would be deleted before it is written.
+    if (copy.source == copy.target)
+        return 0;
+    MeasureLists lists;
+    if (loadElements(lists, family.elementTable, -1, true) != measureOk || loadCycles(lists) != measureOk
+        || loadDevices(lists) != measureOk || loadPerformers(lists) != measureOk)
+        return 0;
+    int changed = 0;
+    int done = 0;
+    for (const CycleRow& row : rows) {
+        if (progress && !progress(done++, int(rows.size())))
+            break;
+        changed += copyOne(family, row, copy, lists);
+    }
+    return changed;
+}
+
+bool deleteMeasures(const MeasureFamily& family, const CycleRows& rows, int cycleId)
+{
+    QStringList ids;
+    for (const CycleRow& row : rows) {
+        if (row.idIn(cycleId) != -1)
+            ids.append(QString::number(row.idIn(cycleId)));
+    }
+    return ids.isEmpty() || deleteIds(family, ids);
+}
