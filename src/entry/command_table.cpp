@@ -12,6 +12,7 @@
 #include "drawing/forms/insertion_commands.h"
 #include "drawing/forms/sync_commands.h"
 #include "drawing/renumber.h"
+#include "elements/inspections/forms/inspection_commands.h"
 #include "elements/measures/forms/measure_commands.h"
 #include "entry/about_form.h"
 #include "entry/help.h"
@@ -111,7 +112,7 @@ const std::array<Command, kCommandCount> kCommands = {{
     {"TERVA_DWG_TO_PG", Guard::C2, Guard::P2, kPlain, exportPlanCommand},
     {"TERVA_DWG_BACKGROUND", None, None, kPlain, prepareBackgroundCommand},
     {"TERVA_DEF_LINES_PROFILE", Guard::C2, Guard::P2, kPlain, notBuilt},
-    {"TERVA_ELEMENT_INSPECTIONS", None, None, kPlain, notBuilt},
+    {"TERVA_ELEMENT_INSPECTIONS", None, None, kPlain, manageInspections},
     {"TERVA_ELEMENT_MEASURES", None, None, kPlain, manageMeasures},
     {"TERVA_TSG_CATALOG", Guard::C1, None, kPlain, notBuilt},
     {"TERVA_INSERT_TSGV", None, Guard::P3, kPlain, insertCommand<5>},

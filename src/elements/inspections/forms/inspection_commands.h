@@ -1,0 +1,4 @@
+#pragma once
+// Handlers of the commands on inspections.
+
+void manageInspections();
