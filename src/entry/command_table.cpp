@@ -4,6 +4,7 @@
 #include "analysis/levels/forms/map_legend_form.h"
 #include "analysis/maps/forms/temperature_map_command.h"
 #include "base/placeholders.h"
+#include "database/forms/administration_commands.h"
 #include "database/forms/create_project_form.h"
 #include "database/sql/busy.h"
 #include "drawing/alignment/alignment.h"
@@ -69,7 +70,7 @@ const std::array<Command, kCommandCount> kCommands = {{
     {"TERVA_INSERT_TS_ENUMERATOR", None, None, kPlain, numberingCommand<FamilyKey::Ts>},
     {"TERVA_INSERT_TSS", None, Guard::P3, kPlain, insertCommand<20>},
     {"TERVA_INSERT_TSS_ENUMERATOR", None, None, kPlain, numberingCommand<FamilyKey::Tss>},
-    {"TERVA_ADMIN", None, None, kPlain, notBuilt},
+    {"TERVA_ADMIN", None, None, kPlain, administerServer},
     {"TERVA_INSERT_GGS", None, Guard::P3, kPlain, insertCommand<3>},
     {"TERVA_INSERT_GGS_ENUMERATOR", None, None, kPlain, numberingCommand<FamilyKey::Ggs>},
     // Benchmarks go straight into their prompts, with or without a position.
@@ -123,11 +124,11 @@ const std::array<Command, kCommandCount> kCommands = {{
     {"TERVA_IMPORT_TSG_MEASURE", Guard::C1, None, kPlain, importThermostabiliserMeasures},
     {"TERVA_DEFORMATION_PREDICTION", Guard::C2, Guard::P2, kPlain, predictDeformations},
     {"TERVA_HELP", None, None, kPlain, openManual},
-    {"TERVA_DB_BACKUP", Guard::C5, None, kPlain, notBuilt},
+    {"TERVA_DB_BACKUP", Guard::C5, None, kPlain, backUpDatabase},
     {"TERVA_IMPORT_INSPECTIONS", Guard::C4, None, kPlain, importInspectionsCommand},
     {"TERVA_IMPORT_GEOLOGY", Guard::C1, None, kPlain, notBuilt},
     {"TERVA_EXPORT_INSPECTIONS", Guard::C4, None, kPlain, exportInspectionsCommand},
-    {"TERVA_AUDIT_LOG", Guard::C1, None, kPlain, notBuilt},
+    {"TERVA_AUDIT_LOG", Guard::C1, None, kPlain, showAuditLog},
 }};
 
 // The host's handlers take no argument, so every row gets a function of its own.
