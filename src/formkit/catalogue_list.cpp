@@ -20,8 +20,14 @@ const QString kJoint = QStringLiteral(" - ");
 
 QAbstractItemView* makeView(const Catalogue& catalogue)
 {
-    if (catalogue.titles.empty())
-        return listBox(catalogue.listName);
+    if (catalogue.titles.empty()) {
+        // A palette may be narrow: long lines go on below.
+        QListWidget* list = listBox(catalogue.listName);
+        list->setWordWrap(true);
+        list->setResizeMode(QListView::Adjust);
+        list->setAlternatingRowColors(true);
+        return list;
+    }
     QTableWidget* made = table(catalogue.listName, QStringList(catalogue.titles.begin(), catalogue.titles.end()));
     made->verticalHeader()->hide();
     made->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -72,7 +78,7 @@ private:
 } // namespace
 
 CatalogueList::CatalogueList(const Catalogue& catalogue, QWidget* parent)
-    : QWidget(parent), catalogue_(catalogue), view_(makeView(catalogue))
+    : QWidget(parent), catalogue_(catalogue), statement_(catalogue.statement), view_(makeView(catalogue))
 {
     std::vector<Item> parts;
     if (!catalogue_.filterName.isEmpty()) {
@@ -87,7 +93,22 @@ CatalogueList::CatalogueList(const Catalogue& catalogue, QWidget* parent)
 
     view_->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(view_, &QWidget::customContextMenuRequested, this, &CatalogueList::showMenu);
-    connect(view_, &QAbstractItemView::doubleClicked, this, &CatalogueList::editCurrent);
+    connect(view_, &QAbstractItemView::doubleClicked, this, &CatalogueList::activate);
+}
+
+void CatalogueList::putUnderList(QLayout* content)
+{
+    auto* parts = static_cast<QBoxLayout*>(layout());
+    parts->insertLayout(parts->count() - 1, content);
+}
+
+QAbstractButton* CatalogueList::buttonOf(const ToolButton& wanted, void (CatalogueList::*slot)())
+{
+    if (wanted.icon.isEmpty())
+        return tipped(button(wanted.name, wanted.caption, this, slot), wanted.tip);
+    QToolButton* made = toolButton(wanted.name, wanted.caption, wanted.icon, wanted.tip);
+    connect(made, &QToolButton::clicked, this, slot);
+    return made;
 }
 
 QLayout* CatalogueList::buttonRow()
@@ -95,7 +116,7 @@ QLayout* CatalogueList::buttonRow()
     QBoxLayout* buttons = row({});
     const auto add = [&](const ToolButton& wanted, void (CatalogueList::*slot)(), bool can) {
         if (can && !wanted.name.isEmpty())
-            buttons->addWidget(tipped(button(wanted.name, wanted.caption, this, slot), wanted.tip));
+            buttons->addWidget(buttonOf(wanted, slot));
     };
     add(catalogue_.create, &CatalogueList::createEntry, bool(catalogue_.record));
     add(catalogue_.edit, &CatalogueList::editCurrent, bool(catalogue_.record));
@@ -111,7 +132,7 @@ void CatalogueList::refresh()
     if (!session().checkConnection())
         say(catalogue_.notConnected);
     const QString chosen = currentKey();
-    const sql::Result rows = session().run(catalogue_.statement);
+    const sql::Result rows = session().run(statement_);
     QAbstractItemModel* model = view_->model();
     {
         const Filling filling(view_);
@@ -155,13 +176,27 @@ QString CatalogueList::currentText() const
     return current.isValid() ? entryText(view_->model(), current.row()) : QString();
 }
 
-void CatalogueList::setCurrentKey(const QString& key)
+QString CatalogueList::textOf(const QString& key) const
+{
+    const int row = rowOf(key);
+    return row < 0 ? QString() : entryText(view_->model(), row);
+}
+
+int CatalogueList::rowOf(const QString& key) const
 {
     const QAbstractItemModel* model = view_->model();
     for (int row = 0; row < model->rowCount(); ++row) {
         if (model->index(row, 0).data(kKeyRole).toString() == key)
-            return view_->setCurrentIndex(model->index(row, 0));
+            return row;
     }
+    return -1;
+}
+
+void CatalogueList::setCurrentKey(const QString& key)
+{
+    const int row = rowOf(key);
+    if (row >= 0)
+        view_->setCurrentIndex(view_->model()->index(row, 0));
 }
 
 int CatalogueList::count() const { return view_->model()->rowCount(); }
@@ -207,15 +242,20 @@ void CatalogueList::deleteCurrent()
     finish();
 }
 
-bool CatalogueList::mayDelete(const QString& key)
+bool CatalogueList::isUsed(const QString& key)
 {
     for (const char* statement : catalogue_.counts) {
         if (session().run(compose(statement, Entered(key))).toInt(0, 0) != 0) {
             warn(this, catalogue_.refusal);
-            return false;
+            return true;
         }
     }
-    return confirm(this, fill(catalogue_.question, currentText()));
+    return false;
+}
+
+bool CatalogueList::mayDelete(const QString& key)
+{
+    return !isUsed(key) && confirm(this, fill(catalogue_.question, currentText()));
 }
 
 void CatalogueList::finish()
@@ -223,6 +263,8 @@ void CatalogueList::finish()
     refresh();
     emit changed();
 }
+
+void CatalogueList::activate(const QModelIndex&) { editCurrent(); }
 
 void CatalogueList::dress(int, const QString&) { }
 

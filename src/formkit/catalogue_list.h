@@ -2,10 +2,12 @@
 // A catalogue as a list with its buttons: shows the rows of a table, opens
 // their record, deletes what nothing refers to.
 
+#include "base/statement.h"
 #include "formkit/record_dialog.h"
 
 #include <memory>
 
+class QAbstractButton;
 class QAbstractItemView;
 class QMenu;
 
@@ -16,6 +18,7 @@ struct ToolButton {
     QString name;
     QString caption;
     QString tip;
+    QString icon = QString(); ///< of the set; with one the button shows it in the place of its caption
 };
 
 struct Catalogue {
@@ -48,7 +51,7 @@ public:
     explicit CatalogueList(const Catalogue& catalogue, QWidget* parent = nullptr);
 
     /// Reads the catalogue; the chosen entry stays chosen.
-    void refresh();
+    virtual void refresh();
 
     QString currentKey() const; ///< empty when nothing is chosen
     QString currentText() const;
@@ -65,15 +68,27 @@ signals:
 
 protected:
     QAbstractItemView* view() const { return view_; }
+    /// Reads other rows from now on.
+    void setStatement(const Statement& statement) { statement_ = statement; }
+    /// What stands between the list and its buttons.
+    void putUnderList(QLayout* content);
+    /// The text of the entry; empty when there is none of the key.
+    QString textOf(const QString& key) const;
     /// An entry stands in its row: its marks, its icon.
     virtual void dress(int row, const QString& key);
     /// What the menu of the list holds above the buttons' own entries.
     virtual void addToMenu(QMenu& menu);
+    /// A double click: opens the entry's record.
+    virtual void activate(const QModelIndex& place);
+    /// Whether something refers to the entry; tells so.
+    bool isUsed(const QString& key);
     /// Whether the entry may go; tells why not.
     virtual bool mayDelete(const QString& key);
 
 private:
     QLayout* buttonRow();
+    QAbstractButton* buttonOf(const ToolButton& wanted, void (CatalogueList::*slot)());
+    int rowOf(const QString& key) const;
     void addEntry(const sql::Result& rows, int row);
     void showMenu(const QPoint& place);
     void showFiltered(const QString& text);
@@ -81,6 +96,7 @@ private:
     void runRecord(RecordDialog& dialog);
 
     Catalogue catalogue_;
+    Statement statement_;
     QAbstractItemView* view_;
 };
 

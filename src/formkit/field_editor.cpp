@@ -30,7 +30,11 @@ FieldEditor lineEditor(const Field& field, const Changed& changed)
     if (!field.pattern.isEmpty())
         line->setValidator(new QRegularExpressionValidator(QRegularExpression(field.pattern), line));
     QObject::connect(line, &QLineEdit::textChanged, line, changed);
-    return {line, line, [line] { return line->text(); }, [line](const QString& value) { line->setText(value); }, {}};
+    const auto show = [line](const QString& value) {
+        line->setText(value);
+        line->setCursorPosition(0); // a long text shows its beginning
+    };
+    return {line, line, [line] { return line->text(); }, show, {}};
 }
 
 FieldEditor pathEditor(const Field& field, const Changed& changed)
@@ -123,6 +127,7 @@ FieldEditor choiceEditor(const Field& field, const Changed& changed)
 FieldEditor colourEditor(const Field& field, const Changed& changed)
 {
     QPushButton* patch = button(field.name, QString());
+    patch->setMinimumHeight(patch->sizeHint().height()); // the colour takes its frame away
     const auto show = [patch, changed, wears = field.wears](const QString& value) {
         const bool another = patch->text() != value;
         const QColor colour = wears(value);

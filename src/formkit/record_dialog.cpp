@@ -6,7 +6,15 @@
 #include "formkit/layout.h"
 #include "formkit/widgets.h"
 
+#include <map>
+
 namespace formkit {
+
+namespace {
+
+constexpr int kLeastWidth = 52; // characters: a name and its caption in one line
+
+} // namespace
 
 FieldsDialog::FieldsDialog(const QString& name, const QString& title, const FieldList& fields,
                            std::initializer_list<EndButton> ends, QWidget* parent)
@@ -27,7 +35,9 @@ void FieldsDialog::accept()
 
 RecordDialog::RecordDialog(const Record& record, QWidget* parent)
     : FieldsDialog(record.name, record.title, record.fields, {record.save, record.leave}, parent), record_(record)
-{ }
+{
+    setMinimumWidth(fontMetrics().averageCharWidth() * kLeastWidth);
+}
 
 void RecordDialog::showNew()
 {
@@ -43,10 +53,32 @@ bool RecordDialog::showStored(const QString& key)
     if (!row.isTuples() || row.ntuples() == 0)
         return false;
     key_ = key;
-    fields().showRow(row, 0, 1);
+    QStringList values;
+    for (int field = 0; field < int(record_.fields.size()); ++field)
+        values << (columnOf(field) < 0 ? QString() : row.getvalue(0, columnOf(field)));
+    fields().showRow(values);
     shown();
     fields().setClean();
     return true;
+}
+
+int RecordDialog::columnOf(int field) const
+{
+    return record_.columns.empty() ? field + 1 : record_.columns[size_t(field)];
+}
+
+QStringList RecordDialog::values() const
+{
+    const QStringList shown = fields().row();
+    std::map<int, QString> byColumn;
+    for (int field = 0; field < shown.size(); ++field) {
+        if (columnOf(field) >= 0)
+            byColumn[columnOf(field)] = shown[field];
+    }
+    QStringList ordered;
+    for (const auto& [column, value] : byColumn)
+        ordered << value;
+    return ordered;
 }
 
 bool RecordDialog::store()

@@ -43,6 +43,10 @@ struct Record {
     const char* load = nullptr;   ///< of the key %1; gives the key and then the fields, in their order
     const char* insert = nullptr; ///< may return the new key
     const char* update = nullptr;
+    /// Where the fields do not stand in the order of `load` behind the key: the
+    /// column of each, -1 of one that the statements do not know. The markers
+    /// stand for the columns in their order.
+    std::vector<int> columns = {};
     EndButton save = accepts(QStringLiteral("SaveBtn"), QStringLiteral("Сохранить"));
     EndButton leave = cancel();
 };
@@ -66,12 +70,14 @@ protected:
     /// The fields show the record: what is still to be set or hidden.
     virtual void shown() { }
     /// The values for the statements.
-    virtual QStringList values() const { return fields().row(); }
+    virtual QStringList values() const;
     /// Runs the insert or the update. Its failure is not told and does not keep
     /// the dialog open: the list that shows the records shows the truth.
     bool store() override;
 
 private:
+    int columnOf(int field) const;
+
     Record record_;
     QString key_;
 };

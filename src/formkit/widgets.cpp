@@ -1,5 +1,6 @@
 #include "formkit/widgets.h"
 
+#include "formkit/icons.h"
 #include "session/project_session.h"
 
 #include <QHeaderView>
@@ -11,6 +12,7 @@ namespace {
 
 constexpr int kCaptionMargins = 28; // what a button's style adds to its caption
 constexpr int kTextMargins = 12;    // what a text's frame adds to its lines
+constexpr int kIconSize = 20;
 
 } // namespace
 
@@ -153,6 +155,17 @@ QPushButton* button(const QString& name, const QString& caption)
 {
     auto* made = named<QPushButton>(name, caption);
     made->setAutoDefault(false);
+    return made;
+}
+
+QToolButton* toolButton(const QString& name, const QString& caption, const QString& iconName, const QString& tip)
+{
+    auto* made = named<QToolButton>(name);
+    made->setText(caption);
+    made->setIcon(icon(iconName));
+    made->setIconSize(QSize(kIconSize, kIconSize));
+    made->setAutoRaise(true);
+    made->setToolTip(tip.isEmpty() ? caption : tip);
     return made;
 }
 

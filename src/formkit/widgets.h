@@ -22,6 +22,7 @@
 #include <QSlider>
 #include <QSpinBox>
 #include <QTableWidget>
+#include <QToolButton>
 #include <utility>
 
 namespace formkit {
@@ -85,6 +86,10 @@ QPushButton* button(const QString& name, const QString& caption, Receiver* recei
     QObject::connect(made, &QPushButton::clicked, receiver, slot);
     return made;
 }
+/// Shows the icon of the set (see icons.h); while it is not delivered, the
+/// caption. Without a tip of its own it tells its caption.
+QToolButton* toolButton(const QString& name, const QString& caption, const QString& iconName,
+                        const QString& tip = QString());
 /// "...", no wider than it needs.
 QPushButton* dotsButton(const QString& name);
 /// Makes the button wide enough for the caption, which it may get later.
