@@ -70,9 +70,9 @@ void MeasureImportDialog::connectForAll()
             [this] { table_.giveDevice(ui_.DeviceCombo->currentData().toInt()); });
     connect(ui_.BTNOperatorToAll, &QPushButton::clicked, this,
             [this] { table_.givePerformer(ui_.OperatorCombo->currentData().toInt()); });
-    connect(ui_.BTNCycleList, &QPushButton::clicked, this, [this] { showCatalogue(Catalogue::Cycles); });
-    connect(ui_.BTNDevicesList, &QPushButton::clicked, this, [this] { showCatalogue(Catalogue::Devices); });
-    connect(ui_.BTNPerformersList, &QPushButton::clicked, this, [this] { showCatalogue(Catalogue::Performers); });
+    connect(ui_.BTNCycleList, &QPushButton::clicked, this, [this] { showCatalogue(CatalogueKind::Cycles); });
+    connect(ui_.BTNDevicesList, &QPushButton::clicked, this, [this] { showCatalogue(CatalogueKind::Devices); });
+    connect(ui_.BTNPerformersList, &QPushButton::clicked, this, [this] { showCatalogue(CatalogueKind::Performers); });
 }
 
 void MeasureImportDialog::connectTable()
@@ -135,9 +135,9 @@ void MeasureImportDialog::reloadLists()
     fillPerformers(ui_.OperatorCombo);
 }
 
-void MeasureImportDialog::showCatalogue(Catalogue catalogue)
+void MeasureImportDialog::showCatalogue(CatalogueKind kind)
 {
-    openCatalogue(catalogue, this);
+    openCatalogue(kind, this);
     reloadLists();
     table_.setLists(lists_);
     setDelegates(elements_);

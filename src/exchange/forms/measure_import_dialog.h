@@ -3,7 +3,7 @@
 // heir adds what its family alone has.
 #pragma once
 
-#include "exchange/forms/catalogue_box.h"
+#include "database/catalogues/forms/catalogue_box.h"
 #include "exchange/forms/import_controls.h"
 #include "exchange/measure_table.h"
 #include "exchange/raw_lines.h"
@@ -32,7 +32,7 @@ private:
     void chooseScope();
     int chosenPosition() const;
     void reloadLists();
-    void showCatalogue(Catalogue catalogue);
+    void showCatalogue(CatalogueKind kind);
     void readFile();
     void setDelegates(const EntryList& elements);
     void showSummary();
