@@ -1,8 +1,8 @@
 #include "drawing/alignment/ucs_record.h"
 
+#include "base/file_name.h"
 #include "base/text.h"
 
-#include <QRegularExpression>
 #include <QStringList>
 #include <cmath>
 
@@ -39,10 +39,6 @@ std::optional<UcsRecord::Numbers> ucsNumbers(const QString& text)
     return numbers;
 }
 
-QString cleanUcsName(const QString& name)
-{
-    static const QRegularExpression refused(QStringLiteral(R"re([\<\>\\\/\"\'\:\?\*\|\,\=])re"));
-    return QString(name).replace(refused, QStringLiteral(" "));
-}
+QString cleanUcsName(const QString& name) { return plainName(name); }
 
 QString storableUcsName(const QString& name) { return cleanUcsName(name).replace(separator, QLatin1Char(' ')); }

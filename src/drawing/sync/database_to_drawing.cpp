@@ -11,6 +11,7 @@
 #include "hostkit/error_markers.h"
 #include "hostkit/model_space.h"
 #include "session/project_session.h"
+#include "session/working_drawing.h"
 
 #include <nrx/application.h>
 
@@ -132,8 +133,10 @@ bool ensureOpenDocument()
 {
     NcApDocManager* documents = ncDocManagerPtr();
     if (documents->documentCount() == 0)
-        documents->executeInApplicationContext(
-            [documents] { documents->appContextNewDocument(QStringLiteral("Default.dwt")); });
+        documents->executeInApplicationContext([documents] {
+            if (isOk(documents->appContextNewDocument(QStringLiteral("Default.dwt"))) && session().projectId != -1)
+                writeDrawingProperty(documents->curDocument(), {QStringLiteral("project"), session().projectName});
+        });
     return documents->documentCount() != 0;
 }
 

@@ -2,8 +2,8 @@
 
 #include "analysis/maps/forms/iso_contours_cmd_dialog.h"
 #include "analysis/maps/forms/state_filter_form.h"
-#include "analysis/maps/position_contours.h"
 #include "analysis/maps/value_labels.h"
+#include "database/hierarchy/position_contours.h"
 #include "formkit/end_buttons.h"
 
 #include <QAbstractButton>
