@@ -105,6 +105,7 @@ bool hostUiPaletteSet_Create(hostUiPaletteSet* set, const QString& title, unsign
     dock->setObjectName(title);
     dock->hide();
     auto* tabs = new QTabWidget(dock);
+    tabs->setObjectName("Pages"); // for scripts
     tabs->setDocumentMode(true);
     dock->setWidget(tabs);
     set->data_->dock = dock;

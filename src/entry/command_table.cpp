@@ -6,6 +6,7 @@
 #include "base/placeholders.h"
 #include "database/forms/administration_commands.h"
 #include "database/forms/create_project_form.h"
+#include "database/hierarchy/forms/hierarchy_commands.h"
 #include "database/sql/busy.h"
 #include "drawing/alignment/alignment.h"
 #include "drawing/alignment/attribute_mask.h"
@@ -44,6 +45,7 @@ void newProject() { runModal<CreateProjectForm>(); }
 void saveProject() { session().saveProject(); }
 void saveProjectAs() { session().saveProjectAs(); }
 void projectSettings() { togglePaletteSet(PaletteSlot::ProjectSettings); }
+void projectExplorer() { togglePaletteSet(PaletteSlot::ProjectExplorer); }
 void about() { runModal<AboutForm>(); }
 
 constexpr NcCommandHandler notBuilt = nullptr;
@@ -56,7 +58,7 @@ const std::array<Command, kCommandCount> kCommands = {{
     {"TERVA_NEW_PROJECT", None, None, kPlain, newProject},
     {"TERVA_SAVEPROJECT", None, None, kPlain, saveProject},
     {"TERVA_SAVEPROJECT_AS", None, None, kPlain, saveProjectAs},
-    {"TERVA_PROJECT_EXPLORER", None, None, kPlain, notBuilt},
+    {"TERVA_PROJECT_EXPLORER", None, None, kPlain, projectExplorer},
     {"TERVA_SYNC_DWG_DB", None, None, kPlain, drawingToDatabaseCommand},
     {"TERVA_SYNC_DB_DWG", Guard::C2, Guard::P2, kPlain, syncPositionToDrawing},
     {"TERVA_ELEMENT_LIST", None, None, kPlain, notBuilt},
@@ -105,8 +107,8 @@ const std::array<Command, kCommandCount> kCommands = {{
     {"TERVA_SETTLEMENTS", Guard::C2, Guard::P2, kPlain, notBuilt},
     {"TERVA_POSITION_ADD_DM_PROFILE", None, Guard::P1, kPlain, notBuilt},
     {"TERVA_POSITION_ADD_TS_PROFILE", None, Guard::P1, kPlain, notBuilt},
-    {"TERVA_POSITION_ADD_CONTOUR", None, Guard::P1, kPlain, notBuilt},
-    {"TERVA_POSITION_DRAW", None, Guard::P1, kPlain, notBuilt},
+    {"TERVA_POSITION_ADD_CONTOUR", None, Guard::P1, kPlain, addPositionContour},
+    {"TERVA_POSITION_DRAW", None, Guard::P1, kPlain, drawPositionLines},
     {"TERVA_POSITION_SUMMARY", Guard::C2, None, kPlain, notBuilt},
     {"TERVA_GET_UCS", Guard::C3, None, kPlain, storeUcsCommand},
     {"TERVA_SET_UCS", Guard::C3, None, kPlain, applyUcsCommand},

@@ -1,7 +1,13 @@
 #include "entry/palette_sets.h"
 
+#include "database/catalogues/forms/catalogue_forms.h"
+#include "database/catalogues/forms/cycles_list_form.h"
+#include "database/forms/project_placement_props.h"
 #include "database/forms/sql_form.h"
+#include "database/hierarchy/forms/project_explorer_widget.h"
 #include "formkit/palette_page.h"
+#include "session/forms/project_path_form.h"
+#include "session/forms/project_props_form.h"
 
 #include <nrx/application.h>
 #include <nrx/palettes.h>
@@ -22,6 +28,7 @@ struct Description {
     const char* title;
     unsigned windowStyle;
     std::vector<PalettePage> pages;
+    bool active = false; ///< a set of the host's Qt kind, whose pages start active
 };
 
 PalettePage samplePage(const char* title)
@@ -36,9 +43,24 @@ const std::array<Description, kPaletteSlotCount>& descriptions()
     static const std::array<Description, kPaletteSlotCount> rows = {{
         {"Test Qt Palette Set", 0x50400000, {samplePage("Test Qt Palette1"), samplePage("Another Qt Palette1")}},
         {"UI pal set", 0x50400000, {}},
-        {"Параметры проекта", 0x50400000, {palettePage<SQLForm>("SQL")}},
-        {"Состав проекта", 0x50410000, {}},
-        {"Элемент ГМН", 0x50410000, {}},
+        {"Параметры проекта",
+         0x50400000,
+         {
+             palettePage<ProjectPropsForm>("Проект"),
+             palettePage<SQLForm>("SQL"),
+             palettePage<ProjectPathForm>("Пути"),
+             palettePage<ProjectPlacementProps>("Расстановка"),
+         }},
+        {"Состав проекта",
+         0x50410000,
+         {
+             palettePage<ProjectExplorerWidget>("Состав"),
+             palettePage<CyclesListForm>("Циклы измерений"),
+             palettePage<DevicesListForm>("Оборудование"),
+             palettePage<PerformersListForm>("Исполнители"),
+         },
+         true},
+        {"Элемент ГМН", 0x50410000, {}, true},
         {"Элементы ГМН", 0x50400000, {}},
     }};
     return rows;
@@ -52,7 +74,7 @@ std::array<std::unique_ptr<hostUiPaletteSet>, kPaletteSlotCount>& sets()
 
 const Description& description(PaletteSlot slot) { return descriptions()[size_t(slot)]; }
 
-void addPage(hostUiPaletteSet* set, const PalettePage& page)
+void addPage(hostUiPaletteSet* set, const PalettePage& page, bool active)
 {
     auto* palette = new hostQtPalette;
     hostQtPalette_Create(palette, kPageStyle, QString::fromUtf8(page.title));
@@ -62,17 +84,23 @@ void addPage(hostUiPaletteSet* set, const PalettePage& page)
     auto* layout = new QVBoxLayout(holder);
     layout->addWidget(form);
     form->show();
+    if (active)
+        holder->setWindowState(holder->windowState() | Qt::WindowActive);
 }
 
 std::unique_ptr<hostUiPaletteSet> makeSet(const Description& wanted)
 {
-    auto set = std::make_unique<hostUiPaletteSet>();
+    std::unique_ptr<hostUiPaletteSet> set;
+    if (wanted.active)
+        set = std::make_unique<hostUiQtPaletteSet>();
+    else
+        set = std::make_unique<hostUiPaletteSet>();
     hostUiPaletteSet_Create(set.get(), QString::fromUtf8(wanted.title), wanted.windowStyle, kFirstPlace,
                             ndsw_ncadMainWnd(), kPaletteStyle);
     hostUiPaletteSet_EnableDocking(set.get(), kDockAnySide);
     hostUiPaletteSet_RestoreControlBar(set.get(), kDockBar);
     for (const PalettePage& page : wanted.pages)
-        addPage(set.get(), page);
+        addPage(set.get(), page, wanted.active);
     hostUiPaletteSet_SetActivePalette(set.get(), 0);
     set->window()->resize(hostUiPaletteSet_GetClientRect(set.get()).size());
     return set;
@@ -112,6 +140,7 @@ void togglePaletteSet(PaletteSlot slot)
         return;
     }
     sets()[size_t(slot)] = makeSet(description(slot));
+    refreshSet(slot);
     hostUiPaletteSet_Show(paletteSet(slot), true);
 }
 

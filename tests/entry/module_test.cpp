@@ -137,7 +137,10 @@ TEST(Palettes, AreMadeInThisOrderWithTheseNumbers)
         QStringList pages;
     } cases[] = {
         {PaletteSlot::Sample, "Test Qt Palette Set 0x50400000", {"Test Qt Palette1", "Another Qt Palette1"}},
-        {PaletteSlot::ProjectSettings, "Параметры проекта 0x50400000", {"SQL"}},
+        {PaletteSlot::ProjectSettings, "Параметры проекта 0x50400000", {"Проект", "SQL", "Пути", "Расстановка"}},
+        {PaletteSlot::ProjectExplorer,
+         "Состав проекта 0x50410000",
+         {"Состав", "Циклы измерений", "Оборудование", "Исполнители"}},
     };
     for (const auto& c : cases) {
         calls.clear();

@@ -6,6 +6,7 @@
 #include "formkit/layout.h"
 #include "formkit/widgets.h"
 #include "session/forms/connection_fields.h"
+#include "session/forms/project_fields.h"
 
 #include <QFileInfo>
 
@@ -34,31 +35,12 @@ FieldList connectionPageFields()
     return fields;
 }
 
-const FieldList dataFields = {
-    Field::text("ProjectName", "Наименование проекта"),
-    Field::text("ProjectCode", "Шифр проекта"),
-    Field::text("ProjectOrganization", "Организация"),
-    // The name is spelled so wherever the description is edited.
-    Field::text("ProjectDescriprion", "Описание"),
-};
-
-// A folder of the project; the choice starts at `start` while the field is empty.
-Field folderField(const char* name, const char* caption, const char* button, const char* title, const char* start)
-{
-    return Field::path(name, caption, button, [title, start](QWidget* form, const QString& now) {
-        return askFolder(form, title, orElse(now, start));
-    });
-}
-
 FieldList pathFields(const Field::Chooser& chooseFile)
 {
-    return {
-        Field::path("ProjectFile", "Файл проекта:", "btn_OpenProject", chooseFile),
-        folderField("WorkingDir", "Рабочая папка проекта", "btn_selectWorkPath", "Рабочая папка проекта", "/work"),
-        folderField("TemplateDir", "Папка шаблонов", "btn_SelectTemplatePath", "Папка шаблонов проекта", "/work"),
-        folderField("TempDir", "Временные файлы", "btn_SelectTempPath", "Временные файлы проекта", "/temp"),
-        Field::check("CopyTemplateCB", "Копировать примеры шаблонов"),
-    };
+    FieldList fields = projectFolderFields();
+    fields.insert(fields.begin(), Field::path("ProjectFile", "Файл проекта:", "btn_OpenProject", chooseFile));
+    fields.push_back(Field::check("CopyTemplateCB", "Копировать примеры шаблонов"));
+    return fields;
 }
 
 } // namespace
@@ -70,7 +52,7 @@ CreateProjectForm::CreateProjectForm(QWidget* parent) : QDialog(parent)
     layOut(this).column({
         pages_ = tabs("Pages").pages({
             {"SQL соединение", connectionPage()},
-            {"Данные проекта", column({data_ = new FieldPane(dataFields), stretch()})},
+            {"Данные проекта", column({data_ = new FieldPane(projectDataFields()), stretch()})},
             {"Пути проекта", column({paths_ = new FieldPane(pathFields(chooseFile)), stretch()})},
             {"Создание проекта",
              column({log_ = logBox("CreateLog", 12), openProject_ = check("OpenProject", "Открыть проект")})},

@@ -12,3 +12,10 @@ INSERT INTO cycles (cycle_id, number, date_start, date_end, description) VALUES
     (3, 3, '2021-09-01', '2021-09-30', 'Осень');
 INSERT INTO devices (device_id, name, serial, description) VALUES (1, 'Прибор', 'SN-1', 'Прибор испытаний');
 INSERT INTO performers (performer_id, fullname, name, post) VALUES (1, 'Иванов Иван Иванович', 'Иванов И.И.', 'Инженер');
+-- Keys given by hand leave the generators behind them.
+ALTER TABLE objects ALTER object_id RESTART WITH 2;
+ALTER TABLE subobjects ALTER subobject_id RESTART WITH 2;
+ALTER TABLE positions ALTER position_id RESTART WITH 3;
+ALTER TABLE cycles ALTER cycle_id RESTART WITH 4;
+ALTER TABLE devices ALTER device_id RESTART WITH 2;
+ALTER TABLE performers ALTER performer_id RESTART WITH 2;

@@ -1,0 +1,10 @@
+#pragma once
+// The fields of a project, as its creation and its settings show them.
+
+#include "formkit/field.h"
+
+/// Name, code, organization, description.
+formkit::FieldList projectDataFields();
+
+/// The project's folders; a choice starts at the field's value.
+formkit::FieldList projectFolderFields();

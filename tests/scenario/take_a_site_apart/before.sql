@@ -1,0 +1,2 @@
+-- include wells.sql
+DELETE FROM ts_meas;
