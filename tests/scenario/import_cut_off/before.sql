@@ -1,3 +1,4 @@
+-- include small_keys.sql
 INSERT INTO ggs_elements (type_id, element_name, state_id, position_id) SELECT 'ggs', 'Г' || n, 'exist', 1 FROM generate_series(1, 3) AS n;
 -- The second row that is written never arrives.
 CREATE SEQUENCE rows_written;
