@@ -25,12 +25,12 @@ struct InspectionFamily {
     /// Behind the key, the element and the cycle of `select`, in its order, which
     /// is that of the values in `insert` and `update` too.
     QVector<InspectionColumn> columns;
-    QString select;               ///< %1: the key
-    QString insert;               ///< %1 element, %2 cycle, then the columns
-    QString update;               ///< the same and the key
-    int keyPlace;                 ///< the key's marker in `update`; what would be there moves on
-    QString question;             ///< %1 the element's name, %2 the cycle's
-    QString afterOne = QString(); ///< run for the element %1 after one inspection was changed
+    const char* select;             ///< %1: the key
+    const char* insert;             ///< %1 element, %2 cycle, then the columns
+    const char* update;             ///< the same and the key
+    int keyPlace;                   ///< the key's marker in `update`; what would be there moves on
+    QString question;               ///< %1 the element's name, %2 the cycle's
+    const char* afterOne = nullptr; ///< run for the element %1 after one inspection was changed
 
     enum SelectColumn { InspectId, ElementId, CycleId, FirstValue };
     /// Names of the family's tables.

@@ -1,6 +1,7 @@
 #include "elements/inspections/inspection_record.h"
 
 #include "base/placeholders.h"
+#include "base/statement.h"
 #include "hostkit/console.h"
 #include "session/project_session.h"
 
@@ -51,14 +52,15 @@ QString InspectionRecord::questionText() const { return fill(family_->question, 
 void InspectionRecord::setElement(int id)
 {
     elementId = id;
-    elementName = session()
-                      .run(fill("select element_name from %1 where element_id=%2", family_->tables().elements, id))
-                      .getvalue(0, 0);
+    elementName =
+        session()
+            .run(compose("select element_name from %1 where element_id=%2", Identifier(family_->tables().elements), id))
+            .getvalue(0, 0);
 }
 
 bool InspectionRecord::load(int id)
 {
-    const sql::Result row = session().run(fill(family_->select, id));
+    const sql::Result row = session().run(compose(family_->select, id));
     if (!row.hasRow())
         return false;
     inspectId = id;
@@ -72,9 +74,9 @@ bool InspectionRecord::load(int id)
 
 void InspectionRecord::loadPhoto()
 {
-    const sql::Result row =
-        session().run(fill("select photos from %1 where inspect_id=$1::integer", family_->tables().inspections),
-                      {sql::text(inspectId)}, sql::Format::Binary);
+    const sql::Result row = session().run(
+        compose("select photos from %1 where inspect_id=$1::integer", Identifier(family_->tables().inspections)),
+        {sql::text(inspectId)}, sql::Format::Binary);
     QPixmap photo;
     photo.loadFromData(row.bytes(0, 0), "PNG");
     setPhoto(photo);
@@ -83,15 +85,16 @@ void InspectionRecord::loadPhoto()
 int InspectionRecord::storedIn(int cycle) const
 {
     enum Column { CycleId, InspectId };
-    const sql::Result row = session().run(fill("select cycle_id,inspect_id from %3 where cycle_id=%1 and element_id=%2",
-                                               cycle, elementId, family_->tables().inspections));
+    const sql::Result row =
+        session().run(compose("select cycle_id,inspect_id from %3 where cycle_id=%1 and element_id=%2", cycle,
+                              elementId, Identifier(family_->tables().inspections)));
     return row.hasRow() ? row.toInt(0, InspectId) : -1;
 }
 
 bool InspectionRecord::insert()
 {
     const sql::Result added = session().run(
-        fill(family_->insert, QStringList{QString::number(elementId), QString::number(cycleId)} + values));
+        compose(family_->insert, entered(QStringList{QString::number(elementId), QString::number(cycleId)} + values)));
     if (!added.hasRow())
         return false;
     inspectId = added.toInt(0, 0);
@@ -103,7 +106,7 @@ bool InspectionRecord::update()
 {
     QStringList all = QStringList{QString::number(elementId), QString::number(cycleId)} + values;
     all.insert(family_->keyPlace - 1, QString::number(inspectId));
-    if (!session().run(fill(family_->update, all)).isCommand())
+    if (!session().run(compose(family_->update, entered(all))).isCommand())
         return false;
     storePhoto();
     return true;
@@ -118,9 +121,9 @@ void InspectionRecord::storePhoto()
         buffer.open(QIODevice::WriteOnly);
         photo_.save(&buffer, "PNG");
     }
-    const sql::Result stored = session().run(
-        fill("update %1 set photos = $1::bytea where inspect_id=$2::integer", family_->tables().inspections),
-        {sql::binary(png_), sql::text(inspectId)});
+    const sql::Result stored = session().run(compose("update %1 set photos = $1::bytea where inspect_id=$2::integer",
+                                                     Identifier(family_->tables().inspections)),
+                                             {sql::binary(png_), sql::text(inspectId)});
     if (!stored.isCommand())
         say(stored.errorMessage());
 }

@@ -1,6 +1,7 @@
 #include "elements/inspections/inspections_by_cycle.h"
 
 #include "base/placeholders.h"
+#include "base/statement.h"
 #include "session/project_session.h"
 
 namespace {
@@ -10,8 +11,8 @@ QString stateText(const QString& stateId) { return session().states.value(stateI
 void readCells(const InspectionFamily& family, CycleRow& row)
 {
     enum Column { CycleId, StateId, InspectId };
-    const sql::Result rows = session().run(fill("select cycle_id,state_id, inspect_id from %1 where element_id = %2",
-                                                family.tables().inspections, row.elementId));
+    const sql::Result rows = session().run(compose("select cycle_id,state_id, inspect_id from %1 where element_id = %2",
+                                                   Identifier(family.tables().inspections), row.elementId));
     for (int i = 0; rows.isTuples() && i < rows.ntuples(); ++i)
         row.cells[rows.toInt(i, CycleId)] = {rows.toInt(i, InspectId), stateText(rows.getvalue(i, StateId))};
 }
@@ -32,10 +33,10 @@ std::optional<CycleRows> readInspectionRows(const InspectionFamily& family, cons
 {
     enum Column { ElementId, Name, StateId };
     return readElementRows(
-        fill("select element_id, element_name, state_id from %1 left join positions using (position_id) left join "
-             "subobjects using (subobject_id) left join objects using (object_id) left join projects using "
-             "(project_id) %2 order by element_name;",
-             family.tables().elements, scopeClause(place)),
+        compose("select element_id, element_name, state_id from %1 left join positions using (position_id) left join "
+                "subobjects using (subobject_id) left join objects using (object_id) left join projects using "
+                "(project_id) %2 order by element_name;",
+                Identifier(family.tables().elements), scopeClause(place)),
         [&family](const sql::Result& elements, int at, CycleRow& row) {
             row.stateId = elements.getvalue(at, StateId);
             row.state = stateText(row.stateId);
@@ -80,10 +81,10 @@ int deleteInspections(const InspectionFamily& family, const CycleRows& rows, int
     int deleted = 0;
     for (const CycleRow& row : rows) {
         if (row.idIn(cycleId) != -1)
-            deleted +=
-                session()
-                    .run(fill("delete from %2 where inspect_id=%1", row.idIn(cycleId), family.tables().inspections))
-                    .isCommand();
+            deleted += session()
+                           .run(compose("delete from %2 where inspect_id=%1", row.idIn(cycleId),
+                                        Identifier(family.tables().inspections)))
+                           .isCommand();
     }
     return deleted;
 }
@@ -91,20 +92,20 @@ int deleteInspections(const InspectionFamily& family, const CycleRows& rows, int
 bool recomputeStates(const InspectionFamily& family)
 {
     return session()
-        .run(fill("update %2 set  state_id = (coalesce((select state_id from %1 join cycles using (cycle_id) where "
-                  "element_id = %2.element_id order by date_start DESC limit 1), 'exist'));",
-                  family.tables().inspections, family.tables().elements))
+        .run(compose("update %2 set  state_id = (coalesce((select state_id from %1 join cycles using (cycle_id) where "
+                     "element_id = %2.element_id order by date_start DESC limit 1), 'exist'));",
+                     Identifier(family.tables().inspections), Identifier(family.tables().elements)))
         .isCommand();
 }
 
 QString recomputeState(const InspectionFamily& family, int elementId, const QString& presentState)
 {
-    const sql::Result row = session().run(
-        fill("update %3 set state_id = coalesce((select state_id from(select state_id, cycle_id from %4 where "
-             "element_id = %1) as elleft join cycles using (cycle_id)order by date_start DESC limit 1), '%2')where "
-             "element_id = %1 returning state_id;",
-             elementId, presentState, family.tables().elements, family.tables().inspections));
-    if (!family.afterOne.isEmpty())
-        session().run(fill(family.afterOne, elementId));
+    const sql::Result row = session().run(compose(
+        "update %3 set state_id = coalesce((select state_id from(select state_id, cycle_id from %4 where "
+        "element_id = %1) as elleft join cycles using (cycle_id)order by date_start DESC limit 1), '%2')where "
+        "element_id = %1 returning state_id;",
+        elementId, presentState, Identifier(family.tables().elements), Identifier(family.tables().inspections)));
+    if (family.afterOne)
+        session().run(compose(family.afterOne, elementId));
     return row.hasRow() ? row.getvalue(0, 0) : presentState;
 }

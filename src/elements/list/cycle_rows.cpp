@@ -2,7 +2,7 @@
 
 #include "session/project_session.h"
 
-std::optional<CycleRows> readElementRows(const QString& statement, const RowReader& read,
+std::optional<CycleRows> readElementRows(const Statement& statement, const RowReader& read,
                                          const ElementProgress& progress)
 {
     const sql::Result elements = session().run(statement);

@@ -1,6 +1,7 @@
 #pragma once
 // Reading the rows of a table of elements and cycles.
 
+#include "base/statement.h"
 #include "elements/list/cycle_table.h"
 #include "elements/list/hierarchy.h"
 
@@ -19,5 +20,5 @@ using RowReader = std::function<void(const sql::Result& elements, int at, CycleR
 
 /// A row for each element that the statement gives, its id and name first.
 /// Nothing when it was refused or the work was stopped.
-std::optional<CycleRows> readElementRows(const QString& statement, const RowReader& read,
+std::optional<CycleRows> readElementRows(const Statement& statement, const RowReader& read,
                                          const ElementProgress& progress);

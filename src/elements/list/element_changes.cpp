@@ -1,6 +1,7 @@
 #include "elements/list/element_changes.h"
 
 #include "base/placeholders.h"
+#include "base/statement.h"
 #include "base/text.h"
 #include "elements/families/kinds.h"
 #include "hostkit/console.h"
@@ -13,25 +14,26 @@ namespace {
 
 const QString& tableOf(const ListedElement& element) { return element.family->tables().elements; }
 
-bool runs(const QString& statement) { return session().run(statement).isCommand(); }
+bool runs(const Statement& statement) { return session().run(statement).isCommand(); }
 
 // Runs the statement for every element: %1 its table, %2 the value, %3 its key.
-void changeAll(const ListedElements& elements, const QString& statement, const QString& value, const QString& done,
+void changeAll(const ListedElements& elements, const char* statement, const QString& value, const QString& done,
                const QString& failed)
 {
     for (const ListedElement& element : elements)
-        say(fill(runs(fill(statement, tableOf(element), value, element.id)) ? done : failed, element.name));
+        say(fill(runs(compose(statement, Identifier(tableOf(element)), value, element.id)) ? done : failed,
+                 element.name));
 }
 
 bool deleteOne(const ListedElement& element)
 {
-    return runs(fill("delete from %1 where element_id=%2", tableOf(element), element.id));
+    return runs(compose("delete from %1 where element_id=%2", Identifier(tableOf(element)), element.id));
 }
 
 bool clearDependants(const ListedElement& element)
 {
     for (const QString& table : element.family->dependants()) {
-        if (!runs(fill("delete from %1 where element_id = %2", table, element.id)))
+        if (!runs(compose("delete from %1 where element_id = %2", Identifier(table), element.id)))
             return false;
     }
     return true;
@@ -65,14 +67,14 @@ void moveToPosition(const ListedElements& elements, int positionId)
 {
     for (const ListedElement& element : elements) {
         const sql::Result namesakes =
-            session().run(fill("select element_id from %1 where position_id=%2 and element_name='%3' ",
-                               tableOf(element), positionId, element.name));
+            session().run(compose("select element_id from %1 where position_id=%2 and element_name='%3' ",
+                                  Identifier(tableOf(element)), positionId, element.name));
         if (namesakes.hasRow()) {
             say(fill("Элемент с именем '%1' уже есть в позиции и будет пропущен", element.name));
             continue;
         }
-        const bool moved =
-            runs(fill("update %1 set position_id=%2 where element_id = %3", tableOf(element), positionId, element.id));
+        const bool moved = runs(compose("update %1 set position_id=%2 where element_id = %3",
+                                        Identifier(tableOf(element)), positionId, element.id));
         // The misspelt word is how users know the message.
         say(fill(moved ? "Позиция элемента %1 обновлена" : "Ну удалось обновить позицию элемента %1", element.name));
     }
@@ -83,8 +85,7 @@ QString deletionQuestion(const ListedElements& elements)
     QStringList names;
     for (const ListedElement& element : elements)
         names.append(element.name);
-    return fill("Будет выполнено удаление следующих елементов: \n %1 \n Продолжить?",
-                names.join(QStringLiteral(", ")));
+    return fill("Будет выполнено удаление следующих елементов: \n %1 \n Продолжить?", names.join(QStringLiteral(", ")));
 }
 
 void deleteElements(const ListedElements& elements, const ClearQuestion& mayClear)
@@ -95,9 +96,10 @@ void deleteElements(const ListedElements& elements, const ClearQuestion& mayClea
             say(fill(deleted, element.name));
             continue;
         }
-        if (!mayClear(fill("Не удалось удалить %1\n  Возможно, элемент %1 содержит файлы, измерения, и другие данные. \n "
-                           "Очистить их и повторить.",
-                           element.name)))
+        if (!mayClear(
+                fill("Не удалось удалить %1\n  Возможно, элемент %1 содержит файлы, измерения, и другие данные. \n "
+                     "Очистить их и повторить.",
+                     element.name)))
             continue;
         if (!clearDependants(element))
             say(fill("Ошибка очистки данных для элемента %1", element.name));

@@ -1,6 +1,7 @@
 #include "elements/list/element_list_model.h"
 
 #include "base/placeholders.h"
+#include "base/statement.h"
 #include "elements/list/list_statement.h"
 #include "session/project_session.h"
 
@@ -12,7 +13,7 @@ const char* const positionsStatement =
     "select position_id, position, subobject_id from positions join subobjects using(subobject_id) order by "
     "subobjects.appearence,positions.appearence";
 
-void readMap(const QString& statement, StringMap& map)
+void readMap(const Statement& statement, StringMap& map)
 {
     const sql::Result rows = session().run(statement);
     if (!rows.isTuples())
@@ -99,15 +100,16 @@ ElementListModel::ElementListModel(QObject* parent) : QStandardItemModel(parent)
 
 QStringList ElementListModel::titles()
 {
-    return {"Id", "Имя", "Тип", "Состояние", "Позиция(Проект)", "X", "Y", "Абс.Отм.", "Высота", "Измерения", "Фото",
-            "Абрис", "Колонка"};
+    return {"Id",       "Имя",    "Тип",       "Состояние", "Позиция(Проект)", "X",      "Y",
+            "Абс.Отм.", "Высота", "Измерения", "Фото",      "Абрис",           "Колонка"};
 }
 
 void ElementListModel::readChoices()
 {
     for (const ListFamily& family : listFamilies())
-        readMap(fill("select type_id, name from %1", family.tables().types), types_[size_t(family.family)]);
-    readMap(QStringLiteral("select state_id, note  from states"), states_);
+        readMap(compose("select type_id, name from %1", Identifier(family.tables().types)),
+                types_[size_t(family.family)]);
+    readMap("select state_id, note  from states", states_);
     readPositions(positions_);
 }
 
@@ -192,8 +194,8 @@ void ElementListModel::edited(QStandardItem* item)
 bool ElementListModel::isTaken(int row, const QString& name, int positionId) const
 {
     return session()
-        .run(fill("select element_id from %1 where element_name='%2' and %3=%4",
-                  index(row, Id).data(TableRole).toString(), name, "position_id", positionId))
+        .run(compose("select element_id from %1 where element_name='%2' and %3=%4",
+                     Identifier(index(row, Id).data(TableRole).toString()), name, "position_id", positionId))
         .hasRow();
 }
 
@@ -228,10 +230,11 @@ ElementListModel::Answer ElementListModel::checkPosition(QStandardItem* item)
 
 void ElementListModel::writeRow(int row) const
 {
-    const auto number = [&](int column) { return numberForStatement(textAt(row, column)); };
-    session().run(fill("update  %1 set (type_id, element_name, state_id, %2,x,y,z,h) =('%3','%4','%5',%6,%7,%8,%9,%10) "
-                       "where element_id=%11",
-                       index(row, Id).data(TableRole).toString(), "position_id", keyAt(row, Type), textAt(row, Name),
-                       keyAt(row, State), keyAt(row, Position), number(X), number(Y), number(Z), number(H),
-                       textAt(row, Id)));
+    const auto number = [&](int column) { return Numeral(numberForStatement(textAt(row, column))); };
+    session().run(
+        compose("update  %1 set (type_id, element_name, state_id, %2,x,y,z,h) =('%3','%4','%5',%6,%7,%8,%9,%10) "
+                "where element_id=%11",
+                Identifier(index(row, Id).data(TableRole).toString()), "position_id", keyAt(row, Type),
+                textAt(row, Name), keyAt(row, State), Numeral(keyAt(row, Position)), number(X), number(Y), number(Z),
+                number(H), textAt(row, Id).toInt()));
 }

@@ -44,9 +44,9 @@ class ElementListModel : public QStandardItemModel {
 public:
     enum Column { Id, Name, Type, State, Position, X, Y, Z, H, Measures, Photo, Sketch, Geology, ColumnCount };
     enum Role {
-        KeyRole = Qt::UserRole, ///< of a name the name itself, of a file the count
-        ChoicesRole,            ///< StringMap, or the ComboData of a position; of a name the last accepted one
-        OldPositionRole,        ///< while a position is being changed
+        KeyRole = Qt::UserRole,       ///< of a name the name itself, of a file the count
+        ChoicesRole,                  ///< StringMap, or the ComboData of a position; of a name the last accepted one
+        OldPositionRole,              ///< while a position is being changed
         TableRole = Qt::UserRole + 8, ///< name of the element's table
     };
 

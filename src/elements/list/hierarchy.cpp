@@ -1,6 +1,7 @@
 #include "elements/list/hierarchy.h"
 
 #include "base/placeholders.h"
+#include "base/statement.h"
 #include "session/project_session.h"
 
 namespace {
@@ -27,7 +28,7 @@ void addChildren(int level, int parent, QVector<HierarchyNode>& nodes)
 {
     if (level >= levelCount)
         return;
-    const sql::Result rows = session().run(fill(levels[level].children, parent));
+    const sql::Result rows = session().run(compose(levels[level].children, parent));
     for (int row = 0; rows.isTuples() && row < rows.ntuples(); ++row) {
         const int id = rows.toInt(row, 0);
         nodes.append({{level, id}, rows.getvalue(row, levels[level].nameColumn)});
@@ -51,9 +52,9 @@ HierarchyPlace placeOf(const QString& text)
     return good ? place : HierarchyPlace();
 }
 
-QString scopeClause(const HierarchyPlace& place)
+Statement scopeClause(const HierarchyPlace& place)
 {
-    return place.level < 0 ? QString() : fill(levels[place.level].clause, place.id);
+    return place.level < 0 ? Statement() : compose(levels[place.level].clause, place.id);
 }
 
 QVector<HierarchyNode> readHierarchy()

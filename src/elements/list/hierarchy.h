@@ -2,6 +2,8 @@
 // Where in the project a list of elements looks: everywhere, or below one node
 // of the tree of project, objects, subobjects and positions.
 
+#include "base/statement.h"
+
 #include <QString>
 #include <QVector>
 
@@ -15,7 +17,7 @@ QString placeText(const HierarchyPlace& place);
 HierarchyPlace placeOf(const QString& text);
 
 /// What a statement on elements joined with their hierarchy asks; empty for everywhere.
-QString scopeClause(const HierarchyPlace& place);
+Statement scopeClause(const HierarchyPlace& place);
 
 struct HierarchyNode {
     HierarchyPlace place;

@@ -3,9 +3,12 @@
 const FamilyTable<ListFamily>& listFamilies()
 {
     static const FamilyTable<ListFamily> rows = {
-        {FamilyKey::Rp, "meas_rp_id", "Тип PR"}, {FamilyKey::Dm, "meas_dm_id", "Тип ДМ"},
-        {FamilyKey::Ts, "meas_ts_id", "Тип ТС"}, {FamilyKey::Tss, "meas_id", "Тип ТCС"}, // a Latin "C": users know it so
-        {FamilyKey::Ggs, "meas_id", "Тип ГГС"},  {FamilyKey::Tsg, "meas_id", "Тип ТСГ"},
+        {FamilyKey::Rp, "meas_rp_id", "Тип PR"},
+        {FamilyKey::Dm, "meas_dm_id", "Тип ДМ"},
+        {FamilyKey::Ts, "meas_ts_id", "Тип ТС"},
+        {FamilyKey::Tss, "meas_id", "Тип ТCС"}, // a Latin "C": users know it so
+        {FamilyKey::Ggs, "meas_id", "Тип ГГС"},
+        {FamilyKey::Tsg, "meas_id", "Тип ТСГ"},
         {FamilyKey::Igs, QString(), "Тип ИГС"},
     };
     return rows;

@@ -8,4 +8,4 @@
 enum class ListColumn { Id, Name, TypeId, StateId, PositionId, X, Y, Z, H, Cycles, Photos, Sketches, Geology };
 
 /// Elements at the place; of their measures those of the cycle, of all cycles for -1.
-QString listStatement(const ListFamily& family, const HierarchyPlace& place, int cycleId);
+Statement listStatement(const ListFamily& family, const HierarchyPlace& place, int cycleId);

@@ -2,15 +2,17 @@
 
 #include "base/dates.h"
 #include "base/placeholders.h"
+#include "base/statement.h"
 #include "elements/measures/family_measures.h"
 #include "session/project_session.h"
 
 namespace {
 
-bool deleteIds(const MeasureFamily& family, const QStringList& ids)
+bool deleteIds(const MeasureFamily& family, const QVector<int>& ids)
 {
     return session()
-        .run(fill("delete from %1 where %2 in (%3)", family.measureTable, family.idColumn, ids.join(QLatin1Char(','))))
+        .run(compose("delete from %1 where %2 in (%3)", Identifier(family.measureTable), Identifier(family.idColumn),
+                     IdList(ids)))
         .isCommand();
 }
 
@@ -18,8 +20,8 @@ void readCells(const MeasureFamily& family, CycleRow& row)
 {
     enum Column { CycleId, Date, MeasureId };
     const sql::Result rows = session().run(
-        fill("select cycle_id,TO_CHAR(date::date, 'yyyy-mm-dd') as date, %1 from %2 where element_id = %3",
-             family.idColumn, family.measureTable, row.elementId));
+        compose("select cycle_id,TO_CHAR(date::date, 'yyyy-mm-dd') as date, %1 from %2 where element_id = %3",
+                Identifier(family.idColumn), Identifier(family.measureTable), row.elementId));
     for (int i = 0; rows.isTuples() && i < rows.ntuples(); ++i) {
         const QDate date = dateFrom(rows.getvalue(i, Date), QStringLiteral("yyyy-MM-dd"));
         row.cells[rows.toInt(i, CycleId)] = {rows.toInt(i, MeasureId), dateText(date, QStringLiteral("dd.MM.yyyy"))};
@@ -32,7 +34,7 @@ bool clearTarget(const MeasureFamily& family, const CycleRow& row, const Measure
     const int standing = row.idIn(copy.target);
     if (standing == -1)
         return true;
-    return copy.mayReplace() && deleteIds(family, {QString::number(standing)});
+    return copy.mayReplace() && deleteIds(family, {standing});
 }
 
 int copyOne(const MeasureFamily& family, const CycleRow& row, const MeasureCopy& copy, const MeasureLists& lists)
@@ -45,7 +47,7 @@ int copyOne(const MeasureFamily& family, const CycleRow& row, const MeasureCopy&
     const int deleted = row.idIn(copy.target) == -1 ? 0 : 1;
     if (measure->setCycleId(copy.target) != measureOk)
         return deleted;
-    const QString insert = measure->insertSql();
+    const Statement insert = measure->insertSql();
     if (insert.isEmpty())
         return deleted; // a reading without a device or a performer is not carried over
     return deleted + int(session().run(insert).isTuples());
@@ -57,10 +59,11 @@ std::optional<CycleRows> readMeasureRows(const MeasureFamily& family, const Hier
                                          const ElementProgress& progress)
 {
     return readElementRows(
-        fill("select element_id, element_name from %1 left join positions using (position_id) left join subobjects "
-             "using (subobject_id) left join objects using (object_id) left join projects using (project_id) %2 order "
-             "by element_name;",
-             family.elementTable, scopeClause(place)),
+        compose(
+            "select element_id, element_name from %1 left join positions using (position_id) left join subobjects "
+            "using (subobject_id) left join objects using (object_id) left join projects using (project_id) %2 order "
+            "by element_name;",
+            Identifier(family.elementTable), scopeClause(place)),
         [&family](const sql::Result&, int, CycleRow& row) { readCells(family, row); }, progress);
 }
 
@@ -86,10 +89,10 @@ int copyMeasures(const MeasureFamily& family, const CycleRows& rows, const Measu
 
 bool deleteMeasures(const MeasureFamily& family, const CycleRows& rows, int cycleId)
 {
-    QStringList ids;
+    QVector<int> ids;
     for (const CycleRow& row : rows) {
         if (row.idIn(cycleId) != -1)
-            ids.append(QString::number(row.idIn(cycleId)));
+            ids.append(row.idIn(cycleId));
     }
     return ids.isEmpty() || deleteIds(family, ids);
 }

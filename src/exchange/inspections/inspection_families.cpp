@@ -6,9 +6,9 @@ const char* const rotationAlone = "e.block_rotation as rotation";
 
 } // namespace
 
-const FamilyTable<InspectionFamily, measuredFamilyCount>& inspectionFamilies()
+const FamilyTable<ExchangedFamily, measuredFamilyCount>& exchangedFamilies()
 {
-    static const FamilyTable<InspectionFamily, measuredFamilyCount> table = {
+    static const FamilyTable<ExchangedFamily, measuredFamilyCount> table = {
         {FamilyKey::Ts,
          "ts",
          "e.h, e.depth, e.block_rotation as rotation",
@@ -29,9 +29,9 @@ const FamilyTable<InspectionFamily, measuredFamilyCount>& inspectionFamilies()
     return table;
 }
 
-const InspectionFamily* inspectionFamily(const QString& prefix)
+const ExchangedFamily* exchangedFamily(const QString& prefix)
 {
-    for (const InspectionFamily& family : inspectionFamilies()) {
+    for (const ExchangedFamily& family : exchangedFamilies()) {
         if (family.prefix == prefix)
             return &family;
     }

@@ -14,7 +14,7 @@ struct ElementAssignment {
     bool ofElementAlone; ///< the inspection has no such column
 };
 
-struct InspectionFamily {
+struct ExchangedFamily {
     FamilyKey family;
     QString prefix; ///< of the tables, and the key in documents
     const char* elementColumns;
@@ -23,7 +23,7 @@ struct InspectionFamily {
     QVector<ElementAssignment> assignments = {};
 };
 
-const FamilyTable<InspectionFamily, measuredFamilyCount>& inspectionFamilies();
+const FamilyTable<ExchangedFamily, measuredFamilyCount>& exchangedFamilies();
 
 /// Null for a key that is no family's.
-const InspectionFamily* inspectionFamily(const QString& prefix);
+const ExchangedFamily* exchangedFamily(const QString& prefix);

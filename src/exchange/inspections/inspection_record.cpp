@@ -5,7 +5,7 @@
 
 #include <QVariant>
 
-InspectionRecord::InspectionRecord(const QString& group, const QJsonObject& record, int cycleId)
+ExchangedRecord::ExchangedRecord(const QString& group, const QJsonObject& record, int cycleId)
     : group_(group), cycleId_(cycleId), elementId_(record.value(QLatin1String("element_id")).toVariant().toInt())
 {
     QJsonObject row = record;
@@ -14,7 +14,7 @@ InspectionRecord::InspectionRecord(const QString& group, const QJsonObject& reco
     const QJsonValue photo = row.take(QStringLiteral("photos"));
     hasPhoto_ = photo.isString();
     photo_ = photo.toString();
-    if (const InspectionFamily* family = inspectionFamily(group))
+    if (const ExchangedFamily* family = exchangedFamily(group))
         takeElementValues(*family, row);
     for (auto field = row.begin(); field != row.end(); ++field) {
         columns_ << compose("%1", Identifier(field.key()));
@@ -22,7 +22,7 @@ InspectionRecord::InspectionRecord(const QString& group, const QJsonObject& reco
     }
 }
 
-void InspectionRecord::takeElementValues(const InspectionFamily& family, QJsonObject& row)
+void ExchangedRecord::takeElementValues(const ExchangedFamily& family, QJsonObject& row)
 {
     for (const ElementAssignment& own : family.assignments) {
         if (row.contains(own.key))
@@ -32,21 +32,21 @@ void InspectionRecord::takeElementValues(const InspectionFamily& family, QJsonOb
     }
 }
 
-Identifier InspectionRecord::table() const { return Identifier(group_ + QStringLiteral("_inspection")); }
+Identifier ExchangedRecord::table() const { return Identifier(group_ + QStringLiteral("_inspection")); }
 
-Statement InspectionRecord::find() const
+Statement ExchangedRecord::find() const
 {
     return compose("SELECT inspect_id FROM public.%1 WHERE element_id = %2 AND cycle_id = %3;", table(), elementId_,
                    cycleId_);
 }
 
-Statement InspectionRecord::insert() const
+Statement ExchangedRecord::insert() const
 {
     return compose("INSERT INTO public.%1 (%2) VALUES (%3) RETURNING inspect_id;", table(), joined(columns_, ", "),
                    joined(values_, ", "));
 }
 
-Statement InspectionRecord::update(int inspectId) const
+Statement ExchangedRecord::update(int inspectId) const
 {
     QVector<Statement> pairs;
     for (int i = 0; i < columns_.size(); ++i)
@@ -55,12 +55,12 @@ Statement InspectionRecord::update(int inspectId) const
                    inspectId);
 }
 
-Statement InspectionRecord::updateElement() const
+Statement ExchangedRecord::updateElement() const
 {
     return compose("UPDATE public.ts_elements SET %1 WHERE element_id = %2", joined(element_, ", "), elementId_);
 }
 
-Statement InspectionRecord::storePhoto() const
+Statement ExchangedRecord::storePhoto() const
 {
     return compose("UPDATE public.%1 SET photos = $1::bytea WHERE inspect_id = $2::integer", table());
 }

@@ -6,12 +6,12 @@
 #include <QJsonObject>
 #include <QStringList>
 
-struct InspectionFamily;
+struct ExchangedFamily;
 
-class InspectionRecord {
+class ExchangedRecord {
 public:
     /// `group` is the key under which the record stands: a family's prefix.
-    InspectionRecord(const QString& group, const QJsonObject& record, int cycleId);
+    ExchangedRecord(const QString& group, const QJsonObject& record, int cycleId);
 
     int elementId() const { return elementId_; } ///< 0 without one
 
@@ -28,7 +28,7 @@ public:
     Statement storePhoto() const;
 
 private:
-    void takeElementValues(const InspectionFamily& family, QJsonObject& row);
+    void takeElementValues(const ExchangedFamily& family, QJsonObject& row);
     Identifier table() const;
 
     QString group_;

@@ -32,7 +32,7 @@ InspectionsDocument::State InspectionsDocument::build()
     if (!addLists() || !readContours())
         return state_;
     int step = 0;
-    for (const InspectionFamily& family : inspectionFamilies()) {
+    for (const ExchangedFamily& family : exchangedFamilies()) {
         if (!readFamily(family, step++))
             return state_;
     }
@@ -100,13 +100,13 @@ bool InspectionsDocument::readContours()
     return true;
 }
 
-bool InspectionsDocument::readFamily(const InspectionFamily& family, int step)
+bool InspectionsDocument::readFamily(const ExchangedFamily& family, int step)
 {
     ByElement inspections;
     return goOn(step, 0, 0) && readInspections(family, step, inspections) && readElements(family, inspections);
 }
 
-bool InspectionsDocument::readInspections(const InspectionFamily& family, int step, ByElement& inspections)
+bool InspectionsDocument::readInspections(const ExchangedFamily& family, int step, ByElement& inspections)
 {
     const sql::Result rows = session().run(
         compose("SELECT %1 FROM %2 JOIN public.%3_elements e ON i.element_id = e.element_id JOIN public.positions p ON "
@@ -135,7 +135,7 @@ bool InspectionsDocument::readInspections(const InspectionFamily& family, int st
     return true;
 }
 
-QJsonArray InspectionsDocument::filesOf(const InspectionFamily& family, int elementId)
+QJsonArray InspectionsDocument::filesOf(const ExchangedFamily& family, int elementId)
 {
     const sql::Result rows = session().run(compose("SELECT content as photo FROM public.%1_files WHERE element_id = %2",
                                                    Identifier(family.prefix), elementId));
@@ -149,7 +149,7 @@ QJsonArray InspectionsDocument::filesOf(const InspectionFamily& family, int elem
     return files;
 }
 
-bool InspectionsDocument::readElements(const InspectionFamily& family, const ByElement& inspections)
+bool InspectionsDocument::readElements(const ExchangedFamily& family, const ByElement& inspections)
 {
     const sql::Result rows = session().run(
         compose("SELECT e.element_id, e.position_id, e.element_name, e.state_id, "

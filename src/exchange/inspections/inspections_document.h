@@ -9,7 +9,7 @@
 #include <QJsonObject>
 #include <functional>
 
-struct InspectionFamily;
+struct ExchangedFamily;
 
 struct InspectionsTask {
     int projectId = -1;
@@ -43,10 +43,10 @@ private:
 
     bool addLists();
     bool readContours();
-    bool readFamily(const InspectionFamily& family, int step);
-    bool readInspections(const InspectionFamily& family, int step, ByElement& inspections);
-    QJsonArray filesOf(const InspectionFamily& family, int elementId);
-    bool readElements(const InspectionFamily& family, const ByElement& inspections);
+    bool readFamily(const ExchangedFamily& family, int step);
+    bool readInspections(const ExchangedFamily& family, int step, ByElement& inspections);
+    QJsonArray filesOf(const ExchangedFamily& family, int elementId);
+    bool readElements(const ExchangedFamily& family, const ByElement& inspections);
     bool buildProject();
     void addMeanPosition(QJsonObject& project);
     bool objectsOf(QJsonArray& objects);

@@ -90,13 +90,13 @@ private:
         for (const QJsonValue& record : records) {
             if (progress_ && !progress_(done_, total_))
                 return false;
-            importRecord(group, InspectionRecord(group, record.toObject(), cycleId_));
+            importRecord(group, ExchangedRecord(group, record.toObject(), cycleId_));
             ++done_;
         }
         return true;
     }
 
-    void importRecord(const QString& group, const InspectionRecord& record)
+    void importRecord(const QString& group, const ExchangedRecord& record)
     {
         const sql::Result found = session().run(record.find());
         const sql::Result written = session().run(found.hasRow() ? record.update(found.toInt(0, 0)) : record.insert());
@@ -112,7 +112,7 @@ private:
             storePhoto(record, written.toInt(0, 0));
     }
 
-    static void updateElement(const InspectionRecord& record)
+    static void updateElement(const ExchangedRecord& record)
     {
         const sql::Result updated = session().run(record.updateElement());
         if (!updated.isCommand())
@@ -120,7 +120,7 @@ private:
                      updated.errorMessage()));
     }
 
-    static void storePhoto(const InspectionRecord& record, int inspectId)
+    static void storePhoto(const ExchangedRecord& record, int inspectId)
     {
         say(fill(" - Сохранение фото для inspect_id: %1... ", inspectId));
         QByteArray bytes;

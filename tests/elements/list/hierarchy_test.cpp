@@ -9,11 +9,11 @@
 
 TEST(HierarchyPlaces, AskByTheirLevelAndNothingForEverywhere)
 {
-    EXPECT_EQ(scopeClause({}), QString());
-    EXPECT_EQ(scopeClause({0, 5}), " where project_id=5 ");
-    EXPECT_EQ(scopeClause({1, 5}), " where object_id=5 ");
-    EXPECT_EQ(scopeClause({2, 5}), " where subobject_id=5 ");
-    EXPECT_EQ(scopeClause({3, 5}), " where position_id=5 ");
+    EXPECT_EQ(scopeClause({}).text(), "");
+    EXPECT_EQ(scopeClause({0, 5}).text(), " where project_id=5 ");
+    EXPECT_EQ(scopeClause({1, 5}).text(), " where object_id=5 ");
+    EXPECT_EQ(scopeClause({2, 5}).text(), " where subobject_id=5 ");
+    EXPECT_EQ(scopeClause({3, 5}).text(), " where position_id=5 ");
 }
 
 TEST(HierarchyPlaces, GoThroughATextAndBack)

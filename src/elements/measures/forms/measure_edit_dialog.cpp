@@ -174,8 +174,8 @@ bool MeasureEditDialog::cycleIsTaken() const
 {
     return measure_->cycleId != cycleBefore_
         && session()
-               .run(fill("select cycle_id from %3 where cycle_id=%1 and element_id=%2", measure_->cycleId,
-                         measure_->elementId, measure_->family().measureTable))
+               .run(compose("select cycle_id from %3 where cycle_id=%1 and element_id=%2", measure_->cycleId,
+                            measure_->elementId, Identifier(measure_->family().measureTable)))
                .hasRow();
 }
 

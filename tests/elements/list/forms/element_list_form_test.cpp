@@ -185,9 +185,8 @@ TEST_F(ListPage, TheMenuFollowsTheColumn)
             })
             .step("choose", {"Копировать в буфер"});
         play();
-        EXPECT_EQ(met,
-                  QStringList{"Показать в координатах"} + c.own
-                      + QStringList{"Копировать в буфер", "Паспорт элемента", "-", "Удалить"});
+        const QStringList last{"Копировать в буфер", "Паспорт элемента", "-", "Удалить"};
+        EXPECT_EQ(met, QStringList("Показать в координатах") + c.own + last);
     }
 }
 
