@@ -46,6 +46,7 @@ void saveProject() { session().saveProject(); }
 void saveProjectAs() { session().saveProjectAs(); }
 void projectSettings() { togglePaletteSet(PaletteSlot::ProjectSettings); }
 void projectExplorer() { togglePaletteSet(PaletteSlot::ProjectExplorer); }
+void elementList() { togglePaletteSet(PaletteSlot::ElementList); }
 void about() { runModal<AboutForm>(); }
 
 constexpr NcCommandHandler notBuilt = nullptr;
@@ -61,7 +62,7 @@ const std::array<Command, kCommandCount> kCommands = {{
     {"TERVA_PROJECT_EXPLORER", None, None, kPlain, projectExplorer},
     {"TERVA_SYNC_DWG_DB", None, None, kPlain, drawingToDatabaseCommand},
     {"TERVA_SYNC_DB_DWG", Guard::C2, Guard::P2, kPlain, syncPositionToDrawing},
-    {"TERVA_ELEMENT_LIST", None, None, kPlain, notBuilt},
+    {"TERVA_ELEMENT_LIST", None, None, kPlain, elementList},
     {"TERVA_INSERT_DM", None, Guard::P3, kPlain, insertCommand<0>},
     {"TERVA_INSERT_DMT", None, Guard::P3, kPlain, insertCommand<11>},
     {"TERVA_INSERT_DMGL", None, Guard::P3, kPlain, insertCommand<12>},

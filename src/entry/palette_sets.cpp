@@ -5,6 +5,7 @@
 #include "database/forms/project_placement_props.h"
 #include "database/forms/sql_form.h"
 #include "database/hierarchy/forms/project_explorer_widget.h"
+#include "elements/list/forms/element_list.h"
 #include "formkit/palette_page.h"
 #include "session/forms/project_path_form.h"
 #include "session/forms/project_props_form.h"
@@ -61,7 +62,7 @@ const std::array<Description, kPaletteSlotCount>& descriptions()
          },
          true},
         {"Элемент ГМН", 0x50410000, {}, true},
-        {"Элементы ГМН", 0x50400000, {}},
+        {"Элементы ГМН", 0x50400000, {palettePage<ElementList>("Проект")}},
     }};
     return rows;
 }

@@ -93,8 +93,8 @@ int InspectionRecord::storedIn(int cycle) const
 
 bool InspectionRecord::insert()
 {
-    const sql::Result added = session().run(
-        compose(family_->insert, entered(QStringList{QString::number(elementId), QString::number(cycleId)} + values)));
+    const sql::Result added =
+        session().run(compose(family_->insert, QVector<StatementValue>{elementId, cycleId} + entered(values)));
     if (!added.hasRow())
         return false;
     inspectId = added.toInt(0, 0);
@@ -104,9 +104,9 @@ bool InspectionRecord::insert()
 
 bool InspectionRecord::update()
 {
-    QStringList all = QStringList{QString::number(elementId), QString::number(cycleId)} + values;
-    all.insert(family_->keyPlace - 1, QString::number(inspectId));
-    if (!session().run(compose(family_->update, entered(all))).isCommand())
+    QVector<StatementValue> all = QVector<StatementValue>{elementId, cycleId} + entered(values);
+    all.insert(family_->keyPlace - 1, inspectId);
+    if (!session().run(compose(family_->update, all)).isCommand())
         return false;
     storePhoto();
     return true;

@@ -1,6 +1,5 @@
 #include "elements/inspections/inspections_by_cycle.h"
 
-#include "base/placeholders.h"
 #include "base/statement.h"
 #include "session/project_session.h"
 

@@ -12,7 +12,7 @@
 
 namespace {
 
-const QString& tableOf(const ListedElement& element) { return element.family->tables().elements; }
+Identifier tableOf(const ListedElement& element) { return Identifier(element.family->tables().elements); }
 
 bool runs(const Statement& statement) { return session().run(statement).isCommand(); }
 
@@ -21,13 +21,12 @@ void changeAll(const ListedElements& elements, const char* statement, const QStr
                const QString& failed)
 {
     for (const ListedElement& element : elements)
-        say(fill(runs(compose(statement, Identifier(tableOf(element)), value, element.id)) ? done : failed,
-                 element.name));
+        say(fill(runs(compose(statement, tableOf(element), value, element.id)) ? done : failed, element.name));
 }
 
 bool deleteOne(const ListedElement& element)
 {
-    return runs(compose("delete from %1 where element_id=%2", Identifier(tableOf(element)), element.id));
+    return runs(compose("delete from %1 where element_id=%2", tableOf(element), element.id));
 }
 
 bool clearDependants(const ListedElement& element)
@@ -68,13 +67,13 @@ void moveToPosition(const ListedElements& elements, int positionId)
     for (const ListedElement& element : elements) {
         const sql::Result namesakes =
             session().run(compose("select element_id from %1 where position_id=%2 and element_name='%3' ",
-                                  Identifier(tableOf(element)), positionId, element.name));
+                                  tableOf(element), positionId, element.name));
         if (namesakes.hasRow()) {
             say(fill("Элемент с именем '%1' уже есть в позиции и будет пропущен", element.name));
             continue;
         }
-        const bool moved = runs(compose("update %1 set position_id=%2 where element_id = %3",
-                                        Identifier(tableOf(element)), positionId, element.id));
+        const bool moved = runs(
+            compose("update %1 set position_id=%2 where element_id = %3", tableOf(element), positionId, element.id));
         // The misspelt word is how users know the message.
         say(fill(moved ? "Позиция элемента %1 обновлена" : "Ну удалось обновить позицию элемента %1", element.name));
     }

@@ -152,6 +152,8 @@ QList<QStandardItem*> ElementListModel::rowOf(const ListFamily& family, const sq
     return items;
 }
 
+Identifier ElementListModel::tableAt(int row) const { return Identifier(index(row, Id).data(TableRole).toString()); }
+
 QString ElementListModel::textAt(int row, int column) const { return index(row, column).data().toString(); }
 
 QString ElementListModel::keyAt(int row, int column) const { return index(row, column).data(KeyRole).toString(); }
@@ -194,8 +196,8 @@ void ElementListModel::edited(QStandardItem* item)
 bool ElementListModel::isTaken(int row, const QString& name, int positionId) const
 {
     return session()
-        .run(compose("select element_id from %1 where element_name='%2' and %3=%4",
-                     Identifier(index(row, Id).data(TableRole).toString()), name, "position_id", positionId))
+        .run(compose("select element_id from %1 where element_name='%2' and %3=%4", tableAt(row), name,
+                     Identifier("position_id"), positionId))
         .hasRow();
 }
 
@@ -232,9 +234,8 @@ void ElementListModel::writeRow(int row) const
 {
     const auto number = [&](int column) { return Numeral(numberForStatement(textAt(row, column))); };
     session().run(
-        compose("update  %1 set (type_id, element_name, state_id, %2,x,y,z,h) =('%3','%4','%5',%6,%7,%8,%9,%10) "
-                "where element_id=%11",
-                Identifier(index(row, Id).data(TableRole).toString()), "position_id", keyAt(row, Type),
-                textAt(row, Name), keyAt(row, State), Numeral(keyAt(row, Position)), number(X), number(Y), number(Z),
-                number(H), textAt(row, Id).toInt()));
+        compose("update  %1 set (type_id, element_name, state_id, %2,x,y,z,h) =('%3','%4','%5',%6,%7,%8,%9,%10) where "
+                "element_id=%11",
+                tableAt(row), Identifier("position_id"), keyAt(row, Type), textAt(row, Name), keyAt(row, State),
+                Numeral(keyAt(row, Position)), number(X), number(Y), number(Z), number(H), Numeral(textAt(row, Id))));
 }

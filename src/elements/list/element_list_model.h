@@ -77,6 +77,7 @@ private:
     Answer checkPosition(QStandardItem* item);
     bool isTaken(int row, const QString& name, int positionId) const;
     void writeRow(int row) const;
+    Identifier tableAt(int row) const;
     QString textAt(int row, int column) const;
     QString keyAt(int row, int column) const;
 

@@ -31,7 +31,7 @@ Statement listStatement(const ListFamily& family, const HierarchyPlace& place, i
 {
     const Family& tables = family.tables();
     const bool hasFiles = !tables.files.isEmpty();
-    const Statement columns = hasFiles ? fileColumns : "";
+    const Statement columns = hasFiles ? Statement(fileColumns) : Statement();
     const Statement joins = hasFiles ? compose(fileJoins, Identifier(tables.files)) : Statement();
     if (family.measureId.isEmpty())
         return compose(unmeasured, scopeClause(place), Identifier(tables.elements), columns, joins);

@@ -1,7 +1,6 @@
 #include "elements/measures/measures_by_cycle.h"
 
 #include "base/dates.h"
-#include "base/placeholders.h"
 #include "base/statement.h"
 #include "elements/measures/family_measures.h"
 #include "session/project_session.h"

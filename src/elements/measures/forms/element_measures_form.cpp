@@ -5,26 +5,13 @@
 #include "elements/measures/forms/measure_edit_dialog.h"
 #include "elements/measures/forms/measured_families.h"
 #include "elements/measures/measure_export.h"
+#include "files/written_file.h"
 #include "formkit/boxes.h"
 #include "formkit/file_questions.h"
 #include "formkit/for_all.h"
 #include "formkit/widgets.h"
 
-#include <QSaveFile>
-
 using namespace formkit;
-
-namespace {
-
-// False when the file could not be written.
-bool writeFile(const QString& path, const QString& text)
-{
-    QSaveFile file(path);
-    const QByteArray bytes = text.toUtf8();
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
-}
-
-} // namespace
 
 ElementMeasuresForm::ElementMeasuresForm(QWidget* parent)
     : ElementsByCycleForm({"ElementMeasuresForm",
@@ -100,7 +87,10 @@ void ElementMeasuresForm::exportMeasures()
     const QString path = askFileToSave(this, {"Сохранить измерения", "CSV files (*.csv)"});
     if (path.isEmpty())
         return;
-    if (!writeFile(path, exportText(family().family, *measures)))
+    WrittenFile file(path);
+    if (!file.open())
         return warn(this, "Не удалось открыть файл для записи.", "Ошибка");
+    if (!file.write(exportText(family().family, *measures).toUtf8()) || !file.commit())
+        return warn(this, "Не удалось записать файл: " + file.problem(), "Ошибка");
     inform(this, "Экспорт успешно завершен.", "Успех");
 }

@@ -2,6 +2,7 @@
 
 #include "base/dates.h"
 #include "base/placeholders.h"
+#include "base/statement.h"
 #include "base/text.h"
 #include "base/written_date.h"
 #include "formkit/boxes.h"

@@ -1,0 +1,8 @@
+INSERT INTO states (state_id, note, colorindex) VALUES ('broken', 'Разрушена', 1);
+INSERT INTO rp_elements (type_id, element_name, state_id, position_id, x, y, z, h)
+    VALUES ('rp_gl', 'РП-1', 'exist', 2, 5, 6, 7, 0);
+INSERT INTO dm_elements (type_id, element_name, state_id, position_id, x, y, z, h)
+    VALUES ('dm', 'ЧУЖАЯ', 'exist', 2, 0, 0, 0, 0);
+INSERT INTO dm_meas (element_id, cycle_id, date, meas) VALUES (1, 3, '2021-09-02', 1), (1, 1, '2021-01-02', 2);
+INSERT INTO igs_elements (type_id, element_name, state_id, position_id)
+    SELECT min(type_id), 'СКВ-1', 'exist', 1 FROM igs_types;
