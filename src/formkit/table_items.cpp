@@ -2,12 +2,14 @@
 
 #include "files/written_file.h"
 
+#include "base/placeholders.h"
 #include "base/text.h"
 #include "formkit/boxes.h"
 #include "formkit/file_questions.h"
 
 #include <QApplication>
 #include <QClipboard>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <cmath>
 
@@ -16,6 +18,9 @@ namespace formkit {
 namespace {
 
 constexpr int kNumberRole = Qt::UserRole + 100;
+const QString kSuffix = QStringLiteral(".csv");
+// Without it spreadsheets take the text for one of the local encoding.
+const QByteArray kByteOrderMark = "\xEF\xBB\xBF";
 
 class NumberItem final : public QTableWidgetItem {
 public:
@@ -25,6 +30,16 @@ public:
         return data(kNumberRole).toDouble() < other.data(kNumberRole).toDouble();
     }
 };
+
+// The point of a date in a name is no suffix.
+QString csvPath(QWidget* parent, const QString& path)
+{
+    if (path.isEmpty() || path.endsWith(kSuffix, Qt::CaseInsensitive))
+        return path;
+    const QString whole = path + kSuffix;
+    const bool isThere = QFileInfo::exists(whole);
+    return !isThere || confirm(parent, fill("Файл '%1' уже существует.\nЗаменить его?", whole)) ? whole : QString();
+}
 
 } // namespace
 
@@ -83,11 +98,11 @@ QString tableText(const QTableWidget* table, QChar separator, TextPart parts)
 
 void exportCsv(QWidget* parent, const QTableWidget* table, TextPart parts, const QString& title, const QString& filter)
 {
-    const QString path = askFileToSave(parent, {title, filter});
+    const QString path = csvPath(parent, askFileToSave(parent, {title, filter}));
     if (path.isEmpty())
         return;
     QString problem;
-    if (!saveFile(path, tableText(table, QLatin1Char(';'), parts).toUtf8(), &problem))
+    if (!saveFile(path, kByteOrderMark + tableText(table, QLatin1Char(';'), parts).toUtf8(), &problem))
         warn(parent, QStringLiteral("Не удалось записать файл ") + path + QStringLiteral(": ") + problem);
 }
 

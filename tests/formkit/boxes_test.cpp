@@ -150,7 +150,9 @@ TEST_F(Boxes, ATableGoesToAFileAndToTheClipboard)
     exportCsv(&form_, &shown, CellsOnly, "Экспорт");
     QFile file(folder.filePath("t.csv"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), QByteArray("а;2.35\n;--\n"));
+    EXPECT_EQ(file.readAll(),
+              QByteArray("\xEF\xBB\xBF"
+                         "а;2.35\n;--\n"));
 }
 
 TEST(TableItems, NumbersSortAsNumbers)

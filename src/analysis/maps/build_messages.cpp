@@ -4,7 +4,9 @@ namespace {
 
 constexpr std::size_t kMostNames = 10;
 
-QString namesOf(const std::vector<int>& points, const QStringList& names)
+} // namespace
+
+QString pointNames(const std::vector<int>& points, const QStringList& names)
 {
     QStringList shown;
     for (std::size_t i = 0; i < points.size() && i < kMostNames; ++i) {
@@ -17,6 +19,8 @@ QString namesOf(const std::vector<int>& points, const QStringList& names)
     return text;
 }
 
+namespace {
+
 QString noMapMessage(const contour::BuildResult& result, const QStringList& names)
 {
     switch (result.status) {
@@ -26,10 +30,10 @@ QString noMapMessage(const contour::BuildResult& result, const QStringList& name
         return result.without.empty()
             ? QStringLiteral("Карта не построена: нет ни одной точки.")
             : QStringLiteral("Карта не построена: нужно не меньше трёх точек, есть только %1.")
-                  .arg(namesOf(result.without, names));
+                  .arg(pointNames(result.without, names));
     case contour::BuildStatus::NoTriangle:
         return QStringLiteral("Карта не построена: точки лежат на одной прямой или в одном месте: %1.")
-            .arg(namesOf(result.without, names));
+            .arg(pointNames(result.without, names));
     case contour::BuildStatus::Done:
     case contour::BuildStatus::Cancelled: break;
     }
@@ -48,6 +52,6 @@ QString buildMessage(const contour::BuildResult& result, const QStringList& name
         lines << QStringLiteral("Сетка IDW не построена: граница слишком узкая. Карта построена по точкам без сетки.");
     if (!result.leftOut.empty())
         lines << QStringLiteral("Не учтены точки в одном месте с введёнными раньше: %1.")
-                     .arg(namesOf(result.leftOut, names));
+                     .arg(pointNames(result.leftOut, names));
     return lines.join(QLatin1Char('\n'));
 }

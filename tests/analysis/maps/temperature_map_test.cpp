@@ -171,13 +171,168 @@ TEST_F(TemperatureMap, ValuesGoToAFileAndToTheClipboard)
     EXPECT_TRUE(driver.done()) << driver.report();
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(QString::fromUtf8(file.readAll()),
-              QStringLiteral("1.00;-0.20;-4.00;-4.20;-0.10;-2.00\n"
+    const QByteArray bytes = file.readAll();
+    EXPECT_TRUE(bytes.startsWith("\xEF\xBB\xBF"));
+    EXPECT_EQ(QString::fromUtf8(bytes.mid(3)),
+              QStringLiteral(";ТС.1;ТС.2;ТС.3;ТС.4;ТС.5\n"
+                             "1.00;-0.20;-4.00;-4.20;-0.10;-2.00\n"
                              "3.00;-0.40;-4.50;-4.60;-0.30;-2.50\n"));
     child<QPushButton>(form, "CopyClipBTN")->click();
     EXPECT_EQ(QApplication::clipboard()->text(),
               QStringLiteral("1.00\t-0.20\t-4.00\t-4.20\t-0.10\t-2.00\n"
                              "3.00\t-0.40\t-4.50\t-4.60\t-0.30\t-2.50\n"));
+}
+
+TEST_F(TemperatureMap, AFileOfValuesIsACsvWhateverItsName)
+{
+    QTemporaryDir folder;
+    TemperatureMapForm form;
+    driver.expect(QStringLiteral("Экспорт в csv")).files({folder.filePath(QStringLiteral("карта 15.07"))});
+    child<QPushButton>(form, "ExportCSVBTN")->click();
+    EXPECT_TRUE(driver.done()) << driver.report();
+    EXPECT_TRUE(QFile::exists(folder.filePath(QStringLiteral("карта 15.07.csv"))));
+    driver.expect(QStringLiteral("Экспорт в csv")).files({folder.filePath(QStringLiteral("карта 15.07"))});
+    driver.expect(QStringLiteral("Внимание")).press(QStringLiteral("Нет"));
+    child<QPushButton>(form, "ExportCSVBTN")->click();
+    EXPECT_TRUE(driver.done()) << "a file is never replaced in silence: " << driver.report();
+}
+
+TEST_F(TemperatureMap, AnUntickedWellStaysOutAtAnotherDepthAndCycle)
+{
+    addWell(9, "ТС.9", 20, 20, 100, 0.5, "1.00:-1.00|2.00:-1.50");
+    TemperatureMapForm form;
+    const auto untick = [&](const char* name, Qt::CheckState state) {
+        auto* table = child<QTableWidget>(form, "PointData");
+        for (int row = 0; row < table->rowCount(); ++row) {
+            if (table->item(row, 0)->text() == QString::fromUtf8(name))
+                table->item(row, 4)->setCheckState(state);
+        }
+    };
+    untick("ТС.3", Qt::Unchecked);
+    auto* depth = child<QDoubleSpinBox>(form, "DeepSpin");
+    depth->setValue(3.0);
+    EXPECT_EQ(form.usedNames(), (QStringList{"ТС.1", "ТС.2", "ТС.4", "ТС.5"})) << "ТС.9 has no value here";
+    depth->setValue(2.0);
+    EXPECT_EQ(form.usedNames(), (QStringList{"ТС.1", "ТС.2", "ТС.4", "ТС.5", "ТС.9"})) << "and comes back by itself";
+    auto* cycle = child<QComboBox>(form, "MeasData");
+    const int before = cycle->currentIndex();
+    cycle->setCurrentIndex(before == 0 ? 1 : 0);
+    cycle->setCurrentIndex(before);
+    EXPECT_FALSE(form.usedNames().contains(QStringLiteral("ТС.3")));
+    untick("ТС.3", Qt::Checked);
+    depth->setValue(3.0);
+    EXPECT_TRUE(form.usedNames().contains(QStringLiteral("ТС.3")));
+}
+
+TEST_F(TemperatureMap, DepthAndIntervalStayThroughACycleWhileItReachesThem)
+{
+    database.exec("insert into ts_meas (element_id, cycle_id, device_id, date, t_vozd, meas, performer_id) values "
+                  "(1, 1, 1, '2022-07-15', 0, '1.00:-0.50|2.80:-0.70', 1)");
+    TemperatureMapForm form;
+    auto* depth = child<QDoubleSpinBox>(form, "DeepSpin");
+    auto* begin = child<QDoubleSpinBox>(form, "IntervalBegin");
+    auto* end = child<QDoubleSpinBox>(form, "IntervalEnd");
+    depth->setValue(2.5);
+    begin->setValue(1.5);
+    end->setValue(2.9);
+    auto* cycle = child<QComboBox>(form, "MeasData");
+    cycle->setCurrentIndex(cycle->findData(1));
+    EXPECT_EQ(depth->value(), 2.5);
+    EXPECT_EQ(form.usedPoints().size(), 1u);
+    EXPECT_EQ(begin->value(), 1.5);
+    EXPECT_EQ(end->value(), 2.8) << "no log is as deep as 2.9";
+    cycle->setCurrentIndex(cycle->findData(2));
+    EXPECT_EQ(depth->value(), 2.5);
+    EXPECT_EQ(end->value(), 2.9);
+    EXPECT_EQ(form.usedPoints().size(), 5u);
+}
+
+TEST_F(TemperatureMap, ElevationsStartAtTheExactKey)
+{
+    database.exec("update ts_elements set z = 100.0067 where element_id = 3");
+    TemperatureMapForm form;
+    child<QRadioButton>(form, "HSampling")->setChecked(true);
+    EXPECT_EQ(child<QDoubleSpinBox>(form, "DeepSpin")->value(), 98.51);
+    ASSERT_EQ(form.usedPoints().size(), 1u) << "98.51 lies above all readings, 98.5067 is one";
+    EXPECT_EQ(form.usedPoints()[0].z, -4.2);
+}
+
+TEST_F(TemperatureMap, WellsAtOnePlaceAreNamedMarkedAndNotUnticked)
+{
+    addWell(9, "ТС.9", 50, 50, 100, 0.5, "1.00:-1.00|3.00:-2.50");
+    TemperatureMapForm form;
+    const auto redRows = [&] {
+        QStringList names;
+        const auto* table = child<QTableWidget>(form, "PointData");
+        for (int row = 0; row < table->rowCount(); ++row) {
+            if (table->item(row, 0)->foreground().color() == QColor(255, 0, 0))
+                names << table->item(row, 0)->text();
+        }
+        names.sort();
+        return names;
+    };
+    auto* status = child<QLabel>(form, "StatusLabel");
+    EXPECT_EQ(status->text(), QStringLiteral("В одном месте с разными значениями (карта возьмёт первое): ТС.5, ТС.9."));
+    EXPECT_EQ(redRows(), (QStringList{"ТС.5", "ТС.9"}));
+    EXPECT_EQ(form.usedPoints().size(), 6u);
+    auto* depth = child<QDoubleSpinBox>(form, "DeepSpin");
+    depth->setValue(3.0);
+    EXPECT_EQ(status->text(), QString()) << "one value at one place";
+    EXPECT_EQ(redRows(), QStringList());
+    depth->setValue(1.0);
+    EXPECT_EQ(redRows().size(), 2);
+    auto* table = child<QTableWidget>(form, "PointData");
+    for (int row = 0; row < table->rowCount(); ++row) {
+        if (table->item(row, 0)->text() == QStringLiteral("ТС.9"))
+            table->item(row, 4)->setCheckState(Qt::Unchecked);
+    }
+    EXPECT_EQ(status->text(), QString());
+    EXPECT_EQ(redRows(), QStringList());
+}
+
+TEST_F(TemperatureMap, FewerThanThreeWellsAreNamedAndMarked)
+{
+    database.exec("delete from ts_meas where element_id in (1, 2, 4)");
+    TemperatureMapForm form;
+    EXPECT_EQ(child<QLabel>(form, "StatusLabel")->text(), QStringLiteral("Выбрано меньше трёх точек: ТС.3, ТС.5."));
+    EXPECT_EQ(form.usedPoints().size(), 2u);
+    const auto* table = child<QTableWidget>(form, "PointData");
+    for (int row = 0; row < table->rowCount(); ++row)
+        EXPECT_EQ(table->item(row, 0)->foreground().color(), QColor(255, 0, 0));
+}
+
+TEST_F(TemperatureMap, LabelsAreDrawnOnlyWithAMap)
+{
+    database.exec("delete from ts_meas where element_id > 2");
+    driver.expect(QStringLiteral("Построение карты температур"))
+        .set(QStringLiteral("LabelsOutEnabled"), QStringLiteral("on"))
+        .press(QStringLiteral("okButton"));
+    driver.expect(QStringLiteral("Построение изоконтуров"))
+        .set(QStringLiteral("CalculateBoundCheck"), QStringLiteral("on"))
+        .press(QStringLiteral("okButton"));
+    driver.expect(QStringLiteral("Внимание"))
+        .text(QStringLiteral("Карта не построена: нужно не меньше трёх точек, есть только ТС.1, ТС.2."))
+        .press(QStringLiteral("OK"));
+    BorderAnswer answer{NcDbObjectId()};
+    buildTemperatureMap();
+    EXPECT_TRUE(driver.done()) << driver.report();
+    EXPECT_TRUE(entities<NcDbText>().empty());
+}
+
+TEST_F(TemperatureMap, AMapThatDrewNothingHasNoLabels)
+{
+    const NcDbObjectId border = squareBorder();
+    driver.expect(QStringLiteral("Построение карты температур"))
+        .set(QStringLiteral("LabelsOutEnabled"), QStringLiteral("on"))
+        .press(QStringLiteral("okButton"));
+    driver.expect(QStringLiteral("Построение изоконтуров"))
+        .set(QStringLiteral("HatchOutChek"), QStringLiteral("off"))
+        .press(QStringLiteral("okButton"));
+    BorderAnswer answer(border);
+    buildTemperatureMap();
+    EXPECT_TRUE(driver.done()) << driver.report();
+    EXPECT_TRUE(entities<NcDbText>().empty());
+    EXPECT_TRUE(answer.printed.contains(QStringLiteral("Карта ничего не вывела"))) << answer.printed.toStdString();
 }
 
 TEST_F(TemperatureMap, ByDatabaseAsksForALayer)

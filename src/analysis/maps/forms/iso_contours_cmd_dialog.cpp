@@ -99,6 +99,7 @@ void IsoContoursCmdDialog::SetBoundLayer(const QString& layerName) { ui_.BoundLa
 void IsoContoursCmdDialog::SetPoints(const contour::PointList& points)
 {
     input_.points = points;
+    pointNames_.clear();
     box_ = {};
     for (const contour::Point3& point : points)
         BoxUpdate(point);
@@ -225,7 +226,7 @@ bool IsoContoursCmdDialog::runBuild(contour::BuildResult& result)
     result = contour::buildContours(input, parameters(), [&box](contour::BuildStep step, double done) {
         return box.step(int(kPercent * (double(step) + done)), kPercent * int(kSteps.size()), kSteps[size_t(step)]);
     });
-    const QString message = buildMessage(result);
+    const QString message = buildMessage(result, pointNames_);
     if (!message.isEmpty())
         warn(this, message);
     return result.status == contour::BuildStatus::Done;

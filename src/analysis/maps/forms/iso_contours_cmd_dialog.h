@@ -20,6 +20,7 @@ public:
     bool build();
 
     // What the last build drew.
+    bool drewAnything() const { return !isolineIds_.empty() || !isocontourIds_.empty() || !hatchIds_.empty(); }
     const NcDbObjectIdArray& isolineIds() const { return isolineIds_; }
     const NcDbObjectIdArray& isocontourIds() const { return isocontourIds_; }
     const NcDbObjectIdArray& hatchIds() const { return hatchIds_; }
@@ -29,6 +30,8 @@ public:
 
 public slots:
     void SetPoints(const contour::PointList& points);
+    // In the order of the points; for what is told of a build.
+    void SetPointNames(const QStringList& names) { pointNames_ = names; }
     // With `noCalc` the bounds are an exact outline and become part of the surface.
     void SetBounds(const contour::PointList& bounds, bool noCalc);
     void SetBoundLayer(const QString& layerName);
@@ -58,6 +61,7 @@ private:
     IsoContoursWidgets ui_;
     contour::SurfaceModel model_;
     contour::BuildInput input_;
+    QStringList pointNames_;
     geometry::Box3 box_;
     double tension_ = 0.5;
     NcDbObjectIdArray isolineIds_, isocontourIds_, hatchIds_;

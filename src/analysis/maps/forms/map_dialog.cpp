@@ -2,13 +2,16 @@
 
 #include "analysis/maps/forms/iso_contours_cmd_dialog.h"
 #include "analysis/maps/forms/state_filter_form.h"
+#include "analysis/maps/point_remarks.h"
 #include "analysis/maps/value_labels.h"
 #include "database/hierarchy/position_contours.h"
 #include "formkit/end_buttons.h"
+#include "hostkit/console.h"
 
 #include <QAbstractButton>
 #include <QHeaderView>
 #include <QSignalBlocker>
+#include <algorithm>
 #include <cmath>
 
 using namespace formkit;
@@ -69,7 +72,7 @@ void MapDialog::layOutMap(const std::vector<Cells>& cycles, QWidget* sampling)
         })),
         row({
             button("ExportCSVBTN", "Экспорт в .csv", this,
-                   [this] { exportCsv(this, values_, WithRowTitles, "Экспорт в csv"); }),
+                   [this] { exportCsv(this, values_, WithTitles | WithRowTitles, "Экспорт в csv"); }),
             button("CopyClipBTN", "Экспорт в буфер", this, [this] { copyTable(values_, WithRowTitles); }),
             stretch(),
             endButtons(this, {ok("okButton"), cancel("cancelButton")}),
@@ -112,6 +115,7 @@ void MapDialog::start()
     connect(byPosition_, &QRadioButton::toggled, this, &MapDialog::choosePlace);
     connect(contours_, comboChanged, this, &MapDialog::chooseContour);
     connect(layers_, comboChanged, this, &MapDialog::chooseBorderLayer);
+    connect(pointTable_, &QTableWidget::itemChanged, this, &MapDialog::takeTick);
     layers_->setEnabled(false);
     reload();
 }
@@ -178,12 +182,11 @@ MapPlace MapDialog::place() const
 
 void MapDialog::reload()
 {
+    loadStatus_.clear();
     if (!load())
-        status_->setText(QStringLiteral("Ошибка соединения с базой данных"));
+        loadStatus_ = QStringLiteral("Ошибка соединения с базой данных");
     else if (byDatabase_->isChecked() && !border_)
-        status_->setText(QStringLiteral("Укажите слой"));
-    else
-        status_->clear();
+        loadStatus_ = QStringLiteral("Укажите слой");
     showTables();
 }
 
@@ -193,6 +196,7 @@ void MapDialog::showPoints(const QStringList& titles, const std::vector<MapPoint
 {
     points_ = points;
     QTableWidget* table = pointTable_;
+    const QSignalBlocker quiet(table);
     table->setSortingEnabled(false);
     const QStringList all = QStringList{"Имя", "X", "Y"} + titles + QStringList{"Использовать"};
     table->setColumnCount(all.size());
@@ -206,14 +210,36 @@ void MapDialog::showPoints(const QStringList& titles, const std::vector<MapPoint
         int column = kFirstShown;
         for (double shown : point.shown)
             table->setItem(row, column++, numberItem(shown, 2, words_.missing));
-        QTableWidgetItem* use = checkItem(point.valid);
+        QTableWidgetItem* use = checkItem(point.valid && !leftOut_.contains(point));
         use->setData(kRowRole, row);
         table->setItem(row, column, use);
-        for (int cell = 0; point.suspect && cell < column; ++cell)
-            table->item(row, cell)->setForeground(kSuspect);
     }
     table->setSortingEnabled(true);
     fitColumns(table);
+    showRemarks();
+}
+
+void MapDialog::takeTick(const QTableWidgetItem* item)
+{
+    if (item->column() != pointTable_->columnCount() - 1)
+        return;
+    leftOut_.note(points_[size_t(item->data(kRowRole).toInt())], item->checkState() == Qt::Checked);
+    showRemarks();
+}
+
+// Says what is odd about the points in use and marks their rows; none is taken out.
+void MapDialog::showRemarks()
+{
+    const PointRemarks remarks = remarksOn(points_, usedRows());
+    status_->setText(loadStatus_.isEmpty() ? remarks.text : loadStatus_);
+    const QSignalBlocker quiet(pointTable_);
+    const int useColumn = pointTable_->columnCount() - 1;
+    for (int row = 0; row < pointTable_->rowCount(); ++row) {
+        const auto index = size_t(pointTable_->item(row, useColumn)->data(kRowRole).toInt());
+        const bool marked = points_[index].suspect || remarks.marked.count(index) > 0;
+        for (int column = 0; column < useColumn; ++column)
+            pointTable_->item(row, column)->setData(Qt::ForegroundRole, marked ? QBrush(kSuspect) : QVariant());
+    }
 }
 
 void MapDialog::setValuesCorner(const QString& caption) { corner_->setText(caption); }
@@ -228,7 +254,17 @@ std::vector<size_t> MapDialog::usedRows() const
         if (use->checkState() == Qt::Checked && points_[index].valid && std::isfinite(points_[index].value))
             used.push_back(index);
     }
+    // A map is the same whichever column the table is sorted by.
+    std::sort(used.begin(), used.end());
     return used;
+}
+
+QStringList MapDialog::usedNames() const
+{
+    QStringList names;
+    for (size_t index : usedRows())
+        names << points_[index].name;
+    return names;
 }
 
 geometry::PointList MapDialog::usedPoints() const
@@ -262,6 +298,7 @@ void runMapDialog(MapDialog& form, QWidget* host)
         return;
     IsoContoursCmdDialog dialog(host);
     dialog.SetPoints(points);
+    dialog.SetPointNames(form.usedNames());
     dialog.HidePointSelection(true);
     if (form.border()) {
         dialog.SetBoundLayer(form.borderLayer());
@@ -271,7 +308,11 @@ void runMapDialog(MapDialog& form, QWidget* host)
     dialog.SetLevelMapID(form.levelMapId());
     if (dialog.exec() != QDialog::Accepted)
         return;
-    dialog.build();
-    if (form.labelsWanted())
+    const bool built = dialog.build();
+    if (!form.labelsWanted())
+        return;
+    if (dialog.drewAnything())
         form.drawLabels(points);
+    else if (built)
+        say("\nКарта ничего не вывела в чертёж, поэтому и значения у точек не подписаны.\n");
 }

@@ -9,6 +9,7 @@
 #pragma once
 
 #include "analysis/maps/layer_input.h"
+#include "analysis/maps/left_out_points.h"
 #include "formkit/layout.h"
 #include "formkit/modal.h"
 #include "formkit/table_items.h"
@@ -32,17 +33,6 @@ struct MapPlace {
     QStringList states;         // state_id; none takes every state
 };
 
-// A row of the table of points.
-struct MapPoint {
-    QString name;
-    double x = 0.0;
-    double y = 0.0;
-    std::vector<double> shown; // the columns between Y and "Использовать"; not finite: missing
-    double value = 0.0;        // of the map
-    bool valid = false;        // checked at start
-    bool suspect = false;      // its row is red
-};
-
 class MapDialog : public QDialog {
     Q_OBJECT
 public:
@@ -53,8 +43,9 @@ public:
 
     // The checked points with a finite value, z being the value.
     geometry::PointList usedPoints() const;
-    // Their numbers in the list that was shown, in the same order.
+    // Their numbers in the list that was shown, and their names, in the same order.
     std::vector<size_t> usedRows() const;
+    QStringList usedNames() const;
     const std::optional<geometry::PointList>& border() const { return border_; }
     QString borderLayer() const { return borderLayer_; }
     bool labelsWanted() const { return labels_->isChecked(); }
@@ -94,10 +85,14 @@ private:
     void chooseContour();
     void chooseBorderLayer();
     void chooseStates();
+    void takeTick(const QTableWidgetItem* item);
+    void showRemarks();
     void takeBorder(std::optional<geometry::PointList> border, const QString& layer);
 
     MapWords words_;
     std::vector<MapPoint> points_;
+    LeftOutPoints leftOut_;
+    QString loadStatus_; // what stands in the way of loading; empty for nothing
     std::optional<geometry::PointList> border_;
     QString borderLayer_;
     QStringList states_;

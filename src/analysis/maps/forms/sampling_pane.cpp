@@ -41,8 +41,15 @@ SamplingPane::SamplingPane(QWidget* parent) : QWidget(parent)
                 chooseMode();
         });
     }
-    for (QDoubleSpinBox* spin : {key_, from_, to_})
-        connect(spin, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this, &SamplingPane::changed);
+    const auto keep = [this](QDoubleSpinBox* spin, auto number) {
+        connect(spin, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this, [this, number](double shown) {
+            number().set(shown);
+            emit changed();
+        });
+    };
+    keep(key_, [this]() -> KeptNumber& { return keys_[elevationShown_]; });
+    keep(from_, [this]() -> KeptNumber& { return begin_; });
+    keep(to_, [this]() -> KeptNumber& { return end_; });
     for (QCheckBox* box : {toEnd_, bottom_}) {
         connect(box, &QCheckBox::toggled, this, [this] {
             enableControls();
@@ -73,9 +80,9 @@ Sampling SamplingPane::sampling() const
 {
     Sampling wanted;
     wanted.mode = mode();
-    wanted.key = key_->value();
-    wanted.from = from_->value();
-    wanted.to = to_->value();
+    wanted.key = keys_[elevationShown_].value();
+    wanted.from = begin_.value();
+    wanted.to = end_.value();
     wanted.toEnd = toEnd_->isChecked();
     wanted.bottom = bottom_->isEnabled() && bottom_->isChecked();
     return wanted;
@@ -86,17 +93,19 @@ void SamplingPane::chooseMode()
     enableControls();
     const bool elevation = mode() == Sampling::Elevation;
     if (mode() != Sampling::Average && elevation != elevationShown_) {
-        keys_[elevationShown_] = key_->value();
-        setQuietly(key_, keys_[elevation]);
         elevationShown_ = elevation;
+        setQuietly(key_, keys_[elevation].shown());
     }
     emit modeChanged();
 }
 
 void SamplingPane::startWith(const std::vector<double>& depths, const std::vector<double>& elevations)
 {
-    keys_ = {depths.empty() ? 0.0 : depths.front(), elevations.empty() ? 0.0 : elevations.front()};
-    setQuietly(key_, keys_[elevationShown_]);
-    setQuietly(from_, depths.empty() ? 0.0 : depths.front());
-    setQuietly(to_, depths.empty() ? 0.0 : depths.back());
+    keys_[0].startAt(depths.empty() ? 0.0 : depths.front(), depths);
+    keys_[1].startAt(elevations.empty() ? 0.0 : elevations.front(), elevations);
+    begin_.startAt(depths.empty() ? 0.0 : depths.front(), depths);
+    end_.startAt(depths.empty() ? 0.0 : depths.back(), depths);
+    setQuietly(key_, keys_[elevationShown_].shown());
+    setQuietly(from_, begin_.shown());
+    setQuietly(to_, end_.shown());
 }

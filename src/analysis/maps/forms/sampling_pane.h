@@ -1,6 +1,7 @@
 // How a temperature log becomes one number, as the user says it.
 #pragma once
 
+#include "analysis/maps/kept_number.h"
 #include "analysis/maps/temperature_wells.h"
 
 #include <QWidget>
@@ -18,8 +19,9 @@ public:
     Sampling::Mode mode() const;
     Sampling sampling() const;
 
-    // The wells are others: keys and interval start anew, without a signal. The
-    // depths ascend, the elevations descend.
+    // The wells are others: keys and interval start anew, without a signal, but
+    // for what the user set and their logs still reach. The depths ascend, the
+    // elevations descend.
     void startWith(const std::vector<double>& depths, const std::vector<double>& elevations);
 
 signals:
@@ -40,6 +42,7 @@ private:
     QCheckBox* toEnd_;
     QCheckBox* bottom_;
     // The spin box keeps a value of its own for depths and for elevations.
-    std::array<double, 2> keys_{{0.0, 0.0}};
+    std::array<KeptNumber, 2> keys_;
+    KeptNumber begin_, end_; // of the interval
     bool elevationShown_ = false;
 };
