@@ -324,12 +324,11 @@ TEST_F(TwoDatabases, FailingAtTheOtherNeverMixesThem)
 {
     session_.sqlPass = "wrong";
     EXPECT_FALSE(session_.connect());
-    EXPECT_EQ(session_.currentPositionId, -1);
     session_.sqlPass = TestServer::password();
-    EXPECT_TRUE(session_.checkConnection()) << "heals to what was asked for last";
-    EXPECT_EQ(connectedTo(), second_.name());
-    EXPECT_EQ(session_.projectId, -1);
-    EXPECT_EQ(session_.currentPositionId, -1);
+    EXPECT_TRUE(session_.checkConnection()) << "heals to the one that stood last";
+    EXPECT_EQ(connectedTo(), database_.name());
+    EXPECT_EQ(session_.projectId, 7);
+    EXPECT_EQ(session_.currentPositionId, 1);
 }
 
 TEST_F(TwoDatabases, AnotherRoleInTheSameDatabaseForgetsNothing)

@@ -1,3 +1,4 @@
+-- include small_keys.sql
 INSERT INTO dm_elements (type_id, element_name, state_id, position_id)
     SELECT 'dm', 'ДМ-' || n, 'exist', 1 FROM generate_series(1, 3) AS n;
 INSERT INTO dm_meas (element_id, cycle_id, device_id, date, meas, performer_id) VALUES
