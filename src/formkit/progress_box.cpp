@@ -10,8 +10,7 @@ namespace formkit {
 
 namespace {
 
-constexpr int kPause = 40;       // ms between two looks
-constexpr int kQuietTime = 1000; // ms of work that needs no box
+constexpr int kPause = 40; // ms between two looks
 
 } // namespace
 
@@ -23,13 +22,13 @@ bool Pace::isDue(int done, int total)
     return due;
 }
 
-ProgressBox::ProgressBox(QWidget* parent, const QString& title, const QString& text, const QString& stop)
+ProgressBox::ProgressBox(QWidget* parent, const QString& title, const QString& text, const QString& stop, int quietTime)
     : host_(parent ? nullptr : std::make_unique<OverHost>()),
       box_(std::make_unique<QProgressDialog>(text, stop, 0, 1, host_ ? static_cast<QWidget*>(*host_) : parent))
 {
     box_->setWindowTitle(title);
     box_->setWindowModality(Qt::WindowModal);
-    box_->setMinimumDuration(kQuietTime);
+    box_->setMinimumDuration(quietTime);
     box_->setAutoReset(false);
 }
 

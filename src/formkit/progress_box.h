@@ -25,13 +25,13 @@ private:
 };
 
 /// A box with a bar and a button that stops the work. It opens once the work
-/// has taken a second, and closes with this object.
+/// has taken a second, or the milliseconds told, and closes with this object.
 class ProgressBox {
 public:
     /// Without a parent over the host's main window. Without a text the box
     /// shows that of the step.
     ProgressBox(QWidget* parent, const QString& title, const QString& text,
-                const QString& stop = QStringLiteral("Отмена"));
+                const QString& stop = QStringLiteral("Отмена"), int quietTime = 1000);
     ~ProgressBox();
 
     /// False once the user has stopped the work.
