@@ -1,6 +1,7 @@
 #include "entry/command_table.h"
 
 #include "analysis/forecast/forms/forecast_commands.h"
+#include "analysis/grading/forms/grading_commands.h"
 #include "analysis/levels/forms/map_legend_form.h"
 #include "analysis/maps/forms/temperature_map_command.h"
 #include "base/placeholders.h"
@@ -104,13 +105,13 @@ const std::array<Command, kCommandCount> kCommands = {{
     {"TERVA_REPORTS", None, None, kPlain, notBuilt},
     {"TERVA_MASK_ATTRIBUTES", None, None, kPlain, maskAttributes},
     {"TERVA_ABOUT", None, None, kPlain, about},
-    {"TERVA_POSITION_PROPS", None, Guard::P1, kPlain, notBuilt},
+    {"TERVA_POSITION_PROPS", None, Guard::P1, kPlain, positionProperties},
     {"TERVA_SETTLEMENTS", Guard::C2, Guard::P2, kPlain, notBuilt},
     {"TERVA_POSITION_ADD_DM_PROFILE", None, Guard::P1, kPlain, notBuilt},
     {"TERVA_POSITION_ADD_TS_PROFILE", None, Guard::P1, kPlain, notBuilt},
     {"TERVA_POSITION_ADD_CONTOUR", None, Guard::P1, kPlain, addPositionContour},
     {"TERVA_POSITION_DRAW", None, Guard::P1, kPlain, drawPositionLines},
-    {"TERVA_POSITION_SUMMARY", Guard::C2, None, kPlain, notBuilt},
+    {"TERVA_POSITION_SUMMARY", Guard::C2, None, kPlain, positionSummary},
     {"TERVA_GET_UCS", Guard::C3, None, kPlain, storeUcsCommand},
     {"TERVA_SET_UCS", Guard::C3, None, kPlain, applyUcsCommand},
     {"TERVA_RENUM", None, None, kPlain, renumberElements},
