@@ -1,3 +1,4 @@
+-- include small_keys.sql
 INSERT INTO states (state_id, note, colorindex) VALUES ('broken', 'Разрушена', 1);
 INSERT INTO rp_elements (type_id, element_name, state_id, position_id, x, y, z, h)
     VALUES ('rp_gl', 'РП-1', 'exist', 2, 5, 6, 7, 0);
