@@ -22,6 +22,7 @@
 #include "entry/palette_sets.h"
 #include "entry/sample_commands.h"
 #include "exchange/forms/import_commands.h"
+#include "exchange/geology/forms/geology_commands.h"
 #include "exchange/inspections/forms/inspections_commands.h"
 #include "formkit/modal.h"
 #include "hostkit/console.h"
@@ -130,7 +131,7 @@ const std::array<Command, kCommandCount> kCommands = {{
     {"TERVA_HELP", None, None, kPlain, openManual},
     {"TERVA_DB_BACKUP", Guard::C5, None, kPlain, backUpDatabase},
     {"TERVA_IMPORT_INSPECTIONS", Guard::C4, None, kPlain, importInspectionsCommand},
-    {"TERVA_IMPORT_GEOLOGY", Guard::C1, None, kPlain, notBuilt},
+    {"TERVA_IMPORT_GEOLOGY", Guard::C1, None, kPlain, importGeologyCommand},
     {"TERVA_EXPORT_INSPECTIONS", Guard::C4, None, kPlain, exportInspectionsCommand},
     {"TERVA_AUDIT_LOG", Guard::C1, None, kPlain, showAuditLog},
 }};

@@ -35,3 +35,21 @@ QVariant RawLines::data(const QModelIndex& index, int role) const
     }
     return cells_.value(index.column());
 }
+
+void RawLines::setTitles(Qt::Orientation direction, const QHash<int, QString>& titles)
+{
+    titled_ = direction;
+    titles_ = titles;
+    for (const Qt::Orientation orientation : {Qt::Horizontal, Qt::Vertical}) {
+        const int sections = orientation == Qt::Horizontal ? columns_ : lines_.size();
+        if (sections > 0)
+            emit headerDataChanged(orientation, 0, sections - 1);
+    }
+}
+
+QVariant RawLines::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (role == Qt::DisplayRole && orientation == titled_ && titles_.contains(section))
+        return titles_.value(section);
+    return QAbstractTableModel::headerData(section, orientation, role);
+}

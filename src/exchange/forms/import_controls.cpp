@@ -52,33 +52,6 @@ ImportControls::ImportControls(QDialog* dialog)
     dialog->resize(1240, 700);
 }
 
-QWidget* ImportControls::encodingGroup()
-{
-    return group("Кодировка")
-        .column({
-            EncodingUTF8 = radio("EncodingUTF8", "UTF-8", true),
-            EncodingCP1251 = radio("EncodingCP1251", "Windows 1251"),
-            stretch(),
-        });
-}
-
-QWidget* ImportControls::separatorGroup()
-{
-    // The "o" of the first caption is a Latin one: scripts know the button by it.
-    return group("Разделитель")
-        .column({
-            grid({
-                {SeparatorSemi = radio("SeparatorSemi", "Тoчка с запятой (;)", true),
-                 SeparatorSpace = radio("SeparatorSpace", "Пробел")},
-                {SeparatorComma = radio("SeparatorComma", "Запятая (,)"),
-                 SeparatorCustom = radio("SeparatorCustom", "Пользовательский")},
-                {SeparatorTab = radio("SeparatorTab", "Табуляция"),
-                 CustomSepValue = disabled(within(64, edit("CustomSepValue", "|")))},
-            }),
-            stretch(),
-        });
-}
-
 QWidget* ImportControls::elementsGroup()
 {
     return group("Элементы")
@@ -118,28 +91,4 @@ QTableView* ImportControls::rawTable()
     view->setEditTriggers(QAbstractItemView::NoEditTriggers);
     view->horizontalHeader()->setDefaultSectionSize(140);
     return view;
-}
-
-QString ImportControls::separator() const
-{
-    if (SeparatorComma->isChecked())
-        return QStringLiteral(",");
-    if (SeparatorTab->isChecked())
-        return QStringLiteral("\t");
-    if (SeparatorSpace->isChecked())
-        return QStringLiteral(" ");
-    if (SeparatorCustom->isChecked())
-        return CustomSepValue->text();
-    return QStringLiteral(";");
-}
-
-TextEncoding ImportControls::encoding() const
-{
-    return EncodingCP1251->isChecked() ? TextEncoding::Windows1251 : TextEncoding::Utf8;
-}
-
-void ImportControls::chooseUsualFormat()
-{
-    EncodingUTF8->setChecked(true);
-    SeparatorSemi->setChecked(true);
 }

@@ -1,8 +1,7 @@
 // The controls of an import dialog and how they lie.
 #pragma once
 
-#include "exchange/text_file.h"
-#include "formkit/widgets.h"
+#include "exchange/forms/file_format_controls.h"
 
 class MeasuresView;
 class QDialog;
@@ -11,20 +10,12 @@ class QProgressBar;
 class QTableView;
 
 // Every control carries its own name as object name.
-struct ImportControls {
+struct ImportControls : FileFormatControls {
     explicit ImportControls(QDialog* dialog);
 
     QPushButton* OpenFileBtn;
     QLineEdit* FileName;
     QComboBox* ImportTemplate;
-    QRadioButton* EncodingCP1251;
-    QRadioButton* EncodingUTF8;
-    QRadioButton* SeparatorSemi;
-    QRadioButton* SeparatorComma;
-    QRadioButton* SeparatorTab;
-    QRadioButton* SeparatorSpace;
-    QRadioButton* SeparatorCustom;
-    QLineEdit* CustomSepValue;
     QRadioButton* ProjectPosition;
     QRadioButton* AllDatabase;
     QComboBox* PositionCombo;
@@ -49,14 +40,7 @@ struct ImportControls {
     /// Another value that can be given to all rows; returns its button "Все".
     QPushButton* addForAll(const QString& caption, QWidget* value, const QString& buttonName);
 
-    QString separator() const;
-    TextEncoding encoding() const;
-    /// What a file is taken to be until the user says otherwise.
-    void chooseUsualFormat();
-
 private:
-    QWidget* encodingGroup();
-    QWidget* separatorGroup();
     QWidget* elementsGroup();
     QWidget* forAllGroup();
     static QTableView* rawTable();

@@ -7,3 +7,6 @@ class QWidget;
 
 /// The box "Внимание" with its four buttons; closing it answers "Нет".
 ImportAnswer askImport(const QString& text, QWidget* parent);
+
+/// The same with the shorter words of imports of elements and instruments.
+ImportAnswer askUpdate(const QString& text, QWidget* parent);

@@ -45,19 +45,7 @@ void MeasureImportDialog::connectFormat()
 {
     connect(ui_.OpenFileBtn, &QPushButton::clicked, this, &MeasureImportDialog::chooseFile);
     connect(ui_.ImportTemplate, choiceChanged, this, &MeasureImportDialog::readFile);
-    // Of two buttons that change together the one that is checked speaks.
-    for (QRadioButton* format : {ui_.EncodingCP1251, ui_.EncodingUTF8, ui_.SeparatorSemi, ui_.SeparatorComma,
-                                 ui_.SeparatorTab, ui_.SeparatorSpace, ui_.SeparatorCustom}) {
-        connect(format, &QRadioButton::toggled, this, [this](bool on) {
-            if (on)
-                readFile();
-        });
-    }
-    connect(ui_.SeparatorCustom, &QRadioButton::toggled, ui_.CustomSepValue, &QLineEdit::setEnabled);
-    connect(ui_.CustomSepValue, &QLineEdit::textChanged, this, [this] {
-        if (ui_.SeparatorCustom->isChecked())
-            readFile();
-    });
+    ui_.onChange(this, [this] { readFile(); });
     connect(ui_.AllDatabase, &QRadioButton::toggled, this, &MeasureImportDialog::chooseScope);
     connect(ui_.PositionCombo, choiceChanged, this, &MeasureImportDialog::chooseScope);
 }
