@@ -5,65 +5,93 @@ Usage: make_templates.py SOURCE FOLDER
 """
 import re
 import sys
-import zipfile
 from pathlib import Path
-from xml.sax.saxutils import escape, quoteattr
+from xml.sax.saxutils import quoteattr
 
-WORD = 'http://schemas.openxmlformats.org/wordprocessingml/2006/main'
-PACKAGE = 'http://schemas.openxmlformats.org/package/2006'
-OFFICE = 'http://schemas.openxmlformats.org/officeDocument/2006'
-HEAD = '<?xml version="1.0" encoding="UTF-8" standalone="yes"?>\n'
-CONTROL = re.compile(r'\{(\w+)=(\w+)\|([^}]*)\}')
+import word_parts as word
 
-CONTENT_TYPES = HEAD + (
-    f'<Types xmlns="{PACKAGE}/content-types">'
-    '<Default Extension="rels" ContentType="application/vnd.openxmlformats-package.relationships+xml"/>'
-    '<Default Extension="xml" ContentType="application/xml"/>'
-    '<Override PartName="/word/document.xml" ContentType="application/vnd.openxmlformats-officedocument.'
-    'wordprocessingml.document.main+xml"/></Types>')
-RELATIONSHIPS = HEAD + (
-    f'<Relationships xmlns="{PACKAGE}/relationships"><Relationship Id="rId1" '
-    f'Type="{OFFICE}/relationships/officeDocument" Target="word/document.xml"/></Relationships>')
-DOCUMENT_RELATIONSHIPS = HEAD + f'<Relationships xmlns="{PACKAGE}/relationships"/>'
-
-
-def run(text, bold):
-    properties = '<w:rPr><w:b/><w:sz w:val="32"/></w:rPr>' if bold else '<w:rPr><w:sz w:val="24"/></w:rPr>'
-    return f'<w:r>{properties}<w:t xml:space="preserve">{escape(text)}</w:t></w:r>'
-
-
-def control(tag, prompt, bold):
-    return (f'<w:sdt><w:sdtPr><w:alias w:val={quoteattr(prompt)}/><w:tag w:val={quoteattr(tag)}/>'
-            f'<w:showingPlcHdr/><w:text/></w:sdtPr><w:sdtContent>{run(prompt, bold)}</w:sdtContent></w:sdt>')
+CONTROL = re.compile(r'\{([\w)]+)=([\w)]+)\|([^}]*)\}')
 
 
 class Template:
     def __init__(self, file_name, key, name):
         self.file_name, self.key, self.name = file_name, key, name
-        self.paragraphs, self.substitutions = [], []
+        self.blocks, self.substitutions = [], []
+        self.landscape, self.pictures = False, 0
+        self.header, self.footer = '', ''
+        self.table = None
+
+    # --- lines of the source ---------------------------------------------------
 
     def add(self, kind, text):
-        bold, parts, at = kind == 'heading', [], 0
+        if self.table and kind not in ('row', 'sample'):
+            self.close_table()
+        getattr(self, 'add_' + kind)(text)
+
+    def add_page(self, text):
+        self.landscape = text == 'landscape'
+
+    def add_header(self, text):
+        self.header = text
+
+    def add_footer(self, text):
+        self.footer = text
+
+    def add_title(self, text):
+        self.blocks.append(word.paragraph(self.inline(text, word.TITLE), 'center', 240, 240))
+
+    def add_heading(self, text):
+        self.blocks.append(word.paragraph(self.inline(text, word.HEADING), 'left', 240, 120, keep=True))
+
+    def add_text(self, text):
+        self.blocks.append(word.paragraph(self.inline(text, word.BODY), 'both', 0, 60))
+
+    def add_break(self, _):
+        self.blocks.append(word.PAGE_BREAK)
+
+    def add_picture(self, text):
+        """{tag=variable|prompt} WIDTH HEIGHT in centimetres."""
+        control, width, height = text.rsplit(' ', 2)
+        tag, variable, prompt = CONTROL.fullmatch(control).groups()
+        self.substitutions.append((tag, variable))
+        self.pictures += 1
+        self.blocks.append(word.paragraph(
+            word.picture_control(tag, prompt, self.pictures, float(width), float(height)), 'center', 60, 60))
+
+    def add_table(self, text):
+        """{tag=variable|} WIDTH,WIDTH,... in centimetres; "row" and "sample" lines follow."""
+        control, widths = text.rsplit(' ', 1)
+        tag, variable, _ = CONTROL.fullmatch(control).groups()
+        self.substitutions.append((tag, variable))
+        self.table = word.Table(tag, [float(width) for width in widths.split(',')])
+
+    def add_row(self, text):
+        self.table.add_row(text.split('|'), heading=True)
+
+    def add_sample(self, text):
+        self.table.add_row(text.split('|'), heading=False)
+
+    def close_table(self):
+        self.blocks.append(self.table.xml())
+        self.blocks.append(word.paragraph('', 'left', 0, 60))
+        self.table = None
+
+    def inline(self, text, style):
+        parts, at = [], 0
         for found in CONTROL.finditer(text):
-            if found.start() > at:
-                parts.append(run(text[at:found.start()], bold))
+            parts.append(word.run(text[at:found.start()], style))
             tag, variable, prompt = found.groups()
-            parts.append(control(tag, prompt, bold))
+            parts.append(word.text_control(tag, prompt, style))
             self.substitutions.append((tag, variable))
             at = found.end()
-        if at < len(text):
-            parts.append(run(text[at:], bold))
-        spacing = '<w:pPr><w:spacing w:before="240" w:after="120"/></w:pPr>' if bold else ''
-        self.paragraphs.append(f'<w:p>{spacing}{"".join(parts)}</w:p>')
+        parts.append(word.run(text[at:], style))
+        return ''.join(parts)
 
-    def document(self):
-        return HEAD + (f'<w:document xmlns:w="{WORD}"><w:body>{"".join(self.paragraphs)}<w:sectPr>'
-                       '<w:pgSz w:w="11906" w:h="16838"/><w:pgMar w:top="1134" w:right="850" w:bottom="1134" '
-                       'w:left="1701" w:header="709" w:footer="709" w:gutter="0"/></w:sectPr></w:body></w:document>')
+    # --- files -----------------------------------------------------------------
 
     def description(self):
         file_name = Path(self.file_name).with_suffix('.xml').name
-        rows = ''.join(f'  <substitution tag="{tag}" var="{variable}" text=""/>\n'
+        rows = ''.join(f'  <substitution tag={quoteattr(tag)} var={quoteattr(variable)} text=""/>\n'
                        for tag, variable in self.substitutions)
         return (f'<template>\n <meta>\n  <template_type value="{self.key}"/>\n'
                 f'  <template_name value={quoteattr(self.name)}/>\n  <template_path value="{file_name}"/>\n'
@@ -71,15 +99,14 @@ class Template:
                 ' </substitutions>\n</template>\n')
 
     def write(self, folder):
+        if self.table:
+            self.close_table()
         path = folder / self.file_name
-        with zipfile.ZipFile(path, 'w', zipfile.ZIP_DEFLATED) as package:
-            for name, text in (('[Content_Types].xml', CONTENT_TYPES), ('_rels/.rels', RELATIONSHIPS),
-                               ('word/document.xml', self.document()),
-                               ('word/_rels/document.xml.rels', DOCUMENT_RELATIONSHIPS)):
-                entry = zipfile.ZipInfo(name, date_time=(2026, 1, 1, 0, 0, 0))
-                entry.compress_type = zipfile.ZIP_DEFLATED
-                package.writestr(entry, text.encode('utf-8'))
+        word.write_package(path, ''.join(self.blocks), self.landscape, self.header, self.footer, self.pictures > 0)
         path.with_suffix('.xml').write_text(self.description(), encoding='utf-8')
+
+
+KINDS = ('page', 'header', 'footer', 'title', 'heading', 'text', 'break', 'picture', 'table', 'row', 'sample')
 
 
 def read(source):
@@ -90,10 +117,10 @@ def read(source):
         kind, _, rest = line.partition(' ')
         if kind == 'template':
             templates.append(Template(*rest.split(' ', 2)))
-        elif kind in ('heading', 'text') and templates:
+        elif kind in KINDS and templates:
             templates[-1].add(kind, rest)
         else:
-            sys.exit(f'{source}:{number}: neither template, heading nor text')
+            sys.exit(f'{source}:{number}: no line of a template: {kind}')
     return templates
 
 
