@@ -26,6 +26,7 @@
 #include "exchange/inspections/forms/inspections_commands.h"
 #include "formkit/modal.h"
 #include "hostkit/console.h"
+#include "reports/forms/report_generator_form.h"
 #include "session/forms/palette_refresh.h"
 #include "session/project_session.h"
 
@@ -103,7 +104,7 @@ const std::array<Command, kCommandCount> kCommands = {{
     {"TERVA_ALIGN_BY_UCS", Guard::C2, None, kPlain, alignByUcs},
     {"TERVA_ALIGN_LABELS_BY_UCS", Guard::C2, None, kPlain, alignLabelsByUcs},
     {"TERVA_ALIGN_BY_VP", Guard::C2, None, kPlain, alignByViewport},
-    {"TERVA_REPORTS", None, None, kPlain, notBuilt},
+    {"TERVA_REPORTS", None, None, kPlain, openReports},
     {"TERVA_MASK_ATTRIBUTES", None, None, kPlain, maskAttributes},
     {"TERVA_ABOUT", None, None, kPlain, about},
     {"TERVA_POSITION_PROPS", None, Guard::P1, kPlain, positionProperties},

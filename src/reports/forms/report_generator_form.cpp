@@ -20,6 +20,8 @@ using namespace formkit;
 
 namespace {
 
+constexpr int documentListHeight = 210; // room for all kinds
+
 QString wordFilter() { return QStringLiteral("Документ Word (*.docx)"); }
 
 } // namespace
@@ -29,7 +31,7 @@ ReportGeneratorForm::ReportGeneratorForm(QWidget* parent) : QDialog(parent), cla
     nameForm(this, QStringLiteral("ReportGeneratorForm"), QStringLiteral("Генератор отчетов"));
     build();
     fillDocuments();
-    resize(860, 560);
+    resize(1180, 660);
 }
 
 ReportGeneratorForm::~ReportGeneratorForm() = default;
@@ -37,10 +39,12 @@ ReportGeneratorForm::~ReportGeneratorForm() = default;
 void ReportGeneratorForm::build()
 {
     documents_ = listBox(QStringLiteral("DocumentList"));
+    documents_->setMinimumHeight(documentListHeight);
     templates_ = listBox(QStringLiteral("TemplateList"));
     templates_->setContextMenuPolicy(Qt::CustomContextMenu);
     conditions_ = listBox(QStringLiteral("ConditionsList"));
     conditions_->setStyleSheet(QStringLiteral("*:hover { background-color: transparent; }"));
+    conditions_->setResizeMode(QListView::Adjust);
     conditions_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     layOut(this).column({
         growing(row({
@@ -58,7 +62,7 @@ void ReportGeneratorForm::build()
                         }),
                     }),
                     2),
-            growing(group("Параметры  генерации  докумета").column({conditions_}), 3), // the caption is known so
+            growing(group("Параметры  генерации  докумета").column({conditions_}), 5), // the caption is known so
         })),
         row({stretch(), button("GenerateBTN", " Отчет", this, &ReportGeneratorForm::generate),
              button("CancelBtn", "Отмена", this, &QDialog::reject)}),
@@ -118,7 +122,8 @@ void ReportGeneratorForm::showConditions()
         auto* item = new QListWidgetItem(conditions_);
         item->setFlags(Qt::ItemIsEnabled);
         item->setData(Qt::UserRole, condition.bit);
-        item->setSizeHint(condition.widget->sizeHint());
+        // As wide as the list, whatever the widget would like.
+        item->setSizeHint({1, condition.widget->sizeHint().height()});
         conditions_->setItemWidget(item, condition.widget);
         widgets_.push_back(condition.widget);
     }

@@ -45,6 +45,7 @@ TemplateEditorDialog::TemplateEditorDialog(const ExportTemplateClass& document, 
         note_ = note(QStringLiteral("OutsideTags")),
         endButtons(this, {accepts(QStringLiteral("ApplyBtn"), QStringLiteral("Сохранить")), cancel()}),
     });
+    rows_->horizontalHeader()->setStretchLastSection(true);
     rows_->setColumnWidth(TagColumn, tagWidth);
     rows_->setColumnWidth(VariableColumn, variableWidth);
     resize(700, 480);

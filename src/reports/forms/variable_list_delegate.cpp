@@ -22,6 +22,10 @@ QWidget* VariableListItemDelegate::createEditor(QWidget* parent, const QStyleOpt
         if (separates)
             qobject_cast<QStandardItemModel*>(box->model())->item(box->count() - 1)->setEnabled(false);
     }
+    // The choice counts at once: the form may be saved while the box is open.
+    auto* self = const_cast<VariableListItemDelegate*>(this);
+    connect(box, QOverload<int>::of(&QComboBox::currentIndexChanged), self,
+            [self, box] { emit self->commitData(box); });
     return box;
 }
 
