@@ -24,22 +24,25 @@ const std::array<MapUse, 3> mapUses = {{
     {"DynTemperatureBNT", "Карта динамики температур", &ProjectSession::dynamicTemperatureColormapId},
 }};
 
+// A palette is narrow: captions go on below.
+QLabel* wrapped(const char* caption) { return note(QString(), QString::fromUtf8(caption)); }
+
 constexpr int kServiceMap = -1; // what the editor of maps works on
 
 } // namespace
 
 ProjectPlacementProps::ProjectPlacementProps(QWidget* parent) : QWidget(parent)
 {
-    setObjectName("ProjectPlacementProps");
+    nameForm(this, "ProjectPlacementProps", QString());
     layOut(this).column({
         row({
-            label("Масштабный  коэфициент элементов"),
+            growing(wrapped("Масштабный  коэфициент элементов"), 2),
             growing(scale_ = tipped(realSpin("ScaleFactor", 0.01, 1000.0, 0.1),
                                     "Коэффициент вставки блоков 1 (1:1000), 0.5 (1:500), 2 (1:2000) и т.д.")),
         }),
         label("Цветовые схемы:"),
         colorMaps(),
-        label("Состояние элементов ГМН (цветовая легенда)"),
+        wrapped("Состояние элементов ГМН (цветовая легенда)"),
         growing(states_ = new StatesTable),
         row({stretch(), button("ApplyBtn", "Применить", this, &ProjectPlacementProps::apply)}),
     });
@@ -52,8 +55,9 @@ QLayout* ProjectPlacementProps::colorMaps()
     for (int use = 0; use < int(mapUses.size()); ++use) {
         QPushButton*& choosing = maps_[size_t(use)];
         choosing = button(mapUses[size_t(use)].button, QString());
+        choosing->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // a long name does not widen the page
         connect(choosing, &QPushButton::clicked, this, [this, use] { chooseMap(use); });
-        rows.push_back({mapUses[size_t(use)].caption, growing(choosing)});
+        rows.push_back({growing(wrapped(mapUses[size_t(use)].caption)), growing(choosing)});
     }
     return grid(rows);
 }
@@ -67,8 +71,11 @@ void ProjectPlacementProps::refresh()
 
 void ProjectPlacementProps::showMaps()
 {
-    for (size_t use = 0; use < mapUses.size(); ++use)
-        maps_[use]->setText(session().levelMaps.value(session().*mapUses[use].id));
+    for (size_t use = 0; use < mapUses.size(); ++use) {
+        const QString name = session().levelMaps.value(session().*mapUses[use].id);
+        maps_[use]->setText(name);
+        maps_[use]->setToolTip(name);
+    }
 }
 
 void ProjectPlacementProps::chooseMap(int use)

@@ -2,6 +2,8 @@
 
 #include "formkit/file_questions.h"
 
+#include <QFormLayout>
+
 using namespace formkit;
 
 namespace {
@@ -34,4 +36,10 @@ FieldList projectFolderFields()
         folderField("TemplateDir", "Папка шаблонов", "btn_SelectTemplatePath", "Папка шаблонов проекта", "/work"),
         folderField("TempDir", "Временные файлы", "btn_SelectTempPath", "Временные файлы проекта", "/temp"),
     };
+}
+
+void putCaptionsAbove(FieldPane& pane)
+{
+    if (auto* form = qobject_cast<QFormLayout*>(pane.layout()))
+        form->setRowWrapPolicy(QFormLayout::WrapAllRows);
 }

@@ -25,7 +25,7 @@ constexpr Folder folders[] = {
 
 ProjectPathForm::ProjectPathForm(QWidget* parent) : QWidget(parent)
 {
-    setObjectName("ProjectPathForm");
+    nameForm(this, "ProjectPathForm", QString());
     QPushButton* dots = dotsButton("btn_OpenProject");
     connect(dots, &QPushButton::clicked, this, &ProjectPathForm::chooseFile);
     layOut(this).column({
@@ -37,6 +37,7 @@ ProjectPathForm::ProjectPathForm(QWidget* parent) : QWidget(parent)
     });
     // A long path does not widen the page.
     file_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    putCaptionsAbove(*folders_);
     refresh();
 }
 

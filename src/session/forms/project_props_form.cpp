@@ -17,12 +17,13 @@ constexpr QString ProjectSession::*values[] = {&ProjectSession::projectName, &Pr
 
 ProjectPropsForm::ProjectPropsForm(QWidget* parent) : QWidget(parent)
 {
-    setObjectName("ProjectPropsForm");
+    nameForm(this, "ProjectPropsForm", QString());
     layOut(this).column({
         fields_ = new FieldPane(projectDataFields()),
         row({stretch(), button("btnApply", "Применить", this, &ProjectPropsForm::btnApplyClick)}),
         stretch(),
     });
+    putCaptionsAbove(*fields_);
     refresh();
 }
 

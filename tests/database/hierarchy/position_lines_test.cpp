@@ -303,3 +303,24 @@ TEST_F(Lines, AStoredDrawingIsShownUnderThePositionsName)
     showStoredDrawing(8);
     EXPECT_EQ(host_.console, "\n Не удается создать файл " + folder_.filePath("missing") + "/ID8_К 2  а .dwg");
 }
+
+TEST_F(Lines, ElementsOpenADrawingThatKnowsItsProject)
+{
+    closeAllDocuments();
+    addTemplateFolder(QCoreApplication::applicationDirPath()); // closing all forgets it
+    session().projectName = "Город";
+    fromMenu(place::object, "Вывести элементы ГМН");
+    driver_.expect("Выбор элементов").press("Отмена");
+    driver_.play();
+    EXPECT_EQ(ncDocManagerPtr()->documentCount(), 0);
+    fromMenu(place::object, "Вывести элементы ГМН");
+    driver_.expect("Выбор элементов").press("Применить");
+    driver_.play();
+    ASSERT_EQ(ncDocManagerPtr()->documentCount(), 1);
+    NcDbDatabaseSummaryInfo info;
+    ncdbGetSummaryInfo(ncDocManagerPtr()->curDocument()->database(), info);
+    QString project;
+    EXPECT_TRUE(isOk(info.getCustomSummaryInfo("project", project)));
+    EXPECT_EQ(project, QString("Город"));
+    session().projectName.clear();
+}

@@ -57,7 +57,7 @@ TEST_F(Placement, SaysWhatItAlwaysSaid)
     EXPECT_EQ(page.findChild<QPushButton*>("DynTemperatureBNT")->text(), QString("Карта температур"));
     EXPECT_EQ(page.findChild<QPushButton*>("ApplyBtn")->text(), QString("Применить"));
     EXPECT_EQ(page.findChild<QTableWidget*>("StatesTable")->rowCount(), 3);
-    page.resize(300, 420);
+    page.resize(290, 420);
     EXPECT_TRUE(takePicture(page, "ProjectPlacementProps"));
 }
 

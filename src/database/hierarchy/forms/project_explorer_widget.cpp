@@ -59,7 +59,7 @@ const std::vector<ProjectExplorerWidget::MenuEntry>& ProjectExplorerWidget::menu
 ProjectExplorerWidget::ProjectExplorerWidget(QWidget* parent)
     : QWidget(parent), model_(new ProjectTreeModel(this)), proxy_(new ProjectTreeProxyFilterModel(this))
 {
-    setObjectName("ProjectExplorerWidget");
+    nameForm(this, "ProjectExplorerWidget", QString());
     proxy_->setSourceModel(model_);
     layOut(this).column({
         buttons(),
