@@ -1,7 +1,7 @@
 #include "reports/forms/condition_widgets.h"
 
 #include "analysis/levels/forms/color_map_widget.h"
-#include "exchange/forms/catalogue_box.h"
+#include "database/catalogues/forms/catalogue_box.h"
 #include "formkit/file_questions.h"
 #include "formkit/layout.h"
 #include "formkit/table_items.h"
@@ -36,7 +36,7 @@ QPushButton* cyclesButton(QWidget* form, const std::vector<QComboBox*>& boxes)
 {
     QPushButton* button = dotsButton(QStringLiteral("CylesListBTN")); // the name is known so
     QObject::connect(button, &QPushButton::clicked, form, [form, boxes] {
-        openCatalogue(Catalogue::Cycles, form);
+        openCatalogue(CatalogueKind::Cycles, form);
         session().reloadCycles();
         for (QComboBox* box : boxes)
             setChoices(box, session().cycleEntries(QStringLiteral(" | ")));
