@@ -131,6 +131,76 @@ TEST_F(ColorMaps, AnEditedColourCountsAsAnEdit)
     EXPECT_TRUE(driver.done()) << driver.report();
 }
 
+TEST_F(ColorMaps, ALookAtAnotherMapForgetsNoEdit)
+{
+    widget().setLevelMapId(LevelMap::Temperature);
+    child<QTableWidget>("ColorTable")->item(0, 0)->setText(QStringLiteral("-30"));
+    widget().setLevelMapId(LevelMap::Deformation);
+    widget().setLevelMapId(LevelMap::Temperature);
+    EXPECT_EQ(widget().current().minimum, -30.0);
+    driver.expect(QStringLiteral("Внимание"))
+        .text(QStringLiteral("Будут потеряны именения в настройке палитры.\n Продолжить?"))
+        .press(QStringLiteral("Нет"));
+    child<QSpinBox>("LevelCountSpin")->setValue(5);
+    EXPECT_TRUE(driver.done()) << driver.report();
+    EXPECT_EQ(widget().levelMapId(), int(LevelMap::Temperature));
+}
+
+TEST_F(ColorMaps, AGradientMadeElsewhereAsksBeforeTheUsersEditedMapGoes)
+{
+    widget().setLevelMapId(LevelMap::Temperature);
+    child<QSpinBox>("LevelCountSpin")->setValue(5);
+    ASSERT_EQ(widget().levelMapId(), int(LevelMap::User));
+    child<QTableWidget>("ColorTable")->item(0, 0)->setText(QStringLiteral("-30"));
+    widget().setLevelMapId(LevelMap::Deformation);
+    driver.expect(QStringLiteral("Внимание")).press(QStringLiteral("Да"));
+    child<QSpinBox>("LevelCountSpin")->setValue(4);
+    EXPECT_TRUE(driver.done()) << driver.report();
+    child<QSpinBox>("LevelCountSpin")->setValue(3);
+    EXPECT_EQ(widget().current().ranges.size(), 3u) << "a fresh gradient is not asked for again";
+}
+
+TEST_F(ColorMaps, WritingOneMapKeepsTheEditsOfTheOthers)
+{
+    const int id = storeMap(QStringLiteral("Склад"));
+    widget().setLevelMapId(LevelMap::Temperature);
+    child<QSpinBox>("LevelCountSpin")->setValue(6);
+    widget().setLevelMapId(LevelMap::Deformation);
+    child<QTableWidget>("ColorTable")->item(0, 0)->setText(QStringLiteral("-300"));
+    widget().setLevelMapId(id);
+    child<QTableWidget>("ColorTable")->item(1, 2)->setText(QStringLiteral("7"));
+    widget().setLevelMapId(LevelMap::Temperature);
+    child<QTableWidget>("ColorTable")->item(0, 0)->setText(QStringLiteral("-30"));
+    driver.expect(QStringLiteral("Сохранить палитру"))
+        .set(QStringLiteral("input"), QStringLiteral("Зимняя"))
+        .press(QStringLiteral("OK"));
+    child<QPushButton>("WriteDB_btn")->click();
+    EXPECT_TRUE(driver.done()) << driver.report();
+    EXPECT_EQ(widget().current().name, QStringLiteral("Зимняя"));
+    EXPECT_EQ(widget().current().minimum, -30.0);
+    widget().setLevelMapId(LevelMap::Deformation);
+    EXPECT_EQ(widget().current().minimum, -300.0);
+    widget().setLevelMapId(id);
+    EXPECT_EQ(widget().current().maximum, 7.0);
+    widget().setLevelMapId(LevelMap::User);
+    EXPECT_EQ(widget().current().ranges.size(), 6u) << "the user's own map is kept nowhere else";
+    widget().setLevelMapId(LevelMap::Temperature);
+    EXPECT_EQ(widget().current().minimum, -20.0) << "the edits are in the new row";
+}
+
+TEST_F(ColorMaps, RemovingOneMapKeepsTheEditsOfTheOthers)
+{
+    const int id = storeMap(QStringLiteral("Склад"));
+    widget().setLevelMapId(LevelMap::Temperature);
+    child<QTableWidget>("ColorTable")->item(0, 0)->setText(QStringLiteral("-30"));
+    widget().setLevelMapId(id);
+    driver.expect(QStringLiteral("Внимание")).press(QStringLiteral("Да"));
+    child<QPushButton>("DeleteDb_btn")->click();
+    EXPECT_TRUE(driver.done()) << driver.report();
+    widget().setLevelMapId(LevelMap::Temperature);
+    EXPECT_EQ(widget().current().minimum, -30.0);
+}
+
 TEST_F(ColorMaps, TheLimitsOfAMapStandEachInItsField)
 {
     widget().setLevelMapId(LevelMap::Temperature);

@@ -111,17 +111,9 @@ void ColorMapWidget::fillMaps()
     writeDatabase_->setEnabled(connected);
     const QSignalBlocker quiet(levelMapType_);
     levelMapType_->clear();
-    maps_.clear();
-    for (int id : {LevelMap::Deformation, LevelMap::Temperature, LevelMap::User}) {
-        maps_.emplace(id, LevelMap(id));
-        levelMapType_->addItem(builtInLevelMapName(id), id);
-    }
-    if (!connected)
-        return;
-    for (const auto& [id, name] : storedLevelMaps()) {
-        maps_.emplace(id, LevelMap(id));
+    maps_.read(connected);
+    for (const auto& [id, name] : maps_.list())
         levelMapType_->addItem(name, id);
-    }
 }
 
 LevelMap& ColorMapWidget::currentMap() { return maps_.at(levelMapId()); }
@@ -141,7 +133,6 @@ void ColorMapWidget::selectMap(int id)
 
 void ColorMapWidget::chooseMap()
 {
-    dirty_ = false;
     showCurrent();
     emit levelMapChanged();
 }
@@ -186,7 +177,7 @@ void ColorMapWidget::editCell(QTableWidgetItem* item)
     const double value = item->text().replace(QLatin1Char(','), QLatin1Char('.')).toDouble(&isNumber);
     if (isNumber && std::isfinite(value)) {
         bound = value;
-        dirty_ = true;
+        maps_.noteEdit(levelMapId());
         currentMap().recomputeLimits();
     }
     const QSignalBlocker quiet(colorTable_);
@@ -201,14 +192,15 @@ void ColorMapWidget::editColor(int row, int column)
     NcCmColor& color = currentMap().ranges.at(size_t(column)).color;
     if (!ncedSetColorDialogTrueColor(color))
         return;
-    dirty_ = true;
+    maps_.noteEdit(levelMapId());
     showRanges();
     emit levelMapChanged();
 }
 
 void ColorMapWidget::changeCount(int count)
 {
-    if (dirty_ && !confirm(this, "Будут потеряны именения в настройке палитры.\n Продолжить?")) {
+    if (maps_.gradientLosesEdits(levelMapId())
+        && !confirm(this, "Будут потеряны именения в настройке палитры.\n Продолжить?")) {
         showLimits();
         return;
     }
@@ -220,9 +212,7 @@ void ColorMapWidget::changeCount(int count)
 // Stored and built-in maps stay as they are: what was made up becomes the user's own.
 void ColorMapWidget::keepAsUserMap(LevelMap map)
 {
-    map.id = LevelMap::User;
-    map.name = builtInLevelMapName(LevelMap::User);
-    maps_.at(LevelMap::User) = std::move(map);
+    maps_.keepAsUsers(std::move(map));
     selectMap(LevelMap::User);
 }
 
@@ -260,6 +250,8 @@ void ColorMapWidget::writeToDatabase()
         warn(this, "Палитра не записана в базу данных");
         return;
     }
+    maps_.forgetEdit(levelMapId()); // what was edited is now in the row
+    maps_.forgetEdit(map.id);
     session().reloadLevelMaps();
     fillMaps();
     selectMap(map.id);
@@ -285,6 +277,7 @@ void ColorMapWidget::deleteFromDatabase()
         if (session().*use.field == map.id)
             session().*use.field = use.fallback;
     }
+    maps_.forgetEdit(map.id);
     session().reloadLevelMaps();
     fillMaps();
     selectMap(LevelMap::Deformation);

@@ -2,10 +2,9 @@
 // the database.
 #pragma once
 
-#include "analysis/levels/level_map.h"
+#include "analysis/levels/level_map_set.h"
 
 #include <QWidget>
-#include <map>
 
 class QComboBox;
 class QDoubleSpinBox;
@@ -46,8 +45,7 @@ private:
     void selectMap(int id);
     LevelMap& currentMap();
 
-    std::map<int, LevelMap> maps_;
-    bool dirty_ = false;
+    LevelMapSet maps_;
     QComboBox* levelMapType_;
     QTableWidget* colorTable_;
     QDoubleSpinBox* levelMin_;
