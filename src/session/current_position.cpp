@@ -92,8 +92,9 @@ bool ProjectSession::bringPosition(int positionId)
         layNewDrawing(currentDrawingPath, projectProperty(*this));
     } else {
         currentFileId = row.toInt(0, 1);
-        if (layStoredDrawing(*this, positionId, currentDrawingPath))
-            openDrawing(currentDrawingPath, projectProperty(*this));
+        if (layStoredDrawing(*this, positionId, currentDrawingPath)
+            && !openDrawing(currentDrawingPath, projectProperty(*this)))
+            closeDrawing(currentDrawingPath);
     }
     writeDrawingProperty(ncDocManagerPtr()->findByFileName(currentDrawingPath), positionProperty(*this, positionId));
     readPositionNames(positionId);

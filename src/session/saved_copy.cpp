@@ -11,7 +11,13 @@
 
 namespace {
 
-QString notePath(const QString& path) { return path + QStringLiteral(".laid"); }
+// The dated copies are called after the whole name of the drawing, so that the
+// note must not be.
+QString notePath(const QString& path)
+{
+    const QFileInfo file(path);
+    return file.path() + QLatin1Char('/') + file.completeBaseName() + QStringLiteral(".laid");
+}
 
 QByteArray fingerprint(const QByteArray& bytes)
 {
@@ -61,7 +67,15 @@ void rememberLaidCopy(const QString& path)
         QFile::remove(notePath(path));
         return;
     }
-    saveFile(notePath(path), fingerprint(bytes));
+    rememberStored(path, bytes);
+}
+
+void rememberStored(const QString& path, const QByteArray& stored) { saveFile(notePath(path), fingerprint(stored)); }
+
+bool isRemembered(const QString& path, const QByteArray& stored)
+{
+    QByteArray laid;
+    return readAll(notePath(path), laid) && laid == fingerprint(stored);
 }
 
 bool keepSavedCopy(const QString& path, const QByteArray& stored)

@@ -3,11 +3,11 @@
 #include "base/placeholders.h"
 #include "files/written_file.h"
 #include "hostkit/console.h"
+#include "session/drawing_lock.h"
 #include "session/project_session.h"
 #include "session/saved_copy.h"
 
 #include <nrx/application.h>
-#include <optional>
 
 void writeDrawingProperty(NcApDocument* document, const DrawingProperty& property)
 {
@@ -26,6 +26,7 @@ void closeDrawing(const QString& path)
     NcApDocManager* documents = ncDocManagerPtr();
     if (NcApDocument* document = documents->findByFileName(path))
         documents->closeDocument(document);
+    unlockDrawing(path);
 }
 
 void createDrawing(const QString& path, const DrawingProperty& property)
@@ -41,28 +42,47 @@ void createDrawing(const QString& path, const DrawingProperty& property)
     });
 }
 
-void openDrawing(const QString& path, const DrawingProperty& property)
+bool openDrawing(const QString& path, const DrawingProperty& property)
 {
     NcApDocManager* documents = ncDocManagerPtr();
+    bool opened = false;
     documents->executeInApplicationContext([&] {
-        if (isOk(documents->appContextOpenDocument(path)))
+        opened = isOk(documents->appContextOpenDocument(path));
+        if (opened)
             writeDrawingProperty(documents->curDocument(), property);
     });
+    if (!opened)
+        say(fill(QStringLiteral("\nЧертеж %1 поврежден и не открыт\n"), path));
+    return opened;
+}
+
+PositionFile readPositionFile(const ProjectSession& session, int positionId)
+{
+    const sql::Result row = session.run("select content from positions_files  where position_id=$1::integer",
+                                        {sql::text(positionId)}, sql::Format::Binary);
+    if (!row.isTuples()) {
+        const QString problem = row.errorMessage();
+        return {PositionFile::NotRead, {}, problem.isEmpty() ? session.connection.errorMessage() : problem};
+    }
+    if (row.ntuples() == 0)
+        return {PositionFile::Absent, {}, {}};
+    const QByteArray bytes = row.isNull(0, 0) ? QByteArray() : row.bytes(0, 0);
+    return {bytes.isEmpty() ? PositionFile::Empty : PositionFile::Present, bytes, {}};
 }
 
 namespace {
 
-// Nothing when no drawing is stored.
-std::optional<QByteArray> storedDrawing(const ProjectSession& session, int positionId)
+// Without bytes there is nothing to be laid, and why is told; a position that
+// never had a drawing has nothing to tell.
+PositionFile drawingToLay(const ProjectSession& session, int positionId)
 {
-    const sql::Result row = session.run("select content from positions_files  where position_id=$1::integer",
-                                        {sql::text(positionId)}, sql::Format::Binary);
-    if (!row.isTuples() || row.ntuples() == 0)
-        return std::nullopt;
-    if (!row.isNull(0, 0))
-        return row.bytes(0, 0);
-    say(fill(QStringLiteral("\nВ базе данных записан пустой чертеж позиции %1\n"), positionId));
-    return std::nullopt;
+    PositionFile stored = readPositionFile(session, positionId);
+    if (stored.state == PositionFile::Empty)
+        say(fill(QStringLiteral("\nВ базе данных записан пустой чертеж позиции %1\n"), positionId));
+    if (stored.state == PositionFile::NotRead)
+        say(fill(QStringLiteral("\nЧертеж позиции %1 не получен из базы данных: %2\n"), positionId,
+                 stored.problem.trimmed()));
+    return stored;
 }
 
 bool writeDrawing(const QString& path, const QByteArray& bytes)
@@ -77,23 +97,31 @@ bool writeDrawing(const QString& path, const QByteArray& bytes)
 
 bool fetchStoredDrawing(const ProjectSession& session, int positionId, const QString& path)
 {
-    const std::optional<QByteArray> stored = storedDrawing(session, positionId);
-    return stored && writeDrawing(path, *stored);
+    const PositionFile stored = drawingToLay(session, positionId);
+    return stored.state == PositionFile::Present && writeDrawing(path, stored.bytes);
 }
 
 bool layStoredDrawing(const ProjectSession& session, int positionId, const QString& path)
 {
-    const std::optional<QByteArray> stored = storedDrawing(session, positionId);
-    if (!stored || !keepSavedCopy(path, *stored) || !writeDrawing(path, *stored))
+    const PositionFile stored = drawingToLay(session, positionId);
+    if (stored.state != PositionFile::Present || !lockDrawing(path))
         return false;
+    if (!keepSavedCopy(path, stored.bytes) || !writeDrawing(path, stored.bytes)) {
+        unlockDrawing(path);
+        return false;
+    }
     rememberLaidCopy(path);
     return true;
 }
 
 void layNewDrawing(const QString& path, const DrawingProperty& property)
 {
-    if (!keepSavedCopy(path, {}))
+    if (!lockDrawing(path))
         return;
+    if (!keepSavedCopy(path, {})) {
+        unlockDrawing(path);
+        return;
+    }
     createDrawing(path, property);
     rememberLaidCopy(path);
 }

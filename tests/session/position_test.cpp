@@ -1,13 +1,16 @@
 // Choosing the position: its drawing, its names, its numbering.
 #include "session_fixture.h"
 
+#include "session/drawing_lock.h"
 #include "session/numbering.h"
+#include "session/working_drawing.h"
 
 #include <drawing/application.h>
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 
 namespace {
 
@@ -26,6 +29,7 @@ protected:
     void TearDown() override
     {
         closeAllDocuments();
+        unlockDrawing(session_.currentDrawingPath);
         QDir::setCurrent(before_);
     }
 
@@ -313,6 +317,106 @@ TEST_F(ChoosingAPosition, AnAbsentContentNeverShowsAStaleCopy)
     ASSERT_TRUE(session_.setCurrentPosition(1));
     EXPECT_EQ(openDrawing(session_.drawingPath(1)), nullptr);
     EXPECT_EQ(console_.take(), QString("\nВ базе данных записан пустой чертеж позиции 1\n"));
+}
+
+TEST_F(ChoosingAPosition, ADamagedCutOrEmptyStoredDrawingIsToldAndThePositionChosenWithoutOne)
+{
+    storeDrawing(2, 31);
+    const QByteArray sound = stored_;
+    ASSERT_TRUE(isOk(ncDocManagerPtr()->appContextNewDocument("Default.dwt")));
+    NcApDocument* other = ncDocManagerPtr()->curDocument();
+    const QString damaged = "\nЧертеж " + session_.drawingPath(2) + " поврежден и не открыт\n";
+    const QString empty = "\nВ базе данных записан пустой чертеж позиции 2\n";
+    const std::pair<QByteArray, QString> contents[] = {
+        {"no drawing at all", damaged}, {sound.left(sound.size() / 2), damaged}, {QByteArray(""), empty}};
+    for (const auto& [bytes, told] : contents) {
+        ASSERT_TRUE(database_.connection()
+                        .run("update positions_files set content = $1::bytea", {sql::binary(bytes)})
+                        .isCommand());
+        EXPECT_TRUE(session_.setCurrentPosition(2));
+        EXPECT_EQ(console_.take(), told);
+        EXPECT_EQ(session_.currentPositionName, QString("Позиция 2"));
+        EXPECT_EQ(session_.currentFileId, 31);
+        EXPECT_EQ(openDrawing(session_.drawingPath(2)), nullptr);
+        EXPECT_EQ(ncDocManagerPtr()->documentCount(), 1);
+        EXPECT_EQ(property(other, "position_id"), QString("(absent)"));
+        EXPECT_FALSE(QFileInfo::exists(drawingLockPath(session_.drawingPath(2)))) << "nothing is open";
+    }
+}
+
+TEST_F(ChoosingAPosition, AStoredDrawingThatIsNotFetchedIsTold)
+{
+    PlainRole role(database_);
+    database_.exec("grant select on all tables in schema public to " + role.name()
+                   + ";"
+                     "revoke select on positions_files from "
+                   + role.name()
+                   + ";"
+                     "grant select (file_id, position_id) on positions_files to "
+                   + role.name());
+    storeDrawing(2, 31);
+    session_.sqlUser = role.name();
+    session_.sqlPass = "plain";
+    ASSERT_TRUE(session_.connect());
+    console_.take();
+    EXPECT_TRUE(session_.setCurrentPosition(2));
+    const QString told = console_.take();
+    EXPECT_TRUE(told.startsWith("\nЧертеж позиции 2 не получен из базы данных: ")) << told;
+    EXPECT_TRUE(told.contains("positions_files")) << "the server's own reason";
+    EXPECT_EQ(session_.currentPositionName, QString("Позиция 2"));
+    EXPECT_EQ(ncDocManagerPtr()->documentCount(), 0);
+}
+
+// --- another program has it open --------------------------------------------------------
+
+TEST_F(ChoosingAPosition, ADrawingThatAnotherProgramHoldsIsLeftAloneAndItsHolderNamed)
+{
+    storeDrawing(2, 31);
+    const QByteArray theirs = save(session_.drawingPath(2), "чужая работа");
+    QLockFile held(drawingLockPath(session_.drawingPath(2)));
+    ASSERT_TRUE(held.tryLock(0));
+    for (const bool stored : {true, false}) {
+        if (!stored)
+            database_.exec("delete from positions_files");
+        EXPECT_TRUE(session_.setCurrentPosition(2)) << "the position is chosen without a drawing";
+        const QString told = console_.take();
+        EXPECT_TRUE(told.startsWith("\nЧертеж " + session_.drawingPath(2) + " открыт в другой программе (")) << told;
+        EXPECT_TRUE(told.contains("процесс " + QString::number(QCoreApplication::applicationPid()))) << told;
+        EXPECT_TRUE(told.contains(QFileInfo(folder_.path()).owner())) << told;
+        EXPECT_EQ(session_.currentPositionName, QString("Позиция 2"));
+        EXPECT_EQ(ncDocManagerPtr()->documentCount(), 0);
+        EXPECT_EQ(content(session_.drawingPath(2)), theirs);
+    }
+    held.unlock();
+    ASSERT_TRUE(session_.setCurrentPosition(2));
+    EXPECT_TRUE(openDrawing(session_.drawingPath(2)));
+}
+
+TEST_F(ChoosingAPosition, ADrawingIsHeldWhileItIsOpen)
+{
+    storeDrawing(1, 5);
+    QLockFile other(drawingLockPath(session_.drawingPath(1)));
+    ASSERT_TRUE(session_.setCurrentPosition(1));
+    EXPECT_FALSE(other.tryLock(0));
+    ASSERT_TRUE(session_.setCurrentPosition(1)) << "one's own lock is no hindrance";
+    EXPECT_TRUE(openDrawing(session_.drawingPath(1)));
+    EXPECT_FALSE(other.tryLock(0));
+    ASSERT_TRUE(session_.setCurrentPosition(2));
+    EXPECT_TRUE(other.tryLock(0)) << "closed with the position";
+    EXPECT_EQ(console_.text(), QString());
+}
+
+TEST_F(ChoosingAPosition, ALockOfAProgramThatHasEndedIsTaken)
+{
+    storeDrawing(1, 5);
+    QFile left(drawingLockPath(session_.drawingPath(1)));
+    ASSERT_TRUE(left.open(QIODevice::WriteOnly));
+    // No process bears the greatest number.
+    left.write("4194304\nterva\n" + QSysInfo::machineHostName().toUtf8() + "\n");
+    left.close();
+    ASSERT_TRUE(session_.setCurrentPosition(1));
+    EXPECT_TRUE(openDrawing(session_.drawingPath(1)));
+    EXPECT_EQ(console_.text(), QString());
 }
 
 TEST_F(ChoosingAPosition, ABrokenTemplateTouchesNoDocument)

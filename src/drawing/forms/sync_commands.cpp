@@ -13,12 +13,20 @@ bool saysYes(formkit::Look look, const QString& text)
     return formkit::confirm(nullptr, {text, formkit::attention(), look, formkit::Preset::No});
 }
 
+SyncQuestions boxes()
+{
+    return {[](const QString& text) { return saysYes(formkit::Look::Critical, text); },
+            [](const QString& text) { return saysYes(formkit::Look::Question, text); }};
+}
+
 } // namespace
 
-void drawingToDatabaseCommand()
+void drawingToDatabaseCommand() { syncDrawingToDatabase(boxes()); }
+
+void databaseToDrawingCommand()
 {
-    syncDrawingToDatabase({[](const QString& text) { return saysYes(formkit::Look::Critical, text); },
-                           [](const QString& text) { return saysYes(formkit::Look::Question, text); }});
+    if (documentIsAccepted(boxes()))
+        syncPositionToDrawing();
 }
 
 void syncNode(int id, SyncLevel level)

@@ -2,8 +2,11 @@
 
 #include "base/placeholders.h"
 #include "base/text.h"
+#include "files/written_file.h"
 #include "hostkit/console.h"
+#include "session/drawing_lock.h"
 #include "session/project_session.h"
+#include "session/saved_copy.h"
 #include "session/working_drawing.h"
 
 #include <QDir>
@@ -26,6 +29,13 @@ std::optional<QByteArray> readDrawing(const QString& path)
         return bytes;
     say(fill("\n Ошибка чтения  %1", path));
     return {};
+}
+
+// Asked of the bytes: files of the system have no size beforehand.
+bool isEmptyFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && file.read(1).isEmpty();
 }
 
 // False also when there is no row to be written.
@@ -58,21 +68,77 @@ bool writeContent(const QByteArray& bytes)
     return known ? insertContent(bytes) : updateContent(bytes);
 }
 
-bool storeFile(const QString& path)
+void tellNotStored(const QString& path) { say(fill("\nОшибка: чертеж %1 не записан в базу данных\n", path)); }
+
+QString ownPath() { return session().drawingPath(session().currentPositionId); }
+
+// "positionID7.dwg.1kq2m3": the second, in base 31, or the next that is free.
+QString copyPath()
 {
-    const std::optional<QByteArray> bytes = readDrawing(path);
-    if (!bytes)
-        return false;
-    if (writeContent(*bytes))
-        return true;
-    say(fill("\nОшибка: чертеж %1 не записан в базу данных\n", path));
+    qint64 second = secondsNow();
+    QString path;
+    do
+        path = ownPath() + QLatin1Char('.') + base31(second++);
+    while (QFile::exists(path));
+    return path;
+}
+
+bool keepCopy() { return fetchStoredDrawing(session(), session().currentPositionId, copyPath()); }
+
+bool isKept(const QByteArray& bytes)
+{
+    const QFileInfo own(ownPath());
+    for (const QFileInfo& copy : own.dir().entryInfoList({own.fileName() + QStringLiteral(".*")}, QDir::Files)) {
+        QFile file(copy.filePath());
+        if (copy.size() == bytes.size() && file.open(QIODevice::ReadOnly) && file.readAll() == bytes)
+            return true;
+    }
     return false;
 }
 
-bool keepCopy()
+bool keepOverwritten(const QByteArray& bytes)
 {
-    const QString path = session().drawingPath(session().currentPositionId) + QLatin1Char('.') + base31(secondsNow());
-    return fetchStoredDrawing(session(), session().currentPositionId, path);
+    if (isKept(bytes))
+        return true;
+    const QString path = copyPath();
+    if (saveFile(path, bytes, nullptr, WrittenFile::Private))
+        return true;
+    say(fill("\n Не удается создать файл %1", path));
+    return false;
+}
+
+// What is overwritten is kept; whether it is what the user knows of is asked.
+bool mayOverwrite(const QByteArray& bytes, const QString& path, const SyncQuestions& questions)
+{
+    const PositionFile stored = readPositionFile(session(), session().currentPositionId);
+    if (stored.state == PositionFile::NotRead) {
+        tellNotStored(path);
+        return false;
+    }
+    if (stored.state != PositionFile::Present || stored.bytes == bytes)
+        return true;
+    const bool known = isRemembered(ownPath(), stored.bytes);
+    if (!known
+        && !(questions.ask
+             && questions.ask("Чертеж позиции в базе данных записан другим пользователем после того, как был получен.\n"
+                              "  Заменить его? Прежний чертеж будет сохранен рядом с рабочей копией")))
+        return false;
+    return keepOverwritten(stored.bytes);
+}
+
+bool storeFile(const QString& path, const SyncQuestions& questions)
+{
+    const std::optional<QByteArray> bytes = readDrawing(path);
+    if (bytes && bytes->isEmpty())
+        say(fill("\nПустой чертеж %1 в базу данных не записывается\n", path));
+    if (!bytes || bytes->isEmpty() || !mayOverwrite(*bytes, path, questions))
+        return false;
+    if (writeContent(*bytes)) {
+        rememberStored(ownPath(), *bytes);
+        return true;
+    }
+    tellNotStored(path);
+    return false;
 }
 
 bool saveInPlace(NcApDocument& document)
@@ -96,33 +162,35 @@ bool saveDocument(NcApDocument& document)
     return false;
 }
 
-void storeOwnDrawing(NcApDocument& document, const QString& path)
+void storeOwnDrawing(NcApDocument& document, const QString& path, const SyncQuestions& questions)
 {
-    if (saveInPlace(document) && storeFile(path))
+    if (saveInPlace(document) && storeFile(path, questions))
         keepCopy();
 }
 
 // The drawing that was the position's until now is stored and kept.
-bool setAside(const QString& path)
+bool setAside(const QString& path, const SyncQuestions& questions)
 {
     if (NcApDocument* open = ncDocManagerPtr()->findByFileName(path)) {
         if (!saveInPlace(*open))
             return false;
         closeDrawing(path);
     }
-    // Without a working copy there is nothing to store but what is stored.
-    if (QFile::exists(path) && !storeFile(path))
+    // Without a working copy there is nothing to store but what is stored, and
+    // an empty one holds nothing.
+    const QFileInfo copy(path);
+    if (copy.exists() && !isEmptyFile(path) && !storeFile(path, questions))
         return false;
-    if (!QFile::exists(path))
+    if (!copy.exists())
         readDrawing(path);
     return keepCopy() || session().currentFileId == session().defaultFileId;
 }
 
-void replaceDrawing(NcApDocument& document, const QString& path)
+void replaceDrawing(NcApDocument& document, const QString& path, const SyncQuestions& questions)
 {
-    if (!setAside(path) || !saveDocument(document) || !storeFile(document.fileName()))
+    if (!setAside(path, questions) || !saveDocument(document) || !storeFile(document.fileName(), questions))
         return;
-    if (fetchStoredDrawing(session(), session().currentPositionId, path))
+    if (lockDrawing(path) && fetchStoredDrawing(session(), session().currentPositionId, path))
         openDrawing(path, {});
 }
 
@@ -143,9 +211,9 @@ void storeActiveDrawing(const SyncQuestions& questions)
     if (!document)
         return;
     if (isSameFile(path, document->fileName()))
-        storeOwnDrawing(*document, path);
+        storeOwnDrawing(*document, path, questions);
     else if (questions.ask
              && questions.ask("Активный документ не совпадает с документом позиции\n"
                               "  Выполнить его замену в базе данных"))
-        replaceDrawing(*document, path);
+        replaceDrawing(*document, path, questions);
 }

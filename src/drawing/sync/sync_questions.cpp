@@ -4,6 +4,7 @@
 #include "hostkit/model_space.h"
 #include "session/project_session.h"
 
+#include <nrx/application.h>
 #include <nrx/editor.h>
 
 #include <optional>
@@ -69,4 +70,9 @@ std::optional<SyncMode> askSyncMode()
 bool drawingIsAccepted(const SyncQuestions& questions)
 {
     return projectIsAccepted(questions) && positionIsAccepted(questions);
+}
+
+bool documentIsAccepted(const SyncQuestions& questions)
+{
+    return !ncDocManagerPtr()->curDocument() || positionIsAccepted(questions);
 }

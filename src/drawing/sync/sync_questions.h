@@ -25,3 +25,8 @@ std::optional<SyncMode> askSyncMode();
 /// Whose drawing the active one is: compares the project and the position that the drawing names with the
 /// current ones; where they differ the user decides. False: do not go on.
 bool drawingIsAccepted(const SyncQuestions& questions);
+
+/// The same of the position alone, for rows that are to be brought into the
+/// active drawing: where the position's own could not be opened, another is
+/// active. Without an open document there is none to be harmed.
+bool documentIsAccepted(const SyncQuestions& questions);

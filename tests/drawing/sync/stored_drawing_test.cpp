@@ -2,6 +2,7 @@
 #include "drawing/sync/stored_drawing.h"
 
 #include "drawing/sync/database_to_drawing.h"
+#include "session/drawing_lock.h"
 #include "session/working_drawing.h"
 #include "support/statement_relay.h"
 #include "sync_fixture.h"
@@ -27,6 +28,7 @@ protected:
     ~StoredDrawing() override
     {
         closeAllDocuments();
+        unlockDrawing(path());
         session().tempDir.clear();
         session().currentFileId = -1;
     }
@@ -140,13 +142,127 @@ TEST_F(StoredDrawing, IsWrittenAndReadByTheseStatements)
     store();
     store();
     EXPECT_EQ(relay.texts(),
-              (QStringList{"insert into positions_files (position_id, content) values "
+              (QStringList{copy,
+                           "insert into positions_files (position_id, content) values "
                            "($1::integer,$2::bytea) returning file_id",
-                           copy,
+                           copy, copy,
                            "update positions_files set content = $2::bytea  where "
                            "position_id=$1::integer",
                            copy}));
     session().connection.finish();
+}
+
+// --- two writers ----------------------------------------------------------------------
+
+TEST_F(StoredDrawing, AsksBeforeItOverwritesWhatSomebodyElseHasStoredSince)
+{
+    document(path(), 5);
+    store();
+    const QByteArray mine = stored();
+    // A colleague's drawing, made and stored elsewhere.
+    QByteArray theirs;
+    {
+        QTemporaryDir elsewhere;
+        NcDbDatabase drawing;
+        ASSERT_TRUE(isOk(drawing.saveAs(elsewhere.filePath("a.dwg"))));
+        theirs = bytes(elsewhere.filePath("a.dwg"));
+    }
+    ASSERT_NE(mine, theirs);
+    const auto storeTheirs = [&] {
+        ASSERT_TRUE(database->connection()
+                        .run("update positions_files set content = $1::bytea", {sql::binary(theirs)})
+                        .isCommand());
+    };
+    storeTheirs();
+    addLine(6);
+    store();
+    ASSERT_EQ(asked.size(), 1);
+    EXPECT_TRUE(asked[0].contains("записан другим пользователем")) << asked[0];
+    EXPECT_EQ(stored(), theirs) << "No leaves it";
+    EXPECT_EQ(copies().size(), 1);
+
+    yes = true;
+    store();
+    EXPECT_EQ(asked.size(), 2);
+    EXPECT_EQ(lines(stored()), (QStringList{"5", "6"}));
+    const auto isKept = [this](const QByteArray& drawing) {
+        for (const QString& copy : copies())
+            if (bytes(folder.filePath(copy)) == drawing)
+                return true;
+        return false;
+    };
+    EXPECT_TRUE(isKept(theirs)) << "what was overwritten is kept";
+    EXPECT_TRUE(isKept(mine));
+    EXPECT_TRUE(isKept(stored()));
+
+    addLine(7);
+    store();
+    EXPECT_EQ(asked.size(), 2) << "one's own is no question";
+    EXPECT_EQ(copies().size(), 4) << "what is kept already is not kept twice";
+}
+
+TEST_F(StoredDrawing, AsksWhenSomebodyElseStoredTheFirstOne)
+{
+    document(path(), 5);
+    database->exec("insert into positions_files (position_id, content) values (7, 'their drawing')");
+    store();
+    EXPECT_EQ(asked.size(), 1);
+    EXPECT_EQ(stored(), QByteArray("their drawing"));
+    document(folder.filePath("other.dwg"), 8);
+    store();
+    EXPECT_EQ(asked.size(), 2) << "to replace it";
+    EXPECT_EQ(stored(), QByteArray("their drawing"));
+}
+
+TEST_F(StoredDrawing, IsNotOverwrittenByAnEmptyFileOrWithoutHavingBeenRead)
+{
+    database->exec("insert into positions_files (position_id, content) values (7, 'their drawing')");
+    QFile empty(path());
+    ASSERT_TRUE(empty.open(QIODevice::WriteOnly));
+    empty.close();
+    yes = true;
+    document(folder.filePath("other.dwg"), 8);
+    store();
+    EXPECT_EQ(lines(stored()), QStringList("8"));
+    EXPECT_FALSE(copies().isEmpty());
+    EXPECT_EQ(bytes(folder.filePath(copies()[0])), QByteArray("their drawing"));
+
+    StatementRelay relay;
+    session().sqlPort = relay.port();
+    ASSERT_TRUE(session().connection.open(session().buildConnInfo()));
+    const QByteArray before = stored();
+    addLine(9);
+    relay.refuse(1);
+    store();
+    ASSERT_TRUE(relay.hasRefused());
+    EXPECT_TRUE(host.console.endsWith("\nОшибка: чертеж " + path() + " не записан в базу данных\n")) << host.console;
+    EXPECT_EQ(stored(), before);
+    session().connection.finish();
+}
+
+TEST_F(StoredDrawing, RowsGoIntoAnotherDocumentOnlyWhenTheUserSaysSo)
+{
+    QStringList warned;
+    bool goesOn = false;
+    const SyncQuestions questions{[&](const QString& text) {
+                                      warned.append(text);
+                                      return goesOn;
+                                  },
+                                  {}};
+    EXPECT_TRUE(documentIsAccepted(questions)) << "without a document there is none to be harmed";
+    NcApDocument* own = document(path(), 5);
+    writeDrawingProperty(own, {"position_id", "7"});
+    EXPECT_TRUE(documentIsAccepted(questions));
+    EXPECT_EQ(warned, QStringList());
+    NcApDocument* other = document(folder.filePath("other.dwg"), 8);
+    EXPECT_FALSE(documentIsAccepted(questions));
+    writeDrawingProperty(other, {"position_id", "8"});
+    EXPECT_FALSE(documentIsAccepted(questions));
+    goesOn = true;
+    EXPECT_TRUE(documentIsAccepted(questions));
+    ASSERT_EQ(warned.size(), 3);
+    EXPECT_TRUE(warned[0].contains(" не задано ")) << warned[0];
+    EXPECT_TRUE(warned[1].contains("«8» не совпадают")) << warned[1];
 }
 
 TEST_F(StoredDrawing, LeavesAllAsItIsWhenAnotherDocumentIsNotToReplaceIt)
