@@ -21,6 +21,7 @@
 #include "entry/help.h"
 #include "entry/palette_sets.h"
 #include "entry/sample_commands.h"
+#include "exchange/elements/forms/elements_commands.h"
 #include "exchange/forms/import_commands.h"
 #include "exchange/geology/forms/geology_commands.h"
 #include "exchange/inspections/forms/inspections_commands.h"
@@ -92,7 +93,7 @@ const std::array<Command, kCommandCount> kCommands = {{
     {"TERVA_IMPORT_RP_MEASURE", Guard::C1, None, kPlain, importBenchmarkMeasures},
     {"TERVA_IMPORT_TSS_MEASURE", Guard::C1, None, kPlain, importSnowPointMeasures},
     {"TERVA_IMPORT_GGS_MEASURE", Guard::C1, None, kPlain, importGroundwaterMeasures},
-    {"TERVA_IMPORT_ELEMENTS", Guard::C1, None, kPlain, notBuilt},
+    {"TERVA_IMPORT_ELEMENTS", Guard::C1, None, kPlain, importElementsCommand},
     {"TERVA_DEFORMATION_MAP", Guard::C2, Guard::P2, kPlain, notBuilt},
     {"TERVA_TEMPERATURE_MAP", Guard::C2, Guard::P2, kPlain, buildTemperatureMap},
     {"TERVA_TEMP_DIFF_MAP", Guard::C2, Guard::P2, kPlain, notBuilt},

@@ -2,6 +2,7 @@
 #include "drawing/sync/stored_drawing.h"
 
 #include "drawing/sync/database_to_drawing.h"
+#include "drawing/sync/sync_questions.h"
 #include "session/drawing_lock.h"
 #include "session/working_drawing.h"
 #include "support/statement_relay.h"
