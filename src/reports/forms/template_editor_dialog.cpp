@@ -29,7 +29,8 @@ TemplateEditorDialog::TemplateEditorDialog(const ExportTemplateClass& document, 
     nameForm(this, QStringLiteral("TemplateEditorDialog"), QStringLiteral("Редактор сопоставления переменных"));
     rows_ = table(QStringLiteral("SubstsView"),
                   {QStringLiteral("Тэг"), QStringLiteral("Значение"), QStringLiteral("Текст подстановки")});
-    rows_->setEditTriggers(QAbstractItemView::AllEditTriggers);
+    rows_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::SelectedClicked
+                           | QAbstractItemView::AnyKeyPressed | QAbstractItemView::EditKeyPressed);
     rows_->setSortingEnabled(false);
     rows_->setItemDelegateForColumn(VariableColumn, new VariableListItemDelegate(document, rows_));
     layOut(this).column({
@@ -114,7 +115,7 @@ bool TemplateEditorDialog::copyDocx()
 
 void TemplateEditorDialog::accept()
 {
-    setFocus(); // what is being typed in the table is taken
+    rows_->setCurrentCell(-1, -1); // what is being typed in the table is taken
     readRows();
     bindings_.name = name_->text();
     if (bindings_.docxPath.isEmpty())
