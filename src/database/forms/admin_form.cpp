@@ -43,7 +43,7 @@ AdminForm::AdminForm(QWidget* parent) : QDialog(parent)
     connect(databases_, &QTableWidget::itemSelectionChanged, this, &AdminForm::showSelection);
     showStatus(false);
     showSelection();
-    resize(640, 620);
+    resize(720, 640);
 }
 
 QLayout* AdminForm::rolesPage()
@@ -68,7 +68,8 @@ QLayout* AdminForm::databasesPage()
     databases_->setSelectionBehavior(QAbstractItemView::SelectRows);
     databases_->setSelectionMode(QAbstractItemView::SingleSelection);
     databases_->verticalHeader()->hide();
-    fitColumns(databases_);
+    databases_->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    databases_->horizontalHeader()->setSectionResizeMode(Name, QHeaderView::Stretch);
     operations_ = qobject_cast<QGroupBox*>(
         group(kOperations)
             .column({
@@ -156,7 +157,6 @@ void AdminForm::fillDatabases()
         if (database.name == selected)
             databases_->selectRow(row);
     }
-    fitColumns(databases_);
 }
 
 void AdminForm::showSelection()

@@ -20,6 +20,7 @@ using namespace formkit;
 namespace {
 
 constexpr int kRowHeight = 16;
+constexpr int kTextHeight = 11;   // letters of this size stand whole in such a row
 constexpr int kColumnWidth = 150; // JSON would make columns as wide as the screen
 constexpr int kLeastWidth = 120;
 constexpr int kMostWidth = 200;
@@ -39,6 +40,9 @@ void keepLow(QTableView* table)
     rows->setDefaultSectionSize(kRowHeight);
     rows->setSectionResizeMode(QHeaderView::Fixed);
     rows->hide();
+    QFont low = table->font();
+    low.setPixelSize(kTextHeight);
+    table->setFont(low);
     table->setWordWrap(false);
     table->horizontalHeader()->setDefaultSectionSize(kColumnWidth);
 }
