@@ -2,6 +2,7 @@
 
 #include "base/dates.h"
 #include "session/project_session.h"
+#include "session/server_problem.h"
 
 namespace {
 
@@ -37,13 +38,6 @@ bool loadMeasures(MarkMeasures& mark)
     return true;
 }
 
-bool answer(const sql::Result& result, bool good, QString* problem)
-{
-    if (!good && problem)
-        *problem = result.errorMessage();
-    return good;
-}
-
 } // namespace
 
 bool loadMarks(const ForecastScope& scope, QVector<MarkMeasures>& marks, const ForecastProgress& progress)
@@ -76,7 +70,7 @@ bool storePrediction(const NewPrediction& prediction, QString* problem)
         session().run(compose("insert into dm_predictions (name, prediction_date, begin_cycle_id, end_cycle_id) "
                               "VALUES ('%1','%2',%3,%4) returning prediction_id",
                               prediction.name, day, prediction.beginCycle, prediction.endCycle));
-    if (!answer(made, made.hasRow(), problem))
+    if (!orProblem(made, made.hasRow(), problem))
         return false;
     QVector<Statement> groups;
     groups.reserve(prediction.marks.size());
@@ -85,7 +79,7 @@ bool storePrediction(const NewPrediction& prediction, QString* problem)
     const sql::Result stored = session().run(
         compose("insert into dm_predictions_data (element_id,prediction_id,prediction_date,meas) VALUES %1",
                 joined(groups, ",")));
-    return answer(stored, stored.isCommand(), problem);
+    return orProblem(stored, stored.isCommand(), problem);
 }
 
 bool loadPredictions(QVector<StoredPrediction>& predictions, QString* problem)
@@ -99,7 +93,7 @@ bool loadPredictions(QVector<StoredPrediction>& predictions, QString* problem)
     for (int row = 0; rows.isTuples() && row < rows.ntuples(); ++row)
         predictions.append({rows.toInt(row, Id), rows.getvalue(row, Date), rows.getvalue(row, Name),
                             rows.toInt(row, BeginCycle), rows.toInt(row, EndCycle), rows.toInt(row, Elements)});
-    return answer(rows, rows.isTuples(), problem);
+    return orProblem(rows, rows.isTuples(), problem);
 }
 
 bool deletePredictions(const QVector<int>& ids, QString* problem)
@@ -108,5 +102,5 @@ bool deletePredictions(const QVector<int>& ids, QString* problem)
     // go with it by their foreign key.
     const sql::Result gone =
         session().run(compose("delete from dm_predictions cascade where prediction_id in (%1)", IdList(ids)));
-    return answer(gone, gone.isCommand(), problem);
+    return orProblem(gone, gone.isCommand(), problem);
 }

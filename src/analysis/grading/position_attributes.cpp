@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "session/project_session.h"
+#include "session/server_problem.h"
 
 #include <cmath>
 
@@ -23,13 +24,6 @@ Numeral numeralOf(double number)
 }
 
 Numeral keyOf(int id) { return Numeral(id == -1 ? QStringLiteral("null") : QString::number(id)); }
-
-bool answer(const sql::Result& result, bool good, QString* problem)
-{
-    if (!good && problem)
-        *problem = result.errorMessage();
-    return good;
-}
 
 } // namespace
 
@@ -97,7 +91,7 @@ bool storeAttributes(PositionAttributes& attributes, QString* problem)
                       "temperature_h, relativediff, averagediff, roll, constr_height, norm_id, temperature_bf, "
                       "base_depth) values (%1,%2,%3,%4,%5,%6,%7,%8,%9,%10,%11) returning attr_id",
                       values));
-    if (!answer(stored, stored.hasRow(), problem))
+    if (!orProblem(stored, stored.hasRow(), problem))
         return false;
     attributes.id = stored.toInt(0, 0);
     attributes.exist = true;
@@ -108,7 +102,7 @@ bool deleteAttributes(int positionId, QString* problem)
 {
     const sql::Result gone =
         session().run(compose("delete from positions_attributes where position_id=%1", positionId));
-    return answer(gone, gone.isCommand(), problem);
+    return orProblem(gone, gone.isCommand(), problem);
 }
 
 std::vector<Norm> loadNorms()

@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "base/xml_text.h"
 #include "session/project_session.h"
+#include "session/server_problem.h"
 
 #include <QXmlStreamWriter>
 #include <cmath>
@@ -77,13 +78,6 @@ void writeSide(QXmlStreamWriter& xml, const char* name, const char* element, con
     xml.writeEndElement();
 }
 
-bool answer(const sql::Result& result, bool good, QString* problem)
-{
-    if (!good && problem)
-        *problem = result.errorMessage();
-    return good;
-}
-
 } // namespace
 
 QString gradesXml(const PositionGrades& grades)
@@ -116,7 +110,7 @@ bool storeGrades(const PositionGrades& grades, QString* problem)
     const sql::Result found = session().run(
         compose("select stat_id from positions_stat where position_id=%1 and base_cycle_id=%2 and current_cycle_id=%3 ",
                 grades.positionId, grades.baseCycle, grades.currentCycle));
-    if (!answer(found, found.isTuples(), problem))
+    if (!orProblem(found, found.isTuples(), problem))
         return false;
     const sql::Result stored = session().run(
         found.hasRow() ? compose("update positions_stat set (position_id,base_cycle_id,current_cycle_id, "
@@ -125,5 +119,5 @@ bool storeGrades(const PositionGrades& grades, QString* problem)
                        : compose("insert into positions_stat (position_id,base_cycle_id,current_cycle_id,content) "
                                  "values (%1,%2,%3,'%4')",
                                  grades.positionId, grades.baseCycle, grades.currentCycle, content));
-    return answer(stored, stored.isCommand(), problem);
+    return orProblem(stored, stored.isCommand(), problem);
 }

@@ -1,6 +1,9 @@
 // The line at epoch milliseconds, its quality, and the forecast of a mark.
 #include "analysis/forecast/forecast_table.h"
 
+#include "base/dates.h"
+
+#include <QFile>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -192,6 +195,32 @@ TEST(MarkForecast, AMarkMeasuredTwiceInACycleCountsTheLaterAndSaysSo)
     mark.add(2, {2021, 7, 1}, 100.6);
     EXPECT_EQ(mark.repeated, QVector<int>{2});
     EXPECT_EQ(mark.values.value(2), 100.6);
+}
+
+TEST(MarkForecast, NineStationsOfTenYears)
+{
+    QFile file(QStringLiteral(TERVA_SOURCE_DIR "/tests/data/settlement/gnss-vertical.csv"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly | QIODevice::Text));
+    QMap<QString, MarkMeasures> stations;
+    file.readLine(); // titles
+    while (!file.atEnd()) {
+        const QStringList cells = QString::fromUtf8(file.readLine()).trimmed().split(';');
+        MarkMeasures& station = stations[cells[0]];
+        station.add(station.values.size(), dateFrom(cells[1], "dd.MM.yyyy"), cells[2].toDouble());
+    }
+    ASSERT_EQ(stations.size(), 9);
+    for (const MarkMeasures& station : stations) {
+        const MarkForecast forecast = forecastOf(station, station.values.keys().toVector(), {2025, 1, 1});
+        ASSERT_TRUE(forecast.exists());
+        std::map<double, double> samples;
+        for (auto sample = forecast.samples.begin(); sample != forecast.samples.end(); ++sample)
+            samples[abscissaOf(sample.key())] = sample.value();
+        EXPECT_GT(samples.size(), 10u);
+        EXPECT_NEAR(forecast.value, double(reference(samples, abscissaOf({2025, 1, 1}))), 1e-9);
+        EXPECT_LT(forecast.deviation, 0.02) << "two centimetres";
+        EXPECT_GE(forecast.quality.determination, 0.0);
+        EXPECT_LE(forecast.quality.determination, 1.0);
+    }
 }
 
 TEST(MarkForecast, ColumnsStandAsTold)

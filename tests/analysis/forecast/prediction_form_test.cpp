@@ -5,6 +5,7 @@
 #include "analysis/forecast/forms/forecast_commands.h"
 #include "analysis/forecast/prediction_chart.h"
 #include "analysis/forecast/predictions.h"
+#include "support/form_texts.h"
 #include "support/pictures.h"
 #include "support/session_database.h"
 
@@ -68,13 +69,6 @@ protected:
             texts << table.item(row, column)->text();
         return texts;
     }
-    static QStringList titles(const QTableWidget& table)
-    {
-        QStringList texts;
-        for (int column = 0; column < table.columnCount(); ++column)
-            texts << table.horizontalHeaderItem(column)->text();
-        return texts;
-    }
     static void choose(const QWidget& form, const char* combo, const QVariant& id)
     {
         auto* box = child<QComboBox>(form, combo);
@@ -121,7 +115,7 @@ TEST_F(Prediction, CaptionsTitlesAndDefaults)
     const QDate today = QDate::currentDate();
     EXPECT_EQ(child<QDateEdit>(form, "PredictionDate")->date(), today);
     EXPECT_EQ(child<QLineEdit>(form, "PredictionName")->text(), "Прогноз на дату " + today.toString("dd-MM-yyyy"));
-    EXPECT_EQ(titles(elements(form)).mid(0, 5), (QStringList{"Имя", "Цикл 1", "Цикл 2", "Цикл 3", "Цикл 4"}));
+    EXPECT_EQ(titlesOf(elements(form)).mid(0, 5), (QStringList{"Имя", "Цикл 1", "Цикл 2", "Цикл 3", "Цикл 4"}));
     EXPECT_TRUE(chart(form).isNull());
 }
 
@@ -343,7 +337,7 @@ TEST_F(Prediction, TheListShowsMarksAndDeletes)
     DMPredictionListForm list;
     EXPECT_EQ(list.windowTitle(), "Список прогнозов деформаций");
     auto* table = child<QTableWidget>(list, "PredictionsView");
-    EXPECT_EQ(titles(*table), (QStringList{"Имя", "Дата прогноза", "Исходный цикл", "Текущий цикл", "Число марок"}));
+    EXPECT_EQ(titlesOf(*table), (QStringList{"Имя", "Дата прогноза", "Исходный цикл", "Текущий цикл", "Число марок"}));
     EXPECT_EQ(row(*table, 0).mid(1), (QStringList{"2027-01-01", "Цикл 1", "Цикл 4", "2"}));
     EXPECT_TRUE(takePicture(list, "prediction-list"));
 

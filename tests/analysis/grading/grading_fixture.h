@@ -2,6 +2,7 @@
 // wells and a profile, the second one nothing.
 #pragma once
 
+#include "support/form_texts.h"
 #include "support/session_database.h"
 
 #include <script/modal_driver.h>
@@ -54,13 +55,6 @@ protected:
         QStringList texts;
         for (int column = 0; column < table.columnCount(); ++column)
             texts << table.item(row, column)->text();
-        return texts;
-    }
-    static QStringList titles(const QTableWidget& table)
-    {
-        QStringList texts;
-        for (int column = 0; column < table.columnCount(); ++column)
-            texts << table.horizontalHeaderItem(column)->text();
         return texts;
     }
     ModalDriver driver;

@@ -35,7 +35,7 @@ TEST_F(Summary, CaptionsTitlesAndDefaults)
     for (const char* name : {"RunBTN", "SaveStatsZ_btn", "ExportClipBTN", "ExportCSVBTN", "CloseBtn"})
         captions << child<QPushButton>(form, name)->text();
     EXPECT_EQ(captions, (QStringList{"Обработать", "Сохранить", "Экспорт в буфер", "Экспорт в CSV", "Закрыть"}));
-    EXPECT_EQ(titles(list(form)),
+    EXPECT_EQ(titlesOf(list(form)),
               (QStringList{"Объект", "Подобъект", "Позиция", "Норм. значения", "Сост. грунтов", "Макс. осадка",
                            "Отн. осадка", "Сост. позиции"}));
     EXPECT_EQ(child<QComboBox>(form, "BaseCyclesCombo")->currentData(), 1);

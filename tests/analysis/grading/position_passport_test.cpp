@@ -105,14 +105,14 @@ TEST_F(Passport, CaptionsTitlesAndDefaults)
               (QStringList{"Нормы", "Число измерений", "Деформационные марки", "Термоскважины", "История температур",
                            "История деформаций", "Атрибуты позиции", "Состояния", "Список элементов",
                            "Список элементов", "Число измерений", "Сохранить", "Сбросить", "Закрыть"}));
-    EXPECT_EQ(titles(shown(form, "MeasureCounts")),
+    EXPECT_EQ(titlesOf(shown(form, "MeasureCounts")),
               (QStringList{"Элементы", "Цикл 1 01.12.22-31.12.22", "Цикл 2 01.07.23-31.07.23"}));
-    EXPECT_EQ(titles(shown(form, "MarkList")), (QStringList{"Имя", "Цикл 1", "Цикл 2"}));
-    EXPECT_EQ(titles(shown(form, "WellList")), (QStringList{"Имя", "Дата", "Ср.Взеш.\n1.0 - 3.0 м", "Tz\n2.0 м"}));
-    EXPECT_EQ(titles(shown(form, "ThermalHistory")),
+    EXPECT_EQ(titlesOf(shown(form, "MarkList")), (QStringList{"Имя", "Цикл 1", "Цикл 2"}));
+    EXPECT_EQ(titlesOf(shown(form, "WellList")), (QStringList{"Имя", "Дата", "Ср.Взеш.\n1.0 - 3.0 м", "Tz\n2.0 м"}));
+    EXPECT_EQ(titlesOf(shown(form, "ThermalHistory")),
               (QStringList{"Цикл", "Нет \nИзмерений", "Рабочие", "Ограниченно \nРабочие I", "Ограниченно \nРабочие II",
                            "Нерабочие", "Т-ра ", "Состояние\n грунтов"}));
-    EXPECT_EQ(titles(shown(form, "DeformationHistory")),
+    EXPECT_EQ(titlesOf(shown(form, "DeformationHistory")),
               (QStringList{"Цикл", "Нет \nИзмерений", "Рабочие", "Оограниченно \nРабочие", "Нерабочие", "Осадка, мм",
                            "Состояние", "Отн. осадка", "Состояние \n деформ."}));
     EXPECT_EQ(text(form, "AttributeId"), "ID: 1");
