@@ -16,6 +16,7 @@ constexpr double secondsBound = 15.0;
 
 // All of it by the server itself: 20 marks, 5 wells and a profile of 10 points a position.
 const char* const content =
+    "set app.audit_enabled = 'off';"
     "insert into projects (project_id, name) overriding system value values (1, 'П');"
     "insert into objects (object_id, project_id, object) overriding system value values (1, 1, 'О');"
     "insert into subobjects (subobject_id, object_id, subobject) overriding system value values (1, 1, 'С');"
