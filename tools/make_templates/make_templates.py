@@ -17,7 +17,7 @@ class Template:
     def __init__(self, file_name, key, name):
         self.file_name, self.key, self.name = file_name, key, name
         self.blocks, self.substitutions = [], []
-        self.landscape, self.pictures = False, 0
+        self.page, self.small, self.pictures = 'portrait', False, 0
         self.header, self.footer = '', ''
         self.table = None
 
@@ -29,7 +29,10 @@ class Template:
         getattr(self, 'add_' + kind)(text)
 
     def add_page(self, text):
-        self.landscape = text == 'landscape'
+        self.page = text
+
+    def add_small(self, _):
+        self.small = True
 
     def add_header(self, text):
         self.header = text
@@ -63,7 +66,8 @@ class Template:
         control, widths = text.rsplit(' ', 1)
         tag, variable, _ = CONTROL.fullmatch(control).groups()
         self.substitutions.append((tag, variable))
-        self.table = word.Table(tag, [float(width) for width in widths.split(',')])
+        self.table = word.Table(tag, [float(width) for width in widths.split(',')],
+                                self.small)
 
     def add_row(self, text):
         self.table.add_row(text.split('|'), heading=True)
@@ -102,11 +106,11 @@ class Template:
         if self.table:
             self.close_table()
         path = folder / self.file_name
-        word.write_package(path, ''.join(self.blocks), self.landscape, self.header, self.footer, self.pictures > 0)
+        word.write_package(path, ''.join(self.blocks), self.page, self.header, self.footer, self.pictures > 0)
         path.with_suffix('.xml').write_text(self.description(), encoding='utf-8')
 
 
-KINDS = ('page', 'header', 'footer', 'title', 'heading', 'text', 'break', 'picture', 'table', 'row', 'sample')
+KINDS = ('page', 'small', 'header', 'footer', 'title', 'heading', 'text', 'break', 'picture', 'table', 'row', 'sample')
 
 
 def read(source):

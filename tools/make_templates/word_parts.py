@@ -16,6 +16,7 @@ EMU = 360000
 
 # Size in half points, bold.
 TITLE, HEADING, BODY, CELL, CELL_HEADING = (32, True), (26, True), (24, False), (17, False), (17, True)
+SMALL = 12  # of cells in tables of many columns
 PAGE_BREAK = '<w:p><w:r><w:br w:type="page"/></w:r></w:p>'
 
 
@@ -36,7 +37,7 @@ def paragraph(content, align, before, after, keep=False):
 
 def text_control(tag, prompt, style):
     return (f'<w:sdt><w:sdtPr><w:alias w:val={quoteattr(prompt)}/><w:tag w:val={quoteattr(tag)}/>'
-            f'<w:showingPlcHdr/><w:text/></w:sdtPr><w:sdtContent>{run(prompt, style)}</w:sdtContent></w:sdt>')
+            f'<w:text/></w:sdtPr><w:sdtContent>{run(prompt, style)}</w:sdtContent></w:sdt>')
 
 
 def picture_control(tag, prompt, number, width, height):
@@ -56,8 +57,8 @@ class Table:
     """Heading rows and the sample row. In a row "^" goes on with the cell
     above, "<" belongs to the cell at its left."""
 
-    def __init__(self, tag, widths):
-        self.tag, self.widths, self.rows = tag, widths, []
+    def __init__(self, tag, widths, small=False):
+        self.tag, self.widths, self.small, self.rows = tag, widths, small, []
 
     def add_row(self, texts, heading):
         if len(texts) != len(self.widths):
@@ -77,7 +78,9 @@ class Table:
             properties += '<w:vMerge w:val="restart"/>'
         if heading:
             properties += '<w:shd w:val="clear" w:color="auto" w:fill="E7EBF0"/>'
-        content = '' if text == '^' else run(text, CELL_HEADING if heading else CELL)
+        style = CELL_HEADING if heading else CELL
+        style = (SMALL, heading) if self.small else style
+        content = '' if text == '^' else run(text, style)
         if number == 0 and column == 0:
             content += text_control(self.tag, ' ', CELL)
         align = 'center' if heading or column != 1 else 'left'
@@ -99,11 +102,12 @@ class Table:
     def xml(self):
         sides = ''.join(f'<w:{side} w:val="single" w:sz="4" w:space="0" w:color="7F7F7F"/>'
                         for side in ('top', 'left', 'bottom', 'right', 'insideH', 'insideV'))
+        margin = 10 if self.small else 40
         grid = ''.join(f'<w:gridCol w:w="{int(width * TWIPS)}"/>' for width in self.widths)
         rows = ''.join(self.row(number) for number in range(len(self.rows)))
         return ('<w:tbl><w:tblPr><w:tblW w:w="5000" w:type="pct"/>'
                 f'<w:tblBorders>{sides}</w:tblBorders><w:tblLayout w:type="autofit"/>'
-                '<w:tblCellMar><w:left w:w="40" w:type="dxa"/><w:right w:w="40" w:type="dxa"/></w:tblCellMar>'
+                f'<w:tblCellMar><w:left w:w="{margin}" w:type="dxa"/><w:right w:w="{margin}" w:type="dxa"/></w:tblCellMar>'
                 f'</w:tblPr><w:tblGrid>{grid}</w:tblGrid>{rows}</w:tbl>')
 
 
@@ -142,19 +146,22 @@ def page_number():
             + run('1', CELL) + field('end'))
 
 
-def section(landscape, header, footer):
-    wide, high = (16838, 11906) if landscape else (11906, 16838)
-    turned = ' w:orient="landscape"' if landscape else ''
+PAGES = {'portrait': (11906, 16838), 'landscape': (16838, 11906), 'a3': (23811, 16838)}
+
+
+def section(page, header, footer):
+    wide, high = PAGES[page]
+    turned = ' w:orient="landscape"' if wide > high else ''
     edges = ('<w:headerReference w:type="default" r:id="rIdHeader"/>' if header else '') + (
         '<w:footerReference w:type="default" r:id="rIdFooter"/>' if footer else '')
     return (f'<w:sectPr>{edges}<w:pgSz w:w="{wide}" w:h="{high}"{turned}/><w:pgMar w:top="1134" w:right="850" '
             'w:bottom="1134" w:left="1134" w:header="567" w:footer="567" w:gutter="0"/></w:sectPr>')
 
 
-def write_package(path, body, landscape, header, footer, has_pictures):
+def write_package(path, body, page, header, footer, has_pictures):
     document = HEAD + (f'<w:document xmlns:w="{WORD}" xmlns:r="{OFFICE}/relationships" '
                        f'xmlns:wp="{DRAWING}/wordprocessingDrawing" xmlns:a="{DRAWING}/main" '
-                       f'xmlns:pic="{DRAWING}/picture"><w:body>{body}{section(landscape, header, footer)}</w:body>'
+                       f'xmlns:pic="{DRAWING}/picture"><w:body>{body}{section(page, header, footer)}</w:body>'
                        '</w:document>')
     parts = [('document', 'document', 'document.main', document), ('styles', 'styles', 'styles', STYLES)]
     if header:

@@ -132,6 +132,9 @@ void fillTemperatureTable(DocxTable& table, const TemperatureTable& data, const 
     const QVector<double> depths = data.depths();
     repeatColumn(table, FirstDepthColumn, depths.size());
     TableRows rows(table);
+    // What stands above the depths stands above them all.
+    for (int row = 0; row + 1 < rows.headingRows(); ++row)
+        table.mergeColumns(row, FirstDepthColumn, FirstDepthColumn + depths.size() - 1);
     for (int i = 0; i < depths.size(); ++i)
         rows.setHeading(1, FirstDepthColumn + i, fixed(depths[i], depthDecimals));
     int number = 0;

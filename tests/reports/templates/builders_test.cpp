@@ -82,6 +82,17 @@ TEST_F(Builders, ADepthOfOneWellIsAColumnOfAll)
     EXPECT_EQ(rowShades(table.element(), 3), (QStringList{"", "", "", "", "", "", "", ""}));
 }
 
+TEST_F(Builders, ATitleAboveTheDepthsIsMergedOverThem)
+{
+    DocxTable table = open({"№|Имя|Дата|Прибор|Глубина, м", "№|Имя|Дата|Прибор|г", "0|x|x|x|x"});
+    TemperatureTable data;
+    data.rows = {{"ТС-1", "К1", "01.07.2023", "SN-1", {{1.0, 1.0}, {2.0, 1.0}, {3.0, 1.0}}}};
+    fillTemperatureTable(table, data, twoRanges(), Sections::None);
+    EXPECT_EQ(tableTexts(table.element()).mid(0, 2),
+              (QStringList{"№|Имя|Дата|Прибор|Глубина, м", "№|Имя|Дата|Прибор|1.0|2.0|3.0"}));
+    EXPECT_EQ(elements(table.element(), "w:gridSpan").value(0).attribute("w:val"), "3");
+}
+
 TEST_F(Builders, DifferencesStandUnderTheirPositions)
 {
     DocxTable table = open({"№|Имя|Дата|Дата|Глубина", "0|x|x|x|x"});
