@@ -4,10 +4,10 @@
 #include "support/console_capture.h"
 #include "support/test_database.h"
 
+#include <QApplication>
 #include <QBuffer>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QGuiApplication>
 #include <QTemporaryDir>
 #include <cstdio>
 
@@ -91,7 +91,7 @@ double seconds(ExportTemplateClass& document, const ReportParameters& parameters
 
 int main(int argc, char** argv)
 {
-    QGuiApplication application(argc, argv);
+    QApplication application(argc, argv);
     TestDatabase database;
     ConsoleCapture console;
     QTemporaryDir folder;
