@@ -74,8 +74,8 @@ ImportElementsDialog::ImportElementsDialog(QWidget* parent) : QDialog(parent)
                 update_ = check("AttribUpdate", "Обновление аттрибутов по всей базе"),
                 stretch(),
             }),
-            growing(targetGroup()),
         }),
+        targetGroup(),
         growing(tabs("Pages").pages({
             {"Файл", raw_ = named<RoleView>("RawInput", roleTexts)},
             {"Просмотр", preview_ = table("ImportPrewiew", importTitles())}, // scripts know the table by this spelling
@@ -89,7 +89,7 @@ ImportElementsDialog::ImportElementsDialog(QWidget* parent) : QDialog(parent)
     fillChoices();
     raw_->setRoles(rememberedRoles());
     connectChanges();
-    resize(1180, 680);
+    resize(1040, 720);
 }
 
 QWidget* ImportElementsDialog::targetGroup()
@@ -97,10 +97,10 @@ QWidget* ImportElementsDialog::targetGroup()
     catalogCaption_ = label("Тип конструкции");
     return group("Элементы")
         .grid({
-            {"Проект", growing(readOut("Project", session().projectName))},
-            {"Тип элемента", types_ = narrowCombo("ElTypeCombo", 14)},
-            {"Позиция проекта", positions_ = narrowCombo("PositionsCombo", 14)},
-            {catalogCaption_, catalog_ = narrowCombo("CatalogCombo", 14)},
+            {"Проект", growing(readOut("Project", session().projectName)), "Тип элемента",
+             growing(types_ = narrowCombo("ElTypeCombo", 14))},
+            {"Позиция проекта", growing(positions_ = narrowCombo("PositionsCombo", 14)), catalogCaption_,
+             growing(catalog_ = narrowCombo("CatalogCombo", 14))},
         });
 }
 
