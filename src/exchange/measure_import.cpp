@@ -24,8 +24,13 @@ public:
         if (!row.checked || !passesCheck(measure))
             return false;
         const Statement statement = statementFor(measure);
-        return !statement.isEmpty() && execute(statement, measure.elementName);
+        if (statement.isEmpty() || !execute(statement, measure.elementName))
+            return false;
+        replaced_ += replaces_;
+        return true;
     }
+    // How many measures that were stored before.
+    int replaced() const { return replaced_; }
 
 private:
     bool passesCheck(BaseMeasure& measure)
@@ -49,7 +54,8 @@ private:
     Statement statementFor(BaseMeasure& measure)
     {
         const int stored = measure.findMeasureId();
-        if (stored == -1)
+        replaces_ = stored != -1;
+        if (!replaces_)
             return measure.insertSql();
         return mayOverwrite(measure) ? measure.updateSql(stored) : Statement();
     }
@@ -80,6 +86,8 @@ private:
 
     const ImportFamily& family_;
     const ImportQuestion& ask_;
+    bool replaces_ = false; // the row in hand
+    int replaced_ = 0;
     bool askInvalid_ = true;
     Overwrite overwrite_ = Overwrite::Ask;
 };
@@ -101,5 +109,7 @@ int importMeasures(const ImportFamily& family, const std::vector<ImportCandidate
         say("Импорт измерений завершен. Ничего не изменилось");
     else
         say(fill("Импорт измерений завершен. В базе данных создано (обновлено) измерений - %1 ", written));
+    if (run.replaced() > 0)
+        say(fill("\nИз них заменено хранившихся раньше - %1\n", run.replaced()));
     return written;
 }

@@ -60,8 +60,8 @@ private:
     QHash<QString, Match> devices_;
 };
 
-std::unique_ptr<BaseMeasure> makeCandidate(const ImportFamily& family, const ReadingTask& task,
-                                           const MeasureLists& lists, const SurveyRow& row, Matcher& matcher)
+ReadMeasure makeCandidate(const ImportFamily& family, const ReadingTask& task, const MeasureLists& lists,
+                          const SurveyRow& row, Matcher& matcher)
 {
     auto measure = makeMeasure(family.family, lists);
     measure->positionId = task.positionId;
@@ -71,7 +71,7 @@ std::unique_ptr<BaseMeasure> makeCandidate(const ImportFamily& family, const Rea
     measure->values = {row.value, row.second};
     if (task.format->holdsProfile)
         static_cast<TSMeasure&>(*measure).profile = row.profile;
-    return measure;
+    return {std::move(measure), row.losses};
 }
 
 } // namespace

@@ -4,9 +4,14 @@
 #include "base/text.h"
 
 #include <QBrush>
+#include <QColor>
+#include <algorithm>
 #include <cmath>
 
 namespace {
+
+const QColor doubtful(255, 224, 150); // a row of which a number lost a part
+constexpr int mostLosses = 5;         // that a tool tip names
 
 const QString notSet = QStringLiteral("Не установлено");
 const QString noData = QStringLiteral("Нет данных");
@@ -45,10 +50,11 @@ void MeasureTable::setMeasures(Measures measures, const ElementScope& scope)
     criteria_.forget();
     rows_.clear();
     rows_.reserve(measures.size());
-    for (auto& measure : measures) {
+    for (ReadMeasure& read : measures) {
         Row row;
-        row.value = numberText(measure->values[0]);
-        row.measure = std::move(measure);
+        row.value = numberText(read.measure->values[0]);
+        row.measure = std::move(read.measure);
+        row.losses = std::move(read.losses);
         evaluate(row);
         rows_.push_back(std::move(row));
     }
@@ -95,6 +101,9 @@ bool MeasureTable::takeValue(Row& row, const QString& text)
         return false;
     row.measure->values[0] = number;
     row.value = text;
+    row.losses.erase(std::remove_if(row.losses.begin(), row.losses.end(),
+                                    [](const ReadingLoss& loss) { return loss.place == LossIn::Value; }),
+                     row.losses.end());
     return true;
 }
 
@@ -264,6 +273,22 @@ QVariant MeasureTable::held(const Row& row, ImportContent content) const
     return {};
 }
 
+// What the cells do not show: the date, and what the reading left out.
+QString MeasureTable::tip(const Row& row, ImportContent content)
+{
+    QStringList lines;
+    if (content == ImportContent::Status)
+        lines << row.status;
+    const QDateTime& date = row.measure->date;
+    lines << (date.isValid() ? QStringLiteral("Дата замера: ") + date.toString(QStringLiteral("dd.MM.yyyy hh:mm"))
+                             : QStringLiteral("Дата замера не прочитана: возьмётся середина цикла"));
+    for (int i = 0; i < qMin(mostLosses, row.losses.size()); ++i)
+        lines << row.losses[i].text;
+    if (row.losses.size() > mostLosses)
+        lines << QStringLiteral("и ещё: %1").arg(row.losses.size() - mostLosses);
+    return lines.join(QLatin1Char('\n'));
+}
+
 QVariant MeasureTable::data(const QModelIndex& index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
@@ -283,7 +308,8 @@ QVariant MeasureTable::data(const QModelIndex& index, int role) const
         if (content == ImportContent::Status && !row.importable)
             return QBrush(Qt::darkRed);
         return {};
-    case Qt::ToolTipRole: return content == ImportContent::Status ? QVariant(row.status) : QVariant();
+    case Qt::BackgroundRole: return row.losses.isEmpty() ? QVariant() : QBrush(doubtful);
+    case Qt::ToolTipRole: return tip(row, content);
     case Qt::TextAlignmentRole:
         if (content == ImportContent::Value || content == ImportContent::Second)
             return int(Qt::AlignRight | Qt::AlignVCenter);

@@ -5,6 +5,7 @@
 #include "exchange/element_scope.h"
 #include "exchange/import_family.h"
 #include "exchange/measure_import.h"
+#include "exchange/reading_loss.h"
 
 #include <QAbstractTableModel>
 #include <memory>
@@ -20,11 +21,17 @@ struct ImportSummary {
     int errors = 0;
 };
 
+/// A candidate as the file gave it.
+struct ReadMeasure {
+    std::unique_ptr<BaseMeasure> measure;
+    QVector<ReadingLoss> losses;
+};
+
 class MeasureTable : public QAbstractTableModel {
     Q_OBJECT
 
 public:
-    using Measures = std::vector<std::unique_ptr<BaseMeasure>>;
+    using Measures = std::vector<ReadMeasure>;
 
     explicit MeasureTable(const ImportFamily& family, QObject* parent = nullptr);
     ~MeasureTable() override;
@@ -65,6 +72,7 @@ private:
         bool checked = false;
         QString status;
         QString value; ///< as shown
+        QVector<ReadingLoss> losses;
     };
 
     void evaluate(Row& row);
@@ -76,6 +84,7 @@ private:
     void changeAll(Change change);
     ImportContent contentOf(const QModelIndex& index) const;
     QVariant shown(const Row& row, ImportContent content) const;
+    static QString tip(const Row& row, ImportContent content);
     QVariant held(const Row& row, ImportContent content) const;
 
     const ImportFamily& family_;

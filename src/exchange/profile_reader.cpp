@@ -14,6 +14,17 @@ void dropEmptyEnd(QStringList& cells)
         cells.removeLast();
 }
 
+// The cell's number, and what of it was left out.
+bool takeNumber(const QString& cell, SignOf sign, double& number, QStringList* losses)
+{
+    int lost = nothingLost;
+    if (!findNumber(cell, sign, number, &lost))
+        return false;
+    if (losses && lost)
+        losses->append(lossText(cell, number, lost));
+    return true;
+}
+
 int replaceDepths(const QStringList& cells, TemperatureProfile& profile)
 {
     if (cells.size() > profile.size())
@@ -51,14 +62,14 @@ void dropMissing(TemperatureProfile& profile)
 
 } // namespace
 
-int readDepths(QStringList cells, TemperatureProfile& profile)
+int readDepths(QStringList cells, TemperatureProfile& profile, QStringList* losses)
 {
     dropEmptyEnd(cells);
     if (!profile.isEmpty())
         return replaceDepths(cells, profile);
     for (const QString& cell : qAsConst(cells)) {
         double depth = 0.0;
-        if (findNumber(cell, SignOf::Text, depth))
+        if (takeNumber(cell, SignOf::Text, depth, losses))
             profile.append({depth, std::numeric_limits<double>::infinity()});
         else if (!cell.isEmpty())
             return profileBad;
@@ -66,7 +77,7 @@ int readDepths(QStringList cells, TemperatureProfile& profile)
     return profileOk;
 }
 
-int readTemperatures(QStringList cells, TemperatureProfile& profile)
+int readTemperatures(QStringList cells, TemperatureProfile& profile, QStringList* losses)
 {
     dropEmptyEnd(cells);
     if (cells.isEmpty())
@@ -74,7 +85,7 @@ int readTemperatures(QStringList cells, TemperatureProfile& profile)
     if (cells.size() > profile.size())
         return profileTooLong;
     for (int i = 0; i < cells.size(); ++i) {
-        if (!findNumber(cells[i], SignOf::Number, profile[i].second) && !isBlankCell(cells[i]))
+        if (!takeNumber(cells[i], SignOf::Number, profile[i].second, losses) && !isBlankCell(cells[i]))
             return profileBad;
     }
     return profileOk;
@@ -85,17 +96,19 @@ ProfileReader::ProfileReader(const QString& headerLine, QChar separator, Profile
 {
     QStringList cells;
     if (profileCells(headerLine, separator, columns, cells))
-        headerCode_ = readDepths(cells, depths_);
+        headerCode_ = readDepths(cells, depths_, &depthLosses_);
 }
 
-int ProfileReader::read(const QString& dataLine, TemperatureProfile& profile) const
+int ProfileReader::read(const QString& dataLine, TemperatureProfile& profile, QStringList* losses) const
 {
     profile.clear();
     QStringList cells;
     if (headerCode_ != profileOk || !profileCells(dataLine, separator_, columns_, cells))
         return profileBad;
     profile = depths_;
-    const int code = readTemperatures(cells, profile);
+    if (losses)
+        *losses += depthLosses_;
+    const int code = readTemperatures(cells, profile, losses);
     dropMissing(profile);
     return code;
 }

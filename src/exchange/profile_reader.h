@@ -3,6 +3,7 @@
 #pragma once
 
 #include "elements/measures/temperature_log.h"
+#include "exchange/reading_loss.h"
 
 #include <QChar>
 #include <QStringList>
@@ -22,12 +23,12 @@ struct ProfileColumns {
 /// Reads depths. An empty vector gets a pair (depth, infinity) a cell, empty
 /// cells being passed over; in one that holds pairs the depths are replaced in
 /// place, and the first cell without a number ends it. Signs are not read:
-/// depths go down.
-int readDepths(QStringList cells, TemperatureProfile& profile);
+/// depths go down. `losses` takes a text for each number that lost a part.
+int readDepths(QStringList cells, TemperatureProfile& profile, QStringList* losses = nullptr);
 
 /// Puts the temperatures into the pairs, cell by cell. Cells without a number
 /// are passed over where they are empty.
-int readTemperatures(QStringList cells, TemperatureProfile& profile);
+int readTemperatures(QStringList cells, TemperatureProfile& profile, QStringList* losses = nullptr);
 
 /// The depths of a header line, read once for all the lines below it.
 class ProfileReader {
@@ -37,12 +38,14 @@ public:
     ProfileReader(const QString& headerLine, QChar separator, ProfileColumns columns);
 
     /// What stands before a failure stays; pairs without a temperature are left
-    /// out in any case.
-    int read(const QString& dataLine, TemperatureProfile& profile) const;
+    /// out in any case. `losses` takes a text for each number of either line that
+    /// lost a part.
+    int read(const QString& dataLine, TemperatureProfile& profile, QStringList* losses = nullptr) const;
 
 private:
     QChar separator_;
     ProfileColumns columns_;
     int headerCode_ = profileBad;
     TemperatureProfile depths_;
+    QStringList depthLosses_;
 };

@@ -80,10 +80,12 @@ RowReader::Line RowReader::read(const QString& line, SurveyRow& row)
         return Line::Passed;
     row.serial = trimmedCell(cells, format_.serial);
     row.when = dateTimeOf(cells);
-    row.value = valueOf(cells, format_.value);
-    row.second = valueOf(cells, format_.second);
+    if (format_.value.index >= 0)
+        row.value = valueOf(cells.value(format_.value.index), LossIn::Value, row.losses);
+    if (format_.second.index >= 0)
+        row.second = valueOf(cells.value(format_.second.index), LossIn::Second, row.losses);
     if (format_.holdsProfile)
-        profile_.read(line, row.profile);
+        readProfile(line, row);
     return Line::Data;
 }
 
@@ -117,17 +119,26 @@ QDateTime RowReader::dateTimeOf(const QStringList& cells)
     return writtenMoment(date, time);
 }
 
-double RowReader::valueOf(const QStringList& cells, const TemplateField& field) const
+double RowReader::valueOf(const QString& cell, LossIn place, QVector<ReadingLoss>& losses) const
 {
     double number = std::numeric_limits<double>::infinity();
-    if (field.index < 0)
-        return number;
-    const QString cell = cells.value(field.index);
-    if (!format_.holdsProfile) {
-        findNumber(cell, SignOf::Number, number);
-        return number;
+    int lost = nothingLost;
+    const bool found = findNumber(cell, SignOf::Number, number, &lost);
+    if (format_.holdsProfile) {
+        bool ok = false;
+        const double plain = cell.toDouble(&ok);
+        number = ok ? plain : std::numeric_limits<double>::infinity();
+        lost = found && !ok ? numberLost : nothingLost;
     }
-    bool ok = false;
-    const double plain = cell.toDouble(&ok);
-    return ok ? plain : number;
+    if (lost)
+        losses.append({place, lossText(cell, number, lost)});
+    return number;
+}
+
+void RowReader::readProfile(const QString& line, SurveyRow& row) const
+{
+    QStringList texts;
+    profile_.read(line, row.profile, &texts);
+    for (const QString& text : qAsConst(texts))
+        row.losses.append({LossIn::Profile, text});
 }

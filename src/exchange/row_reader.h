@@ -15,6 +15,7 @@ struct SurveyRow {
     double value = std::numeric_limits<double>::infinity();
     double second = std::numeric_limits<double>::infinity();
     TemperatureProfile profile;
+    QVector<ReadingLoss> losses; ///< numbers that lost a part
 };
 
 class RowReader {
@@ -34,7 +35,8 @@ private:
     bool isHeader(const QStringList& cells) const;
     bool hasCaption(const QStringList& cells, const TemplateField& field) const;
     QDateTime dateTimeOf(const QStringList& cells);
-    double valueOf(const QStringList& cells, const TemplateField& field) const;
+    double valueOf(const QString& cell, LossIn place, QVector<ReadingLoss>& losses) const;
+    void readProfile(const QString& line, SurveyRow& row) const;
 
     ImportTemplate format_;
     QString separator_;

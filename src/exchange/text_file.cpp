@@ -45,6 +45,7 @@ public:
 
     TextFile read()
     {
+        text_.encoding = encoding_;
         QByteArray buffer(longestLine + 1, Qt::Uninitialized); // a line and the zero behind it
         while (!file_.atEnd() && file_.error() == QFileDevice::NoError)
             takeStretch(buffer);
@@ -113,6 +114,7 @@ bool isUtf16(const QByteArray& head)
 TextFile readTextFile(const QString& path, TextEncoding encoding)
 {
     TextFile nothing;
+    nothing.encoding = encoding;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         if (!path.isEmpty())
@@ -124,9 +126,13 @@ TextFile readTextFile(const QString& path, TextEncoding encoding)
             "Файл записан в кодировке UTF-16. Сохраните его в кодировке UTF-8 или Windows-1251.");
         return nothing;
     }
-    if (file.peek(3) == "\xEF\xBB\xBF")
-        file.read(3);
-    return TextReader(file, encoding).read();
+    if (file.peek(3) != "\xEF\xBB\xBF")
+        return TextReader(file, encoding).read();
+    file.read(3);
+    TextFile text = TextReader(file, TextEncoding::Utf8).read();
+    if (encoding != TextEncoding::Utf8)
+        text.remarks.prepend(QStringLiteral("Файл начинается с метки порядка байтов: его кодировка UTF-8."));
+    return text;
 }
 
 QStringList readLines(const QString& path, TextEncoding encoding) { return readTextFile(path, encoding).lines; }

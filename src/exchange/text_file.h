@@ -6,17 +6,19 @@
 
 enum class TextEncoding { Utf8, Windows1251 };
 
-/// A file's lines, and what the user should know about them.
+/// A file's lines, the encoding they were read by, and what the user should know about them.
 struct TextFile {
     QStringList lines;
+    TextEncoding encoding = TextEncoding::Utf8;
     QStringList remarks; ///< Russian sentences; empty for a sound file
 };
 
 /// The lines of a file, without their ends (LF, CRLF or a CR alone); a byte order
-/// mark before the first is dropped. Bytes that the encoding does not know become
+/// mark before the first is dropped and makes the encoding UTF-8. Bytes that the encoding does not know become
 /// replacement characters. A line longer than a mebibyte is no row of a survey
 /// and counts as an empty one. A file that cannot be read, or is in UTF-16, has
-/// no lines. All of this but a byte order mark is remarked on, and zero bytes are.
+/// no lines. All of this is remarked on, a byte order mark where
+/// another encoding was wanted, and zero bytes are.
 TextFile readTextFile(const QString& path, TextEncoding encoding);
 
 /// The lines alone.

@@ -64,6 +64,51 @@ TEST(NumberText, DepthsHaveNoSign)
 
 TEST(NumberText, ANumberBeyondDoublesIsInfinite) { EXPECT_TRUE(std::isinf(numberIn(QString(400, '9')))); }
 
+TEST(NumberText, TellsWhatOfTheNumberIsLeftOut)
+{
+    const struct {
+        const char* text;
+        double number;
+        int losses;
+    } cases[] = {
+        {"-1,5", -1.5, nothingLost},
+        {"T-1.5 м", -1.5, nothingLost},
+        {"5.", 5.0, nothingLost},
+        {"12 м", 12.0, nothingLost},
+        {"1.5 и 2", 1.5, nothingLost},
+        {"5 1234", 5.0, nothingLost},
+        {"2x4", 2.0, nothingLost},
+        {"5 eV", 5.0, nothingLost},
+        {"\u22121,5", 1.5, signLost},
+        {"\u2013 1,5", 1.5, signLost},
+        {"- 5", 5.0, signLost},
+        {"\u2212,5", 0.5, signLost},
+        {"1 234,5", 1.0, groupLost},
+        {"1\u00A0234", 1.0, groupLost},
+        {"1'234.5", 1.0, groupLost},
+        {"1,234.5", 1.234, groupLost},
+        {"1.5e-3", 1.5, exponentLost},
+        {"1.5E+3", 1.5, exponentLost},
+        {"5.e3", 5.0, exponentLost},
+        {"1,5\u00B710-3", 1.5, exponentLost},
+        {"1.5 * 10^3", 1.5, exponentLost},
+        {"\u22121 000e3", 1.0, signLost | groupLost},
+    };
+    for (const auto& c : cases) {
+        double number = 0.0;
+        int losses = -1;
+        EXPECT_TRUE(findNumber(c.text, SignOf::Number, number, &losses)) << c.text;
+        EXPECT_EQ(number, c.number) << c.text;
+        EXPECT_EQ(losses, c.losses) << c.text;
+    }
+    double depth = 0.0;
+    int losses = -1;
+    EXPECT_TRUE(findNumber("\u22121,5", SignOf::Text, depth, &losses));
+    EXPECT_EQ(losses, nothingLost) << "depths go down";
+    EXPECT_EQ(lossText(" \u22121 234 ", 1.0, signLost | groupLost),
+              QString("«\u22121 234» прочитано как 1: не учтено — знак, разряды"));
+}
+
 // The scanner is written by hand since a logger file has millions of cells.
 TEST(NumberText, FindsWhatTheExpressionsFind)
 {
@@ -98,7 +143,16 @@ TEST_F(Files, BothEncodingsAreRead)
     EXPECT_EQ(readLines(write("\xC8\xEC\xFF;1"), TextEncoding::Windows1251), QStringList("Имя;1"));
     EXPECT_EQ(readLines(write("Имя;1"), TextEncoding::Utf8), QStringList("Имя;1"));
     EXPECT_NE(readLines(write("\xC8\xEC\xFF;1"), TextEncoding::Utf8), QStringList("Имя;1"));
-    EXPECT_EQ(readLines(write("\xEF\xBB\xBF\xC8\xEC\xFF"), TextEncoding::Windows1251), QStringList("Имя"));
+}
+
+TEST_F(Files, AByteOrderMarkSetsTheEncoding)
+{
+    const QString path = write("\xEF\xBB\xBFИмя;1\n");
+    const TextFile text = readTextFile(path, TextEncoding::Windows1251);
+    EXPECT_EQ(text.lines, QStringList("Имя;1"));
+    EXPECT_EQ(text.encoding, TextEncoding::Utf8);
+    EXPECT_EQ(text.remarks, QStringList("Файл начинается с метки порядка байтов: его кодировка UTF-8."));
+    EXPECT_EQ(readTextFile(write("Имя;1\n"), TextEncoding::Windows1251).encoding, TextEncoding::Windows1251);
 }
 
 TEST_F(Files, AFileThatCannotBeReadHasNoLines)

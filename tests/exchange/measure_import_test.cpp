@@ -58,6 +58,7 @@ protected:
 
     const QString done = "\nИмпорт измерений для деформационной марки %1 завершен";
     const QString total = "Импорт измерений завершен. В базе данных создано (обновлено) измерений - %1 ";
+    const QString replaced = "\nИз них заменено хранившихся раньше - %1\n";
     const QString nothing = "Импорт измерений завершен. Ничего не изменилось";
     const QString doubtful = " содержит невалидные данные .\n Импортировать их? ";
     const QString taken = " уже содержит измерения для заданного цикла.\n Перезаписать данные измерений? ";
@@ -124,7 +125,16 @@ TEST_F(Import, AStoredMeasureIsOverwrittenWhenTheUserWants)
     EXPECT_EQ(asked, QStringList({"Деформационная марка Т-1" + taken, "Деформационная марка Т-2" + taken}));
     EXPECT_EQ(database()->rows("select element_id, meas from dm_meas where cycle_id = 2 order by element_id"),
               QVector<QStringList>({{"1", "5"}, {"2", "100"}}));
-    EXPECT_EQ(console.take(), done.arg("Т-2") + total.arg(1));
+    EXPECT_EQ(console.take(), done.arg("Т-2") + total.arg(1) + replaced.arg(1));
+}
+
+TEST_F(Import, ALineTellsHowManyMeasuresWereReplaced)
+{
+    makeMarksValid();
+    database()->exec("insert into dm_meas (element_id, cycle_id, meas) values (1, 2, 5)");
+    readMarks({"Т-1;05.02.2021;100;SN-1", "Т-2;05.02.2021;100;SN-1", "Т-2;06.02.2021;100;SN-1"});
+    EXPECT_EQ(run(FamilyKey::Dm, marks, {YesToAll}), 3);
+    EXPECT_EQ(console.take(), done.arg("Т-1") + done.arg("Т-2") + done.arg("Т-2") + total.arg(3) + replaced.arg(2));
 }
 
 TEST_F(Import, YesForAllOverwritesFromThenOn)
@@ -240,7 +250,7 @@ TEST_F(Import, EveryFamilyHasItsWords)
         EXPECT_EQ(run(c.family, table, {Yes}), 2) << c.table;
         EXPECT_EQ(asked, QStringList(c.word + taken)) << "these families have no doubtful rows";
         EXPECT_EQ(stored(c.table, c.columns), QVector<QStringList>({c.row}));
-        EXPECT_EQ(console.take(), QString(c.done) + c.done + total.arg(2));
+        EXPECT_EQ(console.take(), QString(c.done) + c.done + total.arg(2) + replaced.arg(1));
         database()->exec(QString("alter table %1 rename to away").arg(c.table));
         EXPECT_EQ(run(c.family, table), 0) << "a failed row does not stop the run";
         QString failed = c.done;

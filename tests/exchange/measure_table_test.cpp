@@ -1,6 +1,7 @@
 // The table of candidates: reading, matching, the status rule, mending, counting.
 #include "exchange/import_fixture.h"
 
+#include <QBrush>
 #include <QSignalSpy>
 
 namespace {
@@ -105,6 +106,54 @@ TEST_F(Marks, CellsAreMendedByTheirIds)
     EXPECT_EQ(table.index(0, Cycle).data(Qt::UserRole), 3);
     EXPECT_TRUE(table.setData(table.index(0, Cycle), -1, Qt::UserRole));
     EXPECT_EQ(cell(table, 0, Status), "Не определен цикл. ");
+}
+
+TEST_F(Marks, ARowWhoseNumberLostAPartIsMarked)
+{
+    readLines({"Т-1;05.01.2021;\u22121,5;SN-1", "Т-2;05.01.2021;-1,5;SN-1"});
+    EXPECT_EQ(cell(table, 0, Value), "1.5") << "read as told";
+    for (int column = 0; column < table.columnCount(); ++column) {
+        EXPECT_EQ(table.index(0, column).data(Qt::BackgroundRole).value<QBrush>().color(), QColor(255, 224, 150));
+        EXPECT_TRUE(table.index(0, column)
+                        .data(Qt::ToolTipRole)
+                        .toString()
+                        .endsWith("\n«\u22121,5» прочитано как 1.5: не учтено — знак"));
+        EXPECT_FALSE(table.index(1, column).data(Qt::BackgroundRole).isValid());
+    }
+    EXPECT_TRUE(table.setData(table.index(0, Value), "-1.5", Qt::EditRole));
+    EXPECT_FALSE(table.index(0, Value).data(Qt::BackgroundRole).isValid()) << "mended by hand";
+    EXPECT_FALSE(table.index(0, Value).data(Qt::ToolTipRole).toString().contains("прочитано"));
+}
+
+TEST_F(Wells, LossesOfProfileAndAirAreMarked)
+{
+    readLines({"Т-1;SN-1;05.01.2021;12:30;-5,2;-1;1e1;-1;-1", "Т-2;SN-1;05.01.2021;12:30;-5;-1;-1;-1;-1",
+               "Т-2;SN-1;05.01.2021;12:30;нет;-1;-1;-1;-1"});
+    EXPECT_EQ(table.index(0, Status).data(Qt::ToolTipRole).toString().section('\n', 1),
+              "Дата замера: 05.01.2021 12:30\n«-5,2» не прочитано как число\n«1e1» прочитано как 1: не учтено — "
+              "порядок");
+    EXPECT_TRUE(table.index(0, Status).data(Qt::BackgroundRole).isValid());
+    EXPECT_FALSE(table.index(1, Status).data(Qt::BackgroundRole).isValid());
+    EXPECT_FALSE(table.index(2, Status).data(Qt::BackgroundRole).isValid());
+}
+
+TEST_F(Wells, AToolTipNamesTheFirstFiveLosses)
+{
+    read(table, FamilyKey::Ts,
+         {"Имя;Серийный номер;Дата замера;Время замера;Темп.возд;1;2;3;4;5;6;7",
+          "Т-1;SN-1;05.01.2021;12:30;-5;\u22121;\u22121;\u22121;\u22121;\u22121;\u22121;\u22121"});
+    const QStringList lines = table.index(0, Element).data(Qt::ToolTipRole).toString().split('\n');
+    ASSERT_EQ(lines.size(), 7);
+    EXPECT_EQ(lines.last(), "и ещё: 2");
+}
+
+TEST_F(Marks, AToolTipTellsTheDate)
+{
+    readLines({"Т-1;05.02.21;1.5;SN-1", "Т-1;вчера;1.5;SN-1"});
+    EXPECT_EQ(table.index(0, Value).data(Qt::ToolTipRole), "Дата замера: 05.02.2021 00:00");
+    EXPECT_EQ(table.index(0, Status).data(Qt::ToolTipRole),
+              "Не определен исполнитель. \nДата замера: 05.02.2021 00:00");
+    EXPECT_EQ(table.index(1, Value).data(Qt::ToolTipRole), "Дата замера не прочитана: возьмётся середина цикла");
 }
 
 TEST_F(Marks, AValueIsTakenWhenItIsANumber)

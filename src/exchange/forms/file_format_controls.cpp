@@ -51,8 +51,13 @@ TextEncoding FileFormatControls::encoding() const
 
 void FileFormatControls::chooseUsualFormat()
 {
-    EncodingUTF8->setChecked(true);
+    chooseEncoding(TextEncoding::Utf8);
     SeparatorSemi->setChecked(true);
+}
+
+void FileFormatControls::chooseEncoding(TextEncoding encoding)
+{
+    (encoding == TextEncoding::Windows1251 ? EncodingCP1251 : EncodingUTF8)->setChecked(true);
 }
 
 void FileFormatControls::onChange(QObject* receiver, const std::function<void()>& changed) const

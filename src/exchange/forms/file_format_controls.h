@@ -21,6 +21,7 @@ struct FileFormatControls {
     TextEncoding encoding() const;
     /// What a file is taken to be until the user says otherwise.
     void chooseUsualFormat();
+    void chooseEncoding(TextEncoding encoding);
     /// Calls for every change of the encoding or of the separator in force.
     void onChange(QObject* receiver, const std::function<void()>& changed) const;
 

@@ -39,6 +39,7 @@ ImportControls::ImportControls(QDialog* dialog)
             {"Измерения", measuresView = named<MeasuresView>("measuresView")},
             {"Просмотр", RawInput = rawTable()},
         })),
+        RemarkLabel = hidden(note("RemarkLabel")),
         ReadProgress = named<QProgressBar>("ReadProgress"),
         row({
             growing(SummaryLabel = note("SummaryLabel")),

@@ -32,6 +32,7 @@ struct ImportControls : FileFormatControls {
     MeasuresView* measuresView;
     QTableView* RawInput;
     QProgressBar* ReadProgress;
+    QLabel* RemarkLabel; ///< what is odd about the file; hidden while nothing is
     QLabel* SummaryLabel;
     QPushButton* ImportBtn;
     QPushButton* CopyErrorsBtn;

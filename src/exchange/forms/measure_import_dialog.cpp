@@ -1,6 +1,7 @@
 #include "exchange/forms/measure_import_dialog.h"
 
 #include "elements/measures/forms/combo_box_delegate.h"
+#include "exchange/empty_result.h"
 #include "exchange/forms/import_combos.h"
 #include "exchange/forms/import_questions.h"
 #include "exchange/forms/measures_view.h"
@@ -142,8 +143,7 @@ void MeasureImportDialog::readFile()
     table_.clear();
     const TextFile text = readTextFile(ui_.FileName->text(), ui_.encoding());
     task.lines = text.lines;
-    for (const QString& remark : text.remarks)
-        say(QLatin1Char('\n') + remark + QLatin1Char('\n'));
+    ui_.chooseEncoding(text.encoding);
     task.separator = ui_.separator();
     task.format = &family_.templates[qMax(0, ui_.ImportTemplate->currentIndex())];
     task.lists = lists_;
@@ -154,6 +154,24 @@ void MeasureImportDialog::readFile()
     setDelegates(elements_);
     ui_.measuresView->fitRows();
     showSummary();
+    showRemarks(text.remarks, !text.lines.isEmpty());
+}
+
+// On the command line, and where the user looks.
+void MeasureImportDialog::showRemarks(QStringList remarks, bool anyLine)
+{
+    if (table_.rowCount() == 0) {
+        const ReadingChoice chosen{qMax(0, ui_.ImportTemplate->currentIndex()), ui_.separator(), ui_.encoding()};
+        if (anyLine)
+            remarks << QStringLiteral("Не прочитано ни одной строки. ")
+                    + emptyCause(family_, ui_.FileName->text(), chosen);
+        else if (remarks.isEmpty())
+            remarks << QStringLiteral("Файл пуст.");
+    }
+    for (const QString& remark : qAsConst(remarks))
+        say(QLatin1Char('\n') + remark + QLatin1Char('\n'));
+    ui_.RemarkLabel->setText(remarks.join(QLatin1Char('\n')));
+    ui_.RemarkLabel->setVisible(!remarks.isEmpty());
 }
 
 void MeasureImportDialog::setDelegates(const EntryList& elements)

@@ -36,6 +36,7 @@ private:
     void readFile();
     void setDelegates(const EntryList& elements);
     void showSummary();
+    void showRemarks(QStringList remarks, bool anyLine);
     void runImport();
     void copyErrors() const;
 

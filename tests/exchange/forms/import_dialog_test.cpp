@@ -230,6 +230,39 @@ TEST_F(ImportDialogs, WhatIsOddAboutAFileIsToldOnTheCommandLine)
     EXPECT_TRUE(console.text().contains("\nФайл записан в кодировке UTF-16.")) << console.text().toStdString();
 }
 
+TEST_F(ImportDialogs, AByteOrderMarkChoosesTheEncoding)
+{
+    openWells(write("\xEF\xBB\xBF" + wellFile))
+        .step("rows", {"measuresView", "3"})
+        .call([](QWidget* window) -> QString {
+            window->findChild<QRadioButton*>("EncodingCP1251")->click();
+            return QString();
+        })
+        .check("EncodingUTF8", "on")
+        .check("RemarkLabel", "Файл начинается с метки порядка байтов: его кодировка UTF-8.")
+        .step("rows", {"measuresView", "3"})
+        .press("CloseBtn");
+    importThermalWellMeasures();
+    EXPECT_TRUE(driver.done()) << driver.report().toStdString();
+}
+
+TEST_F(ImportDialogs, AnEmptyResultNamesItsLikelyCause)
+{
+    const QString remark = "Не прочитано ни одной строки. Вероятная причина — разделитель: в файле запятая.";
+    openWells(write(QString::fromUtf8(wellFile).replace(';', ',').toUtf8()))
+        .step("rows", {"measuresView", "0"})
+        .check("RemarkLabel", remark)
+        .set("SeparatorComma", "on")
+        .step("rows", {"measuresView", "3"})
+        .call([](QWidget* window) -> QString {
+            return window->findChild<QLabel*>("RemarkLabel")->isVisible() ? "stale" : QString();
+        })
+        .press("CloseBtn");
+    importThermalWellMeasures();
+    EXPECT_TRUE(driver.done()) << driver.report().toStdString();
+    EXPECT_EQ(console.text(), "\n" + remark + "\n");
+}
+
 TEST_F(ImportDialogs, CellsAreMendedThroughTheirCombos)
 {
     openWells(write(wellFile))
