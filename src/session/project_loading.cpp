@@ -7,6 +7,7 @@
 #include "session/project_dialogs.h"
 #include "session/project_file.h"
 #include "session/project_folders.h"
+#include "session/schema_check.h"
 #include "session/working_drawing.h"
 
 #include <QFile>
@@ -56,6 +57,7 @@ public:
         }
         takeConnection();
         commitProject();
+        tellMissingInSchema(session_);
         choosePosition();
         commitChoices();
         reloadLists();

@@ -129,6 +129,17 @@ TEST_F(LoadingAProject, WithoutAPositionTheNumberingOfTheFileStands)
         EXPECT_EQ(session_.*enumeratorsInUse[i], saved_.*enumeratorsInUse[i]) << i;
 }
 
+TEST_F(LoadingAProject, AChangedSchemaIsNamedOnce)
+{
+    database_.exec("alter table devices drop column serial cascade; drop table performers cascade");
+    load();
+    const QString told = console_.take();
+    EXPECT_EQ(told.count("Не найдено: столбец devices.serial, таблица performers\n"), 1) << told;
+    EXPECT_TRUE(told.endsWith(loaded())) << "it opens all the same";
+    session_.setCurrentPosition(1);
+    EXPECT_FALSE(console_.take().contains("Не найдено"));
+}
+
 TEST_F(LoadingAProject, AnEmptyPathDoesNothing)
 {
     session_.loadProject(QString());
