@@ -2,6 +2,7 @@
 
 #include "base/placeholders.h"
 #include "base/statement.h"
+#include "exchange/import_lock.h"
 #include "hostkit/console.h"
 #include "session/project_session.h"
 
@@ -92,19 +93,33 @@ private:
     Overwrite overwrite_ = Overwrite::Ask;
 };
 
-} // namespace
-
-int importMeasures(const ImportFamily& family, const std::vector<ImportCandidate>& rows, const ImportQuestion& ask,
-                   const ImportProgress& progress)
+int takeRows(const ImportFamily& family, const std::vector<ImportCandidate>& rows, const ImportQuestion& ask,
+             const ImportProgress& progress)
 {
+    const ImportLock lock(family.family);
+    if (lock.isTaken()) {
+        say("\nЭти измерения сейчас импортирует другой пользователь. Повторите импорт, когда он закончит\n");
+        return 0;
+    }
     Run run(family, ask);
     int written = 0;
     int done = 0;
     for (const ImportCandidate& row : rows) {
         written += run.take(row);
-        if (progress)
-            progress(++done);
+        if (progress && !progress(++done))
+            break;
     }
+    if (done < int(rows.size()) && progress)
+        say(fill("\nИмпорт остановлен. Обработано строк: %1 из %2\n", done, int(rows.size())));
+    return written;
+}
+
+} // namespace
+
+int importMeasures(const ImportFamily& family, const std::vector<ImportCandidate>& rows, const ImportQuestion& ask,
+                   const ImportProgress& progress)
+{
+    const int written = rows.empty() ? 0 : takeRows(family, rows, ask, progress);
     if (written == 0)
         say("Импорт измерений завершен. Ничего не изменилось");
     else

@@ -77,6 +77,54 @@ TEST_F(Import, WithoutRowsNothingChanges)
     EXPECT_EQ(console.take(), nothing);
 }
 
+// --- two imports at once, and stopping one -----------------------------------------
+
+TEST_F(Import, WhileAnotherSessionImportsTheSameNothingIsWritten)
+{
+    makeMarksValid();
+    readMarks({"Т-1;05.02.2021;100;SN-1"});
+    database()->exec("insert into dm_meas (element_id, cycle_id, meas) values (2, 2, 6)");
+    const QString key = QString("(7410, %1)").arg(int(FamilyKey::Dm));
+    ASSERT_EQ(database()->value("select pg_try_advisory_lock" + key), "t");
+    EXPECT_EQ(run(FamilyKey::Dm, marks), 0);
+    EXPECT_EQ(console.take(),
+              "\nЭти измерения сейчас импортирует другой пользователь. Повторите импорт, когда он закончит\n"
+                  + nothing);
+    EXPECT_EQ(storedIn(2), 1);
+    readWells({"Т-1;SN-1;05.02.2021;12:30;-5;-1;-1.1;-1.2;-1.3"});
+    EXPECT_EQ(run(FamilyKey::Ts, wells, {YesToAll}), 1) << "other families are no concern of it";
+
+    // The other one has ended: what it wrote is found and asked for.
+    database()->exec("select pg_advisory_unlock" + key);
+    database()->exec("insert into dm_meas (element_id, cycle_id, meas) values (1, 2, 5)");
+    QString during;
+    asked.clear();
+    EXPECT_EQ(importMeasures(*importFamily(FamilyKey::Dm), marks.candidates(),
+                             [&](const QString& text) {
+                                 asked.append(text);
+                                 during = database()->value("select pg_try_advisory_lock" + key);
+                                 return Yes;
+                             }),
+              1);
+    EXPECT_EQ(asked.size(), 1);
+    EXPECT_EQ(during, "f") << "held while the user is asked";
+    EXPECT_EQ(database()->value("select pg_try_advisory_lock" + key), "t") << "and given back";
+    database()->exec("select pg_advisory_unlock" + key);
+    EXPECT_EQ(database()->value("select count(*) from dm_meas where cycle_id = 2 and element_id = 1"), "1");
+}
+
+TEST_F(Import, IsStoppedBetweenTwoRows)
+{
+    makeMarksValid();
+    readMarks({"Т-1;05.02.2021;100;SN-1", "Т-2;05.02.2021;100;SN-1", "Т-1;05.03.2021;100;SN-1"});
+    const auto never = [](const QString&) { return ImportAnswer::No; };
+    EXPECT_EQ(importMeasures(*importFamily(FamilyKey::Dm), marks.candidates(), never, [](int row) { return row < 2; }),
+              2);
+    EXPECT_TRUE(console.take().endsWith("\nИмпорт остановлен. Обработано строк: 2 из 3\n" + total.arg(2)));
+    EXPECT_EQ(storedIn(2), 2);
+    EXPECT_EQ(storedIn(3), 0);
+}
+
 TEST_F(Import, UncheckedRowsAreSkipped)
 {
     readMarks({"Т-1;05.01.2021;1.5;SN-1", "Т-9;05.01.2021;1.5;SN-1"});
@@ -310,6 +358,7 @@ TEST_F(Import, AServerThatStopsLosesNothingWritten)
         [&](int row) {
             if (row == 2)
                 database()->exec("select pg_terminate_backend(" + backend + ")");
+            return true;
         });
     EXPECT_EQ(written, 2);
     EXPECT_EQ(questions, 1);

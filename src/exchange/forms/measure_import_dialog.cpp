@@ -7,6 +7,7 @@
 #include "exchange/forms/measures_view.h"
 #include "exchange/measure_reading.h"
 #include "formkit/file_questions.h"
+#include "formkit/progress_box.h"
 #include "formkit/table_items.h"
 #include "hostkit/console.h"
 #include "session/project_session.h"
@@ -200,10 +201,14 @@ void MeasureImportDialog::runImport()
     if (busy_)
         return;
     const QScopedValueRollback<bool> writing(busy_, true);
+    ProgressBox box(this, family_.title, "Запись измерений в базу данных", "Остановить");
     progress_.start(ui_.ReadProgress, table_.rowCount());
     importMeasures(
         family_, table_.candidates(), [this](const QString& text) { return askImport(text, this); },
-        [this](int row) { progress_.step(row); });
+        [&](int row) {
+            progress_.step(row);
+            return box.step(row, table_.rowCount());
+        });
 }
 
 void MeasureImportDialog::copyErrors() const { copyText(table_.uncheckedText()); }
