@@ -162,8 +162,9 @@ TEST_F(ListTable, TypeStateAndNumbersAreWritten)
     item("DM-1", Model::State).setData("broken", Model::KeyRole);
     item("DM-1", Model::X).setText("-7.125");
     item("DM-1", Model::H).setText("");
-    EXPECT_EQ(database->rows("select type_id, element_name, state_id, position_id, x, y, z, h from dm_elements where "
-                             "element_id = 1")
+    EXPECT_EQ(database
+                  ->rows("select type_id, element_name, state_id, position_id, x, y, z, h from dm_elements where "
+                         "element_id = 1")
                   .value(0),
               (QStringList{"dm_gl", "DM-1", "broken", "7", "-7.125", "2.25", "10", QString()}));
     EXPECT_EQ(stored(marks, "state_id", 2), "exist");
@@ -223,8 +224,7 @@ TEST_F(ListTable, TypesAndStatesOfManyAreChanged)
               "Состояние элемента DM-1 обновленоСостояние элемента DM-10 обновлено");
     changeType(all().mid(0, 1), "нет такого");
     changeState(all().mid(0, 1), "нет такого");
-    EXPECT_EQ(console.take(),
-              "Ошибка обновления типа элемента DM-1Ошибка обновления состояния элемента DM-1");
+    EXPECT_EQ(console.take(), "Ошибка обновления типа элемента DM-1Ошибка обновления состояния элемента DM-1");
 }
 
 TEST_F(ListTable, ElementsOfOneFamilyHaveIt)
@@ -280,9 +280,10 @@ TEST_F(ListTable, WhatIsHeldIsClearedOnConsentAlone)
         asked.append(text);
         return false;
     });
-    EXPECT_EQ(asked,
-              QStringList("Не удалось удалить DM-1\n  Возможно, элемент DM-1 содержит файлы, измерения, и другие данные. "
-                          "\n Очистить их и повторить."));
+    EXPECT_EQ(
+        asked,
+        QStringList("Не удалось удалить DM-1\n  Возможно, элемент DM-1 содержит файлы, измерения, и другие данные. "
+                    "\n Очистить их и повторить."));
     EXPECT_EQ(console.take(), "");
     EXPECT_EQ(stored(marks, "count(*)", 1), "1");
     deleteElements(all().mid(0, 1), [](const QString&) { return true; });

@@ -101,7 +101,10 @@ TEST(ValueStatement, EachKindHasItsText)
     }
 }
 
-TEST(ValueStatement, AZeroCharacterIsNeverSent) { EXPECT_NE(valueStatement(QString::fromLatin1("a\0b", 3)).refusal(), ""); }
+TEST(ValueStatement, AZeroCharacterIsNeverSent)
+{
+    EXPECT_NE(valueStatement(QString::fromLatin1("a\0b", 3)).refusal(), "");
+}
 
 TEST(Base64, OnlyWholeTextsOfTheAlphabetAreDecoded)
 {

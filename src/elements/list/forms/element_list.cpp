@@ -219,8 +219,7 @@ void ElementList::changeTypes()
         return;
     const ListFamily* family = commonFamily(elements);
     if (!family)
-        return inform(this,
-                      "Выбрано несколько основных типов элементов.\nНужно выбрать отдельно ДМ, ТС,TCC, или RP.");
+        return inform(this, "Выбрано несколько основных типов элементов.\nНужно выбрать отдельно ДМ, ТС,TCC, или RP.");
     const auto type = askChange(family->typeLabel, choicesOf(model_.typesOf(*family)));
     if (!type)
         return;

@@ -63,7 +63,8 @@ formkit::Choices ElementPositionItemDelegate::choicesOf(const QModelIndex& index
     return choices;
 }
 
-void ElementPositionItemDelegate::put(QAbstractItemModel& model, const QModelIndex& cell, const ComboEntry& chosen) const
+void ElementPositionItemDelegate::put(QAbstractItemModel& model, const QModelIndex& cell,
+                                      const ComboEntry& chosen) const
 {
     const QVariant before = cell.data(Model::KeyRole);
     {
