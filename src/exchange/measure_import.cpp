@@ -93,25 +93,31 @@ private:
     Overwrite overwrite_ = Overwrite::Ask;
 };
 
-int takeRows(const ImportFamily& family, const std::vector<ImportCandidate>& rows, const ImportQuestion& ask,
+struct Outcome {
+    int written = 0;
+    int replaced = 0; ///< of them, measures that stood before
+};
+
+Outcome takeRows(const ImportFamily& family, const std::vector<ImportCandidate>& rows, const ImportQuestion& ask,
              const ImportProgress& progress)
 {
     const ImportLock lock(family.family);
     if (lock.isTaken()) {
         say("\nЭти измерения сейчас импортирует другой пользователь. Повторите импорт, когда он закончит\n");
-        return 0;
+        return {};
     }
     Run run(family, ask);
-    int written = 0;
+    Outcome outcome;
     int done = 0;
     for (const ImportCandidate& row : rows) {
-        written += run.take(row);
+        outcome.written += run.take(row);
         if (progress && !progress(++done))
             break;
     }
     if (done < int(rows.size()) && progress)
         say(fill("\nИмпорт остановлен. Обработано строк: %1 из %2\n", done, int(rows.size())));
-    return written;
+    outcome.replaced = run.replaced();
+    return outcome;
 }
 
 } // namespace
@@ -119,12 +125,13 @@ int takeRows(const ImportFamily& family, const std::vector<ImportCandidate>& row
 int importMeasures(const ImportFamily& family, const std::vector<ImportCandidate>& rows, const ImportQuestion& ask,
                    const ImportProgress& progress)
 {
-    const int written = rows.empty() ? 0 : takeRows(family, rows, ask, progress);
+    const Outcome outcome = rows.empty() ? Outcome() : takeRows(family, rows, ask, progress);
+    const int written = outcome.written;
     if (written == 0)
         say("Импорт измерений завершен. Ничего не изменилось");
     else
         say(fill("Импорт измерений завершен. В базе данных создано (обновлено) измерений - %1 ", written));
-    if (run.replaced() > 0)
-        say(fill("\nИз них заменено хранившихся раньше - %1\n", run.replaced()));
+    if (outcome.replaced > 0)
+        say(fill("\nИз них заменено хранившихся раньше - %1\n", outcome.replaced));
     return written;
 }
