@@ -15,7 +15,7 @@ int AuditEntries::numberOf(const QByteArray& text)
 
 void AuditEntries::add(const Texts& texts)
 {
-    good_ = good_ && (file_.isOpen() || file_.open());
+    good_ = good_ && (file_.isOpen() || file_.open(QIODevice::ReadWrite));
     Row row;
     row.offset = written_;
     for (int column = 0; column < kRepeating; ++column)

@@ -5,9 +5,10 @@
 // takes 32 bytes.
 
 #include <QByteArray>
+#include <QFile>
 #include <QHash>
 #include <QStringList>
-#include <QTemporaryFile>
+#include <QTemporaryDir>
 #include <QVector>
 #include <array>
 
@@ -44,7 +45,8 @@ private:
     QVector<Row> rows_;
     QStringList known_;
     QHash<QByteArray, int> numbers_;
-    QTemporaryFile file_;
+    QTemporaryDir folder_; ///< of the file, whose size finish() looks at
+    QFile file_{folder_.filePath(QStringLiteral("texts"))};
     qint64 written_ = 0;
     bool good_ = true;
     const char* texts_ = nullptr; ///< the file as memory

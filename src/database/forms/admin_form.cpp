@@ -85,7 +85,6 @@ QLayout* AdminForm::databasesPage()
                     stretch(),
                 }),
             }));
-    operations_->setObjectName("operationsGroup");
     return column({growing(databases_), operations_});
 }
 
