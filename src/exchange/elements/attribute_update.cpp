@@ -50,7 +50,8 @@ UpdateState updateState(const ElementRecord& record, const BaseElements& base)
     return positionLacks ? UpdateState::NoPosition : UpdateState::Ok;
 }
 
-int updateElements(const QVector<ElementRecord>& records, const BaseElements& base, const ElementProgress& progress)
+int updateElements(const QVector<ElementRecord>& records, const BaseElements& base,
+                   const ElementImportProgress& progress)
 {
     const StateColors colors = readStateColors();
     int changed = 0;

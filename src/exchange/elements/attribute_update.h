@@ -37,4 +37,4 @@ UpdateState updateState(const ElementRecord& record, const BaseElements& base);
 /// Writes what the file gives for each element that one row alone stands for.
 /// Returns how many were changed.
 int updateElements(const QVector<ElementRecord>& records, const BaseElements& base,
-                   const ElementProgress& progress = {});
+                   const ElementImportProgress& progress = {});

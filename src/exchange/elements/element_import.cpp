@@ -40,7 +40,7 @@ public:
         : task_(task), ask_(ask), family_(*familyOfKind(task.kind)), colors_(readStateColors())
     { }
 
-    ElementImportResult run(const QVector<ElementRecord>& records, const ElementProgress& progress)
+    ElementImportResult run(const QVector<ElementRecord>& records, const ElementImportProgress& progress)
     {
         ensureBlockDefinitions();
         for (int i = 0; i < records.size(); ++i) {
@@ -179,7 +179,7 @@ private:
 } // namespace
 
 ElementImportResult importElements(const QVector<ElementRecord>& records, const ElementImportTask& task,
-                                   const ImportQuestion& ask, const ElementProgress& progress)
+                                   const ImportQuestion& ask, const ElementImportProgress& progress)
 {
     return familyOfKind(task.kind) ? Import(task, ask).run(records, progress) : ElementImportResult();
 }

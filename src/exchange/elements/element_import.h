@@ -12,7 +12,7 @@ struct ElementImportTask {
 };
 
 /// Told the records that are done; false gives the rest up.
-using ElementProgress = std::function<bool(int done, int total)>;
+using ElementImportProgress = std::function<bool(int done, int total)>;
 
 struct ElementImportResult {
     int inserted = 0;
@@ -23,4 +23,4 @@ struct ElementImportResult {
 /// Compares each record with the rows of its position: new ones are inserted
 /// with their blocks, of others the user is asked. Prints what became of each.
 ElementImportResult importElements(const QVector<ElementRecord>& records, const ElementImportTask& task,
-                                   const ImportQuestion& ask, const ElementProgress& progress = {});
+                                   const ImportQuestion& ask, const ElementImportProgress& progress = {});

@@ -248,7 +248,7 @@ void ImportElementsDialog::runImport()
     {
         const QScopedValueRollback<bool> writing(busy_, true);
         ProgressBox box(this, windowTitle(), "Импорт элементов...");
-        const ElementProgress progress = [&box](int done, int total) { return box.step(done, total); };
+        const ElementImportProgress progress = [&box](int done, int total) { return box.step(done, total); };
         const int position = chosenId(positions_);
         const ElementImportTask task{chosenKind(), position, subobjectOf(position),
                                      catalog_->isVisible() ? chosenId(catalog_) : -1};
