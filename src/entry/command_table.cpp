@@ -65,7 +65,7 @@ const std::array<Command, kCommandCount> kCommands = {{
     {"TERVA_SAVEPROJECT_AS", None, None, kPlain, saveProjectAs},
     {"TERVA_PROJECT_EXPLORER", None, None, kPlain, projectExplorer},
     {"TERVA_SYNC_DWG_DB", None, None, kPlain, drawingToDatabaseCommand},
-    {"TERVA_SYNC_DB_DWG", Guard::C2, Guard::P2, kPlain, syncPositionToDrawing},
+    {"TERVA_SYNC_DB_DWG", Guard::C2, Guard::P2, kPlain, databaseToDrawingCommand},
     {"TERVA_ELEMENT_LIST", None, None, kPlain, elementList},
     {"TERVA_INSERT_DM", None, Guard::P3, kPlain, insertCommand<0>},
     {"TERVA_INSERT_DMT", None, Guard::P3, kPlain, insertCommand<11>},
