@@ -218,7 +218,11 @@ QString doMenu(QWidget* window, const Words& words)
             const QModelIndex index = findCell(view, words[1], words[2], wrong);
             if (!index.isValid())
                 return wrong;
-            view->setCurrentIndex(index);
+            // As a press of the right button does: what is selected stays selected.
+            if (view->selectionModel()->isSelected(index))
+                view->selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+            else
+                view->setCurrentIndex(index);
             at = view->visualRect(index).center();
         }
         widget = view->viewport();

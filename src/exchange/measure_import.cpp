@@ -99,7 +99,7 @@ struct Outcome {
 };
 
 Outcome takeRows(const ImportFamily& family, const std::vector<ImportCandidate>& rows, const ImportQuestion& ask,
-             const ImportProgress& progress)
+                 const ImportProgress& progress)
 {
     const ImportLock lock(family.family);
     if (lock.isTaken()) {

@@ -329,8 +329,6 @@ TEST_F(MeasureTest, AMeasureNumberedZeroIsNotFound)
     DMMeasure measure;
     measure.elementId = 40;
     measure.cycleId = 3;
-    database->exec("insert into dm_elements (element_id, type_id, element_name, position_id, state_id) "
-                   "overriding system value values (40, 'dm', 'Э-1', 7, 'exist')");
     database->exec("insert into dm_meas (meas_dm_id, element_id, cycle_id, meas) overriding system value "
                    "values (0, 40, 3, 1.5)");
     measure.exists = true;
