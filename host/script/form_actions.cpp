@@ -218,8 +218,8 @@ QString doMenu(QWidget* window, const Words& words)
             const QModelIndex index = findCell(view, words[1], words[2], wrong);
             if (!index.isValid())
                 return wrong;
-            // As a press of the right button does: what is selected stays selected.
-            if (view->selectionModel()->isSelected(index))
+            // As a press of the right button on a selected row: what is selected stays so.
+            if (view->selectionModel()->rowIntersectsSelection(index.row(), index.parent()))
                 view->selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
             else
                 view->setCurrentIndex(index);
