@@ -18,6 +18,20 @@ endif()
 
 include(${CMAKE_CURRENT_LIST_DIR}/Precompiled.cmake)
 
+# terva_meta_objects(<target> <source>...)
+# The toolkit's generator runs for targets whose sources ask for it: two edges and
+# a unit less for each of the others. A folder's first Q_OBJECT in a file that was
+# there before is seen at the next configuration (cmake --preset ...).
+function(terva_meta_objects target)
+  foreach(source IN LISTS ARGN)
+    file(STRINGS ${source} asking REGEX "Q_(OBJECT|GADGET|NAMESPACE)" LIMIT_COUNT 1)
+    if(asking)
+      set_target_properties(${target} PROPERTIES AUTOMOC ON)
+      return()
+    endif()
+  endforeach()
+endfunction()
+
 # terva_library(<target> LEVEL <n> [PLAIN] [LINKS <target>...])
 # One static library from the sources that stand directly in this folder.
 # LEVEL is the folder's place in the house: a folder links only lower levels,
@@ -30,7 +44,7 @@ function(terva_library target)
   file(GLOB headers CONFIGURE_DEPENDS *.h)
   if(sources)
     add_library(${target} STATIC ${sources} ${headers})
-    set_target_properties(${target} PROPERTIES AUTOMOC ON)
+    terva_meta_objects(${target} ${sources} ${headers})
     if(ARG_LEVEL GREATER_EQUAL 6)
       terva_precompile(${target} widgets)
     elseif(NOT ARG_PLAIN)
@@ -69,7 +83,7 @@ function(terva_test program)
     return()
   endif()
   add_executable(${program} ${sources})
-  set_target_properties(${program} PROPERTIES AUTOMOC ON)
+  terva_meta_objects(${program} ${sources})
   target_include_directories(${program} PRIVATE ${CMAKE_SOURCE_DIR}/tests ${CMAKE_CURRENT_SOURCE_DIR})
   # Only programs that ask for the sources' place are told it: all others compile
   # to the same in every clone, and a compiler cache serves them.
