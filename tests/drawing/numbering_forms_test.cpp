@@ -4,6 +4,7 @@
 #include "drawing/insertion_family.h"
 #include "drawing/next_name.h"
 #include "support/element_drawing.h"
+#include "support/form_texts.h"
 #include "support/position_session.h"
 #include "support/scripted_prompts.h"
 
@@ -19,15 +20,7 @@
 
 namespace {
 
-template <class Widget>
-Widget& child(const QWidget& form, const char* name)
-{
-    auto* found = form.findChild<Widget*>(name);
-    EXPECT_NE(found, nullptr) << name;
-    return *found;
-}
-
-QString preview(const QWidget& form) { return child<QLabel>(form, "TextLabel").text(); }
+QString preview(const QWidget& form) { return child<QLabel>(form, "TextLabel")->text(); }
 
 void savePicture(QWidget& form, const QString& name)
 {
@@ -75,9 +68,9 @@ TEST(EnumeratorForm, ShowsTheRecordAndItsNextName)
     Enumerator enumerator{"ТС.", 12, 4};
     EnumeratorForm form(enumerator);
     EXPECT_EQ(form.windowTitle(), "Настройка нумерации");
-    EXPECT_EQ(child<QLineEdit>(form, "Prefix").text(), "ТС.");
-    EXPECT_EQ(child<QLineEdit>(form, "Counter").text(), "12");
-    EXPECT_EQ(child<QSpinBox>(form, "Trailing").value(), 4);
+    EXPECT_EQ(child<QLineEdit>(form, "Prefix")->text(), "ТС.");
+    EXPECT_EQ(child<QLineEdit>(form, "Counter")->text(), "12");
+    EXPECT_EQ(child<QSpinBox>(form, "Trailing")->value(), 4);
     EXPECT_EQ(preview(form), "ТС.0012");
     savePicture(form, "enumerator_form.png");
 }
@@ -86,16 +79,16 @@ TEST(EnumeratorForm, PreviewFollowsEveryField)
 {
     Enumerator enumerator{"ТС.", 12, 4};
     EnumeratorForm form(enumerator);
-    child<QLineEdit>(form, "Prefix").setText("<b>Т</b>");
+    child<QLineEdit>(form, "Prefix")->setText("<b>Т</b>");
     EXPECT_EQ(preview(form), "<b>Т</b>0012");
-    child<QLineEdit>(form, "Counter").setText("8");
+    child<QLineEdit>(form, "Counter")->setText("8");
     EXPECT_EQ(preview(form), "<b>Т</b>0008");
-    child<QSpinBox>(form, "Trailing").setValue(2);
+    child<QSpinBox>(form, "Trailing")->setValue(2);
     EXPECT_EQ(preview(form), "<b>Т</b>08");
-    child<QLineEdit>(form, "Counter").setText("-5");
-    child<QSpinBox>(form, "Trailing").setValue(3);
+    child<QLineEdit>(form, "Counter")->setText("-5");
+    child<QSpinBox>(form, "Trailing")->setValue(3);
     EXPECT_EQ(preview(form), "<b>Т</b>0-5");
-    child<QLineEdit>(form, "Counter").setText("восемь");
+    child<QLineEdit>(form, "Counter")->setText("восемь");
     EXPECT_EQ(preview(form), "<b>Т</b>000");
     EXPECT_EQ(enumerator, (Enumerator{"ТС.", 12, 4}));
 }
@@ -104,16 +97,16 @@ TEST(EnumeratorForm, OkWritesAndCancelDoesNot)
 {
     Enumerator enumerator{"ТС.", 12, 4};
     EnumeratorForm cancelled(enumerator);
-    child<QLineEdit>(cancelled, "Prefix").setText("А");
-    child<QPushButton>(cancelled, "CancelBtn").click();
+    child<QLineEdit>(cancelled, "Prefix")->setText("А");
+    child<QPushButton>(cancelled, "CancelBtn")->click();
     EXPECT_EQ(cancelled.result(), int(QDialog::Rejected));
     EXPECT_EQ(enumerator, (Enumerator{"ТС.", 12, 4}));
 
     EnumeratorForm accepted(enumerator);
-    child<QLineEdit>(accepted, "Prefix").setText("А");
-    child<QLineEdit>(accepted, "Counter").setText("x");
-    child<QSpinBox>(accepted, "Trailing").setValue(6);
-    child<QPushButton>(accepted, "OkBtn").click();
+    child<QLineEdit>(accepted, "Prefix")->setText("А");
+    child<QLineEdit>(accepted, "Counter")->setText("x");
+    child<QSpinBox>(accepted, "Trailing")->setValue(6);
+    child<QPushButton>(accepted, "OkBtn")->click();
     EXPECT_EQ(accepted.result(), int(QDialog::Accepted));
     EXPECT_EQ(enumerator, (Enumerator{"А", 0, 6}));
 }
@@ -124,8 +117,8 @@ TEST_P(NumberingCommand, EditsTheFamilysOwnNumbering)
 {
     const Enumerator before = enumeratorOf(GetParam());
     whenShown([](QDialog& dialog) {
-        child<QLineEdit>(dialog, "Prefix").setText("НОВ");
-        child<QPushButton>(dialog, "OkBtn").click();
+        child<QLineEdit>(dialog, "Prefix")->setText("НОВ");
+        child<QPushButton>(dialog, "OkBtn")->click();
     });
     editNumbering(GetParam());
     EXPECT_EQ(enumeratorOf(GetParam()), (Enumerator{"НОВ", before.counter, before.trailing}));
@@ -166,7 +159,7 @@ TEST_F(Catalog, ListsConstructionsByTheirKey)
     for (const QLabel* label : form.findChildren<QLabel*>())
         labels.append(label->text());
     EXPECT_EQ(labels, QStringList{"Тип СОУ"});
-    auto& list = child<QComboBox>(form, "CatalogList");
+    auto& list = *child<QComboBox>(form, "CatalogList");
     ASSERT_EQ(list.count(), 3);
     EXPECT_EQ(list.itemText(0), "ГЕТ ()");
     EXPECT_EQ(list.itemText(1), "%1 (%2)");
@@ -181,11 +174,11 @@ TEST_F(Catalog, OkGivesTheChosenKeyAndClosingNone)
 {
     fillCatalog();
     whenShown([](QDialog& dialog) {
-        child<QComboBox>(dialog, "CatalogList").setCurrentIndex(2);
-        child<QPushButton>(dialog, "OkBtn").click();
+        child<QComboBox>(dialog, "CatalogList")->setCurrentIndex(2);
+        child<QPushButton>(dialog, "OkBtn")->click();
     });
     EXPECT_EQ(TSGCatalogSelector::choose(), 9);
-    whenShown([](QDialog& dialog) { child<QPushButton>(dialog, "CancelBTn").click(); });
+    whenShown([](QDialog& dialog) { child<QPushButton>(dialog, "CancelBTn")->click(); });
     EXPECT_EQ(TSGCatalogSelector::choose(), std::nullopt);
     whenShown([](QDialog& dialog) { dialog.close(); });
     EXPECT_EQ(TSGCatalogSelector::choose(), std::nullopt);
@@ -193,7 +186,7 @@ TEST_F(Catalog, OkGivesTheChosenKeyAndClosingNone)
 
 TEST_F(Catalog, EmptyCatalogueOffersNoChoice)
 {
-    whenShown([](QDialog& dialog) { child<QPushButton>(dialog, "OkBtn").click(); });
+    whenShown([](QDialog& dialog) { child<QPushButton>(dialog, "OkBtn")->click(); });
     EXPECT_EQ(TSGCatalogSelector::choose(), std::nullopt);
     database.disconnect();
     TSGCatalogSelector form;
@@ -206,8 +199,8 @@ TEST_F(Catalog, CommandInsertsTheChosenConstruction)
     drawing.addAllKinds();
     host.keyword("No").text("Т-1").enter().enter().point(1, 2);
     whenShown([](QDialog& dialog) {
-        child<QComboBox>(dialog, "CatalogList").setCurrentIndex(1);
-        child<QPushButton>(dialog, "OkBtn").click();
+        child<QComboBox>(dialog, "CatalogList")->setCurrentIndex(1);
+        child<QPushButton>(dialog, "OkBtn")->click();
     });
     insertCommand<19>();
     EXPECT_EQ(database->rows("select type_id, element_name, catalog_id, e, h from tsg_elements").value(0),

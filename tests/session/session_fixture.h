@@ -2,22 +2,11 @@
 // A session of one's own on a fresh database, with a folder for its files.
 
 #include "session/project_dialogs.h"
-#include "session/project_session.h"
 #include "support/console_capture.h"
-#include "support/test_database.h"
+#include "support/session_wiring.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
-
-/// Points the session at a database of the test server.
-inline void pointAt(ProjectSession& session, const QString& database)
-{
-    session.sqlHost = TestServer::host();
-    session.sqlPort = TestServer::port();
-    session.sqlDatabase = database;
-    session.sqlUser = TestServer::user();
-    session.sqlPass = TestServer::password();
-}
 
 /// Ends every connection to the database but the test's own.
 inline void endConnections(TestDatabase& database)

@@ -1,5 +1,6 @@
 #pragma once
-// What a form says, as plain lists that a reader checks at a glance.
+// A form seen from outside: its widgets by name, and what it says as plain lists
+// that a reader checks at a glance.
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -8,6 +9,17 @@
 #include <QLabel>
 #include <QStringList>
 #include <QTabWidget>
+
+#include <gtest/gtest.h>
+
+/// A widget of the form by its object name; null, with a failure that names it, when it has none.
+template <class Widget>
+Widget* child(const QWidget& form, const char* name)
+{
+    auto* found = form.findChild<Widget*>(QString::fromUtf8(name));
+    EXPECT_NE(found, nullptr) << name;
+    return found;
+}
 
 /// Captions of labels, buttons and groups in the order in which they were laid
 /// out; those without a text are passed over.

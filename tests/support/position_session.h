@@ -4,8 +4,7 @@
 // tests of a program share the database one after another: each starts with
 // nothing in it but the positions, so one that alters the schema puts it back.
 
-#include "session/project_session.h"
-#include "support/test_database.h"
+#include "support/session_wiring.h"
 
 class PositionSession {
 public:
@@ -35,22 +34,9 @@ public:
 
     TestDatabase* operator->() { return &database_; }
 
-    void connect()
-    {
-        session().sqlHost = TestServer::host();
-        session().sqlPort = TestServer::port();
-        session().sqlDatabase = database_.name();
-        session().sqlUser = TestServer::user();
-        session().sqlPass = TestServer::password();
-        session().connection.open(database_.conninfo());
-    }
+    void connect() { connectSession(database_); }
     /// The session is left without a connection, and with nowhere to reconnect to.
-    void disconnect()
-    {
-        session().connection.finish();
-        session().sqlHost = session().sqlDatabase = QString();
-        session().sqlPort = QStringLiteral("1");
-    }
+    void disconnect() { disconnectSession(); }
 
 private:
     static TestDatabase& shared()

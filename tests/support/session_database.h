@@ -2,9 +2,8 @@
 // The module's session on a fresh database with a small project, and what is
 // printed meanwhile. For tests of whatever works on session().
 
-#include "session/project_session.h"
 #include "support/console_capture.h"
-#include "support/test_database.h"
+#include "support/session_wiring.h"
 
 #include <gtest/gtest.h>
 
@@ -12,14 +11,8 @@ class SessionDatabase : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        ProjectSession& s = session();
-        s.sqlHost = TestServer::host();
-        s.sqlPort = TestServer::port();
-        s.sqlDatabase = database.name();
-        s.sqlUser = TestServer::user();
-        s.sqlPass = TestServer::password();
-        s.connection.open(s.buildConnInfo());
-        s.connected = true;
+        connectSession(database);
+        session().connected = true;
         database.exec("insert into projects (project_id, name, owner, location, code) overriding system value "
                       "values (1, 'Город', 'Владелец', 'Место', 'Ш-1');"
                       "insert into objects (object_id, project_id, object, appearence) overriding system value "
@@ -31,6 +24,7 @@ protected:
                       "insert into cycles (cycle_id, number, date_start, date_end, description) "
                       "overriding system value values (1, 1, '2022-12-01', '2022-12-31', 'Зима'), "
                       "(2, 2, '2023-07-01', '2023-07-31', 'Лето');");
+        ProjectSession& s = session();
         s.reloadCycles();
         s.reloadStates();
         s.stateFilter = s.states;
@@ -40,10 +34,10 @@ protected:
 
     void TearDown() override
     {
+        disconnectSession();
         ProjectSession& s = session();
-        s.connection.finish();
         s.connected = false;
-        s.sqlHost = s.sqlPort = s.sqlDatabase = s.sqlUser = s.sqlPass = QString();
+        s.sqlPort = QString();
         s.currentPositionId = s.currentCycleId = s.projectId = -1;
         s.deformationColormapId = -2;
         s.temperatureColormapId = s.dynamicTemperatureColormapId = -3;

@@ -54,13 +54,6 @@ protected:
         session().predictionOrder.clear();
         SessionDatabase::TearDown();
     }
-    template <class Widget>
-    static Widget* child(const QWidget& form, const char* name)
-    {
-        auto* found = form.findChild<Widget*>(QString::fromLatin1(name));
-        EXPECT_NE(found, nullptr) << name;
-        return found;
-    }
     static QTableWidget& elements(const QWidget& form) { return *child<QTableWidget>(form, "ElementsView"); }
     static QStringList row(const QTableWidget& table, int row)
     {

@@ -43,13 +43,6 @@ protected:
         session().baseCycleId = -1;
         SessionDatabase::TearDown();
     }
-    template <class Widget>
-    static Widget* child(const QWidget& form, const char* name)
-    {
-        auto* found = form.findChild<Widget*>(QString::fromLatin1(name));
-        EXPECT_NE(found, nullptr) << name;
-        return found;
-    }
     static QStringList row(const QTableWidget& table, int row)
     {
         QStringList texts;

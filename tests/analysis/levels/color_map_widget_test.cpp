@@ -1,6 +1,7 @@
 // The editor of colour maps and the selector.
 #include "analysis/levels/forms/color_map_widget.h"
 #include "analysis/levels/forms/level_map_selector_form.h"
+#include "support/form_texts.h"
 #include "support/scripted_prompts.h"
 #include "support/session_database.h"
 
@@ -17,13 +18,6 @@ namespace {
 
 class ColorMaps : public SessionDatabase {
 protected:
-    template <class Widget>
-    Widget* child(const char* name)
-    {
-        auto* found = widget().findChild<Widget*>(QString::fromLatin1(name));
-        EXPECT_NE(found, nullptr) << name;
-        return found;
-    }
     ColorMapWidget& widget()
     {
         if (!widget_)
@@ -51,7 +45,7 @@ private:
 TEST_F(ColorMaps, ListsDeformationsTemperaturesTheUsersOwnThenStoredOnes)
 {
     const int id = storeMap(QStringLiteral("Склад"));
-    const auto* combo = child<QComboBox>("LevelMapType");
+    const auto* combo = child<QComboBox>(widget(), "LevelMapType");
     ASSERT_EQ(combo->count(), 4);
     EXPECT_EQ(combo->itemData(0).toInt(), -2);
     EXPECT_EQ(combo->itemData(1).toInt(), -3);
@@ -63,7 +57,7 @@ TEST_F(ColorMaps, ListsDeformationsTemperaturesTheUsersOwnThenStoredOnes)
 TEST_F(ColorMaps, ShowsARangeAColumn)
 {
     widget().setLevelMapId(LevelMap::Temperature);
-    const auto* table = child<QTableWidget>("ColorTable");
+    const auto* table = child<QTableWidget>(widget(), "ColorTable");
     ASSERT_EQ(table->rowCount(), 3);
     ASSERT_EQ(table->columnCount(), 14);
     EXPECT_EQ(table->item(0, 5)->text(), QStringLiteral("-3.00"));
@@ -75,7 +69,7 @@ TEST_F(ColorMaps, ShowsARangeAColumn)
 TEST_F(ColorMaps, AnEditedBoundChangesTheMapAndNonsenseDoesNot)
 {
     widget().setLevelMapId(LevelMap::Temperature);
-    auto* table = child<QTableWidget>("ColorTable");
+    auto* table = child<QTableWidget>(widget(), "ColorTable");
     table->item(1, 13)->setText(QStringLiteral("12,5"));
     EXPECT_EQ(widget().current().ranges[13].max, 12.5);
     EXPECT_EQ(widget().current().maximum, 12.5);
@@ -88,7 +82,7 @@ TEST_F(ColorMaps, AnEditedBoundChangesTheMapAndNonsenseDoesNot)
 TEST_F(ColorMaps, AChangedCountMakesAGradientOfTheUsersOwn)
 {
     widget().setLevelMapId(LevelMap::Temperature);
-    child<QSpinBox>("LevelCountSpin")->setValue(5);
+    child<QSpinBox>(widget(), "LevelCountSpin")->setValue(5);
     EXPECT_EQ(widget().levelMapId(), int(LevelMap::User));
     EXPECT_EQ(widget().current().ranges.size(), 5u);
     EXPECT_EQ(widget().current().minimum, -20.0);
@@ -99,17 +93,17 @@ TEST_F(ColorMaps, AChangedCountMakesAGradientOfTheUsersOwn)
 TEST_F(ColorMaps, AChangedCountAsksFirstWhenSomethingWasEdited)
 {
     widget().setLevelMapId(LevelMap::Temperature);
-    child<QTableWidget>("ColorTable")->item(0, 0)->setText(QStringLiteral("-30"));
+    child<QTableWidget>(widget(), "ColorTable")->item(0, 0)->setText(QStringLiteral("-30"));
     driver.expect(QStringLiteral("Внимание"))
         .text(QStringLiteral("Будут потеряны именения в настройке палитры.\n Продолжить?"))
         .press(QStringLiteral("Нет"));
-    child<QSpinBox>("LevelCountSpin")->setValue(5);
+    child<QSpinBox>(widget(), "LevelCountSpin")->setValue(5);
     EXPECT_TRUE(driver.done()) << driver.report();
     EXPECT_EQ(widget().levelMapId(), int(LevelMap::Temperature));
-    EXPECT_EQ(child<QSpinBox>("LevelCountSpin")->value(), 14);
+    EXPECT_EQ(child<QSpinBox>(widget(), "LevelCountSpin")->value(), 14);
 
     driver.expect(QStringLiteral("Внимание")).press(QStringLiteral("Да"));
-    child<QSpinBox>("LevelCountSpin")->setValue(5);
+    child<QSpinBox>(widget(), "LevelCountSpin")->setValue(5);
     EXPECT_TRUE(driver.done()) << driver.report();
     EXPECT_EQ(widget().current().ranges.size(), 5u);
 }
@@ -119,29 +113,29 @@ TEST_F(ColorMaps, AnEditedColourCountsAsAnEdit)
     widget().setLevelMapId(LevelMap::Temperature);
     ScriptedPrompts chosen;
     chosen.color(10, 20, 30);
-    emit child<QTableWidget>("ColorTable")->cellDoubleClicked(2, 3);
+    emit child<QTableWidget>(widget(), "ColorTable")->cellDoubleClicked(2, 3);
     ASSERT_TRUE(chosen.allAnswersUsed());
     const NcCmColor& color = widget().current().ranges[3].color;
     EXPECT_EQ(QColor(color.red(), color.green(), color.blue()), QColor(10, 20, 30));
-    EXPECT_EQ(child<QTableWidget>("ColorTable")->item(2, 3)->background().color(), QColor(10, 20, 30));
+    EXPECT_EQ(child<QTableWidget>(widget(), "ColorTable")->item(2, 3)->background().color(), QColor(10, 20, 30));
     driver.expect(QStringLiteral("Внимание"))
         .text(QStringLiteral("Будут потеряны именения в настройке палитры.\n Продолжить?"))
         .press(QStringLiteral("Нет"));
-    child<QSpinBox>("LevelCountSpin")->setValue(5);
+    child<QSpinBox>(widget(), "LevelCountSpin")->setValue(5);
     EXPECT_TRUE(driver.done()) << driver.report();
 }
 
 TEST_F(ColorMaps, ALookAtAnotherMapForgetsNoEdit)
 {
     widget().setLevelMapId(LevelMap::Temperature);
-    child<QTableWidget>("ColorTable")->item(0, 0)->setText(QStringLiteral("-30"));
+    child<QTableWidget>(widget(), "ColorTable")->item(0, 0)->setText(QStringLiteral("-30"));
     widget().setLevelMapId(LevelMap::Deformation);
     widget().setLevelMapId(LevelMap::Temperature);
     EXPECT_EQ(widget().current().minimum, -30.0);
     driver.expect(QStringLiteral("Внимание"))
         .text(QStringLiteral("Будут потеряны именения в настройке палитры.\n Продолжить?"))
         .press(QStringLiteral("Нет"));
-    child<QSpinBox>("LevelCountSpin")->setValue(5);
+    child<QSpinBox>(widget(), "LevelCountSpin")->setValue(5);
     EXPECT_TRUE(driver.done()) << driver.report();
     EXPECT_EQ(widget().levelMapId(), int(LevelMap::Temperature));
 }
@@ -149,14 +143,14 @@ TEST_F(ColorMaps, ALookAtAnotherMapForgetsNoEdit)
 TEST_F(ColorMaps, AGradientMadeElsewhereAsksBeforeTheUsersEditedMapGoes)
 {
     widget().setLevelMapId(LevelMap::Temperature);
-    child<QSpinBox>("LevelCountSpin")->setValue(5);
+    child<QSpinBox>(widget(), "LevelCountSpin")->setValue(5);
     ASSERT_EQ(widget().levelMapId(), int(LevelMap::User));
-    child<QTableWidget>("ColorTable")->item(0, 0)->setText(QStringLiteral("-30"));
+    child<QTableWidget>(widget(), "ColorTable")->item(0, 0)->setText(QStringLiteral("-30"));
     widget().setLevelMapId(LevelMap::Deformation);
     driver.expect(QStringLiteral("Внимание")).press(QStringLiteral("Да"));
-    child<QSpinBox>("LevelCountSpin")->setValue(4);
+    child<QSpinBox>(widget(), "LevelCountSpin")->setValue(4);
     EXPECT_TRUE(driver.done()) << driver.report();
-    child<QSpinBox>("LevelCountSpin")->setValue(3);
+    child<QSpinBox>(widget(), "LevelCountSpin")->setValue(3);
     EXPECT_EQ(widget().current().ranges.size(), 3u) << "a fresh gradient is not asked for again";
 }
 
@@ -164,17 +158,17 @@ TEST_F(ColorMaps, WritingOneMapKeepsTheEditsOfTheOthers)
 {
     const int id = storeMap(QStringLiteral("Склад"));
     widget().setLevelMapId(LevelMap::Temperature);
-    child<QSpinBox>("LevelCountSpin")->setValue(6);
+    child<QSpinBox>(widget(), "LevelCountSpin")->setValue(6);
     widget().setLevelMapId(LevelMap::Deformation);
-    child<QTableWidget>("ColorTable")->item(0, 0)->setText(QStringLiteral("-300"));
+    child<QTableWidget>(widget(), "ColorTable")->item(0, 0)->setText(QStringLiteral("-300"));
     widget().setLevelMapId(id);
-    child<QTableWidget>("ColorTable")->item(1, 2)->setText(QStringLiteral("7"));
+    child<QTableWidget>(widget(), "ColorTable")->item(1, 2)->setText(QStringLiteral("7"));
     widget().setLevelMapId(LevelMap::Temperature);
-    child<QTableWidget>("ColorTable")->item(0, 0)->setText(QStringLiteral("-30"));
+    child<QTableWidget>(widget(), "ColorTable")->item(0, 0)->setText(QStringLiteral("-30"));
     driver.expect(QStringLiteral("Сохранить палитру"))
         .set(QStringLiteral("input"), QStringLiteral("Зимняя"))
         .press(QStringLiteral("OK"));
-    child<QPushButton>("WriteDB_btn")->click();
+    child<QPushButton>(widget(), "WriteDB_btn")->click();
     EXPECT_TRUE(driver.done()) << driver.report();
     EXPECT_EQ(widget().current().name, QStringLiteral("Зимняя"));
     EXPECT_EQ(widget().current().minimum, -30.0);
@@ -192,10 +186,10 @@ TEST_F(ColorMaps, RemovingOneMapKeepsTheEditsOfTheOthers)
 {
     const int id = storeMap(QStringLiteral("Склад"));
     widget().setLevelMapId(LevelMap::Temperature);
-    child<QTableWidget>("ColorTable")->item(0, 0)->setText(QStringLiteral("-30"));
+    child<QTableWidget>(widget(), "ColorTable")->item(0, 0)->setText(QStringLiteral("-30"));
     widget().setLevelMapId(id);
     driver.expect(QStringLiteral("Внимание")).press(QStringLiteral("Да"));
-    child<QPushButton>("DeleteDb_btn")->click();
+    child<QPushButton>(widget(), "DeleteDb_btn")->click();
     EXPECT_TRUE(driver.done()) << driver.report();
     widget().setLevelMapId(LevelMap::Temperature);
     EXPECT_EQ(widget().current().minimum, -30.0);
@@ -204,12 +198,12 @@ TEST_F(ColorMaps, RemovingOneMapKeepsTheEditsOfTheOthers)
 TEST_F(ColorMaps, TheLimitsOfAMapStandEachInItsField)
 {
     widget().setLevelMapId(LevelMap::Temperature);
-    EXPECT_EQ(child<QDoubleSpinBox>("LevelMin")->value(), -20.0);
-    EXPECT_EQ(child<QDoubleSpinBox>("LevelMax")->value(), 10.0);
-    EXPECT_EQ(child<QSpinBox>("LevelCountSpin")->value(), 14);
-    child<QDoubleSpinBox>("LevelMin")->setValue(-4.0);
-    child<QDoubleSpinBox>("LevelMax")->setValue(8.0);
-    child<QSpinBox>("LevelCountSpin")->setValue(3);
+    EXPECT_EQ(child<QDoubleSpinBox>(widget(), "LevelMin")->value(), -20.0);
+    EXPECT_EQ(child<QDoubleSpinBox>(widget(), "LevelMax")->value(), 10.0);
+    EXPECT_EQ(child<QSpinBox>(widget(), "LevelCountSpin")->value(), 14);
+    child<QDoubleSpinBox>(widget(), "LevelMin")->setValue(-4.0);
+    child<QDoubleSpinBox>(widget(), "LevelMax")->setValue(8.0);
+    child<QSpinBox>(widget(), "LevelCountSpin")->setValue(3);
     EXPECT_EQ(widget().current().minimum, -4.0);
     EXPECT_EQ(widget().current().maximum, 8.0);
 }
@@ -220,7 +214,7 @@ TEST_F(ColorMaps, AreWrittenToTheDatabaseUnderAName)
     driver.expect(QStringLiteral("Сохранить палитру"))
         .set(QStringLiteral("input"), QStringLiteral("Зимняя"))
         .press(QStringLiteral("OK"));
-    child<QPushButton>("WriteDB_btn")->click();
+    child<QPushButton>(widget(), "WriteDB_btn")->click();
     EXPECT_TRUE(driver.done()) << driver.report();
     EXPECT_EQ(database.value("select levelmap_name from levelmaps"), QStringLiteral("Зимняя"));
     EXPECT_GT(widget().levelMapId(), 0) << "the new row is selected";
@@ -244,7 +238,7 @@ TEST_F(ColorMaps, DeletingAMapInUseAsksForEachUseAndFallsBack)
     driver.expect(QStringLiteral("Внимание"))
         .text(QStringLiteral("Палитра 'Склад' установлена для карт динамики температур. \n Удалить в любом случае?"))
         .press(QStringLiteral("Да"));
-    child<QPushButton>("DeleteDb_btn")->click();
+    child<QPushButton>(widget(), "DeleteDb_btn")->click();
     EXPECT_TRUE(driver.done()) << driver.report();
     EXPECT_EQ(database.value("select count(*) from levelmaps"), QStringLiteral("0"));
     EXPECT_EQ(session().deformationColormapId, -2);
@@ -259,7 +253,7 @@ TEST_F(ColorMaps, ANoAtAnyQuestionKeepsTheMap)
     widget().setLevelMapId(id);
     driver.expect(QStringLiteral("Внимание")).press(QStringLiteral("Да"));
     driver.expect(QStringLiteral("Внимание")).press(QStringLiteral("Нет"));
-    child<QPushButton>("DeleteDb_btn")->click();
+    child<QPushButton>(widget(), "DeleteDb_btn")->click();
     EXPECT_TRUE(driver.done()) << driver.report();
     EXPECT_EQ(database.value("select count(*) from levelmaps"), QStringLiteral("1"));
     EXPECT_EQ(session().temperatureColormapId, id);
@@ -272,7 +266,7 @@ TEST_F(ColorMaps, AFileIsReadIntoTheUsersOwnMapInEitherNumberBase)
     const QString path = folder.filePath(QStringLiteral("hex.cmp"));
     ASSERT_TRUE(map.saveFile(path, 16));
     driver.expect(QStringLiteral("Загрузить цветовую палитру уровней")).files({path});
-    child<QPushButton>("LoadColorMapBtn")->click();
+    child<QPushButton>(widget(), "LoadColorMapBtn")->click();
     EXPECT_TRUE(driver.done()) << driver.report();
     EXPECT_EQ(widget().levelMapId(), int(LevelMap::User));
     ASSERT_EQ(widget().current().ranges.size(), 1u);
@@ -290,15 +284,15 @@ TEST_F(ColorMaps, AFileThatIsNoPaletteIsTold)
     driver.expect(QStringLiteral("Внимание"))
         .text(QStringLiteral("Ошибка загрузки палитры ") + path)
         .press(QStringLiteral("OK"));
-    child<QPushButton>("LoadColorMapBtn")->click();
+    child<QPushButton>(widget(), "LoadColorMapBtn")->click();
     EXPECT_TRUE(driver.done()) << driver.report();
 }
 
 TEST_F(ColorMaps, DatabaseButtonsNeedAConnectionAndAStoredMap)
 {
     loseServer();
-    EXPECT_FALSE(child<QPushButton>("WriteDB_btn")->isEnabled());
-    EXPECT_FALSE(child<QPushButton>("DeleteDb_btn")->isEnabled());
+    EXPECT_FALSE(child<QPushButton>(widget(), "WriteDB_btn")->isEnabled());
+    EXPECT_FALSE(child<QPushButton>(widget(), "DeleteDb_btn")->isEnabled());
 }
 
 TEST_F(ColorMaps, TheSelectorReturnsTheChosenId)

@@ -5,6 +5,7 @@
 #include "analysis/maps/forms/temperature_map_command.h"
 #include "analysis/maps/forms/temperature_map_form.h"
 #include "analysis/maps/map_fixture.h"
+#include "support/form_texts.h"
 #include "support/pictures.h"
 
 #include <script/modal_driver.h>
@@ -56,13 +57,6 @@ protected:
     {
         MapFixture::SetUp();
         addSquare();
-    }
-    template <class Widget>
-    static Widget* child(const QWidget& form, const char* name)
-    {
-        auto* found = form.findChild<Widget*>(QString::fromLatin1(name));
-        EXPECT_NE(found, nullptr) << name;
-        return found;
     }
     NcDbObjectId squareBorder() { return addBorder({{-10, -10}, {110, -10}, {110, 110}, {-10, 110}}); }
     void storeContour()

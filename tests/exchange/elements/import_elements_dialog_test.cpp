@@ -3,6 +3,7 @@
 #include "exchange/forms/role_view.h"
 #include "support/console_capture.h"
 #include "support/element_drawing.h"
+#include "support/form_texts.h"
 #include "support/pictures.h"
 #include "support/position_session.h"
 
@@ -20,12 +21,6 @@ class ElementsDialog : public ::testing::Test {
 protected:
     void SetUp() override { drawing.addAllKinds(); }
     void TearDown() override { session().importColumns = ProjectSession().importColumns; }
-
-    template <class Widget>
-    static Widget* child(ImportElementsDialog& dialog, const char* name)
-    {
-        return dialog.findChild<Widget*>(name);
-    }
     void openPath(ImportElementsDialog& dialog, const QString& path)
     {
         driver.expect("Открыть файл").files({path});

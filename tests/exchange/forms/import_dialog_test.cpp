@@ -3,6 +3,7 @@
 #include "exchange/forms/import_combos.h"
 #include "exchange/forms/import_commands.h"
 #include "exchange/forms/import_questions.h"
+#include "support/form_texts.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -20,14 +21,6 @@
 #include <QTest>
 
 namespace {
-
-template <class Control>
-Control* child(QWidget& form, const char* name)
-{
-    auto* found = form.findChild<Control*>(QString::fromLatin1(name));
-    EXPECT_NE(found, nullptr) << name;
-    return found;
-}
 
 QStringList headers(QTableView* view)
 {

@@ -5,6 +5,7 @@
 #include "reports/forms/condition_widgets.h"
 #include "reports/forms/report_generator_form.h"
 #include "reports/forms/template_editor_dialog.h"
+#include "support/form_texts.h"
 #include "support/pictures.h"
 #include "support/session_database.h"
 
@@ -41,14 +42,6 @@ protected:
 
     Folder folder;
 };
-
-template <class Widget>
-Widget& child(const QWidget& form, const char* name)
-{
-    auto* found = form.findChild<Widget*>(name);
-    EXPECT_NE(found, nullptr) << name;
-    return *found;
-}
 
 QStringList texts(const QListWidget& list)
 {
@@ -90,25 +83,25 @@ TEST_F(ReportForms, TheGeneratorListsTheKindsOfDocument)
     addTemplate("common", "Титул");
     ReportGeneratorForm form;
     EXPECT_EQ(form.windowTitle(), "Генератор отчетов");
-    EXPECT_EQ(texts(child<QListWidget>(form, "DocumentList")),
+    EXPECT_EQ(texts(*child<QListWidget>(form, "DocumentList")),
               (QStringList{"Основной шаблон", "Пасспорт термоскважины", "Табл.верт.перемещений",
                            "Ведомость измерения т-р", "Ведомость разницы т-р", "Ведомость обследования ГМН",
                            "Ведомость элементов ГМН", "Тех. состояние сооружения.", "ГТС сводная."}));
     EXPECT_EQ(captions(form),
               (QStringList{" Отчет", "+", "D", "E", "Документ", "Отмена", "Параметры  генерации  докумета", "Шаблон"}));
-    EXPECT_EQ(child<QListWidget>(form, "ConditionsList").styleSheet(), "*:hover { background-color: transparent; }");
-    child<QListWidget>(form, "DocumentList").setCurrentRow(0);
-    EXPECT_EQ(texts(child<QListWidget>(form, "TemplateList")), (QStringList{"Титул"}));
-    child<QListWidget>(form, "DocumentList").setCurrentRow(1);
-    EXPECT_TRUE(texts(child<QListWidget>(form, "TemplateList")).isEmpty());
+    EXPECT_EQ(child<QListWidget>(form, "ConditionsList")->styleSheet(), "*:hover { background-color: transparent; }");
+    child<QListWidget>(form, "DocumentList")->setCurrentRow(0);
+    EXPECT_EQ(texts(*child<QListWidget>(form, "TemplateList")), (QStringList{"Титул"}));
+    child<QListWidget>(form, "DocumentList")->setCurrentRow(1);
+    EXPECT_TRUE(texts(*child<QListWidget>(form, "TemplateList")).isEmpty());
 }
 
 TEST_F(ReportForms, EachKindAsksForItsParametersInOneOrder)
 {
     ReportGeneratorForm form;
     const auto bits = [&form](int row) {
-        child<QListWidget>(form, "DocumentList").setCurrentRow(row);
-        const auto& list = child<QListWidget>(form, "ConditionsList");
+        child<QListWidget>(form, "DocumentList")->setCurrentRow(row);
+        const auto& list = *child<QListWidget>(form, "ConditionsList");
         QList<quint32> found;
         for (int i = 0; i < list.count(); ++i)
             found << list.item(i)->data(Qt::UserRole).toUInt();
@@ -144,7 +137,7 @@ TEST_F(ReportForms, CyclesGiveTheirRange)
     EXPECT_EQ(given.baseCycleId, 1);
     EXPECT_EQ(given.currentCycleId, 2);
     EXPECT_EQ(given.cycles, (QVector<int>{1, 2}));
-    EXPECT_EQ(child<QComboBox>(widget, "BaseCycleCombo").currentText(), "1 | 01.12.22 | 31.12.22 | Зима");
+    EXPECT_EQ(child<QComboBox>(widget, "BaseCycleCombo")->currentText(), "1 | 01.12.22 | 31.12.22 | Зима");
     ReportSingleCycleSelectionWidget single;
     single.give(given);
     EXPECT_EQ(given.cycleId, 2);
@@ -153,7 +146,7 @@ TEST_F(ReportForms, CyclesGiveTheirRange)
 TEST_F(ReportForms, APartIsALevelAndAnId)
 {
     ReportTreeProjectPartWidget widget;
-    auto& box = child<QComboBox>(widget, "PartSelector");
+    auto& box = *child<QComboBox>(widget, "PartSelector");
     QStringList names, parts;
     for (int i = 0; i < box.count(); ++i) {
         box.setCurrentIndex(i);
@@ -171,7 +164,7 @@ TEST_F(ReportForms, APartIsALevelAndAnId)
 TEST_F(ReportForms, ElementsOfThePartAreTicked)
 {
     ReportTreeFilterElementsWidget widget(FamilyKey::Ts);
-    auto& table = child<QTableWidget>(widget, "OutputResult");
+    auto& table = *child<QTableWidget>(widget, "OutputResult");
     EXPECT_EQ(headers(table), (QStringList{" ", "Имя", "Х", "Y", "Абс.Отм."}));
     const auto given = [&widget] {
         ReportParameters parameters;
@@ -180,11 +173,11 @@ TEST_F(ReportForms, ElementsOfThePartAreTicked)
         return parameters.elements;
     };
     EXPECT_EQ(given(), (QVector<int>{7, 8}));
-    child<QAbstractButton>(widget, "UnselectBTN").click();
+    child<QAbstractButton>(widget, "UnselectBTN")->click();
     EXPECT_EQ(given(), QVector<int>());
-    child<QAbstractButton>(widget, "InvertBTN").click();
+    child<QAbstractButton>(widget, "InvertBTN")->click();
     EXPECT_EQ(given(), (QVector<int>{7, 8}));
-    child<QComboBox>(widget, "PartSelector").setCurrentIndex(4);
+    child<QComboBox>(widget, "PartSelector")->setCurrentIndex(4);
     EXPECT_EQ(given(), (QVector<int>{8}));
 }
 
@@ -194,7 +187,7 @@ TEST_F(ReportForms, PositionsAreTicked)
     ReportParameters given;
     widget.give(given);
     EXPECT_EQ(given.positions, (QVector<int>{1, 2}));
-    child<QAbstractButton>(widget, "UnselectBTN").click();
+    child<QAbstractButton>(widget, "UnselectBTN")->click();
     widget.give(given);
     EXPECT_TRUE(given.positions.isEmpty());
 }
@@ -207,7 +200,7 @@ TEST_F(ReportForms, TheFolderIsAbsolute)
     EXPECT_EQ(given.folder, folder / "");
     EXPECT_FALSE(given.overwrite);
     EXPECT_FALSE(given.merge);
-    child<QLineEdit>(widget, "ExportPath").clear();
+    child<QLineEdit>(widget, "ExportPath")->clear();
     widget.give(given);
     EXPECT_TRUE(given.folder.isEmpty());
 }
@@ -223,7 +216,7 @@ TEST_F(ReportForms, TheEditorShowsTagsWithWhatTheyReceive)
     EXPECT_EQ(captions(form),
               (QStringList{"Выбрать", "Копировать файл шаблона в папку ", "Наименование шаблона", "Основной шаблон",
                            "Отмена", "Сохранить", "Тип документа", "Файл шаблона (.docx)"}));
-    auto& table = child<QTableWidget>(form, "SubstsView");
+    auto& table = *child<QTableWidget>(form, "SubstsView");
     EXPECT_EQ(headers(table), (QStringList{"Тэг", "Значение", "Текст подстановки"}));
     QStringList rows;
     for (int row = 0; row < table.rowCount(); ++row)
@@ -239,9 +232,9 @@ TEST_F(ReportForms, ANewTemplateIsNamedAfterItsWordFile)
     DocxMaker(paragraph(textControl("first", "1"))).write(folder / "new.docx");
     const ExportTemplateClass document(reportKind(ReportKey::WellPassport));
     TemplateEditorDialog form(document, TemplateBindings(document.kind()));
-    EXPECT_EQ(child<QLineEdit>(form, "TemplateName").text(), "Без имени");
+    EXPECT_EQ(child<QLineEdit>(form, "TemplateName")->text(), "Без имени");
     form.takeDocx(folder / "new.docx");
-    auto& table = child<QTableWidget>(form, "SubstsView");
+    auto& table = *child<QTableWidget>(form, "SubstsView");
     // The combo of a cell: all variables, separators as lines that nobody can choose.
     table.editItem(table.item(0, 1));
     auto& box = *table.viewport()->findChild<QComboBox*>();
@@ -266,7 +259,7 @@ TEST_F(ReportForms, Pictures)
         addTemplate(kind.documentKey, "Шаблон заказчика");
     ReportGeneratorForm form;
     for (const int row : {1, 2, 7}) {
-        child<QListWidget>(form, "DocumentList").setCurrentRow(row);
+        child<QListWidget>(form, "DocumentList")->setCurrentRow(row);
         EXPECT_TRUE(takePicture(form, QString("report_generator_%1").arg(row)));
     }
 }
