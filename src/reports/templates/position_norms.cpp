@@ -25,12 +25,12 @@ QString bounds(const char* text, double first, double second = 0.0)
 
 double numberAt(const sql::Result& row, int column)
 {
-    return row.isNull(0, column) ? PositionNorms::none : row.toDouble(0, column);
+    return row.isNull(0, column) ? ReportedNorms::none : row.toDouble(0, column);
 }
 
 } // namespace
 
-PositionNorms PositionNorms::load(int positionId)
+ReportedNorms ReportedNorms::load(int positionId)
 {
     enum Column { DeepMin, DeepMax, TemperatureH, TemperatureBf, BaseDepth, Settlement, Relative, Construction };
     const sql::Result row = session().run(
@@ -38,7 +38,7 @@ PositionNorms PositionNorms::load(int positionId)
                 "positions_attributes.averagediff, positions_attributes.relativediff, description from "
                 "positions_attributes left join norm_sp22_13330 using (norm_id) where position_id = %1",
                 positionId));
-    PositionNorms norms;
+    ReportedNorms norms;
     if (!row.hasRow())
         return norms;
     norms.exist = true;
@@ -60,7 +60,7 @@ QString depthText(double from, double to)
     return bounds("Интервал от %1м. до %2м.", from, to);
 }
 
-QVector<QStringList> normRows(const PositionNorms& norms)
+QVector<QStringList> normRows(const ReportedNorms& norms)
 {
     if (!norms.exist)
         return {};

@@ -7,7 +7,7 @@
 #include <limits>
 
 /// A limit that is not set is infinite.
-struct PositionNorms {
+struct ReportedNorms {
     static constexpr double none = std::numeric_limits<double>::infinity();
 
     bool exist = false;
@@ -20,12 +20,12 @@ struct PositionNorms {
     QString construction;                    ///< description of the norm
 
     /// Without a row nothing exists.
-    static PositionNorms load(int positionId);
+    static ReportedNorms load(int positionId);
 };
 
 /// One row a limit: its name, then what it means to be working, limited,
 /// limited II and failed.
-QVector<QStringList> normRows(const PositionNorms& norms);
+QVector<QStringList> normRows(const ReportedNorms& norms);
 
 /// "Глубина %1 м." for one depth, "Интервал от %1м. до %2м." for two.
 QString depthText(double from, double to);

@@ -1,5 +1,6 @@
 #include "reports/templates/position_state_template.h"
 
+#include "analysis/grading/position_measures.h"
 #include "reports/templates/file_series.h"
 #include "session/project_session.h"
 
@@ -19,13 +20,11 @@ QString PositionStateExportTemplate::takePosition(int positionId)
     const sql::Result row = session().run(compose("select position from positions where position_id = %1", positionId));
     if (!row.hasRow())
         return {};
-    norms_ = PositionNorms::load(positionId);
+    norms_ = ReportedNorms::load(positionId);
     cycles_.clear();
     for (const int cycle : parameters.cycles) {
         const QStringList texts = session().cycles.value(cycle);
-        GradedCycle graded{texts.value(0), texts.value(1), {}};
-        gradePosition(positionId, parameters.baseCycleId, cycle, graded.grading);
-        cycles_.append(graded);
+        cycles_.append({texts.value(0), texts.value(1), gradedPosition(positionId, parameters.baseCycleId, cycle)});
     }
     const QString name = row.getvalue(0, 0);
     setVariable(QStringLiteral("40_pos_name"), name);
@@ -35,10 +34,6 @@ QString PositionStateExportTemplate::takePosition(int positionId)
 
 ReportOutcome PositionStateExportTemplate::generateAll()
 {
-    if (!hasPositionGrader()) {
-        sayLine(QStringLiteral("Эта возможность ещё не построена"));
-        return ReportOutcome::Missing;
-    }
     return FileSeries(parameters, QStringLiteral("Общий_паспорт_позиций.docx"))
         .run(
             parameters.positions, [this](int id) { return takePosition(id); },

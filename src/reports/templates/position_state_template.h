@@ -16,6 +16,6 @@ protected:
 private:
     QString takePosition(int positionId);
 
-    PositionNorms norms_;
+    ReportedNorms norms_;
     QVector<GradedCycle> cycles_;
 };

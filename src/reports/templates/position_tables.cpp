@@ -14,21 +14,21 @@ constexpr int temperatureDecimals = 2;
 constexpr int settlementDecimals = 1;
 constexpr int ratioDecimals = 5;
 
-QString countOf(const QVector<PositionGrading::Item>& items, int state)
+void addCounts(QStringList& cells, const GradedSide& side, std::initializer_list<Grade> grades)
 {
-    const auto isSo = [state](const PositionGrading::Item& item) { return item.state == state; };
-    return QString::number(std::count_if(items.begin(), items.end(), isSo));
+    for (const Grade grade : grades)
+        cells << QString::number(side.counts[size_t(grade)]);
 }
 
-// The least and the greatest value of the items that were graded.
-QString rangeOf(const QVector<PositionGrading::Item>& items, const char* text, double factor, int decimals)
+// The least and the greatest value of the elements that were graded.
+QString rangeOf(const GradedSide& side, const char* text, double factor, int decimals)
 {
-    double least = PositionNorms::none, greatest = -PositionNorms::none;
-    for (const PositionGrading::Item& item : items) {
-        if (item.state == grade::noMeasures || !std::isfinite(item.value))
+    double least = ReportedNorms::none, greatest = -ReportedNorms::none;
+    for (const GradedElement& element : side.elements) {
+        if (element.grade == Grade::NoMeasures || !std::isfinite(element.value))
             continue;
-        least = std::min(least, item.value * factor);
-        greatest = std::max(greatest, item.value * factor);
+        least = std::min(least, element.value * factor);
+        greatest = std::max(greatest, element.value * factor);
     }
     return least > greatest ? QStringLiteral(" -- ")
                             : fill(QString::fromUtf8(text), fixed(least, decimals), fixed(greatest, decimals));
@@ -53,28 +53,26 @@ void fillRows(DocxTable& table, const QVector<Row>& items, Cells cells)
 void fillSoilStateTable(DocxTable& table, const QVector<GradedCycle>& cycles)
 {
     fillRows(table, cycles, [](const GradedCycle& cycle) {
-        const QVector<PositionGrading::Item>& wells = cycle.grading.wells;
+        const GradedSide& wells = cycle.grades.thermal;
         QStringList cells = cycleCells(cycle);
-        for (const int state : {grade::noMeasures, grade::working, grade::limited, grade::limitedII, grade::failed})
-            cells << countOf(wells, state);
-        return cells << rangeOf(wells, "от %1\nдо %2 ", 1.0, temperatureDecimals) << grade::word(cycle.grading.soil);
+        addCounts(cells, wells, {Grade::NoMeasures, Grade::Normal, Grade::Limited, Grade::LimitedII, Grade::Fail});
+        return cells << rangeOf(wells, "от %1\nдо %2 ", 1.0, temperatureDecimals) << gradeLabel(wells.grade);
     });
 }
 
 void fillDeformationStateTable(DocxTable& table, const QVector<GradedCycle>& cycles)
 {
     fillRows(table, cycles, [](const GradedCycle& cycle) {
-        const PositionGrading& grading = cycle.grading;
+        const GradedSide& marks = cycle.grades.settlement;
+        const GradedSide& profiles = cycle.grades.relative;
         QStringList cells = cycleCells(cycle);
-        for (const int state : {grade::noMeasures, grade::working, grade::limited, grade::failed})
-            cells << countOf(grading.marks, state);
-        return cells << rangeOf(grading.marks, "от %1 мм\nдо %2 мм", millimetres, settlementDecimals)
-                     << grade::word(grading.settlement)
-                     << rangeOf(grading.profiles, "от %1\nдо %2 ", 1.0, ratioDecimals) << grade::word(grading.relative);
+        addCounts(cells, marks, {Grade::NoMeasures, Grade::Normal, Grade::Limited, Grade::Fail});
+        return cells << rangeOf(marks, "от %1 мм\nдо %2 мм", millimetres, settlementDecimals) << gradeLabel(marks.grade)
+                     << rangeOf(profiles, "от %1\nдо %2 ", 1.0, ratioDecimals) << gradeLabel(profiles.grade);
     });
 }
 
-void fillNormTable(DocxTable& table, const PositionNorms& norms)
+void fillNormTable(DocxTable& table, const ReportedNorms& norms)
 {
     fillRows(table, normRows(norms), [](const QStringList& row) { return row; });
 }
@@ -83,15 +81,15 @@ void fillSummaryTable(DocxTable& table, const QVector<SummaryRow>& positions)
 {
     int number = 0;
     fillRows(table, positions, [&number](const SummaryRow& row) {
-        const PositionGrading& grading = row.grading;
+        const PositionGrades& grades = row.grades;
         return QStringList{QString::number(++number),
                            row.object,
                            row.subobject,
                            row.position,
-                           grading.hasAttributes ? QStringLiteral("Да") : QStringLiteral("Нет"),
-                           grade::word(grading.soil),
-                           grade::word(grading.settlement),
-                           grade::word(grading.relative),
-                           grade::word(grading.position)};
+                           grades.attributes.exist ? QStringLiteral("Да") : QStringLiteral("Нет"),
+                           gradeLabel(grades.thermal.grade),
+                           gradeLabel(grades.settlement.grade),
+                           gradeLabel(grades.relative.grade),
+                           gradeLabel(grades.grade)};
     });
 }

@@ -1,14 +1,14 @@
 #pragma once
 // What is known of the state of positions, as tables.
 
+#include "analysis/grading/position_grades.h"
 #include "reports/docx/docx_table.h"
-#include "reports/templates/position_grading.h"
 #include "reports/templates/position_norms.h"
 
 struct GradedCycle {
     QString number;
     QString start; ///< as the session shows it
-    PositionGrading grading;
+    PositionGrades grades;
 };
 
 /// A row a cycle: cycle, its start, wells without measures, working, limited,
@@ -20,11 +20,11 @@ void fillSoilStateTable(DocxTable& table, const QVector<GradedCycle>& cycles);
 void fillDeformationStateTable(DocxTable& table, const QVector<GradedCycle>& cycles);
 
 /// A row a limit: its name, working, limited, limited II, failed.
-void fillNormTable(DocxTable& table, const PositionNorms& norms);
+void fillNormTable(DocxTable& table, const ReportedNorms& norms);
 
 struct SummaryRow {
     QString object, subobject, position;
-    PositionGrading grading;
+    PositionGrades grades;
 };
 
 /// A row a position: number, object, subobject, position, whether it has

@@ -1,5 +1,6 @@
 #include "reports/templates/table_documents.h"
 
+#include "analysis/grading/position_measures.h"
 #include "elements/families/family_key.h"
 #include "reports/templates/cell_texts.h"
 #include "reports/templates/deformation_table.h"
@@ -141,10 +142,6 @@ bool ElementListExportTemplateClass::buildTable(const QString& variable, DocxTab
 
 ReportOutcome PositionAnalyticExportTemplateClass::prepare()
 {
-    if (!hasPositionGrader()) {
-        sayLine(QStringLiteral("Эта возможность ещё не построена"));
-        return ReportOutcome::Missing;
-    }
     setVariable(QStringLiteral("52_current_cycle"), cells::cycleName(parameters.currentCycleId));
     setVariable(QStringLiteral("53_base_cycle"), cells::cycleName(parameters.baseCycleId));
     return ReportOutcome::Made;
@@ -163,9 +160,9 @@ bool PositionAnalyticExportTemplateClass::buildTable(const QString& variable, Do
     for (int i = 0; i < rows.ntuples(); ++i) {
         if (!parameters.goOn(i + 1, rows.ntuples(), rows.getvalue(i, Position)))
             return false;
-        SummaryRow row{rows.getvalue(i, Object), rows.getvalue(i, Subobject), rows.getvalue(i, Position), {}};
-        gradePosition(rows.toInt(i, PositionId), parameters.baseCycleId, parameters.currentCycleId, row.grading);
-        positions.append(row);
+        positions.append(
+            {rows.getvalue(i, Object), rows.getvalue(i, Subobject), rows.getvalue(i, Position),
+             gradedPosition(rows.toInt(i, PositionId), parameters.baseCycleId, parameters.currentCycleId)});
     }
     fillSummaryTable(table, positions);
     return true;

@@ -181,13 +181,18 @@ TEST_F(Builders, AWellWithoutMeasuresHasEmptyTables)
 
 TEST_F(Builders, StatesOfSoilAndDeformations)
 {
+    const auto side = [](Grade grade, std::vector<GradedElement> elements) {
+        GradedSide made{std::move(elements), {}, grade};
+        for (const GradedElement& element : made.elements)
+            ++made.counts[size_t(element.grade)];
+        return made;
+    };
     GradedCycle cycle{"2", "01.07.23", {}};
-    cycle.grading.wells = {{grade::working, -2.0}, {grade::limitedII, -0.25}, {grade::noMeasures, none}};
-    cycle.grading.marks = {{grade::working, 0.001}, {grade::failed, 0.25}};
-    cycle.grading.profiles = {{grade::limited, 0.0005}};
-    cycle.grading.soil = grade::limitedII;
-    cycle.grading.settlement = grade::limited;
-    cycle.grading.relative = grade::failed;
+    cycle.grades.thermal =
+        side(Grade::LimitedII,
+             {{1, "", Grade::Normal, -2.0}, {2, "", Grade::LimitedII, -0.25}, {3, "", Grade::NoMeasures, none}});
+    cycle.grades.settlement = side(Grade::Limited, {{1, "", Grade::Normal, 0.001}, {2, "", Grade::Fail, 0.25}});
+    cycle.grades.relative = side(Grade::Fail, {{1, "", Grade::Limited, 0.0005}});
     DocxTable soil = open({"a|b|c|d|e|f|g|h|i", "x|x|x|x|x|x|x|x|x"});
     fillSoilStateTable(soil, {cycle, {"3", "01.08.23", {}}});
     EXPECT_EQ(tableTexts(soil.element()).mid(1),
@@ -201,7 +206,7 @@ TEST_F(Builders, StatesOfSoilAndDeformations)
 
 TEST_F(Builders, NormsSpellOutWhatAStateMeans)
 {
-    PositionNorms norms;
+    ReportedNorms norms;
     norms.exist = true;
     norms.depthFrom = 5;
     norms.depthTo = 15;
@@ -220,17 +225,17 @@ TEST_F(Builders, NormsSpellOutWhatAStateMeans)
                      "Относительная осадка|менее 0.0005 |от 0.0005  до 0.0016 |от 0.0016  до 0.002 |более 0.002 "}));
     EXPECT_EQ(depthText(5, none), "Глубина 5 м.");
     EXPECT_EQ(depthText(none, none), " -- ");
-    EXPECT_TRUE(normRows(PositionNorms()).isEmpty());
+    EXPECT_TRUE(normRows(ReportedNorms()).isEmpty());
 }
 
 TEST_F(Builders, TheSummaryOfPositions)
 {
-    PositionGrading graded;
-    graded.hasAttributes = true;
-    graded.soil = grade::working;
-    graded.settlement = grade::noMeasures;
-    graded.relative = grade::failed;
-    graded.position = grade::failed;
+    PositionGrades graded;
+    graded.attributes.exist = true;
+    graded.thermal.grade = Grade::Normal;
+    graded.settlement.grade = Grade::NoMeasures;
+    graded.relative.grade = Grade::Fail;
+    graded.grade = Grade::Fail;
     DocxTable table = open({"a|b|c|d|e|f|g|h|i", "x|x|x|x|x|x|x|x|x"});
     fillSummaryTable(table, {{"О", "П", "Корпус 1", graded}, {"О", "П", "Корпус 2", {}}});
     EXPECT_EQ(tableTexts(table.element()).mid(1),

@@ -300,43 +300,39 @@ TEST_F(Documents, AUsersOwnPictureOfTheSameNameStays)
 
 TEST_F(Documents, StatesOfPositions)
 {
-    database.exec("insert into positions_attributes (position_id, temperature_h, norm_id) values (1, -0.5, 1)");
-    const PositionGrader before = setPositionGrader([](int position, int base, int current, PositionGrading& into) {
-        into.hasAttributes = position == 1;
-        into.soil = into.position = position == 1 ? base + current - 2 : grade::noAttributes;
-        return true;
-    });
+    // The well is solid in cycle 1 and thawed in cycle 2; the mark has sunk by 5 mm in cycle 2 and by 10 mm in cycle 3.
+    database.exec("insert into positions_attributes (position_id, temperature_deep_min, temperature_deep_max, "
+                  "temperature_h, temperature_bf, base_depth, averagediff, norm_id) "
+                  "values (1, 1, 1.5, -0.5, -0.1, 1, 0.6, 1)");
     PositionStateExportTemplate kind;
     load(kind,
          paragraph(textControl("n", "?") + run("/") + textControl("t", "?"))
-             + tagged("s", {"1|2|3|4|5|6|7|8|9", "x|x|x|x|x|x|x|x|x"}),
-         {{"n", "40_pos_name", ""}, {"t", "401_pos_morm", ""}, {"s", "41_pos_term_table)", ""}});
+             + tagged("s", {"1|2|3|4|5|6|7|8|9", "x|x|x|x|x|x|x|x|x"})
+             + tagged("d", {"1|2|3|4|5|6|7|8|9|10", "x|x|x|x|x|x|x|x|x|x"}),
+         {{"n", "40_pos_name", ""},
+          {"t", "401_pos_morm", ""},
+          {"s", "41_pos_term_table)", ""},
+          {"d", "42_pos_def_table", ""}});
     kind.parameters.positions = {1, 2};
     kind.parameters.merge = true;
     EXPECT_EQ(int(kind.generateAll()), int(ReportOutcome::Made));
-    EXPECT_EQ(tableTexts(tablesOf(folder / "Позиция 1.docx", read).value(0)).mid(1),
-              (QStringList{"Цикл 1|от 01.12.22|0|0|0|0|0| -- |Р", "Цикл 2|от 01.07.23|0|0|0|0|0| -- |ОР I",
-                           "Цикл 3|от 01.01.24|0|0|0|0|0| -- |ОР II"}));
+    const QVector<QDomElement> tables = tablesOf(folder / "Позиция 1.docx", read);
+    EXPECT_EQ(
+        tableTexts(tables.value(0)).mid(1),
+        (QStringList{"Цикл 1|от 01.12.22|0|1|0|0|0|от -1.69\nдо -1.69 |Р",
+                     "Цикл 2|от 01.07.23|0|0|0|0|1|от 0.63\nдо 0.63 |H", "Цикл 3|от 01.01.24|1|0|0|0|0| -- |НИ"}));
+    EXPECT_EQ(tableTexts(tables.value(1)).mid(1),
+              (QStringList{"Цикл 1|от 01.12.22|0|1|0|0|от 0.0 мм\nдо 0.0 мм|Р| -- |--",
+                           "Цикл 2|от 01.07.23|0|1|0|0|от 5.0 мм\nдо 5.0 мм|Р| -- |--",
+                           "Цикл 3|от 01.01.24|0|0|0|1|от 10.0 мм\nдо 10.0 мм|H| -- |--"}));
     EXPECT_TRUE(textOf(read.documentElement()).startsWith("Позиция 1/Производственные и гражданские одноэтажные"));
     EXPECT_TRUE(QFileInfo::exists(folder / "Общий_паспорт_позиций.docx"));
 
     PositionAnalyticExportTemplateClass summary;
     load(summary, tagged("s", {"1|2|3|4|5|6|7|8|9", "x|x|x|x|x|x|x|x|x"}), {{"s", "51_analytic_table", ""}});
-    EXPECT_EQ(made(summary).mid(1),
-              (QStringList{"1|Объект|Подобъект|Позиция 1|Да|ОР I|--|--|ОР I",
-                           "2|Объект|Подобъект|Позиция 2|Нет|--|--|--|--"}));
-    setPositionGrader(before);
-}
-
-TEST_F(Documents, WithoutTheRulesOfGradingNothingIsWritten)
-{
-    const PositionGrader before = setPositionGrader({});
-    PositionAnalyticExportTemplateClass summary;
-    load(summary, tagged("s", {"1", "x"}), {{"s", "51_analytic_table", ""}});
-    EXPECT_EQ(int(summary.exportFile(folder / "out.docx")), int(ReportOutcome::Missing));
-    EXPECT_EQ(console.take(), "\nЭта возможность ещё не построена");
-    EXPECT_FALSE(QFileInfo::exists(folder / "out.docx"));
-    setPositionGrader(before);
+    EXPECT_EQ(
+        made(summary).mid(1),
+        (QStringList{"1|Объект|Подобъект|Позиция 1|Да|H|Р|--|--", "2|Объект|Подобъект|Позиция 2|Нет|--|--|--|--"}));
 }
 
 TEST_F(Documents, ALostServerLeavesHeadingsAlone)
