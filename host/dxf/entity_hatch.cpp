@@ -57,9 +57,9 @@ void addLoop(const NcDbHatch::Loop& loop, GroupList& list)
 }
 
 // What stands for a pattern that is not beside the program.
-const HatchPattern& slantedLines()
+const LinePattern& slantedLines()
 {
-    static const HatchPattern pattern{QStringLiteral("LINES"), {{kPi / 4.0, {}, 0.0, 3.0, {}}}};
+    static const LinePattern pattern{QStringLiteral("LINES"), {{kPi / 4.0, {}, 0.0, 3.0, {}}}};
     return pattern;
 }
 
@@ -83,8 +83,8 @@ void addPattern(const NcDbHatch& hatch, GroupList& list)
             list.real(41, hatch.patternScale());
         return;
     }
-    const HatchPattern* found = findPattern(hatch.patternName());
-    const HatchPattern& pattern = found && !found->lines.empty() ? *found : slantedLines();
+    const LinePattern* found = findPattern(hatch.patternName());
+    const LinePattern& pattern = found && !found->lines.empty() ? *found : slantedLines();
     list.real(52, 0.0);
     list.real(41, hatch.patternScale());
     list.integer(77, 0);

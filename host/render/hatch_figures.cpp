@@ -30,7 +30,7 @@ bool makeHatchFigures(const NcDbEntity& entity, const FigureFrame& frame)
         frame.fill(loops);
         return true;
     }
-    const HatchPattern* pattern = findPattern(hatch.patternName());
+    const LinePattern* pattern = findPattern(hatch.patternName());
     const std::vector<QPolygonF> strokes =
         pattern ? patternStrokes(*pattern, hatch.patternScale(), loops) : std::vector<QPolygonF>();
     // A pattern that is unknown or too fine to be drawn shows the shape's border.

@@ -31,7 +31,7 @@ bool parseLine(const QString& text, PatternLine& line)
 // The patterns of all folders, read when first asked for.
 class PatternStore {
 public:
-    const HatchPattern* find(const QString& name)
+    const LinePattern* find(const QString& name)
     {
         if (!read_)
             readAll();
@@ -61,14 +61,14 @@ private:
         QFile file(path);
         if (!file.open(QIODevice::ReadOnly))
             return;
-        for (const HatchPattern& pattern : parsePatterns(QString::fromUtf8(file.readAll())))
+        for (const LinePattern& pattern : parsePatterns(QString::fromUtf8(file.readAll())))
             if (!patterns_.contains(pattern.name.toUpper()))
                 patterns_.insert(pattern.name.toUpper(), pattern);
     }
 
     bool read_ = false;
     QStringList folders_;
-    QHash<QString, HatchPattern> patterns_;
+    QHash<QString, LinePattern> patterns_;
 };
 
 PatternStore& store()
@@ -79,9 +79,9 @@ PatternStore& store()
 
 } // namespace
 
-std::vector<HatchPattern> parsePatterns(const QString& text)
+std::vector<LinePattern> parsePatterns(const QString& text)
 {
-    std::vector<HatchPattern> patterns;
+    std::vector<LinePattern> patterns;
     const QStringList lines = text.split(QLatin1Char('\n'));
     for (const QString& raw : lines) {
         const QString line = raw.section(QLatin1Char(';'), 0, 0).trimmed();
@@ -94,6 +94,6 @@ std::vector<HatchPattern> parsePatterns(const QString& text)
     return patterns;
 }
 
-const HatchPattern* findPattern(const QString& name) { return store().find(name); }
+const LinePattern* findPattern(const QString& name) { return store().find(name); }
 
 void addPatternFolder(const QString& folder) { store().addFolder(folder); }

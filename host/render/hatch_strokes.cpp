@@ -101,7 +101,7 @@ private:
 
 } // namespace
 
-std::vector<QPolygonF> patternStrokes(const HatchPattern& pattern, double scale, const std::vector<QPolygonF>& loops,
+std::vector<QPolygonF> patternStrokes(const LinePattern& pattern, double scale, const std::vector<QPolygonF>& loops,
                                       size_t most)
 {
     std::vector<QPolygonF> strokes;

@@ -307,6 +307,27 @@ TEST(Layout, NoScriptHandsAPasswordOverOnACommandLine)
     }
 }
 
+// Two types of one name in one program: the linker keeps one's constructors for both.
+TEST(Layout, ATypeIsNamedOnce)
+{
+    static const QRegularExpression type(
+        QStringLiteral("^(?:struct|class)(?: NRX_API)? (\\w+)(?: final)?(?: :[^;{]*)?\\s*\\{"),
+        QRegularExpression::MultilineOption);
+    QMap<QString, QStringList> places;
+    for (const char* folder : {"src", "host", "common"}) {
+        for (const SourceFile& file : sourcesBelow(folder)) {
+            if (!file.path.endsWith(QLatin1String(".h")))
+                continue;
+            auto found = type.globalMatch(file.text);
+            while (found.hasNext())
+                places[found.next().captured(1)] << file.path;
+        }
+    }
+    ASSERT_GT(places.size(), 200);
+    for (auto place = places.begin(); place != places.end(); ++place)
+        EXPECT_EQ(place->size(), 1) << place.key().toStdString() << ": " << place->join(", ").toStdString();
+}
+
 TEST(Layout, NoFileIsAHall)
 {
     for (const QString& folder : {QStringLiteral("src"), QStringLiteral("host"), QStringLiteral("tests")}) {

@@ -49,7 +49,7 @@ QPushButton* cyclesButton(QWidget* form, const std::vector<QComboBox*>& boxes)
 QComboBox* partCombo()
 {
     QComboBox* box = narrowCombo(QStringLiteral("PartSelector"), 30);
-    for (const ProjectNode& node : projectNodes()) {
+    for (const ReportNode& node : projectNodes()) {
         box->addItem(QString(node.depth * indent, QChar::Nbsp) + node.name);
         box->setItemData(box->count() - 1, node.part.level, LevelRole);
         box->setItemData(box->count() - 1, node.part.id, IdRole);
@@ -194,7 +194,7 @@ ReportPositionSelectorWidget::ReportPositionSelectorWidget(QWidget* parent) : Co
     tree_->setHeaderHidden(true);
     tree_->setMinimumHeight(180);
     QVector<QTreeWidgetItem*> above(4, nullptr);
-    for (const ProjectNode& node : projectNodes()) {
+    for (const ReportNode& node : projectNodes()) {
         auto* item = node.depth == 0 ? new QTreeWidgetItem(tree_) : new QTreeWidgetItem(above[node.depth - 1]);
         item->setText(0, node.name);
         item->setFlags(Qt::ItemIsEnabled);

@@ -32,7 +32,7 @@ const LevelStatement kLevels[] = {
 
 } // namespace
 
-QVector<ProjectNode> projectNodes()
+QVector<ReportNode> projectNodes()
 {
     enum Column { ProjectId, ObjectId, Object, SubobjectId, Subobject, PositionId, Position };
     const ProjectSession& now = session();
@@ -41,7 +41,7 @@ QVector<ProjectNode> projectNodes()
         "objects using (project_id) left join subobjects using (object_id) left join positions using (subobject_id) "
         "order by project_id, objects.appearence, object_id, subobjects.appearence, subobject_id, "
         "positions.appearence, position_id");
-    QVector<ProjectNode> nodes;
+    QVector<ReportNode> nodes;
     int project = -1, object = -1, subobject = -1;
     // A node is told when its key first comes up.
     const auto meets = [&rows](int row, int column, int& last) {

@@ -5,13 +5,13 @@
 #include "elements/families/family_key.h"
 #include "reports/templates/report_parameters.h"
 
-struct ProjectNode {
+struct ReportNode {
     ProjectPart part;
     QString name;
     int depth = 0; ///< 0 for the project
 };
 
-QVector<ProjectNode> projectNodes();
+QVector<ReportNode> projectNodes();
 
 struct ElementChoice {
     int id = -1;

@@ -239,7 +239,7 @@ TEST(Figures, PatternsAreReadFromTheirText)
 
 TEST(Figures, PatternLinesStayInsideOfTheLoops)
 {
-    const HatchPattern pattern{QStringLiteral("H"), {{0.0, {0, 0.5}, 0.0, 1.0, {}}}};
+    const LinePattern pattern{QStringLiteral("H"), {{0.0, {0, 0.5}, 0.0, 1.0, {}}}};
     const std::vector<QPolygonF> square = {QPolygonF(QRectF(0, 0, 4, 4)), QPolygonF(QRectF(1, 1, 2, 2))};
     const auto strokes = patternStrokes(pattern, 1.0, square);
     double length = 0.0;
@@ -255,7 +255,7 @@ TEST(Figures, PatternLinesStayInsideOfTheLoops)
 
 TEST(Figures, DashesBeginAtThePatternsOrigin)
 {
-    const HatchPattern pattern{QStringLiteral("D"), {{0.0, {0, 0.5}, 0.0, 1.0, {1.0, -1.0}}}};
+    const LinePattern pattern{QStringLiteral("D"), {{0.0, {0, 0.5}, 0.0, 1.0, {1.0, -1.0}}}};
     const auto strokes = patternStrokes(pattern, 1.0, {QPolygonF(QRectF(0.5, 0, 4, 1))});
     ASSERT_EQ(strokes.size(), 3u);
     EXPECT_NEAR(strokes[0][0].x(), 0.5, 1e-9);
@@ -266,7 +266,7 @@ TEST(Figures, DashesBeginAtThePatternsOrigin)
 
 TEST(Figures, APatternTooFineGivesNoStrokes)
 {
-    const HatchPattern pattern{QStringLiteral("F"), {{0.0, {0, 0}, 0.0, 1e-9, {}}}};
+    const LinePattern pattern{QStringLiteral("F"), {{0.0, {0, 0}, 0.0, 1e-9, {}}}};
     EXPECT_TRUE(patternStrokes(pattern, 1.0, {QPolygonF(QRectF(0, 0, 100, 100))}).empty());
     EXPECT_TRUE(patternStrokes(pattern, 0.0, {QPolygonF(QRectF(0, 0, 100, 100))}).empty());
 }
