@@ -3,7 +3,7 @@
 #include "analysis/forecast/forms/forecast_commands.h"
 #include "analysis/grading/forms/grading_commands.h"
 #include "analysis/levels/forms/map_legend_form.h"
-#include "analysis/maps/forms/temperature_map_command.h"
+#include "analysis/maps/forms/map_commands.h"
 #include "base/placeholders.h"
 #include "database/forms/administration_commands.h"
 #include "database/forms/create_project_form.h"
@@ -94,9 +94,9 @@ const std::array<Command, kCommandCount> kCommands = {{
     {"TERVA_IMPORT_TSS_MEASURE", Guard::C1, None, kPlain, importSnowPointMeasures},
     {"TERVA_IMPORT_GGS_MEASURE", Guard::C1, None, kPlain, importGroundwaterMeasures},
     {"TERVA_IMPORT_ELEMENTS", Guard::C1, None, kPlain, importElementsCommand},
-    {"TERVA_DEFORMATION_MAP", Guard::C2, Guard::P2, kPlain, notBuilt},
+    {"TERVA_DEFORMATION_MAP", Guard::C2, Guard::P2, kPlain, buildDeformationMap},
     {"TERVA_TEMPERATURE_MAP", Guard::C2, Guard::P2, kPlain, buildTemperatureMap},
-    {"TERVA_TEMP_DIFF_MAP", Guard::C2, Guard::P2, kPlain, notBuilt},
+    {"TERVA_TEMP_DIFF_MAP", Guard::C2, Guard::P2, kPlain, buildTemperatureDiffMap},
     {"TERVA_TEMP_DIFF_PROFILE", Guard::C2, Guard::P2, kPlain, notBuilt},
     {"TERVA_TEMPERATURE_PROFILE", Guard::C2, Guard::P2, kPlain, notBuilt},
     {"TERVA_MAP_LEGEND", None, None, kPlain, insertMapLegend},

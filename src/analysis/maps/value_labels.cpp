@@ -9,13 +9,13 @@ namespace {
 
 constexpr double kLabelHeight = 1.8;
 
-NcDbObjectId drawLabel(const geometry::Point3& point, double angle)
+NcDbObjectId drawLabel(const ValueLabel& label, double angle)
 {
-    const NcGePoint3d place(point.x, point.y, point.z);
-    auto text = std::make_unique<NcDbText>(place, valueLabel(point.z), kLabelHeight);
+    const NcGePoint3d place(label.place.x, label.place.y, label.place.z);
+    auto text = std::make_unique<NcDbText>(place, label.text, kLabelHeight);
     text->setDatabaseDefaults(workingDatabase());
     text->setHorizontalMode(NcDbText::kTextCenter);
-    text->setVerticalMode(NcDbText::kTextVertMid);
+    text->setVerticalMode(label.held);
     text->setAlignmentPoint(place);
     text->transformBy(NcGeMatrix3d::rotation(angle, NcGeVector3d::kZAxis, place));
     return appendToModelSpace(std::move(text));
@@ -23,14 +23,33 @@ NcDbObjectId drawLabel(const geometry::Point3& point, double angle)
 
 } // namespace
 
-NcDbObjectIdArray drawValueLabels(const geometry::PointList& points)
+NcDbObjectIdArray drawLabels(const std::vector<ValueLabel>& labels)
 {
     const double angle = userSystemAngle();
     NcDbObjectIdArray ids;
-    for (const geometry::Point3& point : points) {
-        if (const NcDbObjectId id = drawLabel(point, angle); !id.isNull())
+    for (const ValueLabel& label : labels) {
+        if (const NcDbObjectId id = drawLabel(label, angle); !id.isNull())
             ids.push_back(id);
     }
     groupEntities(QStringLiteral("TERVA_VALS_"), ids);
     return ids;
+}
+
+NcDbObjectIdArray drawValueLabels(const geometry::PointList& points)
+{
+    std::vector<ValueLabel> labels;
+    for (const geometry::Point3& point : points)
+        labels.push_back({point, valueLabel(point.z)});
+    return drawLabels(labels);
+}
+
+NcDbObjectIdArray drawLabelPairs(const std::vector<LabelPair>& pairs)
+{
+    std::vector<ValueLabel> labels;
+    for (const LabelPair& pair : pairs) {
+        const geometry::Point3 place{pair.place.x, pair.place.y, 0.0};
+        labels.push_back({place, pair.above, NcDbText::kTextTop});
+        labels.push_back({place, pair.below, NcDbText::kTextBottom});
+    }
+    return drawLabels(labels);
 }

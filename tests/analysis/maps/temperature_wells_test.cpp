@@ -8,11 +8,10 @@ namespace {
 
 class Wells : public MapFixture {
 protected:
-    static WellSelection position(int id = 1)
+    static MapPlace position(int id = 1)
     {
-        WellSelection selection;
+        MapPlace selection;
         selection.positionId = id;
-        selection.cycleId = 2;
         return selection;
     }
     static Sampling at(Sampling::Mode mode, double key)
@@ -42,7 +41,7 @@ TEST_F(Wells, AreThoseOfThePositionWithALogInTheCycle)
     addWell(6, "ТС.6", 5, 5, 0, 0, "1.00:-1.00", "exist", 2);
     addWell(7, "ТС.7", 5, 5, 0, 0, "1.00:-1.00", "exist", 1, 1);
     addWell(8, "ТС.8", 5, 5, 0, 0, nullptr);
-    ASSERT_TRUE(wells.load(position()));
+    ASSERT_TRUE(wells.load(position(), 2));
     EXPECT_EQ(wells.rows.size(), 5u);
 }
 
@@ -50,19 +49,19 @@ TEST_F(Wells, OfTheWholeDatabaseLieInsideTheBorder)
 {
     addSquare();
     addWell(6, "ТС.6", 60, 40, 0, 0, "1.00:-1.00", "exist", 2);
-    WellSelection selection = position();
+    MapPlace selection = position();
     selection.byPosition = false;
     selection.border = {{20, 20, 0}, {80, 20, 0}, {80, 80, 0}, {20, 80, 0}};
-    ASSERT_TRUE(wells.load(selection));
+    ASSERT_TRUE(wells.load(selection, 2));
     ASSERT_EQ(wells.rows.size(), 2u);
 
     selection.border = {{20, 20, 0}, {80, 80, 0}, {20, 80, 0}};
-    ASSERT_TRUE(wells.load(selection));
+    ASSERT_TRUE(wells.load(selection, 2));
     ASSERT_EQ(wells.rows.size(), 1u) << "inside the box but outside the polygon";
     EXPECT_EQ(wells.rows[0].name, QStringLiteral("ТС.5"));
 
     selection.border.clear();
-    EXPECT_TRUE(wells.load(selection));
+    EXPECT_TRUE(wells.load(selection, 2));
     EXPECT_TRUE(wells.rows.empty());
 }
 
@@ -70,15 +69,15 @@ TEST_F(Wells, AreFilteredByTheChosenStates)
 {
     addWell(1, "ТС.1", 0, 0, 0, 0, "1.00:-1.00");
     addWell(2, "ТС.2", 0, 0, 0, 0, "1.00:-1.00", "lost");
-    WellSelection selection = position();
-    wells.load(selection);
+    MapPlace selection = position();
+    wells.load(selection, 2);
     EXPECT_EQ(wells.rows.size(), 2u) << "no chosen state, no filter";
     selection.states = QStringList{QStringLiteral("lost")};
-    wells.load(selection);
+    wells.load(selection, 2);
     ASSERT_EQ(wells.rows.size(), 1u);
     EXPECT_EQ(wells.rows[0].name, QStringLiteral("ТС.2"));
     selection.states = QStringList{QStringLiteral("exist"), QStringLiteral("lost")};
-    wells.load(selection);
+    wells.load(selection, 2);
     EXPECT_EQ(wells.rows.size(), 2u);
 }
 
@@ -92,7 +91,7 @@ TEST(StateCondition, JoinsTheStatesByOr)
 TEST_F(Wells, ElevationsCountFromTheGroundMark)
 {
     addWell(1, "ТС.1", 0, 0, 100.0, 0.5, "1.00:-1.00|3.00:-2.00");
-    wells.load(position());
+    wells.load(position(), 2);
     EXPECT_EQ(wells.keys(Sampling::Depth), (std::vector<double>{1.0, 3.0}));
     EXPECT_EQ(wells.keys(Sampling::Elevation), (std::vector<double>{98.5, 96.5})) << "descending";
     EXPECT_EQ(wells.log(0, Sampling::Elevation).at(98.5), -1.0);
@@ -101,7 +100,7 @@ TEST_F(Wells, ElevationsCountFromTheGroundMark)
 TEST_F(Wells, TakeTheStoredReadingAtItsKeyAlsoTheDeepest)
 {
     addWell(1, "ТС.1", 0, 0, 100.0, 0.5, "1.00:-1.00|3.00:-2.00");
-    wells.load(position());
+    wells.load(position(), 2);
     wells.sample(at(Sampling::Depth, 3.0));
     EXPECT_TRUE(wells.rows[0].valid);
     EXPECT_EQ(wells.rows[0].value, -2.0);
@@ -119,7 +118,7 @@ TEST_F(Wells, TheBottomOverridesTheDepth)
     addWell(1, "ТС.1", 0, 0, 100.0, 0.5, "1.00:-1.00|3.00:-2.00");
     addWell(2, "ТС.2", 0, 0, 100.0, 0.5, "1.00:-1.00|3.00:nan");
     addWell(3, "ТС.3", 0, 0, 100.0, 0.5, "");
-    wells.load(position());
+    wells.load(position(), 2);
     Sampling sampling = at(Sampling::Depth, 1.0);
     sampling.bottom = true;
     wells.sample(sampling);
@@ -133,7 +132,7 @@ TEST_F(Wells, TheBottomOverridesTheDepth)
 TEST_F(Wells, TheMeanToTheBottomSkipsAMissingReading)
 {
     addWell(1, "ТС.1", 0, 0, 100.0, 0.5, "1.00:-1.00|2.00:-3.00|3.00:nan|4.00:-5.00|5.00:-7.00");
-    wells.load(position());
+    wells.load(position(), 2);
     wells.sample(mean(1.0, 2.0, true));
     EXPECT_TRUE(wells.rows[0].valid);
     EXPECT_DOUBLE_EQ(wells.rows[0].value, (-2.0 + -6.0) / 2.0) << "the interval's end plays no part";
@@ -147,9 +146,9 @@ TEST_F(Wells, TheMeanToTheBottomSkipsAMissingReading)
 TEST_F(Wells, ALostServerLeavesNone)
 {
     addSquare();
-    wells.load(position());
+    wells.load(position(), 2);
     loseServer();
-    EXPECT_FALSE(wells.load(position()));
+    EXPECT_FALSE(wells.load(position(), 2));
     EXPECT_TRUE(wells.rows.empty());
     EXPECT_TRUE(wells.keys(Sampling::Depth).empty());
 }

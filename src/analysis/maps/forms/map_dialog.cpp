@@ -6,6 +6,7 @@
 #include "analysis/maps/value_labels.h"
 #include "database/hierarchy/position_contours.h"
 #include "formkit/end_buttons.h"
+#include "formkit/progress_box.h"
 #include "hostkit/console.h"
 
 #include <QAbstractButton>
@@ -55,12 +56,12 @@ MapDialog::MapDialog(const MapWords& words, QWidget* parent) : QDialog(parent), 
     states_ = session().stateFilter.keys();
 }
 
-void MapDialog::layOutMap(const std::vector<Cells>& cycles, QWidget* sampling)
+void MapDialog::layOutMap(const std::vector<Cells>& cycles, QWidget* sampling, const std::vector<Cells>& above)
 {
     layOut(this).column({
         growing(row({
             column({
-                placePane(cycles),
+                placePane(cycles, above),
                 sampling ? sampling : new QWidget,
                 row({"Состояния:", growing(stateNotes_ = note("SelectedStatesLb", stateNotes(states_))),
                      button("StateFilterBtn", "Фильтр", this, &MapDialog::chooseStates)}),
@@ -72,8 +73,8 @@ void MapDialog::layOutMap(const std::vector<Cells>& cycles, QWidget* sampling)
         })),
         row({
             button("ExportCSVBTN", "Экспорт в .csv", this,
-                   [this] { exportCsv(this, values_, WithTitles | WithRowTitles, "Экспорт в csv"); }),
-            button("CopyClipBTN", "Экспорт в буфер", this, [this] { copyTable(values_, WithRowTitles); }),
+                   [this] { exportCsv(this, values_, words_.fileParts, "Экспорт в csv"); }),
+            button("CopyClipBTN", "Экспорт в буфер", this, [this] { copyTable(values_, words_.clipboardParts); }),
             stretch(),
             endButtons(this, {ok("okButton"), cancel("cancelButton")}),
         }),
@@ -81,15 +82,17 @@ void MapDialog::layOutMap(const std::vector<Cells>& cycles, QWidget* sampling)
     resize(1120, 600);
 }
 
-Item MapDialog::placePane(const std::vector<Cells>& cycles)
+Item MapDialog::placePane(const std::vector<Cells>& cycles, const std::vector<Cells>& above)
 {
-    std::vector<Cells> rows = {
+    std::vector<Cells> rows = above;
+    const std::vector<Cells> places = {
         {wide(2, byPosition_ = radio("ByPosition", "По позиции", true))},
         {"Контуры позиции", growing(contours_ = combo("PositionContourList", contoursOf(session().currentPositionId)))},
         {wide(2, byDatabase_ = radio("ByDataBase", "По всей базе"))},
         {"Слой", layers_ = combo("BoundLayer")},
         {nothing(), borderStatus_ = named<QLabel>("BoundStatus", QStringLiteral("Не загружена"))},
     };
+    rows.insert(rows.end(), places.begin(), places.end());
     rows.insert(rows.end(), cycles.begin(), cycles.end());
     layers_->addItem(QString());
     layers_->addItems(layerNames());
@@ -180,11 +183,20 @@ MapPlace MapDialog::place() const
     return {byPosition_->isChecked(), session().currentPositionId, border_.value_or(geometry::PointList()), states_};
 }
 
+Loaded MapDialog::loadWithProgress()
+{
+    ProgressBox box(this, windowTitle(), QStringLiteral("Чтение измерений"));
+    return load([&box](int done, int total) { return box.step(done, total); });
+}
+
 void MapDialog::reload()
 {
     loadStatus_.clear();
-    if (!load())
+    const Loaded loaded = loadWithProgress();
+    if (loaded == Loaded::Refused)
         loadStatus_ = QStringLiteral("Ошибка соединения с базой данных");
+    else if (loaded == Loaded::Stopped)
+        loadStatus_ = QStringLiteral("Чтение прервано, таблицы пусты");
     else if (byDatabase_->isChecked() && !border_)
         loadStatus_ = QStringLiteral("Укажите слой");
     showTables();
@@ -231,7 +243,9 @@ void MapDialog::takeTick(const QTableWidgetItem* item)
 void MapDialog::showRemarks()
 {
     const PointRemarks remarks = remarksOn(points_, usedRows());
-    status_->setText(loadStatus_.isEmpty() ? remarks.text : loadStatus_);
+    QStringList lines = {loadRemarks(), remarks.text};
+    lines.removeAll(QString());
+    status_->setText(loadStatus_.isEmpty() ? lines.join(QLatin1Char('\n')) : loadStatus_);
     const QSignalBlocker quiet(pointTable_);
     const int useColumn = pointTable_->columnCount() - 1;
     for (int row = 0; row < pointTable_->rowCount(); ++row) {

@@ -2,7 +2,8 @@
 // that of values, the end. An heir brings its cycles, its sampling and its rows:
 //
 //   - its constructor makes its controls, calls layOutMap() with them, then start();
-//   - load() reads the elements of the place that is chosen;
+//   - load() reads the elements of the place that is chosen, and loadRemarks()
+//     says what it met;
 //   - showTables() shows them: showPoints(), and what it likes in ValuesData.
 //
 // runMap<Form>() is the command.
@@ -10,6 +11,7 @@
 
 #include "analysis/maps/layer_input.h"
 #include "analysis/maps/left_out_points.h"
+#include "analysis/maps/map_place.h"
 #include "formkit/layout.h"
 #include "formkit/modal.h"
 #include "formkit/table_items.h"
@@ -23,14 +25,9 @@ struct MapWords {
     const char* title;
     const char* elements; // title of the group that says which are taken
     const char* missing;  // in the cell of a point without a value
-};
-
-// Which elements are taken.
-struct MapPlace {
-    bool byPosition = true; // all of the position, else those inside the border
-    int positionId = -1;
-    geometry::PointList border; // corners in plan, for the whole database
-    QStringList states;         // state_id; none takes every state
+    // What files and the clipboard get of the table of values beside its cells.
+    formkit::TextPart fileParts = formkit::WithTitles | formkit::WithRowTitles;
+    formkit::TextPart clipboardParts = formkit::WithRowTitles;
 };
 
 class MapDialog : public QDialog {
@@ -59,13 +56,17 @@ protected:
     MapDialog(const MapWords& words, QWidget* parent);
 
     // The frame around the heir's own: rows of the group of places, such as
-    // those of cycles, and a pane for its sampling (may be null).
-    void layOutMap(const std::vector<formkit::Cells>& cycles, QWidget* sampling);
+    // those of cycles, below those of the frame or above them, and a pane for its
+    // sampling (may be null).
+    void layOutMap(const std::vector<formkit::Cells>& cycles, QWidget* sampling,
+                   const std::vector<formkit::Cells>& above = {});
     // Once all controls stand: connects them and loads.
     void start();
 
-    // Reads the elements; false when the server refused.
-    virtual bool load() = 0;
+    // Reads the elements of place().
+    virtual Loaded load(const MapProgress& progress) = 0;
+    // A line about what was read; empty when there is nothing to tell.
+    virtual QString loadRemarks() const { return {}; }
     virtual void showTables() = 0;
     // Whether the dialog may end as accepted.
     virtual bool mayAccept() { return true; }
@@ -79,8 +80,9 @@ protected:
     void accept() override;
 
 private:
-    formkit::Item placePane(const std::vector<formkit::Cells>& cycles);
+    formkit::Item placePane(const std::vector<formkit::Cells>& cycles, const std::vector<formkit::Cells>& above);
     formkit::Item tables();
+    Loaded loadWithProgress();
     void choosePlace();
     void chooseContour();
     void chooseBorderLayer();
