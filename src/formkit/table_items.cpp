@@ -74,6 +74,15 @@ void fitColumns(QTableWidget* table)
     table->horizontalHeader()->setStretchLastSection(true);
 }
 
+// A title may stand in two lines on the screen; in a file a line is a row.
+static QString inOneLine(const QString& title)
+{
+    QStringList lines = title.split(QLatin1Char('\n'));
+    for (QString& line : lines)
+        line = lines.size() > 1 ? line.trimmed() : line;
+    return lines.join(QLatin1Char(' '));
+}
+
 QString tableText(const QTableWidget* table, QChar separator, TextPart parts)
 {
     const auto textOf = [](const QTableWidgetItem* item) { return item ? item->text() : QString(); };
@@ -82,7 +91,7 @@ QString tableText(const QTableWidget* table, QChar separator, TextPart parts)
     if (parts & WithTitles) {
         QStringList titles;
         for (int column = 0; column < table->columnCount(); ++column)
-            titles << textOf(table->horizontalHeaderItem(column));
+            titles << inOneLine(textOf(table->horizontalHeaderItem(column)));
         addLine(parts & WithRowTitles ? QStringList(QString()) + titles : titles);
     }
     for (int row = 0; row < table->rowCount(); ++row) {

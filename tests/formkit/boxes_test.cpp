@@ -141,6 +141,9 @@ TEST_F(Boxes, ATableGoesToAFileAndToTheClipboard)
     shown.setItem(1, 1, numberItem(HUGE_VAL, 2, "--"));
     EXPECT_EQ(tableText(&shown, ';'), QString("а;2.35\n;--\n"));
     EXPECT_EQ(tableText(&shown, ';', WithTitles), QString("Имя;Число\nа;2.35\n;--\n"));
+    shown.setHorizontalHeaderLabels({"Имя", "Прогноз \n Зима"});
+    EXPECT_EQ(tableText(&shown, ';', WithTitles), QString("Имя;Прогноз Зима\nа;2.35\n;--\n")) << "a line is a row";
+    shown.setHorizontalHeaderLabels({"Имя", "Число"});
     EXPECT_EQ(tableText(&shown, ';', WithTitles | WithRowTitles), QString(";Имя;Число\n1.00;а;2.35\n2.00;;--\n"));
     copyTable(&shown, WithRowTitles);
     EXPECT_EQ(QApplication::clipboard()->text(), QString("1.00\tа\t2.35\n2.00\t\t--\n"));

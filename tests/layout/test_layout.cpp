@@ -10,7 +10,7 @@
 namespace {
 
 constexpr int kLongestFile = 400;
-constexpr int kLongestTestFile = 700;
+constexpr int kLongestTestFile = 600;
 constexpr int kLongestFunction = 60;
 
 struct Body {

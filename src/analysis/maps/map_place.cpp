@@ -6,7 +6,10 @@
 
 #include <numeric>
 
-bool MapPlace::contains(double x, double y) const { return byPosition || geometry::pointInPolygon({x, y, 0.0}, border); }
+bool MapPlace::contains(double x, double y) const
+{
+    return byPosition || geometry::pointInPolygon({x, y, 0.0}, border);
+}
 
 Statement stateCondition(const QStringList& states)
 {

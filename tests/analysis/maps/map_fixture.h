@@ -23,10 +23,14 @@ protected:
             "insert into performers (performer_id, fullname, name) overriding system value values (1, 'О', 'О');"
             "insert into states (state_id, note, colorindex) values ('lost', 'Утрачен', 1);");
         session().reloadStates();
+        session().baseCycleId = 1;
     }
     void TearDown() override
     {
         closeAllDocuments();
+        session().predictions.clear();
+        session().predictionOrder.clear();
+        session().baseCycleId = -1;
         SessionDatabase::TearDown();
     }
 
@@ -47,12 +51,55 @@ protected:
                 .arg(z)
                 .arg(h));
         if (log)
-            database.exec(QStringLiteral(
-                              "insert into ts_meas (element_id, cycle_id, device_id, date, t_vozd, meas, performer_id) "
-                              "values (%1, %2, 1, '2023-07-15', 0, '%3', 1)")
-                              .arg(id)
-                              .arg(cycle)
-                              .arg(log));
+            addLog(id, cycle, log);
+    }
+    void addLog(int well, int cycle, const char* log)
+    {
+        database.exec(
+            QStringLiteral("insert into ts_meas (element_id, cycle_id, device_id, date, t_vozd, meas, performer_id) "
+                           "values (%1, %2, 1, '2023-07-15', 0, '%3', 1)")
+                .arg(well)
+                .arg(cycle)
+                .arg(log));
+    }
+
+    void addMark(int id, const char* name, double x, double y, const char* state = "exist", int position = 1)
+    {
+        database.exec(QStringLiteral("insert into dm_elements (element_id, type_id, element_name, state_id, "
+                                     "position_id, x, y, z, h) overriding system value values (%1, 'dm', '%2', '%3', "
+                                     "%4, %5, %6, 0, 0)")
+                          .arg(id)
+                          .arg(name)
+                          .arg(state)
+                          .arg(position)
+                          .arg(x, 0, 'f', 4)
+                          .arg(y, 0, 'f', 4));
+    }
+    // An elevation in metres, or the word NULL.
+    void addElevation(int mark, int cycle, const char* elevation)
+    {
+        database.exec(QStringLiteral("insert into dm_meas (element_id, cycle_id, date, meas) values (%1, %2, "
+                                     "'2023-07-15', %3)")
+                          .arg(mark)
+                          .arg(cycle)
+                          .arg(elevation));
+    }
+    // A stored forecast without marks.
+    void addForecast(int id, const char* name)
+    {
+        database.exec(QStringLiteral("insert into dm_predictions (prediction_id, name, prediction_date) overriding "
+                                     "system value values (%1, '%2', '2026-01-01')")
+                          .arg(id)
+                          .arg(name));
+        session().reloadPredictions();
+    }
+    void addForecastElevation(int mark, int forecast, double elevation)
+    {
+        database.exec(QStringLiteral("insert into dm_predictions_data (element_id, prediction_id, prediction_date, "
+                                     "meas) values (%1, %2, '2026-01-01', %3)")
+                          .arg(mark)
+                          .arg(forecast)
+                          .arg(elevation, 0, 'f', 4));
     }
 
     // Five wells in a square with one in its middle, colder to the east.

@@ -6,7 +6,7 @@
 
 #include <script/modal_driver.h>
 
-#include <QWidget>
+#include <QTableWidget>
 
 // Gives the border when the command asks for it, or leaves the prompt.
 class BorderAnswer final : public PromptBackend {
@@ -40,6 +40,50 @@ protected:
         auto* found = form.findChild<Widget*>(QString::fromLatin1(name));
         EXPECT_NE(found, nullptr) << name;
         return found;
+    }
+    // Texts of a row's cells; the row is found by its first one.
+    static QStringList row(const QTableWidget& table, const QString& name)
+    {
+        QStringList texts;
+        for (int line = 0; line < table.rowCount(); ++line) {
+            for (int column = 0; table.item(line, 0)->text() == name && column < table.columnCount(); ++column)
+                texts << table.item(line, column)->text();
+        }
+        return texts;
+    }
+    static QTableWidgetItem* use(const QTableWidget& table, const QString& name)
+    {
+        for (int line = 0; line < table.rowCount(); ++line) {
+            if (table.item(line, 0)->text() == name)
+                return table.item(line, table.columnCount() - 1);
+        }
+        return nullptr;
+    }
+    static QStringList redRows(const QTableWidget& table)
+    {
+        QStringList names;
+        for (int line = 0; line < table.rowCount(); ++line) {
+            if (table.item(line, 0)->foreground().color() == QColor(255, 0, 0))
+                names << table.item(line, 0)->text();
+        }
+        names.sort();
+        return names;
+    }
+    // What the labels of the drawing say, each with its place and vertical mode.
+    static QStringList labels()
+    {
+        QStringList texts;
+        for (const NcDbObjectId id : entities<NcDbText>()) {
+            const Opened<NcDbText> text(id, kForRead);
+            const NcGePoint3d place = text->alignmentPoint();
+            texts << QStringLiteral("%1 @%2,%3,%4 v%5")
+                         .arg(text->textString())
+                         .arg(place.x)
+                         .arg(place.y)
+                         .arg(place.z)
+                         .arg(text->verticalMode());
+        }
+        return texts;
     }
     NcDbObjectId squareBorder() { return addBorder({{-10, -10}, {110, -10}, {110, 110}, {-10, 110}}); }
     void storeContour()

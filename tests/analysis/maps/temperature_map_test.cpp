@@ -193,33 +193,20 @@ TEST_F(TemperatureMap, WellsAtOnePlaceAreNamedMarkedAndNotUnticked)
 {
     addWell(9, "ТС.9", 50, 50, 100, 0.5, "1.00:-1.00|3.00:-2.50");
     TemperatureMapForm form;
-    const auto redRows = [&] {
-        QStringList names;
-        const auto* table = child<QTableWidget>(form, "PointData");
-        for (int row = 0; row < table->rowCount(); ++row) {
-            if (table->item(row, 0)->foreground().color() == QColor(255, 0, 0))
-                names << table->item(row, 0)->text();
-        }
-        names.sort();
-        return names;
-    };
+    auto* table = child<QTableWidget>(form, "PointData");
     auto* status = child<QLabel>(form, "StatusLabel");
     EXPECT_EQ(status->text(), QStringLiteral("В одном месте с разными значениями (карта возьмёт первое): ТС.5, ТС.9."));
-    EXPECT_EQ(redRows(), (QStringList{"ТС.5", "ТС.9"}));
+    EXPECT_EQ(redRows(*table), (QStringList{"ТС.5", "ТС.9"}));
     EXPECT_EQ(form.usedPoints().size(), 6u);
     auto* depth = child<QDoubleSpinBox>(form, "DeepSpin");
     depth->setValue(3.0);
     EXPECT_EQ(status->text(), QString()) << "one value at one place";
-    EXPECT_EQ(redRows(), QStringList());
+    EXPECT_EQ(redRows(*table), QStringList());
     depth->setValue(1.0);
-    EXPECT_EQ(redRows().size(), 2);
-    auto* table = child<QTableWidget>(form, "PointData");
-    for (int row = 0; row < table->rowCount(); ++row) {
-        if (table->item(row, 0)->text() == QStringLiteral("ТС.9"))
-            table->item(row, 4)->setCheckState(Qt::Unchecked);
-    }
+    EXPECT_EQ(redRows(*table).size(), 2);
+    use(*table, QStringLiteral("ТС.9"))->setCheckState(Qt::Unchecked);
     EXPECT_EQ(status->text(), QString());
-    EXPECT_EQ(redRows(), QStringList());
+    EXPECT_EQ(redRows(*table), QStringList());
 }
 
 TEST_F(TemperatureMap, FewerThanThreeWellsAreNamedAndMarked)

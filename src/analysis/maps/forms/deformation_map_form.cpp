@@ -26,10 +26,11 @@ enum DegenerateAnswer { Ignore, Return, Close };
 } // namespace
 
 DeformationMapForm::DeformationMapForm(QWidget* parent)
-    : MapDialog({"DeformationMapForm", "Построение карты деформаций", "Деформационные марки", "", WithTitles, CellsOnly},
-                parent),
-      epochs_(new EpochChoice(
-          {"BaseCycleCombo", "Исходный цикл измерений", "MeasData", "Текущий цикл измерений"}, this))
+    : MapDialog(
+        {"DeformationMapForm", "Построение карты деформаций", "Деформационные марки", "", WithTitles, CellsOnly},
+        parent),
+      epochs_(
+          new EpochChoice({"BaseCycleCombo", "Исходный цикл измерений", "MeasData", "Текущий цикл измерений"}, this))
 {
     layOutMap(epochs_->rows(), nullptr, {{"Позиция", readOut("Position", session().currentPositionName)}});
     values()->verticalHeader()->hide();
@@ -103,8 +104,7 @@ bool DeformationMapForm::mayAccept()
 {
     if (degenerate_.empty())
         return true;
-    const int answer =
-        ask(this, kDegenerate, {{"Игнорировать", true}, {"Возврат", false}, {"Закрыть", false}}, Return);
+    const int answer = ask(this, kDegenerate, {{"Игнорировать", true}, {"Возврат", false}, {"Закрыть", false}}, Return);
     if (answer == Close)
         reject();
     return answer == Ignore;
@@ -115,8 +115,7 @@ void DeformationMapForm::drawLabels(const geometry::PointList& /*points*/) const
     std::vector<LabelPair> pairs;
     for (const size_t row : usedRows()) {
         const DeformationRow& mark = marks_.rows[row];
-        pairs.push_back(
-            {{mark.x, mark.y, 0.0}, fixed(mark.current, kMetreDecimals), fixed(mark.movement, kDecimals)});
+        pairs.push_back({{mark.x, mark.y, 0.0}, fixed(mark.current, kMetreDecimals), fixed(mark.movement, kDecimals)});
     }
     drawLabelPairs(pairs);
 }
