@@ -90,7 +90,7 @@ NcDbObjectIdArray membersOf(const NcDbDictionary& groups, const QString& name)
     NcDbGroup* group = nullptr;
     if (!isOk(groups.getAt(name, id)) || !isOk(ncdbOpenObject(group, id, kForRead)))
         return {};
-    const NcDbObjectIdArray members = group->allEntityIds();
+    NcDbObjectIdArray members = group->allEntityIds();
     group->close();
     return members;
 }

@@ -75,7 +75,7 @@ void AttributeIndex::refresh(const NcDbBlockReference& reference)
             byText_[entry.keys.back()][entry.sequence] = data.handle;
         }
     }
-    entries_.insert(data.handle, std::move(entry));
+    entries_.insert(data.handle, entry);
 }
 
 std::vector<quint64> AttributeIndex::find(quint64 definition, const QString& tag, const QString& value) const

@@ -107,7 +107,7 @@ public:
     }
     QStringList rest()
     {
-        const QStringList values = fields_.mid(at_);
+        QStringList values = fields_.mid(at_);
         at_ = fields_.size();
         return values;
     }

@@ -8,9 +8,11 @@
 // A pair of accessors of one private member, for a changeable and a constant
 // object. Writing through them checks nothing and tells nobody: call
 // HostAccess::touch afterwards, or HostAccess::finishLoading after many.
+// NOLINTBEGIN(bugprone-macro-parentheses)
 #define HOST_MEMBER(Class, name, member)                                                                               \
     static auto& name(Class& object) { return object.member; }                                                         \
     static const auto& name(const Class& object) { return object.member; }
+// NOLINTEND(bugprone-macro-parentheses)
 
 struct NRX_API HostAccess {
     // --- every object

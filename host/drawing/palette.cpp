@@ -29,7 +29,8 @@ std::array<double, 3> hueShares(int hue)
 
 PaletteColor hueColor(int index)
 {
-    const std::array<double, 3> shares = hueShares((index - 10) / 10);
+    const int hue = (index - 10) / 10; // of 24 round the circle
+    const std::array<double, 3> shares = hueShares(hue);
     const int shade = index % 10;
     const double level = kLevels[shade / 2];
     const bool washed = shade % 2 == 1;

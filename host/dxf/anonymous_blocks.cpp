@@ -65,7 +65,7 @@ QString DxfWriteContext::blockNameOf(const NcDbBlockReference& reference)
     const auto known = copies_.constFind(key);
     if (known != copies_.constEnd())
         return *known;
-    const QString name = addAnonymous("*U", visibleParts(reference), "copy");
+    QString name = addAnonymous("*U", visibleParts(reference), "copy");
     copies_.insert(key, name);
     return name;
 }

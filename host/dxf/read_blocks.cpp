@@ -24,7 +24,7 @@ QString neededBlock(const DxfEntity& entity, const QSet<QString>& names)
     if (entity.main.type != QLatin1String("INSERT"))
         return {};
     const DxfEntityFields fields(entity.main.groups);
-    const QString target = blockName(firstValue(entity.main.groups, 2)).toUpper();
+    QString target = blockName(firstValue(entity.main.groups, 2)).toUpper();
     if (fields.own().has(kTable) && tableOf(fields.own().values(kTable), {}, 0.0))
         return {};
     if (fields.own().has(kReference) && names.contains(fields.own().values(kReference).text().toUpper()))

@@ -9,7 +9,7 @@ const QString kOldest = QStringLiteral("AC1021"), kNewest = QStringLiteral("AC10
 QString versionOf(const NcDatabaseData& drawing)
 {
     for (const HeaderVariable& variable : drawing.header) {
-        const QString version = firstValue(variable.groups, 1);
+        QString version = firstValue(variable.groups, 1);
         if (variable.name == QLatin1String("$ACADVER") && version > kOldest && version <= kNewest)
             return version;
     }

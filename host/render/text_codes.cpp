@@ -50,7 +50,7 @@ private:
     QString upToSemicolon()
     {
         const int end = text_.indexOf(QLatin1Char(';'), at_);
-        const QString value = text_.mid(at_, end < 0 ? -1 : end - at_);
+        QString value = text_.mid(at_, end < 0 ? -1 : end - at_);
         at_ = end < 0 ? text_.size() : end + 1;
         return value;
     }

@@ -20,7 +20,7 @@ struct OutlineFont {
 QString fontFamily()
 {
     const QStringList files = {QStringLiteral("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf")};
-    const QString wanted = QStringLiteral("DejaVu Sans");
+    QString wanted = QStringLiteral("DejaVu Sans");
     if (QFontDatabase().families().contains(wanted))
         return wanted;
     for (const QString& file : files) {

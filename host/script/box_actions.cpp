@@ -92,7 +92,7 @@ QString chooseColor(QWidget* window, const QStringList& words)
     auto* form = qobject_cast<QDialog*>(window);
     if (!field || !form)
         return QStringLiteral("окно не выбирает цвет");
-    const QString wrong = setWidgetValue(field, words[0]);
+    QString wrong = setWidgetValue(field, words[0]);
     if (wrong.isEmpty())
         form->accept();
     return wrong;

@@ -35,7 +35,7 @@ QString doText(QWidget* window, const Words& words)
     const bool part = words.size() == 2;
     if (part && words[0] != QLatin1String("contains"))
         return QStringLiteral("неизвестное слово «") + words[0] + QStringLiteral("»");
-    const QString expected = words.last();
+    const QString& expected = words.last();
     QStringList met;
     if (const auto text = boxText(window))
         met << *text;
@@ -320,7 +320,7 @@ QString checkFormStep(const FormStep& step)
 
 QString performFormStep(QWidget* window, const FormStep& step)
 {
-    const QString wrong = checkFormStep(step);
+    QString wrong = checkFormStep(step);
     if (!wrong.isEmpty())
         return wrong;
     return step.call ? step.call(window) : findVerb(step.verb)->perform(window, step.words);

@@ -74,7 +74,7 @@ QString editThroughDelegate(QAbstractItemView* view, const QModelIndex& index, c
     if (!editor)
         return QStringLiteral("ячейка не правится");
     delegate->setEditorData(editor, index);
-    const QString wrong = setWidgetValue(editor, value);
+    QString wrong = setWidgetValue(editor, value);
     if (wrong.isEmpty())
         delegate->setModelData(editor, view->model(), index);
     delegate->destroyEditor(editor, index);

@@ -85,7 +85,7 @@ QString doCount(const Words& words, const QString&)
 QString onlyOne(const Words& words, NcDbObjectId& id)
 {
     NcDbObjectIdArray found;
-    const QString error = queryEntities(words, found);
+    QString error = queryEntities(words, found);
     if (!error.isEmpty())
         return error;
     if (found.size() != 1)
@@ -105,7 +105,7 @@ QString doAttribute(const Words& words, const QString&)
 {
     NcDbObjectId id;
     QString text;
-    const QString error = onlyOne(words.mid(2), id);
+    QString error = onlyOne(words.mid(2), id);
     if (!error.isEmpty())
         return error;
     if (!attributeText(id, words[0], text))
@@ -123,7 +123,7 @@ QString printed(const NcDbEvalVariant& value)
 QString doProperty(const Words& words, const QString&)
 {
     NcDbObjectId id;
-    const QString error = onlyOne(words.mid(2), id);
+    QString error = onlyOne(words.mid(2), id);
     if (!error.isEmpty())
         return error;
     for (const NcDbDynBlockReferenceProperty& property : NcDbDynBlockReference(id).getBlockProperties()) {
@@ -141,7 +141,7 @@ QString doProperty(const Words& words, const QString&)
 QString doPosition(const Words& words, const QString&)
 {
     NcDbObjectId id;
-    const QString error = onlyOne(words.mid(1), id);
+    QString error = onlyOne(words.mid(1), id);
     NcDbBlockReference* reference = nullptr;
     if (!error.isEmpty())
         return error;

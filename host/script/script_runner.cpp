@@ -43,7 +43,7 @@ void ScriptRunner::setStepTimeout(double seconds)
 
 void ScriptRunner::enableWatchdog(std::function<void(const QString&)> report)
 {
-    watchdog_ = std::make_unique<Watchdog>([this, report] {
+    watchdog_ = std::make_unique<Watchdog>([this, report = std::move(report)] {
         report(QStringLiteral("программа не отвечает, строка сценария ")
                + QString::number(at_ < lines_.size() ? lines_[at_].number : 0));
         std::_Exit(3);

@@ -48,7 +48,7 @@ PromptReply DeskPrompts::ask(const PromptRequest& request)
     console_.prompt(request.prompt);
     showRequest();
     loop.exec();
-    const PromptReply reply = reply_;
+    PromptReply reply = reply_;
 
     loop_ = outerLoop;
     request_ = outerRequest;

@@ -16,7 +16,7 @@ bool isExhausted(const Enumerator& enumerator)
 
 QString takeName(Enumerator& enumerator)
 {
-    const QString name = nextName(enumerator);
+    QString name = nextName(enumerator);
     if (!isExhausted(enumerator))
         ++enumerator.counter;
     return name;

@@ -68,7 +68,7 @@ ImportTemplate ownFormat()
     return format;
 }
 
-QVector<ImportColumn> columnsOf(const char* status, QVector<ImportColumn> own)
+QVector<ImportColumn> columnsOf(const char* status, const QVector<ImportColumn>& own)
 {
     QVector<ImportColumn> columns = {
         {ImportContent::Status, QString::fromUtf8(status)},

@@ -102,7 +102,7 @@ void FieldPane::setFieldVisible(const QString& name, bool visible)
 QString FieldPane::fault() const
 {
     for (size_t i = 0; i < editors_.size(); ++i) {
-        const QString fault = faultOf(fields_[i], editors_[i].text());
+        QString fault = faultOf(fields_[i], editors_[i].text());
         if (!fault.isEmpty())
             return fault;
     }

@@ -42,7 +42,7 @@ QString askFile(QWidget* parent, const FileQuestion& question, QFileDialog::Acce
         box.selectFile(place.fileName());
     if (box.exec() != QDialog::Accepted)
         return {};
-    const QString path = box.selectedFiles().value(0);
+    QString path = box.selectedFiles().value(0);
     lastFolders()[question.title] = QFileInfo(path).path();
     if (question.chosenFilter)
         *question.chosenFilter = box.selectedNameFilter();
@@ -65,8 +65,8 @@ QString askFileToSave(QWidget* parent, const FileQuestion& question)
 
 QString askFolder(QWidget* parent, const QString& title, const QString& start)
 {
-    const QString folder = QFileDialog::getExistingDirectory(
-        parent, title, startOf(title, start), QFileDialog::ShowDirsOnly | QFileDialog::DontResolveSymlinks);
+    QString folder = QFileDialog::getExistingDirectory(parent, title, startOf(title, start),
+                                                       QFileDialog::ShowDirsOnly | QFileDialog::DontResolveSymlinks);
     if (!folder.isEmpty())
         lastFolders()[title] = folder;
     return folder;

@@ -87,7 +87,7 @@ QString tableText(const QTableWidget* table, QChar separator, TextPart parts)
 {
     const auto textOf = [](const QTableWidgetItem* item) { return item ? item->text() : QString(); };
     QString text;
-    const auto addLine = [&](QStringList cells) { text += cells.join(separator) + QLatin1Char('\n'); };
+    const auto addLine = [&](const QStringList& cells) { text += cells.join(separator) + QLatin1Char('\n'); };
     if (parts & WithTitles) {
         QStringList titles;
         for (int column = 0; column < table->columnCount(); ++column)

@@ -10,7 +10,7 @@ namespace {
 QString cyrillicFamily()
 {
     const QStringList families = QFontDatabase().families(QFontDatabase::Cyrillic);
-    const QString wanted = QStringLiteral("DejaVu Sans");
+    QString wanted = QStringLiteral("DejaVu Sans");
     if (families.contains(wanted) || families.isEmpty())
         return wanted;
     const QString own = QGuiApplication::font().family();

@@ -16,7 +16,7 @@ constexpr double padding = 4.0;
 MarkupText titleWithin(const QString& markup, double widest)
 {
     const QFont font = plotFont(fontPoints);
-    const MarkupText title(markup, font);
+    MarkupText title(markup, font);
     if (title.size().width() <= widest)
         return title;
     return MarkupText(QFontMetricsF(font).elidedText(title.plainText(), Qt::ElideRight, widest), font);

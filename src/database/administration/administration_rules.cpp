@@ -38,7 +38,7 @@ QString otherAuditValue(const QString& shown)
 // "%n" has stood in this message from the start.
 QString auditSet(const QString& database, const QString& value, const QStringList& others)
 {
-    const QString text = fill(QStringLiteral("Аудит для '%1' установлен: %2"), database, value);
+    QString text = fill(QStringLiteral("Аудит для '%1' установлен: %2"), database, value);
     if (others.isEmpty())
         return text;
     return text + QStringLiteral("\n%nДля вступления  в силу необходимо  переоткрыть проект:\n")

@@ -70,7 +70,7 @@ void CreateProjectForm::reject()
 // The file says where the project's folders are.
 QString CreateProjectForm::chooseProjectFile(const QString& now)
 {
-    const QString path = askNewProjectFile(this, now);
+    QString path = askNewProjectFile(this, now);
     if (path.isEmpty())
         return path;
     const QString folder = QFileInfo(path).path();

@@ -45,7 +45,7 @@ pg_conn* connectWithKeepalives(const QByteArray& conninfo)
 
 QString takeEscaped(char* escaped)
 {
-    const QString text = QString::fromUtf8(escaped);
+    QString text = QString::fromUtf8(escaped);
     PQfreemem(escaped);
     return text;
 }
@@ -71,7 +71,8 @@ bool Connection::open(const QString& conninfo)
     refusal_.clear();
     if (qEnvironmentVariableIsEmpty("PGCONNECT_TIMEOUT"))
         qputenv("PGCONNECT_TIMEOUT", "10");
-    const QString wanted = conninfo; // may be a reference to our own
+    // May be a reference to our own. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    const QString wanted = conninfo;
     connection_.reset(connectWithKeepalives(wanted.toUtf8()));
     if (!isOk())
         return false;
@@ -185,7 +186,7 @@ Statement Connection::literal(const QString& value) const { return Statement::wh
 QString decodeServerMessage(const QByteArray& bytes)
 {
     QTextCodec::ConverterState state;
-    const QString text = QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
+    QString text = QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
     if (state.invalidChars == 0)
         return text;
     return QTextCodec::codecForName("windows-1251")->toUnicode(bytes);

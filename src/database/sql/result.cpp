@@ -87,7 +87,7 @@ QByteArray Result::unescapedBytes(int row, int column) const
     unsigned char* plain = PQunescapeBytea(escaped, &length);
     if (!plain)
         return {};
-    const QByteArray value(reinterpret_cast<const char*>(plain), int(length));
+    QByteArray value(reinterpret_cast<const char*>(plain), int(length));
     PQfreemem(plain);
     return value;
 }

@@ -18,7 +18,7 @@ std::optional<AlignmentScope> currentPosition()
         say(QStringLiteral("Не выбрана текущая позиция"));
         return {};
     }
-    const std::optional<AlignmentScope> scope = AlignmentScope::ofCurrentPosition();
+    std::optional<AlignmentScope> scope = AlignmentScope::ofCurrentPosition();
     if (!scope)
         say(QStringLiteral("Не установлено соединение с базой данных"));
     return scope;

@@ -125,10 +125,10 @@ QString setUcsOfActiveView(NcDbObjectId ucs)
 
 QString makeCurrent(NcDbObjectId ucs)
 {
-    const QString notLoaded = QStringLiteral("\nFailed to load vport info into vport table records");
+    QString notLoaded = QStringLiteral("\nFailed to load vport info into vport table records");
     if (!isOk(ncedVports2VportTableRecords()))
         return notLoaded;
-    const QString failure = setUcsOfActiveView(ucs);
+    QString failure = setUcsOfActiveView(ucs);
     if (!failure.isEmpty())
         return failure;
     return isOk(ncedVportTableRecords2Vports()) ? QString() : notLoaded;

@@ -63,7 +63,7 @@ QVector<ElementRecord> readElements(const QVector<QStringList>& rows, const Colu
     for (const QStringList& row : rows) {
         bool holdsAnything = false;
         const auto cell = [&](int role) {
-            const QString text = row.value(roles.columnOf(role)).trimmed();
+            QString text = row.value(roles.columnOf(role)).trimmed();
             holdsAnything = holdsAnything || !text.isEmpty();
             return text;
         };

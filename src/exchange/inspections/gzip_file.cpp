@@ -135,8 +135,7 @@ GzipOutcome readGzip(const QString& path, qint64 most, QByteArray& contents)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {GzipState::NotOpened, file.errorString(), Z_ERRNO};
-    const GzipOutcome outcome =
-        isGzip(file.peek(2)) ? Unpacker(file, most, contents).run() : readPlain(file, most, contents);
+    GzipOutcome outcome = isGzip(file.peek(2)) ? Unpacker(file, most, contents).run() : readPlain(file, most, contents);
     if (outcome.state != GzipState::Done)
         contents = QByteArray();
     return outcome;

@@ -25,7 +25,7 @@ PartCopier::PartCopier(const PackageReader& source, const WordDocument& sourcePa
 
 QString PartCopier::copy(const QString& sourceName, const QString& relationshipType)
 {
-    const QString name = schedule(sourceName, relationshipType, placeOfBodyPart(relationshipType));
+    QString name = schedule(sourceName, relationshipType, placeOfBodyPart(relationshipType));
     while (!jobs_.isEmpty() && !failed_)
         run(jobs_.dequeue());
     return name;
@@ -39,7 +39,7 @@ QString PartCopier::schedule(const QString& sourceName, const QString& relations
         qDebug() << "DocxMerger: Failed to open source part" << sourceName;
         return QString();
     }
-    const QString name = merged_->newPartName(place, suffixOf(sourceName));
+    QString name = merged_->newPartName(place, suffixOf(sourceName));
     newNames_.insert(sourceName, name);
     jobs_.enqueue({sourceName, name, relationshipType});
     return name;
@@ -107,7 +107,7 @@ QString PartCopier::declaredType(const QString& sourceName) const
     QString bySuffix = QStringLiteral("application/octet-stream");
     QDomElement child = sourceParts_.contentTypes.documentElement().firstChildElement();
     for (; !child.isNull(); child = child.nextSiblingElement()) {
-        const QString type = child.attribute(QStringLiteral("ContentType"));
+        QString type = child.attribute(QStringLiteral("ContentType"));
         if (child.attribute(QStringLiteral("PartName")).compare(partName, Qt::CaseInsensitive) == 0)
             return type;
         const QString extension = child.attribute(QStringLiteral("Extension"));

@@ -18,7 +18,7 @@ public:
         const auto known = names_.constFind(QStringView(name));
         if (known != names_.constEnd())
             return *known;
-        const QString copy = name.toString();
+        QString copy = name.toString();
         names_.insert(QStringView(copy), copy);
         return copy;
     }

@@ -168,7 +168,7 @@ void ReportGeneratorForm::generate()
 QString ReportGeneratorForm::askPath(const ExportTemplateClass& chosen)
 {
     const QString folder = session().exportPath.isEmpty() ? session().workDir : session().exportPath;
-    const QString path = askFileToSave(
+    QString path = askFileToSave(
         this, {QStringLiteral("Сохранить документ"), wordFilter(), QDir(folder).filePath(chosen.templateName)});
     if (!path.isEmpty())
         session().exportPath = QFileInfo(path).absolutePath();

@@ -20,7 +20,7 @@ const QString allLayers = QStringLiteral("Все слои");
 // The chosen name, which is also told on the command line.
 std::optional<QString> chooseLayer(const QString& title, const QString& label, const QStringList& layers)
 {
-    const std::optional<QString> layer = chooseName(title, label, layers);
+    std::optional<QString> layer = chooseName(title, label, layers);
     if (layer)
         say(fill("Выбранный слой: %1", *layer));
     return layer;
