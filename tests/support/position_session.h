@@ -1,8 +1,6 @@
 #pragma once
 // A project database with two positions and the module's session working on
-// the first of them; a member of a fixture, beside prompts and a drawing. The
-// tests of a program share the database one after another: each starts with
-// nothing in it but the positions, so one that alters the schema puts it back.
+// the first of them; a member of a fixture, beside prompts and a drawing.
 
 #include "support/session_wiring.h"
 
@@ -13,7 +11,6 @@ public:
 
     PositionSession()
     {
-        empty();
         database_.exec("insert into projects (project_id, name) overriding system value values (1, 'Проект');"
                        "insert into objects (object_id, project_id, object) values (1, 1, 'Объект');"
                        "insert into subobjects (subobject_id, object_id, subobject) values (1, 1, 'Подобъект');"
@@ -39,18 +36,5 @@ public:
     void disconnect() { disconnectSession(); }
 
 private:
-    static TestDatabase& shared()
-    {
-        static TestDatabase database;
-        return database;
-    }
-    // Elements and all that hangs on them go with their positions.
-    void empty()
-    {
-        database_.exec("delete from positions; delete from subobjects; delete from objects; delete from projects;"
-                       "delete from cycles; delete from devices; delete from performers; delete from tsg_catalog;"
-                       "delete from states where state_id <> 'exist'; truncate audit_log");
-    }
-
-    TestDatabase& database_ = shared();
+    TestDatabase database_;
 };

@@ -3,11 +3,13 @@
 #include "base/placeholders.h"
 #include "base/statement.h"
 #include "base/text.h"
+#include "support/database_reset.h"
 
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QFile>
 #include <gtest/gtest.h>
+#include <memory>
 
 namespace {
 
@@ -111,6 +113,50 @@ void dropLeftovers(const sql::Connection& server)
     }
 }
 
+/// Databases that tests of this program are done with; dropped at its end.
+class UsedDatabases {
+public:
+    ~UsedDatabases()
+    {
+        if (names_.isEmpty())
+            return;
+        const sql::Connection server(TestServer::conninfo("postgres"));
+        for (const QString& name : names_)
+            drop(server, name);
+    }
+
+    void add(const QString& name) { names_ << name; }
+
+    /// The name of one made as new; empty where there is none.
+    QString take(const sql::Connection& server)
+    {
+        while (!names_.isEmpty()) {
+            const QString name = names_.takeLast();
+            const sql::Connection inside(TestServer::conninfo(name));
+            if (reset_ && inside.isOk() && (*reset_)(inside))
+                return name;
+            drop(server, name);
+        }
+        return {};
+    }
+    /// Told of the program's first database.
+    void learn(const QString& name)
+    {
+        if (!reset_)
+            reset_ = std::make_unique<DatabaseReset>(sql::Connection(TestServer::conninfo(name)));
+    }
+
+private:
+    QStringList names_;
+    std::unique_ptr<DatabaseReset> reset_;
+};
+
+UsedDatabases& usedDatabases()
+{
+    static UsedDatabases databases;
+    return databases;
+}
+
 } // namespace
 
 QString TestServer::host() { return variable("TERVA_PG_HOST"); }
@@ -135,7 +181,7 @@ QString TestServer::conninfo(const QString& database)
     return fill("hostaddr=%1 port=%2 dbname=%3 user=%4 password=%5 ", host(), port(), database, user(), password());
 }
 
-TestDatabase::TestDatabase(Content content)
+TestDatabase::TestDatabase(Content content) : content_(content)
 {
     if (!TestServer::isKnown())
         return;
@@ -144,15 +190,25 @@ TestDatabase::TestDatabase(Content content)
         ADD_FAILURE() << "No connection to the test server: " << server.errorMessage().toStdString();
         return;
     }
+    if (content == Content::Schema)
+        name_ = usedDatabases().take(server);
+    if (name_.isEmpty())
+        create(server);
+    if (!connection_.open(conninfo()))
+        ADD_FAILURE() << connection_.errorMessage().toStdString();
+}
+
+void TestDatabase::create(const sql::Connection& server)
+{
     static int number = 0;
     name_ = fill("terva_test_%1_%2_%3", secondsNow(), QCoreApplication::applicationPid(), ++number);
     dropLeftovers(server);
-    if (content == Content::Schema)
+    if (content_ == Content::Schema) {
         createFromTemplate(server, name_);
-    else
+        usedDatabases().learn(name_);
+    } else {
         run(server, fill("create database %1 template template0 encoding 'UTF8'", name_));
-    if (!connection_.open(conninfo()))
-        ADD_FAILURE() << connection_.errorMessage().toStdString();
+    }
 }
 
 TestDatabase::~TestDatabase()
@@ -160,7 +216,10 @@ TestDatabase::~TestDatabase()
     if (name_.isEmpty())
         return;
     connection_.finish();
-    drop(sql::Connection(TestServer::conninfo("postgres")), name_);
+    if (content_ == Content::Schema)
+        usedDatabases().add(name_);
+    else
+        drop(sql::Connection(TestServer::conninfo("postgres")), name_);
 }
 
 QString TestDatabase::name() const { return name_; }

@@ -29,7 +29,8 @@ public:
 class TestDatabase {
 public:
     enum class Content {
-        Schema, ///< a copy of a template that holds share/database.sql
+        Schema, ///< what share/database.sql lays: a copy of a template, or one that a test of this
+                ///< program has left, made as new
         Empty,  ///< not a single table of ours
     };
 
@@ -53,6 +54,9 @@ public:
     static QString schemaScript();
 
 private:
+    void create(const sql::Connection& server);
+
+    Content content_;
     QString name_;
     sql::Connection connection_;
 };

@@ -4,6 +4,8 @@
 
 #include "analysis/maps/map_fixture.h"
 
+#include "support/form_texts.h"
+
 #include <script/modal_driver.h>
 
 #include <QTableWidget>
@@ -34,13 +36,6 @@ private:
 
 class MapFormFixture : public MapFixture {
 protected:
-    template <class Widget>
-    static Widget* child(const QWidget& form, const char* name)
-    {
-        auto* found = form.findChild<Widget*>(QString::fromLatin1(name));
-        EXPECT_NE(found, nullptr) << name;
-        return found;
-    }
     // Texts of a row's cells; the row is found by its first one.
     static QStringList row(const QTableWidget& table, const QString& name)
     {
