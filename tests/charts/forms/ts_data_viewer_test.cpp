@@ -3,6 +3,7 @@
 #include "elements/measures/family_measures.h"
 #include "support/pictures.h"
 
+#include <QCoreApplication>
 #include <QLabel>
 #include <QStandardItemModel>
 #include <QTableView>

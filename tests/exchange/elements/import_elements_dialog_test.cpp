@@ -9,6 +9,7 @@
 
 #include <script/modal_driver.h>
 
+#include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QTabWidget>

@@ -8,6 +8,7 @@
 
 #include <script/modal_driver.h>
 
+#include <QDir>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>

@@ -7,10 +7,12 @@
 #include <script/modal_driver.h>
 
 #include <QClipboard>
+#include <QCoreApplication>
 #include <QFile>
 #include <QGraphicsItem>
 #include <QGuiApplication>
 #include <QPainter>
+#include <QPixmap>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
