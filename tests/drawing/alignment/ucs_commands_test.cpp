@@ -294,9 +294,17 @@ TEST_F(UcsCommands, EveryFailedStepOfApplyingIsTold)
     }
     EXPECT_EQ(userSystemAngle(), 0.0);
     host.console.clear();
+    auto& view = *HostAccess::objectAs<NcDbViewportTableRecord>(active);
+    const QString name = HostAccess::plainName(view);
+    HostAccess::plainName(view).clear(); // the table still finds it, as in a damaged drawing
+    applyUcs(wanted);
+    EXPECT_EQ(host.console, "\nFailed to get name from vport table");
+    EXPECT_EQ(userSystemAngle(), 0.0);
+    HostAccess::plainName(view) = name;
+    host.console.clear();
     auto& views = *HostAccess::objectAs<NcDbViewportTable>(drawing().viewportTableId());
-    HostAccess::setName(*HostAccess::objectAs<NcDbViewportTableRecord>(active), "Иной");
-    HostAccess::updateName(views, *HostAccess::objectAs<NcDbViewportTableRecord>(active));
+    HostAccess::setName(view, "Иной");
+    HostAccess::updateName(views, view);
     applyUcs(wanted);
     EXPECT_EQ(host.console, "\nFailed to load vport info into vport table records");
 }
