@@ -2,6 +2,7 @@
 
 #include "entry/command_table.h"
 #include "entry/palette_sets.h"
+#include "exchange/forms/import_commands.h"
 #include "hostkit/console.h"
 #include "session/forms/busy_box.h"
 #include "session/forms/palette_refresh.h"
@@ -16,6 +17,7 @@ void initialiseModule(void* packet)
     GetDynamicLinker()->setMultiDocumentAware(packet);
     installProjectDialogs();
     installBusyBox();
+    installDevicesImport();
     setPaletteRefresh({refreshAllPaletteSets, refreshExplorerPaletteSet});
     // Without an open project the parameters are empty and this fails in silence.
     if (session().connect())

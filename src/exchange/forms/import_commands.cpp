@@ -1,5 +1,7 @@
 #include "exchange/forms/import_commands.h"
 
+#include "database/catalogues/forms/catalogue_forms.h"
+#include "exchange/forms/devices_import_form.h"
 #include "exchange/forms/family_import_dialogs.h"
 #include "exchange/forms/ts_import_dialog.h"
 #include "formkit/modal.h"
@@ -15,3 +17,8 @@ void importGroundwaterMeasures() { runModal<GGSImportCmdDialog>(); }
 void importThermostabiliserMeasures() { runModal<TSGImportCmdDialog>(); }
 
 void importThermalWellMeasures() { runModal<TSImportCmdDialog>(); }
+
+void installDevicesImport()
+{
+    setDevicesImport([](QWidget* parent) { DevicesImportForm(parent).exec(); });
+}

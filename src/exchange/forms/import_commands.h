@@ -10,3 +10,6 @@ void importSnowPointMeasures();
 void importGroundwaterMeasures();
 void importThermostabiliserMeasures();
 void importThermalWellMeasures();
+
+/// The catalogue of devices opens the import of devices by its button.
+void installDevicesImport();

@@ -30,6 +30,34 @@ TEST_F(TemperatureMap, TheFormStartsByPositionAndDepth)
     EXPECT_FALSE(form.labelsWanted());
 }
 
+TEST_F(TemperatureMap, TheContoursOfThePositionAreLookedAtAndDeletedFromTheForm)
+{
+    storeContour();
+    database.exec("insert into contours (contour_id, position_id, contour_name) overriding system value values "
+                  "(2, 1, 'Контур 2'); insert into contours_points (contour_id, x, y, param, dist) values "
+                  "(2, 0, 0, 0, 0), (2, 50, 0, 1, 50), (2, 50, 50, 2, 100)");
+    TemperatureMapForm form;
+    form.offerPositionContours();
+    ASSERT_TRUE(form.border());
+    EXPECT_EQ(form.border()->size(), 4u);
+    auto* dots = child<QPushButton>(form, "PositionContoursBtn");
+    driver.expect("Контуры позиции").step("rows", {"ContoursTable", "2"}).press("OK");
+    dots->click();
+    EXPECT_EQ(form.border()->size(), 4u) << "merely looked at";
+    driver.expect("Контуры позиции").step("menu", {"ContoursTable", "Контур 1", "1"}).step("choose", {"Удалить"});
+    driver.expect("Внимание").press("Yes");
+    driver.expect("Контуры позиции").press("OK");
+    dots->click();
+    EXPECT_EQ(child<QComboBox>(form, "PositionContourList")->currentText(), QStringLiteral("Контур 2"));
+    EXPECT_EQ(form.border()->size(), 3u) << "the border follows the list";
+    driver.expect("Контуры позиции").step("menu", {"ContoursTable", "Контур 2", "1"}).step("choose", {"Удалить"});
+    driver.expect("Внимание").press("Yes");
+    driver.expect("Контуры позиции").press("OK");
+    dots->click();
+    EXPECT_FALSE(form.border()) << "there is none left";
+    EXPECT_TRUE(driver.done()) << driver.report();
+}
+
 TEST_F(TemperatureMap, EachModeKeepsItsOwnSpinValue)
 {
     TemperatureMapForm form;

@@ -82,7 +82,7 @@ TEST_F(Explorer, CountsStandInColumns)
     EXPECT_EQ(counts(place::position), (QStringList{"0", "0", "2", "0", "0", "0", "0", "0", "0", "1"}));
     EXPECT_EQ(counts(place::other), (QStringList{"0", "0", "0", "0", "0", "0", "1", "0", "0", "0"}));
     EXPECT_FALSE(at(place::position).sibling(0, 3).flags() & Qt::ItemIsEditable);
-    explorer_.resize(620, 300);
+    explorer_.resize(780, 300);
     EXPECT_TRUE(takePicture(explorer_, "ProjectExplorerWidget-counts"));
     explorer_.findChild<QCheckBox*>("ShowStatCB")->click();
     EXPECT_EQ(tree().model()->columnCount(), 1);

@@ -1,6 +1,8 @@
 #include "exchange/forms/devices_import_form.h"
 
+#include "database/catalogues/forms/catalogue_forms.h"
 #include "exchange/forms/dialog_fixture.h"
+#include "exchange/forms/import_commands.h"
 #include "exchange/forms/role_view.h"
 #include "support/pictures.h"
 
@@ -8,6 +10,7 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QLabel>
+#include <QListWidget>
 #include <QMenu>
 #include <QTabWidget>
 #include <QTest>
@@ -114,4 +117,25 @@ TEST_F(DevicesForm, AKnownSerialAsksWithItsFourAnswers)
     form.findChild<QPushButton*>("ImportBtn")->click();
     EXPECT_TRUE(driver.done()) << driver.report();
     EXPECT_EQ(database->value("select description from devices where device_id = 1"), "x");
+}
+
+TEST_F(DevicesForm, IsOpenedByTheCatalogueOfDevices)
+{
+    setDevicesImport({});
+    EXPECT_FALSE(DevicesListForm().findChild<QPushButton*>("ImportBTN")->isEnabled()) << "nobody reads files";
+    installDevicesImport();
+    DevicesListForm catalogue;
+    int changes = 0;
+    QObject::connect(&catalogue, &formkit::CatalogueList::changed, [&changes] { ++changes; });
+    auto* fromFile = catalogue.findChild<QPushButton*>("ImportBTN");
+    EXPECT_EQ(fromFile->text(), QString("Импорт из .csv"));
+    driver.expect("Импорт устройств").press("OpenFileBtn");
+    driver.expect("Открыть файл").files({write("Рейка;SN-77;3 м\n")});
+    driver.expect("Импорт устройств").press("ImportBtn").press("CloseBtn");
+    fromFile->click();
+    setDevicesImport({});
+    EXPECT_TRUE(driver.done()) << driver.report();
+    EXPECT_EQ(changes, 1);
+    const auto* list = catalogue.findChild<QListWidget*>("Devices");
+    EXPECT_EQ(list->findItems("Рейка - SN-77 - 3 м", Qt::MatchExactly).size(), 1) << "it is shown at once";
 }

@@ -4,6 +4,7 @@
 #include "analysis/maps/forms/state_filter_form.h"
 #include "analysis/maps/point_remarks.h"
 #include "analysis/maps/value_labels.h"
+#include "database/hierarchy/forms/contours_list_widget.h"
 #include "database/hierarchy/position_contours.h"
 #include "formkit/end_buttons.h"
 #include "formkit/progress_box.h"
@@ -87,7 +88,9 @@ Item MapDialog::placePane(const std::vector<Cells>& cycles, const std::vector<Ce
     std::vector<Cells> rows = above;
     const std::vector<Cells> places = {
         {wide(2, byPosition_ = radio("ByPosition", "По позиции", true))},
-        {"Контуры позиции", growing(contours_ = combo("PositionContourList", contoursOf(session().currentPositionId)))},
+        {"Контуры позиции",
+         growing(row({growing(contours_ = combo("PositionContourList", contoursOf(session().currentPositionId))),
+                      contourDots_ = dotsButton("PositionContoursBtn")}))},
         {wide(2, byDatabase_ = radio("ByDataBase", "По всей базе"))},
         {"Слой", layers_ = combo("BoundLayer")},
         {nothing(), borderStatus_ = named<QLabel>("BoundStatus", QStringLiteral("Не загружена"))},
@@ -117,6 +120,7 @@ void MapDialog::start()
     const auto comboChanged = QOverload<int>::of(&QComboBox::currentIndexChanged);
     connect(byPosition_, &QRadioButton::toggled, this, &MapDialog::choosePlace);
     connect(contours_, comboChanged, this, &MapDialog::chooseContour);
+    connect(contourDots_, &QPushButton::clicked, this, &MapDialog::openContours);
     connect(layers_, comboChanged, this, &MapDialog::chooseBorderLayer);
     connect(pointTable_, &QTableWidget::itemChanged, this, &MapDialog::takeTick);
     layers_->setEnabled(false);
@@ -154,6 +158,20 @@ void MapDialog::chooseContour()
 {
     if (contours_->currentIndex() >= 0)
         takeBorder(contourPoints(chosenId(contours_)), QString());
+}
+
+// The user may delete the one that is chosen: the border goes with it.
+void MapDialog::openContours()
+{
+    const int before = chosenId(contours_);
+    openPositionContours(session().currentPositionId, this);
+    setChoices(contours_, contoursOf(session().currentPositionId));
+    if (chosenId(contours_) == before || !contours_->isEnabled())
+        return;
+    if (contours_->currentIndex() < 0)
+        takeBorder(std::nullopt, QString());
+    else
+        chooseContour();
 }
 
 void MapDialog::chooseBorderLayer()

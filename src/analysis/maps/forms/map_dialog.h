@@ -85,6 +85,7 @@ private:
     Loaded loadWithProgress();
     void choosePlace();
     void chooseContour();
+    void openContours();
     void chooseBorderLayer();
     void chooseStates();
     void takeTick(const QTableWidgetItem* item);
@@ -101,6 +102,7 @@ private:
     QRadioButton* byPosition_ = nullptr;
     QRadioButton* byDatabase_ = nullptr;
     QComboBox* contours_ = nullptr;
+    QPushButton* contourDots_ = nullptr;
     QComboBox* layers_ = nullptr;
     QLabel* borderStatus_ = nullptr;
     QLabel* stateNotes_ = nullptr;

@@ -3,11 +3,18 @@
 
 #include "database/catalogues/forms/catalogue_rows.h"
 
+/// Brings devices out of a file. Those who read files say at start how.
+using DevicesImport = std::function<void(QWidget* parent)>;
+void setDevicesImport(DevicesImport import);
+
 class DevicesListForm : public formkit::CatalogueList {
     Q_OBJECT
 
 public:
-    explicit DevicesListForm(QWidget* parent = nullptr) : CatalogueList(devicesCatalogue(), parent) { }
+    explicit DevicesListForm(QWidget* parent = nullptr);
+
+private:
+    void importDevices();
 };
 
 class PerformersListForm : public formkit::CatalogueList {

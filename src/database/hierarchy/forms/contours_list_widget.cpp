@@ -4,6 +4,9 @@
 #include "database/hierarchy/contour_line.h"
 #include "database/hierarchy/position_contours.h"
 #include "formkit/boxes.h"
+#include "formkit/end_buttons.h"
+#include "formkit/layout.h"
+#include "formkit/widgets.h"
 
 #include <QAbstractItemView>
 #include <QMenu>
@@ -72,4 +75,15 @@ bool ContoursListWidget::mayDelete(const QString&)
 {
     const QModelIndex current = view()->currentIndex();
     return confirm(this, fill("Удалить контур '%1' ?", current.sibling(current.row(), NameColumn).data().toString()));
+}
+
+void openPositionContours(int positionId, QWidget* parent)
+{
+    QDialog box(parent);
+    nameForm(&box, "PositionContours", "Контуры позиции");
+    auto* contours = new ContoursListWidget;
+    layOut(&box).column({growing(contours), endButtons(&box, {ok()})});
+    contours->setPosition(positionId);
+    box.resize(360, 300);
+    box.exec();
 }

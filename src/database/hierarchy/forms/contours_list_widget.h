@@ -23,3 +23,6 @@ protected:
 private:
     void drawCurrent();
 };
+
+/// The position's contours in a box of their own; waits for its end.
+void openPositionContours(int positionId, QWidget* parent);
