@@ -14,6 +14,8 @@ struct MeasureCheck {
     QString (*text)(const BaseMeasure& measure);
     int (*code)(const BaseMeasure& measure);
     Verdict (*verdict)(const BaseMeasure& measure);
+    /// The statement that gives `run` the measure of the cycle before.
+    const char* previous;
 };
 
 /// Codes of a deformation mark's check.

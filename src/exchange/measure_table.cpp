@@ -5,6 +5,7 @@
 
 #include <QBrush>
 #include <QColor>
+#include <QSet>
 #include <algorithm>
 #include <cmath>
 
@@ -55,9 +56,9 @@ void MeasureTable::setMeasures(Measures measures, const ElementScope& scope)
         row.value = numberText(read.measure->values[0]);
         row.measure = std::move(read.measure);
         row.losses = std::move(read.losses);
-        evaluate(row);
         rows_.push_back(std::move(row));
     }
+    evaluateAll();
     endResetModel();
 }
 
@@ -68,6 +69,32 @@ bool MeasureTable::hasData(const BaseMeasure& measure) const
     if (!std::isfinite(measure.values[0]))
         return false;
     return !::family(family_.family).hasProfile || !well(measure)->profile.isEmpty();
+}
+
+void MeasureTable::evaluateAll()
+{
+    readAhead();
+    for (Row& row : rows_)
+        evaluate(row);
+}
+
+// What the checks of all rows will ask for.
+void MeasureTable::readAhead()
+{
+    if (!family_.check)
+        return;
+    QVector<MeasureKey> wanted;
+    QSet<MeasureKey> seen;
+    for (const Row& row : rows_) {
+        const MeasureKey key(row.measure->elementId, row.measure->cycleId);
+        if (key.first < 0 || seen.contains(key))
+            continue;
+        seen.insert(key);
+        const int position = scope_.positionOf(key.first);
+        if (position >= 0 && criteria_.norms(position).found)
+            wanted.append(key);
+    }
+    criteria_.readAhead(family_.check->previous, wanted);
 }
 
 void MeasureTable::evaluate(Row& row)
@@ -115,10 +142,9 @@ void MeasureTable::changeAll(Change change)
     if (rows_.empty())
         return;
     criteria_.forget();
-    for (Row& row : rows_) {
+    for (Row& row : rows_)
         change(row);
-        evaluate(row);
-    }
+    evaluateAll();
     emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
 }
 

@@ -75,6 +75,8 @@ private:
         QVector<ReadingLoss> losses;
     };
 
+    void evaluateAll();
+    void readAhead();
     void evaluate(Row& row);
     bool hasData(const BaseMeasure& measure) const;
     bool takeId(BaseMeasure& measure, ImportContent content, int id) const;

@@ -166,6 +166,6 @@ Verdict verdict(const BaseMeasure& measure)
 
 const MeasureCheck& profileCheck()
 {
-    static const MeasureCheck check = {run, text, code, verdict};
+    static const MeasureCheck check = {run, text, code, verdict, previousStatement};
     return check;
 }

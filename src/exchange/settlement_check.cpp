@@ -62,6 +62,6 @@ Verdict verdict(const BaseMeasure& measure)
 
 const MeasureCheck& settlementCheck()
 {
-    static const MeasureCheck check = {run, text, validityOf, verdict};
+    static const MeasureCheck check = {run, text, validityOf, verdict, previousStatement};
     return check;
 }

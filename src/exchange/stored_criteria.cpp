@@ -5,6 +5,8 @@
 
 namespace {
 
+constexpr int askedAtOnce = 500;
+
 double numberOf(const sql::Result& row, int column)
 {
     bool ok = false;
@@ -48,10 +50,32 @@ PositionNorms StoredCriteria::norms(int positionId)
 
 PreviousMeasure StoredCriteria::previous(const char* statement, int elementId, int cycleId)
 {
-    const QPair<int, int> key(elementId, cycleId);
+    const MeasureKey key(elementId, cycleId);
     const auto found = previous_.constFind(key);
     return found != previous_.constEnd() ? *found
                                          : *previous_.insert(key, readPrevious(compose(statement, elementId, cycleId)));
+}
+
+// The statement of one element and cycle becomes a part of the one that asks for many: their names
+// are none of its own tables'.
+void StoredCriteria::readAhead(const char* statement, const QVector<MeasureKey>& wanted)
+{
+    enum Column { Element, Cycle, Value, MeasureId };
+    const Statement one = compose(statement, Identifier("asked_element"), Identifier("asked_cycle"));
+    for (int first = 0; first < wanted.size(); first += askedAtOnce) {
+        QVector<Statement> pairs;
+        for (const MeasureKey& key : wanted.mid(first, askedAtOnce))
+            pairs.append(compose("(%1,%2)", key.first, key.second));
+        const sql::Result rows = session().run(compose("select asked_element, asked_cycle, found.* from (values %1) as "
+                                                       "asked (asked_element, asked_cycle) left join lateral (%2) as "
+                                                       "found on true",
+                                                       joined(pairs, ","), one));
+        for (int row = 0; rows.isTuples() && row < rows.ntuples(); ++row) {
+            PreviousMeasure& previous = previous_[{rows.toInt(row, Element), rows.toInt(row, Cycle)}];
+            previous.state = rows.isNull(row, MeasureId) ? PreviousMeasure::None : PreviousMeasure::Found;
+            previous.text = rows.getvalue(row, Value);
+        }
+    }
 }
 
 void StoredCriteria::forget()

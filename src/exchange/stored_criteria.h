@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QPair>
 #include <QString>
+#include <QVector>
 #include <limits>
 
 /// What a position demands; a missing number is infinite.
@@ -22,14 +23,20 @@ struct PreviousMeasure {
     QString text; ///< empty when absent
 };
 
+/// An element and a cycle.
+using MeasureKey = QPair<int, int>;
+
 class StoredCriteria {
 public:
     PositionNorms norms(int positionId);
     /// `statement` has the value in its first column; %1 is the element, %2 the cycle.
     PreviousMeasure previous(const char* statement, int elementId, int cycleId);
+    /// Asks for many at once what previous() would ask for one by one; over a slow link the
+    /// round trips are what takes the time.
+    void readAhead(const char* statement, const QVector<MeasureKey>& wanted);
     void forget();
 
 private:
     QHash<int, PositionNorms> norms_;
-    QHash<QPair<int, int>, PreviousMeasure> previous_;
+    QHash<MeasureKey, PreviousMeasure> previous_;
 };

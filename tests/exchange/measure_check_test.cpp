@@ -1,5 +1,6 @@
 // The checks that measures pass before they are imported.
 #include "exchange/import_fixture.h"
+#include "support/statement_relay.h"
 
 #include <cmath>
 
@@ -347,4 +348,51 @@ TEST_F(ProfileCheck, AnswersAreKeptUntilForgotten)
     EXPECT_EQ(criteria.previous(statement, 1, 1).state, PreviousMeasure::Found);
     EXPECT_EQ(criteria.previous(statement, 1, 1).text, "1.00:-1.00");
     EXPECT_EQ(criteria.previous("select nothing", 9, 9).state, PreviousMeasure::Failed);
+}
+
+// What is asked for many at once is what would be asked one by one.
+TEST_F(SettlementCheck, ReadsAheadWhatItWouldAskForOneByOne)
+{
+    store("100.25", 1);
+    database()->exec("insert into dm_meas (element_id, cycle_id, meas) values (2, 1, null), (3, 1, 7), (3, 2, 8)");
+    QVector<MeasureKey> keys;
+    for (int element = 1; element <= 4; ++element) {
+        for (int cycle : {-1, 1, 2, 3})
+            keys.append({element, cycle});
+    }
+    for (const MeasureCheck* check : {&settlementCheck(), &profileCheck()}) {
+        StoredCriteria ahead;
+        ahead.readAhead(check->previous, keys);
+        StoredCriteria single;
+        std::vector<PreviousMeasure> expected;
+        for (const MeasureKey& key : keys)
+            expected.push_back(single.previous(check->previous, key.first, key.second));
+        const StatementRelay relay;
+        session().sqlPort = relay.port();
+        ASSERT_TRUE(session().connection.open(session().buildConnInfo()));
+        const int before = relay.statements();
+        for (int i = 0; i < keys.size(); ++i) {
+            const PreviousMeasure got = ahead.previous(check->previous, keys[i].first, keys[i].second);
+            EXPECT_EQ(got.state, expected[size_t(i)].state) << keys[i].first << " " << keys[i].second;
+            EXPECT_EQ(got.text, expected[size_t(i)].text);
+        }
+        EXPECT_EQ(relay.statements(), before) << "nothing is asked again";
+        session().connection.finish();
+        session().sqlPort = TestServer::port();
+        session().connection.open(session().buildConnInfo());
+    }
+}
+
+TEST_F(SettlementCheck, AChangeOfAllRowsAsksOnceForAllOfThem)
+{
+    setNorms("10");
+    MeasureTable marks(*importFamily(FamilyKey::Dm));
+    read(marks, FamilyKey::Dm,
+         {markHeader, "Т-1;05.02.2021;100;SN-1", "Т-2;05.02.2021;100;SN-1", "Т-1;05.03.2021;100;SN-1"});
+    const StatementRelay relay;
+    session().sqlPort = relay.port();
+    ASSERT_TRUE(session().connection.open(session().buildConnInfo()));
+    const int before = relay.statements();
+    marks.givePerformer(1);
+    EXPECT_EQ(relay.statements() - before, 2) << "the position's norms, and the marks before";
 }

@@ -1,5 +1,6 @@
 // Writing the checked rows: questions, statements, what the command line says.
 #include "exchange/import_fixture.h"
+#include "support/statement_relay.h"
 
 #include <deque>
 
@@ -234,6 +235,48 @@ TEST_F(Import, TwoRowsOfOneCycleInsertAndAsk)
     EXPECT_EQ(asked, QStringList({"Деформационная марка Т-1" + taken}));
     EXPECT_EQ(database()->rows("select meas, date from dm_meas where cycle_id = 2"),
               QVector<QStringList>({{"100.02", "2021-02-06"}}));
+}
+
+// A row is one statement; which rows have a measure is asked for two hundred at once.
+TEST_F(Import, AsksForTheStoredMeasuresOfManyRowsAtOnce)
+{
+    database()->exec("insert into cycles (cycle_id, number, date_start, date_end) overriding system value select "
+                     "1000 + n, n, date '2022-01-01' + n, date '2022-01-01' + n from generate_series(0, 249) n;"
+                     "insert into ggs_meas (element_id, cycle_id, meas) values (1, 1230, 7)");
+    loadCycles(lists);
+    QStringList lines("Имя;Дата;Уровень ГВ;SN прибора");
+    for (int day = 0; day < 250; ++day)
+        lines << "Т-1;" + QDate(2022, 1, 1).addDays(day).toString("dd.MM.yyyy") + ";1.5;SN-1";
+    MeasureTable wells(*importFamily(FamilyKey::Ggs));
+    read(wells, FamilyKey::Ggs, lines);
+    wells.givePerformer(1);
+    const StatementRelay relay;
+    session().sqlPort = relay.port();
+    ASSERT_TRUE(session().connection.open(session().buildConnInfo()));
+    const int before = relay.statements();
+    EXPECT_EQ(run(FamilyKey::Ggs, wells, {No}), 249);
+    EXPECT_EQ(asked.size(), 1) << "row 230 has a measure";
+    // The lock and its end, the rows, the stored one's own question, and what was asked ahead:
+    // at the first row, at row 200, and again once the user had been asked.
+    EXPECT_EQ(relay.statements() - before, 2 + 249 + 1 + 3);
+    EXPECT_EQ(database()->value("select meas from ggs_meas where cycle_id = 1230"), "7");
+}
+
+// Somebody else may work while the question stands open.
+TEST_F(Import, AMeasureThatAppearsDuringAQuestionIsAskedFor)
+{
+    makeMarksValid();
+    readMarks({"Т-1;05.02.2021;500;SN-1", "Т-2;05.02.2021;100;SN-1"});
+    QStringList questions;
+    const int written = importMeasures(*importFamily(FamilyKey::Dm), marks.candidates(), [&](const QString& text) {
+        questions << text;
+        if (questions.size() == 1)
+            database()->exec("insert into dm_meas (element_id, cycle_id, meas) values (2, 2, 3)");
+        return No;
+    });
+    EXPECT_EQ(written, 0);
+    EXPECT_EQ(questions, QStringList({"Деформационная марка Т-1" + doubtful, "Деформационная марка Т-2" + taken}));
+    EXPECT_EQ(database()->value("select meas from dm_meas where element_id = 2 and cycle_id = 2"), "3");
 }
 
 TEST_F(Import, ARowWithoutADateGetsTheMiddleOfItsCycle)
