@@ -95,6 +95,8 @@ ElementListModel::ElementListModel(QObject* parent) : QStandardItemModel(parent)
     qRegisterMetaType<StringMap>("StringMap");
     qRegisterMetaType<ComboData>("ComboData");
     setHorizontalHeaderLabels(titles());
+    for (int column = 0; column < ColumnCount; ++column)
+        setHeaderData(column, Qt::Horizontal, titles().at(column), Qt::ToolTipRole);
     connect(this, &QStandardItemModel::itemChanged, this, &ElementListModel::edited);
 }
 

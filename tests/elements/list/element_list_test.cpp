@@ -203,6 +203,29 @@ TEST_F(ListTable, TheOwnPositionIsNotWrittenASecondTime)
     EXPECT_EQ(stored(marks, "x", 1), "99") << "another session's change stands";
 }
 
+TEST_F(ListTable, TwoSessionsThatEditOneMarkBothStandInTheLog)
+{
+    database->exec("truncate audit_log; update dm_elements set element_name = 'Чужая' where element_id = 1");
+    item("DM-1", Model::Name).setText("Своя");
+    EXPECT_EQ(stored(marks, "element_name", 1), "Своя") << "the later one wins";
+    EXPECT_EQ(database->rows("select old_data ->> 'element_name', new_data ->> 'element_name' from audit_log "
+                             "where table_name = 'dm_elements' order by audit_id"),
+              (QVector<QStringList>{{"DM-1", "Чужая"}, {"Чужая", "Своя"}}));
+    database->exec("update dm_elements set element_name = 'Снова' where element_id = 1");
+    load("DM");
+    EXPECT_TRUE(column(Model::Name).contains("Снова")) << "read anew, it is shown";
+}
+
+TEST_F(ListTable, AnEndlessNameOfOddLettersIsStoredWhole)
+{
+    const QString name = QString::fromUtf8("и\u0306 \U0001F9CA e\u0301 ").repeated(1000);
+    ASSERT_GE(name.size(), 9000);
+    item("DM-1", Model::Name).setText(name);
+    EXPECT_EQ(stored(marks, "element_name", 1), name);
+    load("DM");
+    EXPECT_TRUE(column(Model::Name).contains(name));
+}
+
 TEST_F(ListTable, ANameWithAnApostropheIsRefusedByTheServer)
 {
     item("DM-1", Model::Name).setText("Д'1");

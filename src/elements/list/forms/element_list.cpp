@@ -15,9 +15,11 @@
 #include "session/project_session.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QTableView>
+#include <QToolTip>
 #include <algorithm>
 
 using namespace formkit;
@@ -101,7 +103,9 @@ void ElementList::prepareView()
     view_->setItemDelegateForColumn(Model::Type, new ElementListItemDelegate(this));
     view_->setItemDelegateForColumn(Model::State, new ElementListItemDelegate(this));
     view_->setItemDelegateForColumn(Model::Position, new ElementPositionItemDelegate(this));
+    view_->horizontalHeader()->setTextElideMode(Qt::ElideRight);
     view_->installEventFilter(this);
+    view_->viewport()->installEventFilter(this);
     view_->setContextMenuPolicy(Qt::CustomContextMenu);
     view_->horizontalHeader()->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(view_, &QWidget::customContextMenuRequested, this, &ElementList::showMenu);
@@ -284,8 +288,21 @@ void ElementList::deleteSelected()
     refresh();
 }
 
+// A column starts narrow: the whole text of a cell that is cut stands in its tip.
+void ElementList::showCutText(const QHelpEvent& event) const
+{
+    const QModelIndex cell = view_->indexAt(event.pos());
+    const QString text = cell.data().toString();
+    const bool cut = cell.isValid() && view_->sizeHintForIndex(cell).width() > view_->columnWidth(cell.column());
+    QToolTip::showText(event.globalPos(), cut ? text : QString(), view_->viewport());
+}
+
 bool ElementList::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == view_->viewport() && event->type() == QEvent::ToolTip) {
+        showCutText(*static_cast<QHelpEvent*>(event));
+        return true;
+    }
     const auto* key = watched == view_ && event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event) : nullptr;
     if (!key || key->key() != Qt::Key_Insert || !(key->modifiers() & Qt::ControlModifier))
         return QWidget::eventFilter(watched, event);

@@ -8,6 +8,7 @@
 class ElementListProxyFilterModel;
 class HierarchyCombo;
 class QComboBox;
+class QHelpEvent;
 class QLabel;
 class QLayout;
 class QLineEdit;
@@ -44,6 +45,7 @@ private:
     void changeStates();
     void movePositions();
     void copySelected() const;
+    void showCutText(const QHelpEvent& event) const;
     void openCurrent();
     void deleteSelected();
 

@@ -11,6 +11,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -18,6 +19,7 @@
 #include <QTableView>
 #include <QTest>
 #include <QTimer>
+#include <QToolTip>
 
 namespace {
 
@@ -160,6 +162,24 @@ TEST_F(ListPage, TheFilterIsAPatternThatHeedsCase)
     filter->setText("");
     page.refresh();
     EXPECT_EQ(names(), (QStringList{"DM-1", "DM-10"})) << "a row without a name is not seen";
+}
+
+TEST_F(ListPage, WhatANarrowColumnCutsStandsInATip)
+{
+    const auto tipOver = [this](const QModelIndex& at) {
+        const QPoint place = view().visualRect(at).center();
+        QHelpEvent event(QEvent::ToolTip, place, view().viewport()->mapToGlobal(place));
+        QApplication::sendEvent(view().viewport(), &event);
+        return QToolTip::isVisible() ? QToolTip::text() : QString();
+    };
+    EXPECT_EQ(view().columnWidth(Model::Type), 90);
+    EXPECT_EQ(tipOver(cell("DM-1", Model::Type)), cell("DM-1", Model::Type).data().toString());
+    EXPECT_EQ(tipOver(cell("DM-1", Model::Name)), QString()) << "it is seen whole";
+    const QHeaderView* header = view().horizontalHeader();
+    EXPECT_EQ(header->textElideMode(), Qt::ElideRight);
+    for (int column = 0; column < header->count(); ++column)
+        EXPECT_EQ(view().model()->headerData(column, Qt::Horizontal, Qt::ToolTipRole).toString(),
+                  Model::titles().at(column));
 }
 
 TEST_F(ListPage, CountsTheRowsThatAreSelected)
