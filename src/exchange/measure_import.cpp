@@ -29,6 +29,8 @@ public:
             readAhead(row);
         return !known_ || keys_.contains(keyOf(row));
     }
+    // As the server told.
+    bool has(size_t row) const { return known_ && keys_.contains(keyOf(row)); }
     void written(size_t row) { keys_.insert(keyOf(row)); }
     void growOld() { end_ = 0; }
 
@@ -120,6 +122,10 @@ private:
         BaseMeasure& measure = *rows_[at].measure;
         measure.exists = false;
         const int stored = stored_.mayHave(at) ? measure.findMeasureId() : -1;
+        if (stored == -1 && stored_.has(at)) { // the server does not say which: a second one would stand beside it
+            say(fill(family_.failure, measure.elementName));
+            return {};
+        }
         replaces_ = stored != -1;
         if (!replaces_)
             return measure.insertSql();

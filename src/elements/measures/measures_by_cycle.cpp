@@ -1,18 +1,18 @@
 #include "elements/measures/measures_by_cycle.h"
 
 #include "base/dates.h"
+#include "base/placeholders.h"
 #include "base/statement.h"
 #include "elements/measures/family_measures.h"
+#include "hostkit/console.h"
 #include "session/project_session.h"
 
 namespace {
 
-bool deleteIds(const MeasureFamily& family, const QVector<int>& ids)
+sql::Result deleteIds(const MeasureFamily& family, const QVector<int>& ids)
 {
-    return session()
-        .run(compose("delete from %1 where %2 in (%3)", Identifier(family.measureTable), Identifier(family.idColumn),
-                     IdList(ids)))
-        .isCommand();
+    return session().run(compose("delete from %1 where %2 in (%3)", Identifier(family.measureTable),
+                                 Identifier(family.idColumn), IdList(ids)));
 }
 
 void readCells(const MeasureFamily& family, CycleRow& row)
@@ -21,35 +21,56 @@ void readCells(const MeasureFamily& family, CycleRow& row)
     const sql::Result rows = session().run(
         compose("select cycle_id,TO_CHAR(date::date, 'yyyy-mm-dd') as date, %1 from %2 where element_id = %3",
                 Identifier(family.idColumn), Identifier(family.measureTable), row.elementId));
+    if (!rows.isTuples())
+        say(fill("\nИзмерения элемента %1 не прочитаны: %2\n", row.name, rows.errorMessage()));
     for (int i = 0; rows.isTuples() && i < rows.ntuples(); ++i) {
         const QDate date = dateFrom(rows.getvalue(i, Date), QStringLiteral("yyyy-MM-dd"));
         row.cells[rows.toInt(i, CycleId)] = {rows.toInt(i, MeasureId), dateText(date, QStringLiteral("dd.MM.yyyy"))};
     }
 }
 
-// Whether the target is free now.
-bool clearTarget(const MeasureFamily& family, const CycleRow& row, const MeasureCopy& copy)
-{
-    const int standing = row.idIn(copy.target);
-    if (standing == -1)
-        return true;
-    return copy.mayReplace() && deleteIds(family, {standing});
-}
+// What is deleted for another reading stays unless that one is taken.
+class Replacement {
+public:
+    explicit Replacement(bool needed) : open_(needed && session().run("begin").isCommand()) { }
+    ~Replacement()
+    {
+        if (open_)
+            session().run("rollback");
+    }
+    void keep() { open_ = open_ && !session().run("commit").isCommand(); }
+
+private:
+    bool open_;
+};
 
 int copyOne(const MeasureFamily& family, const CycleRow& row, const MeasureCopy& copy, const MeasureLists& lists)
 {
     if (row.idIn(copy.source) == -1)
         return 0;
     const std::unique_ptr<BaseMeasure> measure = makeMeasure(family.family, lists);
-    if (measure->load(row.idIn(copy.source)) != measureOk || !clearTarget(family, row, copy))
+    const int standing = row.idIn(copy.target);
+    const bool replaces = standing != -1;
+    if (measure->load(row.idIn(copy.source)) != measureOk || (replaces && !copy.mayReplace()))
         return 0;
-    const int deleted = row.idIn(copy.target) == -1 ? 0 : 1;
-    if (measure->setCycleId(copy.target) != measureOk)
-        return deleted;
-    const Statement insert = measure->insertSql();
-    if (insert.isEmpty())
-        return deleted; // a reading without a device or a performer is not carried over
-    return deleted + int(session().run(insert).isTuples());
+    Replacement replacement(replaces);
+    const auto refused = [&row](const sql::Result& result) {
+        say(fill("\nИзмерение элемента %1 не перенесено: %2\n", row.name, result.errorMessage()));
+        return 0;
+    };
+    if (replaces) {
+        const sql::Result deleted = deleteIds(family, {standing});
+        if (!deleted.isCommand())
+            return refused(deleted);
+    }
+    const Statement insert = measure->setCycleId(copy.target) == measureOk ? measure->insertSql() : Statement();
+    if (!insert.isEmpty()) { // a reading without a device or a performer is not carried over
+        const sql::Result inserted = session().run(insert);
+        if (!inserted.isTuples())
+            return refused(inserted);
+    }
+    replacement.keep();
+    return int(replaces) + int(!insert.isEmpty());
 }
 
 } // namespace
@@ -93,5 +114,5 @@ bool deleteMeasures(const MeasureFamily& family, const CycleRows& rows, int cycl
         if (row.idIn(cycleId) != -1)
             ids.append(row.idIn(cycleId));
     }
-    return ids.isEmpty() || deleteIds(family, ids);
+    return ids.isEmpty() || deleteIds(family, ids).isCommand();
 }

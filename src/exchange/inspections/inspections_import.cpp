@@ -99,17 +99,22 @@ private:
     void importRecord(const QString& group, const ExchangedRecord& record)
     {
         const sql::Result found = session().run(record.find());
+        if (!found.isTuples()) // a second inspection would stand beside the first
+            return tellError(group, record, found);
         const sql::Result written = session().run(found.hasRow() ? record.update(found.toInt(0, 0)) : record.insert());
-        if (!written.isTuples()) {
-            say(fill(" Ошибка в %1 (element_id: %2): %3\n", group, record.elementId(), written.errorMessage()));
-            ++counts_.errors;
-            return;
-        }
+        if (!written.isTuples())
+            return tellError(group, record, written);
         ++counts_.written;
         if (record.tellsElement())
             updateElement(record);
         if (record.hasPhoto())
             storePhoto(record, written.toInt(0, 0));
+    }
+
+    void tellError(const QString& group, const ExchangedRecord& record, const sql::Result& refused)
+    {
+        say(fill(" Ошибка в %1 (element_id: %2): %3\n", group, record.elementId(), refused.errorMessage()));
+        ++counts_.errors;
     }
 
     static void updateElement(const ExchangedRecord& record)

@@ -1,0 +1,222 @@
+#include "fault_world.h"
+
+#include "base/placeholders.h"
+#include "entry/module.h"
+#include "session/project_session.h"
+
+#include <commands/host_commands.h>
+#include <drawing/application.h>
+#include <drawing/host_access.h>
+#include <script/script_runner.h>
+#include <ui/russian_texts.h>
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QDialog>
+#include <QDir>
+#include <QDirIterator>
+#include <QEvent>
+#include <QLabel>
+#include <QRegularExpression>
+#include <QSet>
+
+namespace {
+
+constexpr int firstKey = 700000; // that the server gives in a run
+// The log tells of the runs; drawings hold the moment of their saving.
+const QStringList unseen = {"audit_log", "positions_files"};
+
+// Hears what windows show while a script is played.
+class Listener : public QObject {
+public:
+    Listener() { qApp->installEventFilter(this); }
+    QString heard;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        auto* window = qobject_cast<QDialog*>(watched);
+        if (!window || (event->type() != QEvent::Show && event->type() != QEvent::Hide))
+            return false;
+        for (const QLabel* label : window->findChildren<QLabel*>())
+            heard += label->text() + '\n';
+        for (const QAbstractItemView* view : window->findChildren<QAbstractItemView*>())
+            heard += QString::number(view->model() ? view->model()->rowCount() : 0) + '\n';
+        return false;
+    }
+};
+
+// Keys of new rows and numbers of groups differ from run to run.
+QString withoutKeys(QString text)
+{
+    static const QRegularExpression keys("\\b70\\d{4}\\b");
+    static const QRegularExpression groups("TERVA_(HATCH|VALS)_\\w+");
+    return text.replace(keys, "#").replace(groups, "TERVA_\\1");
+}
+
+QStringList drawingBlocks()
+{
+    NcDbDatabase* drawing = ncdbHostApplicationServices()->workingDatabase();
+    QStringList lines;
+    if (!drawing)
+        return lines;
+    NcDbBlockTableRecord* space = HostAccess::objectAs<NcDbBlockTableRecord>(
+        HostAccess::recordId(*drawing, drawing->blockTableId(), "*Model_Space"));
+    for (const NcDbObjectId& id : HostAccess::entities(*space)) {
+        const auto* entity = HostAccess::objectAs<NcDbEntity>(id);
+        if (!entity || !HostAccess::isLiving(id))
+            continue;
+        QString line = QString::fromLatin1(entity->isA()->name());
+        if (const auto* block = HostAccess::objectAs<NcDbBlockReference>(id)) {
+            for (const NcDbObjectId& attribute : HostAccess::attributes(*block)) {
+                const auto* text = HostAccess::objectAs<NcDbAttribute>(attribute);
+                line += text ? ' ' + text->tag() + '=' + text->textString() : QString();
+            }
+        }
+        lines << withoutKeys(line);
+    }
+    lines.sort();
+    return lines;
+}
+
+void forgetSession()
+{
+    ProjectSession& now = session();
+    now.connection.finish();
+    now.connected = false;
+    now.projectId = now.currentPositionId = now.baseCycleId = now.currentCycleId = -1;
+    now.sqlHost = now.sqlPort = now.sqlDatabase = now.sqlUser = now.sqlPass = QString();
+    now.projectFile = now.projectName = QString();
+}
+
+} // namespace
+
+FaultWorld::FaultWorld(const QString& scenario) : scenario_(scenario)
+{
+    const QString common = scenarioFolder("common");
+    variables_ = {
+        {"HOST", StatementRelay::host()},
+        {"PORT", relay_.port()},
+        {"USER", TestServer::user()},
+        {"PASSWORD", TestServer::password()},
+        {"PASSWORD64", QString::fromLatin1(TestServer::password().toUtf8().toBase64())},
+        {"DATABASE", database_.name()},
+        {"FOLDER", folder_.path()},
+        {"PROJECT", folder_.path() + "/project.terva"},
+        {"SCENARIO", scenarioFolder(scenario)},
+        {"COMMON", common},
+        {"PROGRAM", QCoreApplication::applicationDirPath()},
+    };
+    database_.exec(readText(common + "/base.sql", {}));
+    const QString before = readStatements(scenarioFolder(scenario) + "/before.sql", variables_);
+    if (!before.isEmpty())
+        database_.exec(before);
+    // What stands now is kept beside, and laid back before each run.
+    QString keep = "create schema kept;";
+    QString look;
+    for (const QStringList& table : database_.rows("select tablename from pg_tables where schemaname = 'public' and "
+                                                   "tablename <> 'spatial_ref_sys' order by 1")) {
+        keep += fill("create table kept.%1 as table public.%1;", table[0]);
+        const QString columns = database_.value(
+            fill("select string_agg(quote_ident(attname), ',' order by attnum) from pg_attribute where attrelid = "
+                 "'public.%1'::regclass and attnum > 0 and not attisdropped and attgenerated = ''",
+                 table[0]));
+        layBack_[table[0]] = fill("delete from public.%1; insert into public.%1 (%2) overriding system value select %2 "
+                                  "from kept.%1;",
+                                  table[0], columns);
+        if (!unseen.contains(table[0]))
+            look += fill("%1 select '%2 ' || t::text from public.%2 t", look.isEmpty() ? "" : " union all", table[0]);
+    }
+    look_ = look;
+    for (const QStringList& sequence : database_.rows("select sequencename from pg_sequences where schemaname = "
+                                                      "'public'"))
+        keep += fill("select setval('public.%1', %2);", sequence[0], firstKey);
+    database_.exec(keep);
+    installRussianTexts();
+    registerHostCommands();
+    addTemplateFolder(QCoreApplication::applicationDirPath());
+    forgetSession();
+    initialiseModule(nullptr);
+    beginning_ = rows();
+    found_ = beginning_;
+}
+
+FaultWorld::~FaultWorld()
+{
+    relay_.refuse(-1);
+    unloadModule();
+    closeAllDocuments();
+    forgetSession();
+}
+
+void FaultWorld::reset()
+{
+    relay_.refuse(-1);
+    closeAllDocuments();
+    QString script = "set session_replication_role = replica;";
+    QSet<QString> changed(unseen.begin(), unseen.end());
+    for (const QStringList& lines : {found_, beginning_}) {
+        for (const QString& line : lines) {
+            if (found_.count(line) != beginning_.count(line))
+                changed << line.section(' ', 0, 0);
+        }
+    }
+    for (const QString& table : changed)
+        script += layBack_.value(table);
+    database_.exec(script + "set session_replication_role = origin;");
+    // The session holds the lock beside its drawing.
+    for (const QString& file : filesMade(true))
+        QFile::remove(folder_.path() + file);
+    EXPECT_TRUE(layFiles(scenario_, folder_.path(), variables_));
+}
+
+QStringList FaultWorld::rows()
+{
+    QStringList lines;
+    for (const QStringList& row : database_.rows(look_))
+        lines << withoutKeys(row[0]);
+    lines.sort();
+    return lines;
+}
+
+QStringList FaultWorld::filesMade(bool withDrawings) const
+{
+    QStringList found;
+    QDirIterator files(folder_.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        const QString path = files.next();
+        if (withDrawings ? !path.endsWith(".lock") : !path.contains("/temp/"))
+            found << path.mid(folder_.path().size());
+    }
+    found.sort();
+    return found;
+}
+
+Outcome FaultWorld::play(const QString& script, int refused)
+{
+    reset();
+    ScriptRunner loading;
+    for (auto variable = variables_.begin(); variable != variables_.end(); ++variable)
+        loading.setVariable(variable.key(), variable.value());
+    openStartDocument();
+    EXPECT_TRUE(loading.playFile(variables_["COMMON"] + "/load.script"))
+        << (loading.failure() ? loading.failure()->toString() : QString());
+    Listener listener;
+    ScriptRunner runner;
+    runner.setStepTimeout(refused < 0 ? 30.0 : 2.0); // a box that does not come is waited for
+    for (auto variable = variables_.begin(); variable != variables_.end(); ++variable)
+        runner.setVariable(variable.key(), variable.value());
+    relay_.refuse(refused);
+    Outcome outcome;
+    if (!runner.playText(script, "script"))
+        outcome.stopped = runner.failure()->toString();
+    outcome.statements = relay_.statements();
+    outcome.refused = relay_.hasRefused();
+    relay_.refuse(-1);
+    outcome.said = withoutKeys(runner.console().text() + listener.heard + outcome.stopped);
+    outcome.blocks = drawingBlocks();
+    outcome.files = filesMade(false);
+    found_ = rows();
+    outcome.rows = found_;
+    return outcome;
+}

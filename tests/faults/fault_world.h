@@ -1,0 +1,55 @@
+#pragma once
+// One scenario's database and folder, in which a command is played again and
+// again, each time from the same beginning.
+
+#include "scenario.h"
+#include "support/statement_relay.h"
+#include "support/test_database.h"
+
+#include <QTemporaryDir>
+#include <memory>
+
+/// What a run has left, and what the user was told.
+struct Outcome {
+    QStringList rows;   ///< of all tables; keys that the server gave are left out
+    QStringList blocks; ///< what the drawing holds
+    QStringList files;  ///< beside those of the project
+    QString said;       ///< console, boxes, labels and sizes of lists
+    QString stopped;    ///< why the script did not go on; empty for a whole run
+    bool refused = false;
+    int statements = 0;
+
+    bool isSame(const Outcome& other) const
+    {
+        return rows == other.rows && blocks == other.blocks && files == other.files;
+    }
+};
+
+class FaultWorld {
+public:
+    explicit FaultWorld(const QString& scenario);
+    ~FaultWorld();
+    FaultWorld(const FaultWorld&) = delete;
+    FaultWorld& operator=(const FaultWorld&) = delete;
+
+    /// Lays the beginning anew, loads the project, and plays the script with its
+    /// n-th statement refused; -1: none.
+    Outcome play(const QString& script, int refused);
+    /// The tables before any run.
+    const QStringList& beginning() const { return beginning_; }
+
+private:
+    void reset();
+    QStringList rows();
+    QStringList filesMade(bool withDrawings) const;
+
+    TestDatabase database_;
+    StatementRelay relay_;
+    QTemporaryDir folder_;
+    QString scenario_;
+    Variables variables_;
+    QMap<QString, QString> layBack_; // the script that lays a table anew
+    QString look_;                   // every row of every table
+    QStringList beginning_;
+    QStringList found_; // by the last run
+};
