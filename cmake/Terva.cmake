@@ -9,6 +9,12 @@ if(TERVA_SANITIZE)
     -fno-sanitize-recover=undefined -fno-omit-frame-pointer -g1)
   target_link_options(terva_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(TERVA_FUZZ)
+  # The fuzzers see which code an input reaches; the engine itself is linked by the programs alone.
+  target_compile_options(terva_options INTERFACE -fsanitize=fuzzer-no-link,address,undefined
+    -fno-sanitize-recover=undefined -g1)
+  target_link_options(terva_options INTERFACE -fsanitize=address,undefined)
+endif()
 
 # Tests spend their time in what they test, not in their own code.
 set(TERVA_TEST_OPTIONS "")
