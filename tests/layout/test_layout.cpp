@@ -328,6 +328,23 @@ TEST(Layout, ATypeIsNamedOnce)
         EXPECT_EQ(place->size(), 1) << place.key().toStdString() << ": " << place->join(", ").toStdString();
 }
 
+TEST(Layout, TestsThatReliabilityNamesAreThere)
+{
+    QString tests;
+    for (const SourceFile& file : sourcesBelow(QStringLiteral("tests")))
+        tests += sourceText(file.path);
+    static const QRegularExpression named(QStringLiteral("`([A-Z]\\w+)\\.(\\w+)`"));
+    auto match = named.globalMatch(sourceText(QStringLiteral("docs/reliability.md")));
+    int seen = 0;
+    while (match.hasNext()) {
+        const QRegularExpressionMatch name = match.next();
+        ++seen;
+        EXPECT_TRUE(tests.contains('(' + name.captured(1) + ", " + name.captured(2) + ')'))
+            << name.captured(0).toStdString();
+    }
+    EXPECT_GT(seen, 100);
+}
+
 TEST(Layout, NoFileIsAHall)
 {
     for (const QString& folder : {QStringLiteral("src"), QStringLiteral("host"), QStringLiteral("tests")}) {

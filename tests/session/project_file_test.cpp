@@ -219,6 +219,19 @@ TEST(ProjectFileReading, ElementsNestedTooDeeplyAreRefused)
     EXPECT_FALSE(read("<TervaProject>" + QString("<a>").repeated(200000)));
 }
 
+TEST(ProjectFileReading, EntitiesAreNeitherExpandedWithoutEndNorFetched)
+{
+    QString entities = "<!ENTITY e0 'aaaaaaaaaa'>";
+    for (int level = 1; level < 10; ++level)
+        entities += QString("<!ENTITY e%1 '%2'>").arg(level).arg(QString("&e%1;").arg(level - 1).repeated(10));
+    EXPECT_FALSE(read("<!DOCTYPE p [" + entities + "]><TervaProject><Meta>&e9;</Meta></TervaProject>"));
+    const auto file = read("<!DOCTYPE p [<!ENTITY e SYSTEM 'file:///etc/passwd'>]><TervaProject><Meta><ProjectName "
+                           "Value='a'/>&e;</Meta></TervaProject>");
+    if (file) {
+        EXPECT_EQ(file->projectName, "a") << "nothing of another file";
+    }
+}
+
 TEST(ProjectFileReading, ACutFileIsRefused)
 {
     ProjectSession session;
