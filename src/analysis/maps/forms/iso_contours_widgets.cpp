@@ -5,6 +5,8 @@
 #include "formkit/layout.h"
 #include "formkit/widgets.h"
 
+#include <QDialog>
+
 using namespace formkit;
 
 namespace {
