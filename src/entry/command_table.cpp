@@ -4,6 +4,7 @@
 #include "analysis/grading/forms/grading_commands.h"
 #include "analysis/levels/forms/map_legend_form.h"
 #include "analysis/maps/forms/map_commands.h"
+#include "analysis/profiles/forms/profile_commands.h"
 #include "base/placeholders.h"
 #include "database/forms/administration_commands.h"
 #include "database/forms/create_project_form.h"
@@ -97,8 +98,8 @@ const std::array<Command, kCommandCount> kCommands = {{
     {"TERVA_DEFORMATION_MAP", Guard::C2, Guard::P2, kPlain, buildDeformationMap},
     {"TERVA_TEMPERATURE_MAP", Guard::C2, Guard::P2, kPlain, buildTemperatureMap},
     {"TERVA_TEMP_DIFF_MAP", Guard::C2, Guard::P2, kPlain, buildTemperatureDiffMap},
-    {"TERVA_TEMP_DIFF_PROFILE", Guard::C2, Guard::P2, kPlain, notBuilt},
-    {"TERVA_TEMPERATURE_PROFILE", Guard::C2, Guard::P2, kPlain, notBuilt},
+    {"TERVA_TEMP_DIFF_PROFILE", Guard::C2, Guard::P2, kPlain, buildTemperatureDiffProfile},
+    {"TERVA_TEMPERATURE_PROFILE", Guard::C2, Guard::P2, kPlain, buildTemperatureProfile},
     {"TERVA_MAP_LEGEND", None, None, kPlain, insertMapLegend},
     {"TERVA_EGE", Guard::C1, None, kPlain, notBuilt},
     {"TERVA_OBJECT_INSPECTOR", None, None, kOnSelection, notBuilt},
@@ -110,8 +111,8 @@ const std::array<Command, kCommandCount> kCommands = {{
     {"TERVA_ABOUT", None, None, kPlain, about},
     {"TERVA_POSITION_PROPS", None, Guard::P1, kPlain, positionProperties},
     {"TERVA_SETTLEMENTS", Guard::C2, Guard::P2, kPlain, notBuilt},
-    {"TERVA_POSITION_ADD_DM_PROFILE", None, Guard::P1, kPlain, notBuilt},
-    {"TERVA_POSITION_ADD_TS_PROFILE", None, Guard::P1, kPlain, notBuilt},
+    {"TERVA_POSITION_ADD_DM_PROFILE", None, Guard::P1, kPlain, addDeformationProfile},
+    {"TERVA_POSITION_ADD_TS_PROFILE", None, Guard::P1, kPlain, addTemperatureProfile},
     {"TERVA_POSITION_ADD_CONTOUR", None, Guard::P1, kPlain, addPositionContour},
     {"TERVA_POSITION_DRAW", None, Guard::P1, kPlain, drawPositionLines},
     {"TERVA_POSITION_SUMMARY", Guard::C2, None, kPlain, positionSummary},
@@ -120,7 +121,7 @@ const std::array<Command, kCommandCount> kCommands = {{
     {"TERVA_RENUM", None, None, kPlain, renumberElements},
     {"TERVA_DWG_TO_PG", Guard::C2, Guard::P2, kPlain, exportPlanCommand},
     {"TERVA_DWG_BACKGROUND", None, None, kPlain, prepareBackgroundCommand},
-    {"TERVA_DEF_LINES_PROFILE", Guard::C2, Guard::P2, kPlain, notBuilt},
+    {"TERVA_DEF_LINES_PROFILE", Guard::C2, Guard::P2, kPlain, buildDeformationLines},
     {"TERVA_ELEMENT_INSPECTIONS", None, None, kPlain, manageInspections},
     {"TERVA_ELEMENT_MEASURES", None, None, kPlain, manageMeasures},
     {"TERVA_TSG_CATALOG", Guard::C1, None, kPlain, notBuilt},

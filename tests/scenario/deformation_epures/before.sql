@@ -1,0 +1,3 @@
+-- include wells.sql
+-- include marks.sql
+-- include norms.sql
