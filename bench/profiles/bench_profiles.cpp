@@ -90,7 +90,7 @@ bool benchSection(bool difference)
     clock.tell("hatches");
     const SectionFrame frame = sectionFrame(section, {"2", "2", difference});
     clock.tell("frame");
-    const size_t drawn = drawFigure(frame.figure, QStringLiteral("TERVA_PROF_")).size();
+    const size_t drawn = drawSketch(frame.sketch, QStringLiteral("TERVA_PROF_")).size();
     clock.tell("drawing");
     std::printf("  %zu wells, %zu readings, %zu entities, %d labels left out\n", count, input.points->size(), drawn,
                 frame.leftOut);
@@ -103,9 +103,9 @@ bool benchEpure()
     DeformationProfileClass profile;
     profile.load(alongTheWells(), 1.0, 1, {1, 2, false});
     clock.tell("reading");
-    const Figure figure = epureFigure({profile}, {0, -1000, 2.0, " Цикл 2"}, settlementLimit(1));
+    const Sketch sketch = epureSketch({profile}, {0, -1000, 2.0, " Цикл 2"}, settlementLimit(1));
     clock.tell("setting out");
-    drawFigure(figure, QStringLiteral("TERVA_DEF_"));
+    drawSketch(sketch, QStringLiteral("TERVA_DEF_"));
     clock.tell("drawing");
     return clock.report("epures of 200 marks") && profile.points.size() == 200;
 }

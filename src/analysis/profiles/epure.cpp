@@ -53,7 +53,7 @@ double epureScale(const std::vector<EpurePlace>& places)
     return largest > 0.0 ? kLongest / largest : 0.0;
 }
 
-void addEpure(const std::vector<EpurePlace>& places, Figure& figure, LabelField& field)
+void addEpure(const std::vector<EpurePlace>& places, Sketch& sketch, LabelField& field)
 {
     const double scale = epureScale(places);
     for (size_t i = 0; i < places.size(); ++i) {
@@ -70,9 +70,9 @@ void addEpure(const std::vector<EpurePlace>& places, Figure& figure, LabelField&
         };
         const int color = place.overLimit ? kRed : kByLayer;
         if (std::fabs(length) > geometry::GEOM_TOL)
-            figure.blocks.push_back({{at(-half, 0.0), at(half, 0.0), at(half, length), at(-half, length)}, color});
+            sketch.blocks.push_back({{at(-half, 0.0), at(half, 0.0), at(half, length), at(-half, length)}, color});
         const double away = length > 0.0 ? 1.0 : -1.0;
-        FigureText value{0.0,  0.0, millimetres(place.delta), kText, angle, FigureText::Center, FigureText::Middle,
+        SketchText value{0.0,  0.0, millimetres(place.delta), kText, angle, SketchText::Center, SketchText::Middle,
                          color};
         for (int shift = 0; shift < kMostShifts; ++shift) {
             const geometry::Point3 held = at(0.0, length + away * (kText + 1.3 * kText * shift));
@@ -82,7 +82,7 @@ void addEpure(const std::vector<EpurePlace>& places, Figure& figure, LabelField&
                 break;
         }
         field.block(boxOf(value));
-        figure.texts.push_back(value);
+        sketch.texts.push_back(value);
     }
 }
 
@@ -102,24 +102,24 @@ namespace {
 // One profile along its own axis.
 class StraightEpure {
 public:
-    StraightEpure(const DeformationProfileClass& profile, const EpureView& view, double limit, Figure& figure)
-        : profile_(profile), view_(view), limit_(limit), figure_(figure)
+    StraightEpure(const DeformationProfileClass& profile, const EpureView& view, double limit, Sketch& sketch)
+        : profile_(profile), view_(view), limit_(limit), sketch_(sketch)
     { }
 
     void draw(double axis)
     {
         const double right = view_.x + view_.horizontal * profile_.length;
-        figure_.line(view_.x, axis, right + 2.0, axis);
+        sketch_.line(view_.x, axis, right + 2.0, axis);
         LabelField field;
         names(axis, field);
-        put({view_.x - 1.0, axis, QStringLiteral("0.0"), kText, 0.0, FigureText::Right}, field);
-        put({view_.x - 5.0, axis + 1.3, profile_.name, kName, 0.0, FigureText::Right}, field);
-        put({view_.x - 5.0, axis - 1.3, view_.title, kName, 0.0, FigureText::Right}, field);
+        put({view_.x - 1.0, axis, QStringLiteral("0.0"), kText, 0.0, SketchText::Right}, field);
+        put({view_.x - 5.0, axis + 1.3, profile_.name, kName, 0.0, SketchText::Right}, field);
+        put({view_.x - 5.0, axis - 1.3, view_.title, kName, 0.0, SketchText::Right}, field);
         std::vector<EpurePlace> places;
         for (const DeformationProfilePoint& point : profile_.points)
             places.push_back({view_.x + view_.horizontal * point.dist, axis, 0.0, point.valid, point.delta,
                               isOverLimit(point, limit_)});
-        addEpure(places, figure_, field);
+        addEpure(places, sketch_, field);
     }
 
     // How far its names and uplifts stand above the axis.
@@ -127,15 +127,15 @@ public:
     {
         double longest = 0.0;
         for (const DeformationProfilePoint& point : profile_.points)
-            longest = std::max(longest, FigureText{0.0, 0.0, point.name, kName}.width());
+            longest = std::max(longest, SketchText{0.0, 0.0, point.name, kName}.width());
         return longest + kLongest + 8.0;
     }
 
 private:
-    void put(const FigureText& text, LabelField& field)
+    void put(const SketchText& text, LabelField& field)
     {
         field.block(boxOf(text));
-        figure_.texts.push_back(text);
+        sketch_.texts.push_back(text);
     }
 
     // Above the uplifts, upright, each with its tick.
@@ -143,40 +143,40 @@ private:
     {
         for (const DeformationProfilePoint& point : profile_.points) {
             const double x = view_.x + view_.horizontal * point.dist;
-            FigureText name{x,        axis + kLongest + 3.0, point.name,        kName,
-                            kUpright, FigureText::Left,      FigureText::Middle};
+            SketchText name{x,        axis + kLongest + 3.0, point.name,        kName,
+                            kUpright, SketchText::Left,      SketchText::Middle};
             for (int shift = 0; shift < kMostShifts && !field.isFree(boxOf(name)); ++shift)
                 name.y += name.width() + 1.0;
             put(name, field);
-            figure_.line(x, axis, x, axis + 0.6);
+            sketch_.line(x, axis, x, axis + 0.6);
         }
     }
 
     const DeformationProfileClass& profile_;
     const EpureView& view_;
     double limit_;
-    Figure& figure_;
+    Sketch& sketch_;
 };
 
-double bottomOf(const Figure& figure)
+double bottomOf(const Sketch& sketch)
 {
     double bottom = INFINITY;
-    for (const FigureText& text : figure.texts)
+    for (const SketchText& text : sketch.texts)
         bottom = std::min(bottom, boxOf(text).bottom);
     return bottom;
 }
 
 } // namespace
 
-Figure epureFigure(const std::vector<DeformationProfileClass>& profiles, const EpureView& view, double limit)
+Sketch epureSketch(const std::vector<DeformationProfileClass>& profiles, const EpureView& view, double limit)
 {
-    Figure figure;
+    Sketch sketch;
     double axis = view.y;
     for (const DeformationProfileClass& profile : profiles) {
-        StraightEpure epure(profile, view, limit, figure);
-        if (!figure.texts.empty())
-            axis = bottomOf(figure) - kGap - epure.headroom();
+        StraightEpure epure(profile, view, limit, sketch);
+        if (!sketch.texts.empty())
+            axis = bottomOf(sketch) - kGap - epure.headroom();
         epure.draw(axis);
     }
-    return figure;
+    return sketch;
 }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "analysis/profiles/deformation_profile.h"
-#include "analysis/profiles/figure.h"
+#include "analysis/profiles/sketch.h"
 
 /// Where a mark's block hangs.
 struct EpurePlace {
@@ -19,7 +19,7 @@ double epureScale(const std::vector<EpurePlace>& places);
 
 /// Adds a block and a value in millimetres for every mark that was measured.
 /// Values that would cover others move away from the line.
-void addEpure(const std::vector<EpurePlace>& places, Figure& figure, LabelField& field);
+void addEpure(const std::vector<EpurePlace>& places, Sketch& sketch, LabelField& field);
 
 /// The marks of a profile where they stand on their line in the plan.
 std::vector<EpurePlace> placesOnLine(const DeformationProfileClass& profile, const ProfileLine& line, double limit);
@@ -33,4 +33,4 @@ struct EpureView {
 
 /// The profiles one below the other, each with its axis, marks and title. Those
 /// without a measured mark are drawn with their axis and names alone.
-Figure epureFigure(const std::vector<DeformationProfileClass>& profiles, const EpureView& view, double limit);
+Sketch epureSketch(const std::vector<DeformationProfileClass>& profiles, const EpureView& view, double limit);

@@ -1,5 +1,6 @@
 #include "analysis/profiles/section_frame.h"
 
+#include "analysis/maps/temperature_differences.h"
 #include "base/placeholders.h"
 #include "base/text.h"
 
@@ -43,22 +44,22 @@ public:
     }
 
 private:
-    Figure& figure() { return made_.figure; }
+    Sketch& sketch() { return made_.sketch; }
 
     // A text that must stand.
-    void put(const FigureText& text)
+    void put(const SketchText& text)
     {
         field_.take(boxOf(text));
-        figure().texts.push_back(text);
+        sketch().texts.push_back(text);
     }
     // One that gives way.
-    bool offer(const FigureText& text)
+    bool offer(const SketchText& text)
     {
         if (!field_.take(boxOf(text))) {
             ++made_.leftOut;
             return false;
         }
-        figure().texts.push_back(text);
+        sketch().texts.push_back(text);
         return true;
     }
 
@@ -71,7 +72,7 @@ private:
             {fill("Вертикальный %1", scaleText(view.vertical)), 0.0},
         };
         for (const auto& [text, place] : texts)
-            put({ox_ + kHeads, oy_ + place, text, kText, 0.0, FigureText::Right, FigureText::Base});
+            put({ox_ + kHeads, oy_ + place, text, kText, 0.0, SketchText::Right, SketchText::Base});
     }
 
     // From the well's end up past the ground, the caption beside what stands above it.
@@ -81,14 +82,14 @@ private:
         const double mouth =
             std::max(section_.groundY(well),
                      well.log.empty() ? section_.groundY(well) : section_.y(well, well.log.begin()->first));
-        FigureText caption{x - kBeside, mouth + 1.0, well.name, kSmall, kUpright, FigureText::Left, FigureText::Base};
+        SketchText caption{x - kBeside, mouth + 1.0, well.name, kSmall, kUpright, SketchText::Left, SketchText::Base};
         // Wells that stand close together carry their captions one above another.
         while (!field_.isFree(boxOf(caption)))
             caption.y += caption.width() + 1.0;
         put(caption);
         const double bottom = well.log.empty() ? section_.groundY(well) : section_.y(well, well.log.rbegin()->first);
         const double top = caption.y + caption.width();
-        figure().line(x, bottom, x, top);
+        sketch().line(x, bottom, x, top);
         field_.block({x - 0.3, bottom, x + 0.3, top});
     }
 
@@ -98,7 +99,7 @@ private:
         for (const SectionWell& well : section_.wells())
             line.push_back({section_.x(well.dist), section_.groundY(well), 0.0});
         if (line.size() > 1)
-            figure().lines.push_back({line});
+            sketch().lines.push_back({line});
     }
 
     void wellEnd(const SectionWell& well)
@@ -108,9 +109,9 @@ private:
         const double x = section_.x(well.dist);
         const double depth = well.log.rbegin()->first;
         const double y = section_.y(well, depth);
-        figure().line(x - 0.6, y, x + 0.6, y);
-        offer({x, y - 1.6, fill("D=%1", fixed(depth, 2)), kSmall, 0.0, FigureText::Center});
-        offer({x, y - 3.9, fill("Z=%1", fixed(well.ground() - depth, 2)), kSmall, 0.0, FigureText::Center});
+        sketch().line(x - 0.6, y, x + 0.6, y);
+        offer({x, y - 1.6, fill("D=%1", fixed(depth, 2)), kSmall, 0.0, SketchText::Center});
+        offer({x, y - 3.9, fill("Z=%1", fixed(well.ground() - depth, 2)), kSmall, 0.0, SketchText::Center});
     }
 
     void wellValues(const SectionWell& well)
@@ -118,9 +119,9 @@ private:
         const double x = section_.x(well.dist);
         for (const auto& [depth, value] : well.log) {
             const double y = section_.y(well, depth);
-            const FigureText text{x + kBeside, y, sectionValueText(value, titles_.difference), kSmall};
+            const SketchText text{x + kBeside, y, sectionValueText(value, titles_.difference), kSmall};
             if (offer(text))
-                figure().line(x - 0.4, y, x + 0.4, y);
+                sketch().line(x - 0.4, y, x + 0.4, y);
         }
     }
 
@@ -135,8 +136,8 @@ private:
             if (dist > section_.length() + kSame)
                 break;
             const double x = section_.x(dist);
-            figure().line(x, oy_ + kTableTop, x, oy_ + kTableTop + 1.5);
-            offer({x, oy_ - 7.0, fill("Пикет %1", QString::number(number)), kText, 0.0, FigureText::Center});
+            sketch().line(x, oy_ + kTableTop, x, oy_ + kTableTop + 1.5);
+            offer({x, oy_ - 7.0, fill("Пикет %1", QString::number(number)), kText, 0.0, SketchText::Center});
         }
     }
 
@@ -148,11 +149,11 @@ private:
             heads << QStringLiteral("Абсолютная отметка, м.");
         double widest = 0.0;
         for (int row = 0; row < heads.size(); ++row) {
-            const FigureText head{ox_ + kHeads, middleOf(row), heads[row], kText, 0.0, FigureText::Right};
+            const SketchText head{ox_ + kHeads, middleOf(row), heads[row], kText, 0.0, SketchText::Right};
             widest = std::max(widest, head.width());
             put(head);
         }
-        const FigureText cycles{ox_ + 1.0, middleOf(2), titles_.cycleTexts, kText};
+        const SketchText cycles{ox_ + 1.0, middleOf(2), titles_.cycleTexts, kText};
         put(cycles);
         const double right = std::max({section_.right() + 2.0, ox_ + 20.0, cycles.x + cycles.width() + 1.0});
         distances();
@@ -167,9 +168,9 @@ private:
     {
         const double top = oy_ + kTableTop, bottom = top - kRowHeight * rows;
         for (int row = 0; row <= rows; ++row)
-            figure().line(left, top - kRowHeight * row, right, top - kRowHeight * row);
+            sketch().line(left, top - kRowHeight * row, right, top - kRowHeight * row);
         for (const double x : {left, ox_ + kHeads + 1.0, right})
-            figure().line(x, top, x, bottom);
+            sketch().line(x, top, x, bottom);
     }
 
     // Between neighbours: across where there is room, upright where there is less.
@@ -179,12 +180,12 @@ private:
         const double top = oy_ + kTableTop;
         for (size_t i = 0; i < wells.size(); ++i) {
             const double x = section_.x(wells[i].dist);
-            figure().line(x, top, x, top - kRowHeight);
+            sketch().line(x, top, x, top - kRowHeight);
             if (i == 0)
                 continue;
             const double before = section_.x(wells[i - 1].dist);
-            FigureText text{(before + x) / 2.0, middleOf(0), fixed(wells[i].dist - wells[i - 1].dist, 2), kText, 0.0,
-                            FigureText::Center};
+            SketchText text{(before + x) / 2.0, middleOf(0), fixed(wells[i].dist - wells[i - 1].dist, 2), kText, 0.0,
+                            SketchText::Center};
             if (text.width() > x - before) {
                 text.height = kSmall;
                 text.angle = kUpright;
@@ -200,7 +201,7 @@ private:
     {
         const double x = section_.x(well.dist);
         const auto upright = [&](int row, const QString& text) {
-            offer({x, middleOf(row), text, kSmall, kUpright, FigureText::Center});
+            offer({x, middleOf(row), text, kSmall, kUpright, SketchText::Center});
         };
         upright(1, picketText(well.dist, section_.view().picketStep));
         if (section_.view().byElevation)
@@ -222,15 +223,15 @@ private:
                                                  : (section_.groundY(first) - oy_) / view.vertical;
         const double sign = view.byElevation ? 1.0 : -1.0;
         const double atTop = atBottom + sign * (top - bottom) / view.vertical;
-        figure().line(x, bottom, x, top);
+        sketch().line(x, bottom, x, top);
         const double low = std::min(atBottom, atTop), high = std::max(atBottom, atTop);
         for (double key = std::ceil(low / step - 1e-9) * step; key <= high + step * 1e-9; key += step) {
             const double y = oy_ + sign * (key - atBottom) * view.vertical;
-            figure().line(x, y, x + 1.0, y);
+            sketch().line(x, y, x + 1.0, y);
             put({x + 1.8, y, general(std::fabs(key) < step * 1e-6 ? 0.0 : key, 8), kSmall});
         }
         put({x, top + 2.5, view.byElevation ? QStringLiteral("Отметка, м") : QStringLiteral("Глубина, м"), kSmall, 0.0,
-             FigureText::Center});
+             SketchText::Center});
     }
 
     // 1, 2 or 5 times a power of ten, not below the least.
@@ -271,8 +272,5 @@ QString picketText(double dist, double step)
 
 QString sectionValueText(double value, bool difference)
 {
-    const QString number = fixed(value, 2);
-    if (!difference)
-        return number;
-    return (value < 0.0 ? QStringLiteral("d") : QStringLiteral("d+")) + number;
+    return difference ? differenceLabel(value) : fixed(value, 2);
 }

@@ -2,7 +2,7 @@
 // the rows of figures below it.
 #pragma once
 
-#include "analysis/profiles/figure.h"
+#include "analysis/profiles/sketch.h"
 #include "analysis/profiles/temperature_section.h"
 
 #include <QStringList>
@@ -14,7 +14,7 @@ struct SectionTitles {
 };
 
 struct SectionFrame {
-    Figure figure;
+    Sketch sketch;
     int leftOut = 0; ///< labels that would have covered others
 };
 

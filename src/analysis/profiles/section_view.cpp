@@ -6,20 +6,21 @@
 #include <algorithm>
 #include <cmath>
 
-const std::vector<Scale>& sectionScales()
+const std::vector<ScaleChoice>& sectionScales()
 {
-    static const std::vector<Scale> scales = {
+    static const std::vector<ScaleChoice> scales = {
         {"1:500", 2.0},   {"1:1000", 1.0}, {"1:2000", 0.5}, {"1:5000", 0.2},
         {"1:10000", 0.1}, {"1:50", 20.0},  {"1:100", 10.0}, {"1:200", 5.0},
     };
     return scales;
 }
 
-const std::vector<Scale>& epureScales()
+const std::vector<ScaleChoice>& epureScales()
 {
-    static const std::vector<Scale> scales = [] {
-        std::vector<Scale> ordered = sectionScales();
-        std::sort(ordered.begin(), ordered.end(), [](const Scale& a, const Scale& b) { return a.factor > b.factor; });
+    static const std::vector<ScaleChoice> scales = [] {
+        std::vector<ScaleChoice> ordered = sectionScales();
+        std::sort(ordered.begin(), ordered.end(),
+                  [](const ScaleChoice& a, const ScaleChoice& b) { return a.factor > b.factor; });
         return ordered;
     }();
     return scales;

@@ -5,15 +5,15 @@
 #include <vector>
 
 /// A choice of a form: its text and what it stands for.
-struct Scale {
+struct ScaleChoice {
     const char* text;
     double factor; ///< drawing units a metre: 1000 / denominator
 };
 
 /// "1:500" first: what a section begins with across.
-const std::vector<Scale>& sectionScales();
+const std::vector<ScaleChoice>& sectionScales();
 /// The same from the largest to the smallest, for the epures.
-const std::vector<Scale>& epureScales();
+const std::vector<ScaleChoice>& epureScales();
 
 /// The text of a factor, "1:500"; a factor that no choice has gets one too.
 QString scaleText(double factor);

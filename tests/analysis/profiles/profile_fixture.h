@@ -17,17 +17,6 @@
 
 class ProfileFixture : public MapFixture {
 protected:
-    void SetUp() override
-    {
-        MapFixture::SetUp();
-        session().baseCycleId = 1;
-    }
-    void TearDown() override
-    {
-        session().baseCycleId = -1;
-        MapFixture::TearDown();
-    }
-
     // Three wells by the x axis in both cycles, one without a log, one beside the line.
     void addWells()
     {
@@ -37,39 +26,28 @@ protected:
         addWell(4, "ТС.4", 60, 0, 100, 0.5, nullptr);
         addWell(5, "ТС.5", 50, 8, 100, 0.5, "1.00:-9.00");
         addWell(6, "Чужая", 70, 0, 100, 0.5, "1.00:-1.00|4.00:-2.00", "exist", 2);
-        database.exec("insert into ts_meas (element_id, cycle_id, device_id, date, t_vozd, meas, performer_id) values "
-                      "(1, 1, 1, '2022-12-15', 0, '1.00:-1.50|3.00:-2.50', 1), "
-                      "(2, 1, 1, '2022-12-15', 0, '1.00:-2.00|3.00:-3.50|6.00:-4.50', 1), "
-                      "(3, 1, 1, '2022-12-15', 0, '1.00:-2.00|3.00:-2.00|5.00:-2.00', 1)");
+        addLog(1, 1, "1.00:-1.50|3.00:-2.50");
+        addLog(2, 1, "1.00:-2.00|3.00:-3.50|6.00:-4.50");
+        addLog(3, 1, "1.00:-2.00|3.00:-2.00|5.00:-2.00");
     }
 
-    void addMark(int id, const char* name, double x, double y, double base, double current)
+    // An elevation of nullptr was not measured.
+    void addMeasured(int id, const char* name, double x, double y, const char* base, const char* current)
     {
-        database.exec(
-            QStringLiteral("insert into dm_elements (element_id, type_id, element_name, state_id, position_id, x, y, "
-                           "z, h) overriding system value values (%1, 'dm', '%2', 'exist', 1, %3, %4, 0, 0)")
-                .arg(id)
-                .arg(QString::fromUtf8(name))
-                .arg(x)
-                .arg(y));
-        const std::pair<int, double> measures[] = {{1, base}, {2, current}};
-        for (const auto& [cycle, value] : measures) {
-            if (std::isfinite(value))
-                database.exec(QStringLiteral("insert into dm_meas (element_id, cycle_id, date, meas) values "
-                                             "(%1, %2, '2023-01-01', %3)")
-                                  .arg(id)
-                                  .arg(cycle)
-                                  .arg(value, 0, 'f', 4));
-        }
+        addMark(id, name, x, y);
+        if (base)
+            addElevation(id, 1, base);
+        if (current)
+            addElevation(id, 2, current);
     }
 
     void addMarks()
     {
-        addMark(1, "М1", 0, 0, 10, 9.98);
-        addMark(2, "М2", 20, 0.5, 10, 9.95);
-        addMark(3, "М3", 50, 0, 10, INFINITY);
-        addMark(4, "М4", 90, 0, 10, 9.99);
-        addMark(5, "М5", 50, 5, 10, 9.0);
+        addMeasured(1, "М1", 0, 0, "10", "9.98");
+        addMeasured(2, "М2", 20, 0.5, "10", "9.95");
+        addMeasured(3, "М3", 50, 0, "10", nullptr);
+        addMeasured(4, "М4", 90, 0, "10", "9.99");
+        addMeasured(5, "М5", 50, 5, "10", "9.0");
     }
     void addNorms(const char* averageDiff)
     {
@@ -124,13 +102,6 @@ protected:
         return record.id;
     }
 
-    template <class Widget>
-    static Widget* child(const QWidget& form, const char* name)
-    {
-        auto* found = form.findChild<Widget*>(QString::fromLatin1(name));
-        EXPECT_NE(found, nullptr) << name;
-        return found;
-    }
     static QStringList column(const QTableWidget& table, int column)
     {
         QStringList texts;

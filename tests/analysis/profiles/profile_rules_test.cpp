@@ -48,35 +48,35 @@ SectionView viewAt(double x, double y, bool byElevation = false)
     return view;
 }
 
-// The texts of a figure with their place, those that begin so.
-QStringList textsOf(const Figure& figure, const QString& beginning = QString())
+// The texts of a sketch with their place, those that begin so.
+QStringList textsOf(const Sketch& sketch, const QString& beginning = QString())
 {
     QStringList texts;
-    for (const FigureText& text : figure.texts) {
+    for (const SketchText& text : sketch.texts) {
         if (text.text.startsWith(beginning))
             texts << QStringLiteral("%1 @ %2, %3").arg(text.text).arg(text.x).arg(text.y);
     }
     return texts;
 }
 
-bool holds(const Figure& figure, const QString& text)
+bool holds(const Sketch& sketch, const QString& text)
 {
-    for (const FigureText& one : figure.texts) {
+    for (const SketchText& one : sketch.texts) {
         if (one.text == text)
             return true;
     }
     return false;
 }
 
-QStringList coveringLabels(const Figure& figure)
+QStringList coveringLabels(const Sketch& sketch)
 {
     QStringList pairs;
-    for (size_t i = 0; i < figure.texts.size(); ++i) {
-        for (size_t j = i + 1; j < figure.texts.size(); ++j) {
-            const LabelBox a = boxOf(figure.texts[i]), b = boxOf(figure.texts[j]);
+    for (size_t i = 0; i < sketch.texts.size(); ++i) {
+        for (size_t j = i + 1; j < sketch.texts.size(); ++j) {
+            const LabelBox a = boxOf(sketch.texts[i]), b = boxOf(sketch.texts[j]);
             if (a.left < b.right - 1e-6 && b.left < a.right - 1e-6 && a.bottom < b.top - 1e-6
                 && b.bottom < a.top - 1e-6)
-                pairs << figure.texts[i].text + " / " + figure.texts[j].text;
+                pairs << sketch.texts[i].text + " / " + sketch.texts[j].text;
         }
     }
     return pairs;
@@ -187,11 +187,11 @@ TEST(Corridor, OrdersAlongTheLineAndKeepsTheOrderAtOnePlace)
 TEST(SectionView, OffersItsScalesAndPicketsInTheirOrder)
 {
     QStringList scales, epures, pickets;
-    for (const Scale& scale : sectionScales()) {
+    for (const ScaleChoice& scale : sectionScales()) {
         scales << QStringLiteral("%1=%2").arg(scale.text).arg(scale.factor);
         EXPECT_EQ(scaleText(scale.factor), scale.text);
     }
-    for (const Scale& scale : epureScales())
+    for (const ScaleChoice& scale : epureScales())
         epures << scale.text;
     for (const PicketStep& step : picketSteps())
         pickets << QStringLiteral("%1=%2").arg(QString::fromUtf8(step.text)).arg(step.step);
@@ -280,37 +280,37 @@ TEST(SectionFrame, HoldsItsTextsAtTheirPlaces)
     const TemperatureSection section({well("ТС.1", 0, {{1, -1.234}, {6, 0}}), well("ТС.2", 112.5, {{1, -2}, {5, 1.5}})},
                                      120, viewAt(1000, 500));
     const SectionFrame frame = sectionFrame(section, {"9", "9 - 01.07.23 - 31.07.23 - Лето", false});
-    const Figure& figure = frame.figure;
-    EXPECT_EQ(textsOf(figure, "Масштаб"), QStringList("Масштаб @ 998, 506"));
-    EXPECT_EQ(textsOf(figure, "Горизонт"), QStringList("Горизонтальный 1:500 @ 998, 503"));
-    EXPECT_EQ(textsOf(figure, "Вертик"), QStringList("Вертикальный 1:100 @ 998, 500"));
-    EXPECT_EQ(textsOf(figure, "Расст"), QStringList("Расстояние, м. @ 998, 485"));
-    EXPECT_EQ(textsOf(figure, "Пикет, м."), QStringList("Пикет, м. @ 998, 475"));
-    EXPECT_EQ(textsOf(figure, "Цикл"), QStringList("Цикл 9 @ 998, 465"));
-    EXPECT_TRUE(textsOf(figure, "Абс").isEmpty()) << "the depths have no row of elevations";
-    EXPECT_EQ(textsOf(figure, "112.50"), QStringList("112.50 @ 1112.5, 485")) << "between both wells";
-    EXPECT_EQ(textsOf(figure, "Пикет 1"), QStringList("Пикет 1 @ 1200, 493"));
-    EXPECT_EQ(textsOf(figure, "+12.50"), QStringList("+12.50 @ 1225, 475"));
-    EXPECT_EQ(textsOf(figure, "-1.23"), QStringList("-1.23 @ 1000.8, 550"));
-    EXPECT_TRUE(holds(figure, "0.00") && holds(figure, "1.50")) << "no sign before what is not below 0";
-    EXPECT_TRUE(holds(figure, "D=6.00") && holds(figure, "Z=93.50"));
-    EXPECT_EQ(textsOf(figure, "ТС.2"), QStringList("ТС.2 @ 1224.2, 561"));
-    for (const FigureText& text : figure.texts) {
+    const Sketch& sketch = frame.sketch;
+    EXPECT_EQ(textsOf(sketch, "Масштаб"), QStringList("Масштаб @ 998, 506"));
+    EXPECT_EQ(textsOf(sketch, "Горизонт"), QStringList("Горизонтальный 1:500 @ 998, 503"));
+    EXPECT_EQ(textsOf(sketch, "Вертик"), QStringList("Вертикальный 1:100 @ 998, 500"));
+    EXPECT_EQ(textsOf(sketch, "Расст"), QStringList("Расстояние, м. @ 998, 485"));
+    EXPECT_EQ(textsOf(sketch, "Пикет, м."), QStringList("Пикет, м. @ 998, 475"));
+    EXPECT_EQ(textsOf(sketch, "Цикл"), QStringList("Цикл 9 @ 998, 465"));
+    EXPECT_TRUE(textsOf(sketch, "Абс").isEmpty()) << "the depths have no row of elevations";
+    EXPECT_EQ(textsOf(sketch, "112.50"), QStringList("112.50 @ 1112.5, 485")) << "between both wells";
+    EXPECT_EQ(textsOf(sketch, "Пикет 1"), QStringList("Пикет 1 @ 1200, 493"));
+    EXPECT_EQ(textsOf(sketch, "+12.50"), QStringList("+12.50 @ 1225, 475"));
+    EXPECT_EQ(textsOf(sketch, "-1.23"), QStringList("-1.23 @ 1000.8, 550"));
+    EXPECT_TRUE(holds(sketch, "0.00") && holds(sketch, "1.50")) << "no sign before what is not below 0";
+    EXPECT_TRUE(holds(sketch, "D=6.00") && holds(sketch, "Z=93.50"));
+    EXPECT_EQ(textsOf(sketch, "ТС.2"), QStringList("ТС.2 @ 1224.2, 561"));
+    for (const SketchText& text : sketch.texts) {
         if (text.text == QLatin1String("ТС.2")) {
             EXPECT_EQ(text.height, 1.8);
             EXPECT_EQ(text.angle, M_PI / 2.0);
         }
     }
     EXPECT_EQ(frame.leftOut, 0);
-    EXPECT_EQ(coveringLabels(figure), QStringList());
+    EXPECT_EQ(coveringLabels(sketch), QStringList());
 }
 
 TEST(SectionFrame, HasARowOfElevationsForThem)
 {
     const TemperatureSection section({well("1", 0, {{1, -1}, {2, -1}}, 100.25, 0.5)}, 10, viewAt(0, 0, true));
-    const Figure figure = sectionFrame(section, {"2", "2", false}).figure;
-    EXPECT_EQ(textsOf(figure, "Абс"), QStringList("Абсолютная отметка, м. @ -2, -45"));
-    EXPECT_EQ(textsOf(figure, "99.75"), QStringList("99.75 @ 0, -45"));
+    const Sketch sketch = sectionFrame(section, {"2", "2", false}).sketch;
+    EXPECT_EQ(textsOf(sketch, "Абс"), QStringList("Абсолютная отметка, м. @ -2, -45"));
+    EXPECT_EQ(textsOf(sketch, "99.75"), QStringList("99.75 @ 0, -45"));
 }
 
 TEST(SectionFrame, CountsTheLabelsThatFindNoRoom)
@@ -322,8 +322,8 @@ TEST(SectionFrame, CountsTheLabelsThatFindNoRoom)
                                      viewAt(0, 0));
     const SectionFrame frame = sectionFrame(section, {"2", "2", false});
     EXPECT_GT(frame.leftOut, 200);
-    EXPECT_EQ(coveringLabels(frame.figure), QStringList());
-    EXPECT_TRUE(holds(frame.figure, "1") && holds(frame.figure, "2") && holds(frame.figure, "3"))
+    EXPECT_EQ(coveringLabels(frame.sketch), QStringList());
+    EXPECT_TRUE(holds(frame.sketch, "1") && holds(frame.sketch, "2") && holds(frame.sketch, "3"))
         << "captions always stand";
 }
 
@@ -331,13 +331,13 @@ TEST(SectionFrame, StandsForOneWellForNoneAndForWellsWithoutReadings)
 {
     for (const std::vector<SectionWell>& wells :
          {std::vector<SectionWell>{}, {well("1", 0, {{1, -1}})}, {well("1", 0, {}), well("2", 10, {}, 90)}}) {
-        const Figure figure = sectionFrame(TemperatureSection(wells, 0, viewAt(0, 0, true)), {"1", "1", false}).figure;
-        EXPECT_TRUE(holds(figure, "Масштаб"));
+        const Sketch sketch = sectionFrame(TemperatureSection(wells, 0, viewAt(0, 0, true)), {"1", "1", false}).sketch;
+        EXPECT_TRUE(holds(sketch, "Масштаб"));
         for (const SectionWell& one : wells)
-            EXPECT_TRUE(holds(figure, one.name));
-        for (const FigureText& text : figure.texts)
+            EXPECT_TRUE(holds(sketch, one.name));
+        for (const SketchText& text : sketch.texts)
             EXPECT_TRUE(std::isfinite(text.x) && std::isfinite(text.y)) << qPrintable(text.text);
-        for (const FigureLine& line : figure.lines) {
+        for (const SketchLine& line : sketch.lines) {
             for (const geometry::Point3& point : line.points)
                 EXPECT_TRUE(geometry::isFinite(point));
         }
@@ -369,7 +369,7 @@ TEST(DeformationTable, ShowsMillimetresDistancesAndRatios)
     const DeformationProfileClass profile =
         profileOf({mark("М1", 0, 10.0, 9.98), mark("М2", 10, 10.0, 9.95), mark("М3", 20, 10.0, INFINITY),
                    mark("М4", 20, 5.0, 5.0), mark("М5", 20, 5.0, 5.01)});
-    const std::vector<DeformationRow> rows = deformationRows(profile, 0.02);
+    const std::vector<ProfileTableRow> rows = deformationRows(profile, 0.02);
     ASSERT_EQ(rows.size(), 5u);
     EXPECT_EQ(rows[0].cells, (QStringList{"М1", "10.0000", "9.9800", "-20.00", "--", "--", "--"}));
     EXPECT_EQ(rows[1].cells, (QStringList{"М2", "10.0000", "9.9500", "-50.00", "-30.00", "10.00", "0.003000"}));
@@ -421,62 +421,62 @@ TEST(Epure, TheLargestMovementIsTwoUnitsLong)
 
 TEST(Epure, HangsBlocksBelowTheLineAndColoursWhatIsOverTheLimit)
 {
-    Figure figure;
+    Sketch sketch;
     LabelField field;
     addEpure({{0, 0, 0, true, -0.05, true},
               {20, 0, 0, true, 0.025, false},
               {40, 0, 0, false, 0, false},
               {60, 0, 0, true, 0, false}},
-             figure, field);
-    ASSERT_EQ(figure.blocks.size(), 2u) << "nothing moved, nothing to fill";
-    EXPECT_EQ(figure.blocks[0].color, 1);
-    EXPECT_EQ(figure.blocks[1].color, kByLayer);
-    EXPECT_EQ(figure.blocks[0].corners[2].y, -2.0);
-    EXPECT_EQ(figure.blocks[1].corners[2].y, 1.0) << "uplift stands above";
-    ASSERT_EQ(figure.texts.size(), 3u);
-    EXPECT_EQ(figure.texts[0].text, QStringLiteral("-50.00"));
-    EXPECT_EQ(figure.texts[0].height, 1.0);
-    EXPECT_EQ(figure.texts[0].across, FigureText::Center);
-    EXPECT_EQ(figure.texts[0].along, FigureText::Middle);
-    EXPECT_EQ(figure.texts[0].color, 1);
-    EXPECT_EQ(figure.texts[2].text, QStringLiteral("0.00"));
+             sketch, field);
+    ASSERT_EQ(sketch.blocks.size(), 2u) << "nothing moved, nothing to fill";
+    EXPECT_EQ(sketch.blocks[0].color, 1);
+    EXPECT_EQ(sketch.blocks[1].color, kByLayer);
+    EXPECT_EQ(sketch.blocks[0].corners[2].y, -2.0);
+    EXPECT_EQ(sketch.blocks[1].corners[2].y, 1.0) << "uplift stands above";
+    ASSERT_EQ(sketch.texts.size(), 3u);
+    EXPECT_EQ(sketch.texts[0].text, QStringLiteral("-50.00"));
+    EXPECT_EQ(sketch.texts[0].height, 1.0);
+    EXPECT_EQ(sketch.texts[0].across, SketchText::Center);
+    EXPECT_EQ(sketch.texts[0].along, SketchText::Middle);
+    EXPECT_EQ(sketch.texts[0].color, 1);
+    EXPECT_EQ(sketch.texts[2].text, QStringLiteral("0.00"));
 }
 
 TEST(Epure, TurnsWithTheLineAndStaysReadable)
 {
-    Figure figure;
+    Sketch sketch;
     LabelField field;
-    addEpure({{0, 0, M_PI, true, -1, false}, {50, 0, M_PI / 2, true, -1, false}}, figure, field);
-    EXPECT_NEAR(figure.texts[0].angle, 0.0, 1e-12) << "a line drawn to the left reads as one to the right";
-    EXPECT_NEAR(figure.blocks[0].corners[2].y, -2.0, 1e-12);
-    EXPECT_NEAR(figure.texts[1].angle, M_PI / 2, 1e-12);
-    EXPECT_NEAR(figure.blocks[1].corners[2].x, 52.0, 1e-12) << "below an upright line is to its right";
+    addEpure({{0, 0, M_PI, true, -1, false}, {50, 0, M_PI / 2, true, -1, false}}, sketch, field);
+    EXPECT_NEAR(sketch.texts[0].angle, 0.0, 1e-12) << "a line drawn to the left reads as one to the right";
+    EXPECT_NEAR(sketch.blocks[0].corners[2].y, -2.0, 1e-12);
+    EXPECT_NEAR(sketch.texts[1].angle, M_PI / 2, 1e-12);
+    EXPECT_NEAR(sketch.blocks[1].corners[2].x, 52.0, 1e-12) << "below an upright line is to its right";
 }
 
 TEST(Epure, MarksAtOnePlaceKeepTheirValuesApart)
 {
-    Figure figure;
+    Sketch sketch;
     LabelField field;
-    addEpure({{0, 0, 0, true, -0.05, false}, {0, 0, 0, true, -0.04, false}, {1, 0, 0, true, -0.03, false}}, figure,
+    addEpure({{0, 0, 0, true, -0.05, false}, {0, 0, 0, true, -0.04, false}, {1, 0, 0, true, -0.03, false}}, sketch,
              field);
-    EXPECT_EQ(figure.texts.size(), 3u);
-    EXPECT_EQ(coveringLabels(figure), QStringList());
+    EXPECT_EQ(sketch.texts.size(), 3u);
+    EXPECT_EQ(coveringLabels(sketch), QStringList());
 }
 
 TEST(Epure, DrawsOneProfileBelowTheOther)
 {
     const DeformationProfileClass first = profileOf({mark("М1", 0, 10, 9.98), mark("М2", 30, 10, 9.95)});
     const DeformationProfileClass second = profileOf({mark("М3", 0, 10, INFINITY)});
-    const Figure figure = epureFigure({first, second}, {1000, 500, 2.0, " Цикл 3"}, 0.03);
-    EXPECT_EQ(textsOf(figure, " Цикл 3").size(), 2);
-    EXPECT_EQ(textsOf(figure, "0.0").first(), QStringLiteral("0.0 @ 999, 500"));
-    EXPECT_EQ(textsOf(figure, "-50.00").size(), 1);
-    EXPECT_TRUE(textsOf(figure, "-50.00").first().startsWith("-50.00 @ 1060,"))
-        << textsOf(figure, "-50.00").first().toStdString();
-    EXPECT_TRUE(holds(figure, "М3")) << "an unmeasured profile stands with its axis and names";
-    ASSERT_EQ(figure.blocks.size(), 2u);
-    EXPECT_EQ(figure.blocks[0].color, kByLayer) << "20 mm of 30";
-    EXPECT_EQ(figure.blocks[1].color, kRed) << "50 mm of 30";
-    EXPECT_EQ(coveringLabels(figure), QStringList());
-    EXPECT_TRUE(epureFigure({}, {0, 0, 1, ""}, 1).texts.empty());
+    const Sketch sketch = epureSketch({first, second}, {1000, 500, 2.0, " Цикл 3"}, 0.03);
+    EXPECT_EQ(textsOf(sketch, " Цикл 3").size(), 2);
+    EXPECT_EQ(textsOf(sketch, "0.0").first(), QStringLiteral("0.0 @ 999, 500"));
+    EXPECT_EQ(textsOf(sketch, "-50.00").size(), 1);
+    EXPECT_TRUE(textsOf(sketch, "-50.00").first().startsWith("-50.00 @ 1060,"))
+        << textsOf(sketch, "-50.00").first().toStdString();
+    EXPECT_TRUE(holds(sketch, "М3")) << "an unmeasured profile stands with its axis and names";
+    ASSERT_EQ(sketch.blocks.size(), 2u);
+    EXPECT_EQ(sketch.blocks[0].color, kByLayer) << "20 mm of 30";
+    EXPECT_EQ(sketch.blocks[1].color, kRed) << "50 mm of 30";
+    EXPECT_EQ(coveringLabels(sketch), QStringList());
+    EXPECT_TRUE(epureSketch({}, {0, 0, 1, ""}, 1).texts.empty());
 }

@@ -157,7 +157,7 @@ void DeformationLinesForm::showMarks()
     const DeformationProfileClass none;
     const DeformationProfileClass& profile = isThere ? profiles_[size_t(row)] : none;
     const QStringList titles = deformationTitles(sideTitle(true), sideTitle(false));
-    const std::vector<DeformationRow> rows = deformationRows(profile, limit_);
+    const std::vector<ProfileTableRow> rows = deformationRows(profile, limit_);
     marks_->setColumnCount(titles.size());
     marks_->setHorizontalHeaderLabels(titles);
     marks_->setRowCount(int(rows.size()));

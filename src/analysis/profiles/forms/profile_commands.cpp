@@ -72,7 +72,7 @@ void drawSection(const SectionForm& form, QWidget* host)
     if (!drawIsotherms(section, form.mapType(), host, isotherms))
         return;
     const SectionFrame frame = sectionFrame(section, form.titles());
-    drawFigure(frame.figure, QStringLiteral("TERVA_PROF_"), isotherms);
+    drawSketch(frame.sketch, QStringLiteral("TERVA_PROF_"), isotherms);
     if (frame.leftOut > 0)
         say(fill("\nПодписей, которым не хватило места: %1. Выберите масштаб крупнее, чтобы увидеть их.\n",
                  frame.leftOut));
@@ -122,7 +122,7 @@ void buildDeformationLines()
     if (!place)
         return;
     const EpureView view{place->x, place->y, form.scale(), form.title()};
-    drawFigure(epureFigure(form.usedProfiles(), view, form.limit()), QStringLiteral("TERVA_DEF_"));
+    drawSketch(epureSketch(form.usedProfiles(), view, form.limit()), QStringLiteral("TERVA_DEF_"));
 }
 
 void addDeformationProfile() { createProfile(deformationProfiles()); }

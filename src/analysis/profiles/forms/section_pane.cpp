@@ -28,9 +28,9 @@ void chooseNumber(QComboBox* combo, double number, const QString& otherwise)
 
 } // namespace
 
-void fillScales(QComboBox* combo, const std::vector<Scale>& scales, double chosen)
+void fillScales(QComboBox* combo, const std::vector<ScaleChoice>& scales, double chosen)
 {
-    for (const Scale& scale : scales)
+    for (const ScaleChoice& scale : scales)
         combo->addItem(QString::fromUtf8(scale.text), scale.factor);
     chooseNumber(combo, chosen, scaleText(chosen));
 }

@@ -30,4 +30,4 @@ private:
 };
 
 /// The text of each scale with its factor as the data.
-void fillScales(QComboBox* combo, const std::vector<Scale>& scales, double chosen);
+void fillScales(QComboBox* combo, const std::vector<ScaleChoice>& scales, double chosen);

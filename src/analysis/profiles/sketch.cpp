@@ -1,4 +1,4 @@
-#include "analysis/profiles/figure.h"
+#include "analysis/profiles/sketch.h"
 
 #include "hostkit/groups.h"
 #include "hostkit/model_space.h"
@@ -18,7 +18,7 @@ bool meet(const LabelBox& a, const LabelBox& b)
         && b.bottom < a.top - kTouch;
 }
 
-std::unique_ptr<NcDbEntity> madeLine(const FigureLine& line)
+std::unique_ptr<NcDbEntity> madeLine(const SketchLine& line)
 {
     if (line.points.size() == 2) {
         const auto& from = line.points[0];
@@ -31,7 +31,7 @@ std::unique_ptr<NcDbEntity> madeLine(const FigureLine& line)
     return polyline;
 }
 
-std::unique_ptr<NcDbEntity> madeText(const FigureText& wanted)
+std::unique_ptr<NcDbEntity> madeText(const SketchText& wanted)
 {
     const NcGePoint3d place(wanted.x, wanted.y, 0.0);
     auto text = std::make_unique<NcDbText>(place, wanted.text, wanted.height, wanted.angle);
@@ -41,7 +41,7 @@ std::unique_ptr<NcDbEntity> madeText(const FigureText& wanted)
     return text;
 }
 
-std::unique_ptr<NcDbEntity> madeBlock(const FigureBlock& block)
+std::unique_ptr<NcDbEntity> madeBlock(const SketchBlock& block)
 {
     auto hatch = std::make_unique<NcDbHatch>();
     hatch->setNormal(NcGeVector3d::kZAxis);
@@ -69,16 +69,16 @@ void append(std::unique_ptr<NcDbEntity> entity, int color, NcDbObjectIdArray& id
 
 } // namespace
 
-double FigureText::width() const { return double(text.size()) * height * kLetterWidth; }
+double SketchText::width() const { return double(text.size()) * height * kLetterWidth; }
 
-LabelBox boxOf(const FigureText& text)
+LabelBox boxOf(const SketchText& text)
 {
     const double width = text.width();
-    const double left = text.across == FigureText::Center ? -width / 2.0
-        : text.across == FigureText::Right                ? -width
+    const double left = text.across == SketchText::Center ? -width / 2.0
+        : text.across == SketchText::Right                ? -width
                                                           : 0.0;
-    const double bottom = text.along == FigureText::Middle ? -text.height / 2.0
-        : text.along == FigureText::Top                    ? -text.height
+    const double bottom = text.along == SketchText::Middle ? -text.height / 2.0
+        : text.along == SketchText::Top                    ? -text.height
                                                            : 0.0;
     const double cosine = std::cos(text.angle), sine = std::sin(text.angle);
     LabelBox box{INFINITY, INFINITY, -INFINITY, -INFINITY};
@@ -132,14 +132,14 @@ void LabelField::block(const LabelBox& box)
     });
 }
 
-NcDbObjectIdArray drawFigure(const Figure& figure, const QString& groupPrefix, const NcDbObjectIdArray& before)
+NcDbObjectIdArray drawSketch(const Sketch& sketch, const QString& groupPrefix, const NcDbObjectIdArray& before)
 {
     NcDbObjectIdArray drawn;
-    for (const FigureBlock& block : figure.blocks)
+    for (const SketchBlock& block : sketch.blocks)
         append(madeBlock(block), block.color, drawn);
-    for (const FigureLine& line : figure.lines)
+    for (const SketchLine& line : sketch.lines)
         append(madeLine(line), kByLayer, drawn);
-    for (const FigureText& text : figure.texts)
+    for (const SketchText& text : sketch.texts)
         append(madeText(text), text.color, drawn);
     NcDbObjectIdArray all = before;
     all.insert(all.end(), drawn.begin(), drawn.end());

@@ -13,11 +13,11 @@
 constexpr int kByLayer = 256;
 constexpr int kRed = 1;
 
-struct FigureLine {
+struct SketchLine {
     geometry::PointList points; ///< two or more
 };
 
-struct FigureText {
+struct SketchText {
     enum Across { Left = 0, Center = 1, Right = 2 }; // as the host counts
     enum Along { Base = 0, Bottom = 1, Middle = 2, Top = 3 };
 
@@ -32,15 +32,15 @@ struct FigureText {
     double width() const;
 };
 
-struct FigureBlock {
+struct SketchBlock {
     geometry::PointList corners;
     int color = kByLayer;
 };
 
-struct Figure {
-    std::vector<FigureLine> lines;
-    std::vector<FigureText> texts;
-    std::vector<FigureBlock> blocks;
+struct Sketch {
+    std::vector<SketchLine> lines;
+    std::vector<SketchText> texts;
+    std::vector<SketchBlock> blocks;
 
     void line(double x1, double y1, double x2, double y2) { lines.push_back({{{x1, y1, 0.0}, {x2, y2, 0.0}}}); }
 };
@@ -49,7 +49,7 @@ struct LabelBox {
     double left, bottom, right, top;
 };
 /// What the text covers, its letters reckoned as wide as the host draws them.
-LabelBox boxOf(const FigureText& text);
+LabelBox boxOf(const SketchText& text);
 
 /// The places that labels have taken; the cost of a label does not grow with
 /// their number.
@@ -69,6 +69,6 @@ private:
     std::unordered_map<std::int64_t, std::vector<int>> cells_;
 };
 
-/// Draws the figure on the current layer and gathers it, with what was drawn
+/// Draws the sketch on the current layer and gathers it, with what was drawn
 /// for it before, in a new group of the prefix. What it drew.
-NcDbObjectIdArray drawFigure(const Figure& figure, const QString& groupPrefix, const NcDbObjectIdArray& before = {});
+NcDbObjectIdArray drawSketch(const Sketch& sketch, const QString& groupPrefix, const NcDbObjectIdArray& before = {});
