@@ -3,6 +3,7 @@
 #pragma once
 
 #include "analysis/maps/map_fixture.h"
+#include "support/form_texts.h"
 
 #include "support/form_texts.h"
 

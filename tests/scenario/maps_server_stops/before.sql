@@ -1,0 +1,2 @@
+-- include wells.sql
+-- include marks.sql
