@@ -280,7 +280,8 @@ void CatalogueList::showMenu(const QPoint& place)
         menu.actions().last()->setEnabled(can);
     };
     if (catalogue_.record) {
-        add(catalogue_.create, &CatalogueList::createEntry, true);
+        if (catalogue_.createsByMenu)
+            add(catalogue_.create, &CatalogueList::createEntry, true);
         add(catalogue_.edit, &CatalogueList::editCurrent, chosen);
     }
     if (catalogue_.remove)

@@ -35,8 +35,9 @@ struct Catalogue {
     QString question;             ///< %1 is the entry's text
     const char* remove = nullptr; ///< statement with the key for %1
     std::function<std::unique_ptr<RecordDialog>(QWidget* parent)> record;
-    QString notConnected; ///< printed when a refresh finds no connection
-    QString filterName;   ///< object name of the line that filters; empty: none
+    QString notConnected;      ///< printed when a refresh finds no connection
+    QString filterName;        ///< object name of the line that filters; empty: none
+    bool createsByMenu = true; ///< the menu offers `create` too
     ToolButton create{QStringLiteral("CreateBTN"), QStringLiteral("Создать"), {}};
     ToolButton edit{QStringLiteral("EditBTN"), QStringLiteral("Редактировать"), {}};
     ToolButton erase{QStringLiteral("DeleteBTN"), QStringLiteral("Удалить"), {}};

@@ -137,6 +137,12 @@ Field&& Field::step(double wanted) &&
     return std::move(*this);
 }
 
+Field&& Field::dressed(const QString& wanted) &&
+{
+    sheet = wanted;
+    return std::move(*this);
+}
+
 Field&& Field::emptyAs(const QString& text) &&
 {
     empty = text;

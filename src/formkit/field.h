@@ -70,6 +70,8 @@ public:
     Field&& starts(const QString& value) &&;     ///< what a new record shows
     Field&& tip(const QString& text) &&;
     Field&& step(double step) &&;
+    /// The style of a button that wears a colour; %1 is the colour.
+    Field&& dressed(const QString& sheet) &&;
     /// An empty text goes into a statement as this, e.g. "null" or "0".
     Field&& emptyAs(const QString& text) &&;
 
@@ -91,6 +93,7 @@ public:
     std::function<Choices()> choices;
     Chooser chooser;
     std::function<QColor(const QString&)> wears;
+    QString sheet;
 
 private:
     Field(const char* name, const char* caption, FieldKind kind)

@@ -1,5 +1,6 @@
 #include "formkit/field_pane.h"
 
+#include "base/placeholders.h"
 #include "base/text.h"
 #include "formkit/layout.h"
 #include "formkit/widgets.h"
@@ -128,17 +129,16 @@ FieldEditor colourEditor(const Field& field, const Changed& changed)
 {
     QPushButton* patch = button(field.name, QString());
     patch->setMinimumHeight(patch->sizeHint().height()); // the colour takes its frame away
-    const auto show = [patch, changed, wears = field.wears](const QString& value) {
+    const auto show = [patch, changed, wears = field.wears, sheet = field.sheet](const QString& value) {
         const bool another = patch->text() != value;
         const QColor colour = wears(value);
         patch->setText(value);
         QPalette readable = patch->palette();
         readable.setColor(QPalette::ButtonText, qGray(colour.rgb()) < 128 ? Qt::white : Qt::black);
         patch->setPalette(readable);
-        patch->setStyleSheet(QStringLiteral("background-color: rgb(%1, %2, %3); border: 0px;")
-                                 .arg(colour.red())
-                                 .arg(colour.green())
-                                 .arg(colour.blue()));
+        patch->setStyleSheet(sheet.isEmpty() ? fill("background-color: rgb(%1, %2, %3); border: 0px;", colour.red(),
+                                                    colour.green(), colour.blue())
+                                             : fill(sheet, colour.name()));
         if (another)
             changed();
     };

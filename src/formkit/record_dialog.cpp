@@ -28,7 +28,7 @@ void FieldsDialog::accept()
 {
     const QString wrong = fault();
     if (!wrong.isEmpty())
-        return warn(this, wrong);
+        return warn(this, wrong, faultTitle());
     if (store())
         QDialog::accept();
 }
@@ -47,16 +47,24 @@ void RecordDialog::showNew()
     fields().setClean();
 }
 
-bool RecordDialog::showStored(const QString& key)
+std::optional<QStringList> RecordDialog::load(const QString& key)
 {
     const sql::Result row = session().run(compose(record_.load, Entered(key)));
-    if (!row.isTuples() || row.ntuples() == 0)
-        return false;
-    key_ = key;
+    if (!row.hasRow())
+        return {};
     QStringList values;
     for (int field = 0; field < int(record_.fields.size()); ++field)
         values << (columnOf(field) < 0 ? QString() : row.getvalue(0, columnOf(field)));
-    fields().showRow(values);
+    return values;
+}
+
+bool RecordDialog::showStored(const QString& key)
+{
+    const std::optional<QStringList> values = load(key);
+    if (!values)
+        return false;
+    key_ = key;
+    fields().showRow(*values);
     shown();
     fields().setClean();
     return true;

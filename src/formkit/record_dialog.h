@@ -2,10 +2,12 @@
 // Dialogs that are lists of fields. What a record needs stands in its row; an
 // heir overrides the one step that really differs.
 
+#include "formkit/boxes.h"
 #include "formkit/end_buttons.h"
 #include "formkit/field_pane.h"
 
 #include <QDialog>
+#include <optional>
 
 namespace formkit {
 
@@ -27,6 +29,8 @@ public:
 protected:
     /// What keeps the dialog open, as the text of a box; empty when nothing does.
     virtual QString fault() const { return fields_->fault(); }
+    /// The title of that box.
+    virtual QString faultTitle() const { return attention(); }
     /// False keeps the dialog open; whoever says so has told why.
     virtual bool store() { return true; }
 
@@ -67,6 +71,9 @@ public:
     bool isNew() const { return key_.isEmpty(); }
 
 protected:
+    /// The values of the stored record in the order of the fields; nothing when
+    /// there is none of the key.
+    virtual std::optional<QStringList> load(const QString& key);
     /// The fields show the record: what is still to be set or hidden.
     virtual void shown() { }
     /// The values for the statements.
@@ -74,6 +81,8 @@ protected:
     /// Runs the insert or the update. Its failure is not told and does not keep
     /// the dialog open: the list that shows the records shows the truth.
     bool store() override;
+    /// The record in the dialog is stored under the key from now on.
+    void setKey(const QString& key) { key_ = key; }
 
 private:
     int columnOf(int field) const;

@@ -2,39 +2,9 @@
 
 #include "elements/list/element_list_model.h"
 
-#include <QAbstractProxyModel>
-#include <QComboBox>
 #include <QSignalBlocker>
 
 using Model = ElementListModel;
-
-QWidget* ElementChoiceDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
-                                             const QModelIndex& index) const
-{
-    auto* combo = new QComboBox(parent);
-    formkit::addChoices(combo, choicesOf(index));
-    return combo;
-}
-
-void ElementChoiceDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
-{
-    if (auto* combo = qobject_cast<QComboBox*>(editor))
-        combo->setCurrentIndex(combo->findData(index.data(Model::KeyRole)));
-}
-
-void ElementChoiceDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const
-{
-    const auto* combo = qobject_cast<QComboBox*>(editor);
-    if (!combo || combo->currentIndex() < 0)
-        return;
-    // Signals are held back where they arise: in the table behind the order.
-    QModelIndex cell = index;
-    while (const auto* proxy = qobject_cast<const QAbstractProxyModel*>(model)) {
-        cell = proxy->mapToSource(cell);
-        model = proxy->sourceModel();
-    }
-    put(*model, cell, {combo->currentText(), combo->currentData()});
-}
 
 formkit::Choices ElementListItemDelegate::choicesOf(const QModelIndex& index) const
 {

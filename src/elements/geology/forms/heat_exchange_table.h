@@ -1,0 +1,34 @@
+#pragma once
+// The pairs of wind speed and coefficient as two rows; a column a pair.
+
+#include "elements/geology/heat_exchange.h"
+
+#include <QTableWidget>
+
+class HeatExchangeTable : public QTableWidget {
+    Q_OBJECT
+
+public:
+    explicit HeatExchangeTable(QWidget* parent = nullptr);
+
+    void showPairs(const HeatExchange& pairs);
+    HeatExchange pairs() const;
+    /// Names the file that an export proposes.
+    void setEntryName(const QString& name) { entryName_ = name; }
+
+signals:
+    void edited(); ///< by the user
+
+private:
+    void showMenu(const QPoint& place);
+    void createColumn();
+    void deleteColumn();
+    void clearPairs();
+    void exportFile();
+    void importFile();
+    void put(const HeatExchange& pairs);
+    QString text(int row, int column) const;
+
+    QString entryName_;
+    bool showing_ = false;
+};
