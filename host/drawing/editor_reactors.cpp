@@ -12,6 +12,12 @@ std::vector<NcEditorReactor*>& reactors()
     return all;
 }
 
+std::vector<NcDoubleClickReactor*>& clickReactors()
+{
+    static std::vector<NcDoubleClickReactor*> all;
+    return all;
+}
+
 // A reactor may take itself or others out while it is told.
 template <class Tell>
 void tellAll(const Tell& tell)
@@ -61,4 +67,24 @@ void notifyPickfirst()
             second->pickfirstModified();
     });
     emit HostEvents::instance()->pickfirstModified();
+}
+
+void ncedAddDoubleClickReactor(NcDoubleClickReactor* reactor)
+{
+    auto& all = clickReactors();
+    if (reactor && std::find(all.begin(), all.end(), reactor) == all.end())
+        all.push_back(reactor);
+}
+
+void ncedRemoveDoubleClickReactor(NcDoubleClickReactor* reactor)
+{
+    auto& all = clickReactors();
+    all.erase(std::remove(all.begin(), all.end(), reactor), all.end());
+}
+
+bool notifyDoubleClick(NcDbObjectId entity)
+{
+    const std::vector<NcDoubleClickReactor*> present = clickReactors();
+    return std::any_of(present.begin(), present.end(),
+                       [entity](NcDoubleClickReactor* reactor) { return reactor->doubleClicked(entity); });
 }

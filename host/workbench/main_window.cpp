@@ -3,6 +3,7 @@
 #include "edit_dialogs.h"
 #include "layers_panel.h"
 
+#include <drawing/editor_reactors.h>
 #include <drawing/typed_answers.h>
 #include <nrx/application.h>
 #include <script/script_runner.h>
@@ -194,7 +195,7 @@ void MainWindow::connectView(DrawingView* view)
     connect(view, &DrawingView::entitiesPicked, &prompts_, &DeskPrompts::takeEntities);
     connect(view, &DrawingView::finished, this, &MainWindow::finishOrRepeat);
     connect(view, &DrawingView::editRequested, this, [this](NcDbObjectId id) {
-        if (activeCommand().isEmpty())
+        if (activeCommand().isEmpty() && !notifyDoubleClick(id))
             editEntity(id, this);
     });
     connect(view, &DrawingView::cancelled, line_, &CommandLine::cancelled);

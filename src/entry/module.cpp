@@ -1,5 +1,6 @@
 #include "entry/module.h"
 
+#include "elements/passports/forms/passport_opening.h"
 #include "entry/command_table.h"
 #include "entry/palette_sets.h"
 #include "exchange/forms/import_commands.h"
@@ -22,12 +23,14 @@ void initialiseModule(void* packet)
     // Without an open project the parameters are empty and this fails in silence.
     if (session().connect())
         say(QStringLiteral("\nСоединение с базой данных выполнено"));
+    installPassports();
     registerCommands();
 }
 
 void unloadModule()
 {
     removeCommands();
+    removePassports();
     removeBusyBox();
     setPaletteRefresh({});
     destroyPaletteSets();

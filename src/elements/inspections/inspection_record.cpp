@@ -63,13 +63,19 @@ bool InspectionRecord::load(int id)
     const sql::Result row = session().run(compose(family_->select, id));
     if (!row.hasRow())
         return false;
-    inspectId = id;
-    cycleId = row.isNull(0, InspectionFamily::CycleId) ? -1 : row.toInt(0, InspectionFamily::CycleId);
-    for (int i = 0; i < family_->columns.size(); ++i)
-        values[i] = valueOf(family_->columns[i], row.getvalue(0, InspectionFamily::FirstValue + i));
-    setElement(row.toInt(0, InspectionFamily::ElementId));
+    take(row, 0);
+    setElement(elementId);
     loadPhoto();
     return true;
+}
+
+void InspectionRecord::take(const sql::Result& rows, int row)
+{
+    inspectId = rows.toInt(row, InspectionFamily::InspectId);
+    elementId = rows.toInt(row, InspectionFamily::ElementId);
+    cycleId = rows.isNull(row, InspectionFamily::CycleId) ? -1 : rows.toInt(row, InspectionFamily::CycleId);
+    for (int i = 0; i < family_->columns.size(); ++i)
+        values[i] = valueOf(family_->columns[i], rows.getvalue(row, InspectionFamily::FirstValue + i));
 }
 
 void InspectionRecord::loadPhoto()

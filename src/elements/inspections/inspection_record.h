@@ -6,6 +6,10 @@
 #include <QPixmap>
 #include <QStringList>
 
+namespace sql {
+class Result;
+}
+
 class InspectionRecord {
 public:
     /// A new one: nothing found, the state of an element without an inspection.
@@ -30,6 +34,8 @@ public:
     void setElement(int id);
     /// The stored inspection with its photo; false when it cannot be read.
     bool load(int id);
+    /// Fills the record from a row of the family's `select`; name and photo stay.
+    void take(const sql::Result& rows, int row);
     /// The key of the element's inspection in the cycle, -1 when there is none.
     int storedIn(int cycle) const;
 

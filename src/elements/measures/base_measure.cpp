@@ -16,7 +16,7 @@ namespace {
 QString dateFormat() { return QStringLiteral("yyyy-MM-dd"); }
 
 // An id column of a row; -1 when it is absent.
-int idAt(const sql::Result& row, int column) { return row.isNull(0, column) ? -1 : row.toInt(0, column); }
+int idAt(const sql::Result& rows, int row, int column) { return rows.isNull(row, column) ? -1 : rows.toInt(row, column); }
 
 // The first entry, in list order, of which `matches` is true.
 template <class Matches>
@@ -82,7 +82,7 @@ int BaseMeasure::setDate(const QDateTime& shown)
         session().run(compose("select cycle_id from cycles where to_date('%1', 'yyyy.mm.dd') between date_start and "
                               "date_end",
                               dateText(day, QStringLiteral("yyyy.MM.dd"))));
-    return takeCycle(row.isTuples() ? idAt(row, 0) : -1, dateTime);
+    return takeCycle(row.isTuples() ? idAt(row, 0, 0) : -1, dateTime);
 }
 
 int BaseMeasure::takeCycle(int id, const QDateTime& dateTime)
@@ -143,32 +143,37 @@ int BaseMeasure::load(int id)
     if (!row.hasRow())
         return measureNotFound;
     measureId = id;
-    setElementId(idAt(row, MeasureFamily::ElementId));
-    // What the lists do not know is still what the row says.
-    cycleId = idAt(row, MeasureFamily::CycleId);
-    cycleIndex = indexOfId(lists.cycles, cycleId);
-    deviceId = idAt(row, MeasureFamily::DeviceId);
-    deviceIndex = -1;
-    setDeviceId(deviceId);
-    date = writtenMoment(dateFrom(row.getvalue(0, MeasureFamily::Date), dateFormat()));
-    readValues(row, MeasureFamily::FirstValue);
-    performerId = idAt(row, family_->performerColumn());
-    performerIndex = -1;
-    setPerformerId(performerId);
+    take(row, 0);
     return measureOk;
 }
 
-double BaseMeasure::numberAt(const sql::Result& row, int column)
+void BaseMeasure::take(const sql::Result& rows, int row)
+{
+    setElementId(idAt(rows, row, MeasureFamily::ElementId));
+    // What the lists do not know is still what the row says.
+    cycleId = idAt(rows, row, MeasureFamily::CycleId);
+    cycleIndex = indexOfId(lists.cycles, cycleId);
+    deviceId = idAt(rows, row, MeasureFamily::DeviceId);
+    deviceIndex = -1;
+    setDeviceId(deviceId);
+    date = writtenMoment(dateFrom(rows.getvalue(row, MeasureFamily::Date), dateFormat()));
+    readValues(rows, row, MeasureFamily::FirstValue);
+    performerId = idAt(rows, row, family_->performerColumn());
+    performerIndex = -1;
+    setPerformerId(performerId);
+}
+
+double BaseMeasure::numberAt(const sql::Result& rows, int row, int column)
 {
     bool ok = false;
-    const double number = row.toDouble(0, column, &ok);
+    const double number = rows.toDouble(row, column, &ok);
     return ok ? number : noValue;
 }
 
-void BaseMeasure::readValues(const sql::Result& row, int column)
+void BaseMeasure::readValues(const sql::Result& rows, int row, int column)
 {
     for (int i = 0; i < family_->columns.size(); ++i)
-        values[size_t(i)] = numberAt(row, column + i);
+        values[size_t(i)] = numberAt(rows, row, column + i);
 }
 
 QVector<Statement> BaseMeasure::valueTexts() const
@@ -217,7 +222,7 @@ int BaseMeasure::findMeasureId()
     const sql::Result row =
         session().run(compose("SELECT %3 FROM %4 WHERE element_id =%1 AND cycle_id = %2", elementId, cycleId,
                               Identifier(family_->idColumn), Identifier(family_->measureTable)));
-    const int id = row.isTuples() ? idAt(row, 0) : -1;
+    const int id = row.isTuples() ? idAt(row, 0, 0) : -1;
     exists = id > 0;
     return exists ? id : -1;
 }

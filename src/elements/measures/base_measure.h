@@ -69,6 +69,9 @@ public:
     // --- the row -------------------------------------------------------------------
     /// Fills the record from the row. measureNotFound when there is none.
     virtual int load(int id);
+    /// Fills the record from a row of a result with the columns of the family's
+    /// `select`; the measure's id is not among them.
+    void take(const sql::Result& rows, int row);
     /// The statements that write the record; empty for an incomplete one. Both
     /// set `complete`. A missing first value makes a refused statement: such a
     /// record is not fit to be stored.
@@ -88,10 +91,10 @@ public:
 protected:
     /// Texts of the value columns for a statement.
     virtual QVector<Statement> valueTexts() const;
-    /// Reads the value columns from the first row, starting at `column`.
-    virtual void readValues(const sql::Result& row, int column);
-    /// A number of the first row; noValue when it is absent.
-    static double numberAt(const sql::Result& row, int column);
+    /// Reads the value columns of the row, starting at `column`.
+    virtual void readValues(const sql::Result& rows, int row, int column);
+    /// A number; noValue when it is absent.
+    static double numberAt(const sql::Result& rows, int row, int column);
 
 private:
     int takeCycle(int id, const QDateTime& dateTime);

@@ -21,11 +21,11 @@ QVector<Statement> TSMeasure::valueTexts() const
     return {compose("%1", Numeral(values[0], family().columns[0].decimals)), compose("'%1'", profileText(profile))};
 }
 
-void TSMeasure::readValues(const sql::Result& row, int column)
+void TSMeasure::readValues(const sql::Result& rows, int row, int column)
 {
-    values[0] = numberAt(row, column);
+    values[0] = numberAt(rows, row, column);
     profile.clear();
-    profileRead = parseProfile(row.getvalue(0, column + 1), profile);
+    profileRead = parseProfile(rows.getvalue(row, column + 1), profile);
 }
 
 namespace {

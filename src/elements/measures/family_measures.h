@@ -70,7 +70,7 @@ public:
 
 protected:
     QVector<Statement> valueTexts() const override;
-    void readValues(const sql::Result& row, int column) override;
+    void readValues(const sql::Result& rows, int row, int column) override;
 };
 Q_DECLARE_METATYPE(TSMeasure*)
 

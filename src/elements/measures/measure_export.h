@@ -1,15 +1,11 @@
 #pragma once
 // Measures as a file that the import of their family reads back.
 
-#include "elements/measures/family_measures.h"
 #include "elements/measures/measures_by_cycle.h"
-
-#include <vector>
+#include "elements/measures/measures_of_element.h"
 
 /// Whether there is a format for the family.
 bool isExported(FamilyKey family);
-
-using Measures = std::vector<std::unique_ptr<BaseMeasure>>;
 
 /// All measures of the rows, loaded one by one: rows in their order, each with
 /// its cycles in theirs. A measure that cannot be loaded is passed over; nothing

@@ -1,7 +1,9 @@
 #include "reports/templates/well_record.h"
 
 #include "base/placeholders.h"
-#include "elements/measures/family_measures.h"
+#include "elements/measures/measures_of_element.h"
+#include "elements/passports/element_files.h"
+#include "elements/passports/well_ground.h"
 #include "session/project_session.h"
 
 #include <algorithm>
@@ -26,65 +28,15 @@ QVector<WellRecord::Measure> loadMeasures(int elementId)
     MeasureLists lists;
     loadDevices(lists);
     QVector<WellRecord::Measure> measures;
-    const sql::Result ids =
-        session().run(compose("select meas_ts_id from ts_meas where element_id = %1 order by date;", elementId));
-    for (int i = 0; i < ids.ntuples(); ++i) {
-        TSMeasure measure(lists);
-        if (measure.load(ids.toInt(i, 0)) != measureOk)
-            continue;
+    const Measures stored =
+        loadMeasuresOf(*measureFamily(FamilyKey::Ts),
+                       compose("select meas_ts_id from ts_meas where element_id = %1 order by date;", elementId), lists);
+    for (const std::unique_ptr<BaseMeasure>& row : stored) {
+        const TSMeasure& measure = static_cast<const TSMeasure&>(*row);
         measures.append({measure.date.date(), measure.deviceSerial, session().cycles.value(measure.cycleId).value(0),
                          measure.cycleId, logOf(measure.profile)});
     }
     return measures;
-}
-
-QPixmap loadPicture(int elementId, const char* type)
-{
-    const sql::Result row =
-        session().run("select content from ts_files where element_id=$1::integer and file_type=$2::filetype",
-                      {sql::text(elementId), sql::text(QString::fromLatin1(type))}, sql::Format::Binary);
-    QPixmap picture;
-    if (row.hasRow())
-        picture.loadFromData(row.bytes(0, 0), "PNG");
-    return picture;
-}
-
-QVector<GeologyLayer> loadLayers(int elementId)
-{
-    enum Column { DepthFrom, DepthTo, Pattern, Scale, Color, Code };
-    const sql::Result rows = session().run(
-        compose("SELECT tgl.depth_from, tgl.depth_to, gec.hatch_pattern_name, gec.hatch_scale, gec.color_hex, gec.code "
-                "FROM ts_geology_layers tgl LEFT JOIN geology_ege_catalog gec ON tgl.ege_id = gec.ege_id WHERE "
-                "tgl.element_id = %1 ORDER BY tgl.depth_from",
-                elementId));
-    QVector<GeologyLayer> layers;
-    for (int i = 0; i < rows.ntuples(); ++i)
-        layers.append({rows.toDouble(i, DepthFrom), rows.toDouble(i, DepthTo), rows.getvalue(i, Pattern),
-                       rows.toDouble(i, Scale), rows.getvalue(i, Color), rows.getvalue(i, Code)});
-    return layers;
-}
-
-TemperatureLimits loadLimits(int positionId, double ground)
-{
-    enum Column { TemperatureH, TemperatureBf, BaseDepth, DeepMin, DeepMax };
-    const sql::Result row =
-        session().run(compose("select temperature_h, temperature_bf, base_depth, temperature_deep_min, "
-                              "temperature_deep_max from positions_attributes where position_id = %1",
-                              positionId));
-    TemperatureLimits limits;
-    if (!row.hasRow())
-        return limits;
-    limits.temperatureH = numberAt(row, TemperatureH);
-    limits.temperatureBf = numberAt(row, TemperatureBf);
-    // A depth that is not set stays not there as an elevation.
-    const auto elevation = [&](Column column) {
-        const double depth = numberAt(row, column);
-        return std::isfinite(depth) ? ground - depth : TemperatureLimits::none;
-    };
-    limits.elevationZ = elevation(BaseDepth);
-    limits.elevation1 = elevation(DeepMin);
-    limits.elevation2 = elevation(DeepMax);
-    return limits;
 }
 
 } // namespace
@@ -136,11 +88,12 @@ bool WellRecord::load(int elementId)
     projectedDepth = numberAt(row, ProjectedDepth);
     positionId = row.toInt(0, PositionId);
     measures = loadMeasures(id);
-    limits = loadLimits(positionId, ground());
-    layers = loadLayers(id);
-    layout = loadPicture(id, "abris");
-    photo = loadPicture(id, "photo");
-    column = loadPicture(id, "geocol");
+    limits = loadTemperatureLimits(positionId, ground());
+    layers = loadChartLayers(id);
+    const Family& wells = family(FamilyKey::Ts);
+    layout = loadPicture(wells, id, PictureSlot::Sketch);
+    photo = loadPicture(wells, id, PictureSlot::Photo);
+    column = loadPicture(wells, id, PictureSlot::Column);
     return true;
 }
 
@@ -164,7 +117,7 @@ QPixmap temperaturePicture(const WellRecord& well, bool withGeology)
     TSTemperatureChartJK chart;
     chart.setPictureSize(pictureWidth, pictureHeight);
     if (withGeology)
-        chart.setGeology(well.layers, orZero(well.z), orZero(well.h), session().moduleDir + QStringLiteral("pats/"));
+        chart.setGeology(well.layers, orZero(well.z), orZero(well.h), hatchFolder());
     chart.plot(curves, titles, well.limits, TemperatureLimits::none, TemperatureLimits::none);
     return chart.render(pictureRatio);
 }

@@ -86,6 +86,15 @@ void InspectionForm::startNew(int elementId, int cycleId)
     showRecord(QStringLiteral("--"));
 }
 
+bool InspectionForm::startCopy(int inspectId)
+{
+    if (!record_.load(inspectId))
+        return false;
+    record_.inspectId = -1;
+    showRecord(QStringLiteral("--"));
+    return true;
+}
+
 void InspectionForm::startPattern(int cycleId)
 {
     record_ = InspectionRecord(record_.family());

@@ -16,6 +16,8 @@ public:
     bool load(int inspectId);
     /// A new inspection of the element.
     void startNew(int elementId, int cycleId);
+    /// A new inspection with what a stored one says; false when that cannot be read.
+    bool startCopy(int inspectId);
     /// What is typed is stored nowhere: it serves for many elements.
     void startPattern(int cycleId);
 

@@ -1,0 +1,51 @@
+#include "elements/passports/forms/passport_tabs.h"
+
+#include "elements/passports/forms/files_page.h"
+#include "elements/passports/forms/general_page.h"
+#include "elements/passports/forms/history_page.h"
+#include "elements/passports/forms/igs_general_page.h"
+#include "elements/passports/forms/layers_page.h"
+#include "elements/passports/forms/measures_page.h"
+#include "elements/passports/forms/profiles_page.h"
+
+namespace {
+
+template <class Page>
+PassportPage* make(PassportRecord& record)
+{
+    return new Page(record);
+}
+
+struct FamilyTabs {
+    FamilyKey family;
+    std::vector<PassportTab> tabs;
+};
+
+const std::vector<PassportTab>& usualTabs()
+{
+    static const std::vector<PassportTab> tabs = {
+        {"Общие", make<GeneralPage>}, {"Измерения", make<MeasuresPage>}, {"Графика", make<FilesPage>}};
+    return tabs;
+}
+
+} // namespace
+
+const std::vector<PassportTab>& passportTabs(FamilyKey family)
+{
+    static const FamilyTable<FamilyTabs> rows = {
+        {FamilyKey::Dm, usualTabs()},
+        {FamilyKey::Ts,
+         {{"Общие", make<GeneralPage>},
+          {"Измерения", make<ProfilesPage>},
+          {"Геология", make<LayersPage>},
+          {"Графика", make<FilesPage>},
+          {"Огибающие", make<EnvelopePage>},
+          {"Изотермы", make<IsothermsPage>}}},
+        {FamilyKey::Rp, usualTabs()},
+        {FamilyKey::Ggs, usualTabs()},
+        {FamilyKey::Igs, {{"Общие данные", make<IgsGeneralPage>}, {"Слои литологии", make<LayersPage>}}},
+        {FamilyKey::Tss, usualTabs()},
+        {FamilyKey::Tsg, usualTabs()},
+    };
+    return rows[family].tabs;
+}
