@@ -91,7 +91,7 @@ QString MeasureRows::textAt(const QModelIndex& cell) const
 
 // --- a column a measure ----------------------------------------------------------------
 
-void ProfileColumns::prepare()
+void ProfileTable::prepare()
 {
     logs_.clear();
     std::set<double> all;
@@ -103,14 +103,14 @@ void ProfileColumns::prepare()
     depths_ = QVector<double>(all.begin(), all.end());
 }
 
-int ProfileColumns::rowCount(const QModelIndex& parent) const
+int ProfileTable::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() || logs_.empty() ? 0 : FirstDepth + depths_.size();
 }
 
-int ProfileColumns::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : int(logs_.size()); }
+int ProfileTable::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : int(logs_.size()); }
 
-QVariant ProfileColumns::headerData(int section, Qt::Orientation orientation, int role) const
+QVariant ProfileTable::headerData(int section, Qt::Orientation orientation, int role) const
 {
     static const QStringList above = {"Т. возд", "Дата", "Исполнитель", "Прибор"};
     if (role != Qt::DisplayRole)
@@ -123,7 +123,7 @@ QVariant ProfileColumns::headerData(int section, Qt::Orientation orientation, in
     return fill("%1 (%2)", fixed(record().mouth() - depth, profileDecimals), fixed(depth, profileDecimals));
 }
 
-QString ProfileColumns::textAt(const QModelIndex& cell) const
+QString ProfileTable::textAt(const QModelIndex& cell) const
 {
     const BaseMeasure& shown = measure(cell.column());
     switch (cell.row()) {

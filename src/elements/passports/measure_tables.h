@@ -56,7 +56,7 @@ protected:
 
 /// A column a measure of a thermal well; below what is told of the measure a row
 /// a depth that any of them has.
-class ProfileColumns : public MeasureTableModel {
+class ProfileTable : public MeasureTableModel {
     Q_OBJECT
 
 public:

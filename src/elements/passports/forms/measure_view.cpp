@@ -17,7 +17,7 @@ constexpr int kCellMargins = 14; // pixels that a cell adds to its text
 MeasureTableModel* modelOf(const PassportRecord& record, QObject* parent)
 {
     if (record.family().tables().hasProfile)
-        return new ProfileColumns(record, parent);
+        return new ProfileTable(record, parent);
     return new MeasureRows(record, parent);
 }
 
@@ -50,7 +50,7 @@ void MeasureView::nameRowTitles()
     if (!corner)
         return;
     setCornerButtonEnabled(false);
-    QLabel* title = label(ProfileColumns::rowHeader());
+    QLabel* title = label(ProfileTable::rowHeader());
     title->setAlignment(Qt::AlignCenter);
     auto* layout = row({title});
     layout->setContentsMargins(2, 0, 2, 0);
