@@ -16,6 +16,7 @@ namespace {
 
 using Model = GroundLayersModel;
 
+constexpr int depthWidth = 130, groundWidth = 220, hatchWidth = 140, rowHeight = 36;
 const QString confirmation = QStringLiteral("Подтверждение");
 
 /// What a layer may be made of.
@@ -48,14 +49,16 @@ QTableView* makeTable(Model* model)
     table->setSelectionMode(QAbstractItemView::SingleSelection);
     table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed
                            | QAbstractItemView::AnyKeyPressed);
-    for (int column : {Model::From, Model::To})
+    for (int column : {Model::From, Model::To}) {
         table->setItemDelegateForColumn(column, new NumberDelegate(table));
+        table->setColumnWidth(column, depthWidth);
+    }
     table->setItemDelegateForColumn(Model::Ground, new GroundDelegate(*model, table));
     table->setItemDelegateForColumn(Model::Hatch, new IGSLayerHatchDelegate(Model::LookRole, table));
     table->horizontalHeader()->setSectionResizeMode(Model::Description, QHeaderView::Stretch);
-    table->setColumnWidth(Model::Ground, 240);
-    table->setColumnWidth(Model::Hatch, 140);
-    table->verticalHeader()->setDefaultSectionSize(36);
+    table->setColumnWidth(Model::Ground, groundWidth);
+    table->setColumnWidth(Model::Hatch, hatchWidth);
+    table->verticalHeader()->setDefaultSectionSize(rowHeight);
     return table;
 }
 

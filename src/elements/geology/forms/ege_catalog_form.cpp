@@ -15,6 +15,7 @@
 
 #include <QAbstractItemView>
 #include <QFile>
+#include <QHeaderView>
 
 using namespace formkit;
 
@@ -23,6 +24,7 @@ namespace {
 enum Column { CodeColumn, NameColumn, DescriptionColumn, HatchColumn };
 constexpr int lookRole = Qt::UserRole + 1;
 constexpr int shownProblems = 10;
+constexpr int hatchWidth = 180;
 
 const QString fault = QStringLiteral("Ошибка");
 const QString fileFilter = QStringLiteral("CSV Files (*.csv)");
@@ -66,6 +68,11 @@ void EGECatalogList::refresh()
 {
     columns_ = loadEgeColumns().value_or(EgeColumns());
     CatalogueList::refresh();
+    if (auto* table = qobject_cast<QTableWidget*>(view())) {
+        table->horizontalHeader()->setStretchLastSection(false);
+        table->horizontalHeader()->setSectionResizeMode(DescriptionColumn, QHeaderView::Stretch);
+        table->setColumnWidth(HatchColumn, hatchWidth);
+    }
 }
 
 void EGECatalogList::dress(int row, const QString& key)

@@ -16,6 +16,7 @@ const QString codeField = QStringLiteral("code");
 const QString patternField = QStringLiteral("hatch_pattern_name");
 const QString colorField = QStringLiteral("color_hex");
 constexpr int leastHeight = 200, usualHeight = 560;
+constexpr int captionWidth = 340, leastFieldWidth = 220; // some captions take two lines
 
 // No pattern, then the delivered ones.
 Choices patternChoices()
@@ -77,15 +78,19 @@ EGEEditDialog::EGEEditDialog(QWidget* parent) : EGEEditDialog(loadEgeColumns().v
 EGEEditDialog::EGEEditDialog(const EgeColumns& columns, QWidget* parent)
     : RecordDialog(recordOf(columns), parent), columns_(columns)
 {
+    for (QLabel* caption : fields().findChildren<QLabel*>()) {
+        caption->setWordWrap(true);
+        caption->setFixedWidth(captionWidth);
+    }
     auto* scroll = named<QScrollArea>("FieldsArea");
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     layout()->replaceWidget(&fields(), scroll);
     scroll->setWidget(&fields());
-    scroll->setMinimumWidth(fields().minimumSizeHint().width() + scroll->verticalScrollBar()->sizeHint().width());
+    scroll->setMinimumWidth(captionWidth + leastFieldWidth + scroll->verticalScrollBar()->sizeHint().width());
     scroll->setMinimumHeight(leastHeight);
-    resize(scroll->minimumWidth() + 140, usualHeight);
+    resize(scroll->minimumWidth() + 120, usualHeight);
 }
 
 std::optional<QStringList> EGEEditDialog::load(const QString& key)

@@ -11,6 +11,7 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QTextCodec>
 
 using namespace formkit;
@@ -34,8 +35,16 @@ HeatExchangeTable::HeatExchangeTable(QWidget* parent) : QTableWidget(RowCount, 0
         if (!showing_)
             emit edited();
     });
-    setFixedHeight(horizontalHeader()->sizeHint().height() + RowCount * verticalHeader()->defaultSectionSize()
-                   + 2 * frameWidth() + style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+// Both rows, and room for the bar below them.
+QSize HeatExchangeTable::sizeHint() const
+{
+    return {QTableWidget::sizeHint().width(),
+            horizontalHeader()->sizeHint().height() + verticalHeader()->length() + 2 * frameWidth()
+                + horizontalScrollBar()->sizeHint().height()};
 }
 
 QString HeatExchangeTable::text(int row, int column) const

@@ -16,6 +16,8 @@ public:
     /// Names the file that an export proposes.
     void setEntryName(const QString& name) { entryName_ = name; }
 
+    QSize sizeHint() const override;
+
 signals:
     void edited(); ///< by the user
 

@@ -17,6 +17,8 @@ namespace {
 
 enum Column { Id, Name, Note, FirstNumber, ColumnCount = 15 };
 
+constexpr int leastListWidth = 300;
+
 const char* const entryStatement =
     "select catalog_id, name, note, condensator_area, condensator_radius, condensatot_eff,vaporizer_area, "
     "vaporizer_length, vaporizer_radius, vaporizer_eff,exchanger_area, exchanger_length, exchanger_radius, "
@@ -88,7 +90,8 @@ TSGCatalogForm::TSGCatalogForm(QWidget* parent) : QDialog(parent)
         }),
     });
     connect(list_, &TSGCatalogList::chosen, this, &TSGCatalogForm::chooseEntry);
-    resize(1000, 460);
+    list_->setMinimumWidth(leastListWidth);
+    resize(1080, 480);
     refreshAt(QString());
 }
 

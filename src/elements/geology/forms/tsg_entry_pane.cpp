@@ -9,6 +9,8 @@ using namespace formkit;
 
 namespace {
 
+constexpr int leastNumberWidth = 76;
+
 Field number(const char* name, const char* caption) { return Field::number(name, caption).emptyAs("null"); }
 
 FieldList naming() { return {Field::text("name", "Наименование").required(), Field::text("note", "Примечание")}; }
@@ -36,8 +38,11 @@ FieldList exchanger()
 
 TSGEntryPane::TSGEntryPane(QWidget* parent) : QWidget(parent)
 {
-    for (const FieldList& fields : {naming(), condenser(), evaporator(), exchanger()})
+    for (const FieldList& fields : {naming(), condenser(), evaporator(), exchanger()}) {
         parts_.push_back(new FieldPane(fields));
+        for (QLineEdit* line : parts_.back()->findChildren<QLineEdit*>())
+            line->setMinimumWidth(leastNumberWidth);
+    }
     layOut(this).column({
         title_ = readOut("TitleLabel"),
         parts_[0],
