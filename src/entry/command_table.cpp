@@ -16,6 +16,7 @@
 #include "drawing/forms/insertion_commands.h"
 #include "drawing/forms/sync_commands.h"
 #include "drawing/renumber.h"
+#include "elements/geology/forms/geology_commands.h"
 #include "elements/inspections/forms/inspection_commands.h"
 #include "elements/measures/forms/measure_commands.h"
 #include "entry/about_form.h"
@@ -101,7 +102,7 @@ const std::array<Command, kCommandCount> kCommands = {{
     {"TERVA_TEMP_DIFF_PROFILE", Guard::C2, Guard::P2, kPlain, buildTemperatureDiffProfile},
     {"TERVA_TEMPERATURE_PROFILE", Guard::C2, Guard::P2, kPlain, buildTemperatureProfile},
     {"TERVA_MAP_LEGEND", None, None, kPlain, insertMapLegend},
-    {"TERVA_EGE", Guard::C1, None, kPlain, notBuilt},
+    {"TERVA_EGE", Guard::C1, None, kPlain, openGroundCatalogue},
     {"TERVA_OBJECT_INSPECTOR", None, None, kOnSelection, notBuilt},
     {"TERVA_ALIGN_BY_UCS", Guard::C2, None, kPlain, alignByUcs},
     {"TERVA_ALIGN_LABELS_BY_UCS", Guard::C2, None, kPlain, alignLabelsByUcs},
@@ -124,7 +125,7 @@ const std::array<Command, kCommandCount> kCommands = {{
     {"TERVA_DEF_LINES_PROFILE", Guard::C2, Guard::P2, kPlain, buildDeformationLines},
     {"TERVA_ELEMENT_INSPECTIONS", None, None, kPlain, manageInspections},
     {"TERVA_ELEMENT_MEASURES", None, None, kPlain, manageMeasures},
-    {"TERVA_TSG_CATALOG", Guard::C1, None, kPlain, notBuilt},
+    {"TERVA_TSG_CATALOG", Guard::C1, None, kPlain, openThermostabiliserCatalogue},
     {"TERVA_INSERT_TSGV", None, Guard::P3, kPlain, insertCommand<5>},
     {"TERVA_INSERT_TSGN", None, Guard::P3, kPlain, insertCommand<18>},
     {"TERVA_INSERT_TSGVN", None, Guard::P3, kPlain, insertCommand<19>},
