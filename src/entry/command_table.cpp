@@ -53,6 +53,7 @@ void saveProjectAs() { session().saveProjectAs(); }
 void projectSettings() { togglePaletteSet(PaletteSlot::ProjectSettings); }
 void projectExplorer() { togglePaletteSet(PaletteSlot::ProjectExplorer); }
 void elementList() { togglePaletteSet(PaletteSlot::ElementList); }
+void objectInspector() { toggleObjectInspector(inspectorPlace()); }
 void about() { runModal<AboutForm>(); }
 
 constexpr NcCommandHandler notBuilt = nullptr;
@@ -103,7 +104,7 @@ const std::array<Command, kCommandCount> kCommands = {{
     {"TERVA_TEMPERATURE_PROFILE", Guard::C2, Guard::P2, kPlain, buildTemperatureProfile},
     {"TERVA_MAP_LEGEND", None, None, kPlain, insertMapLegend},
     {"TERVA_EGE", Guard::C1, None, kPlain, openGroundCatalogue},
-    {"TERVA_OBJECT_INSPECTOR", None, None, kOnSelection, notBuilt},
+    {"TERVA_OBJECT_INSPECTOR", None, None, kOnSelection, objectInspector},
     {"TERVA_ALIGN_BY_UCS", Guard::C2, None, kPlain, alignByUcs},
     {"TERVA_ALIGN_LABELS_BY_UCS", Guard::C2, None, kPlain, alignLabelsByUcs},
     {"TERVA_ALIGN_BY_VP", Guard::C2, None, kPlain, alignByViewport},

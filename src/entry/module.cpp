@@ -34,4 +34,5 @@ void unloadModule()
     removeBusyBox();
     setPaletteRefresh({});
     destroyPaletteSets();
+    removeObjectInspector();
 }

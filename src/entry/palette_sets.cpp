@@ -5,6 +5,7 @@
 #include "database/forms/project_placement_props.h"
 #include "database/forms/sql_form.h"
 #include "database/hierarchy/forms/project_explorer_widget.h"
+#include "drawing/inspector/forms/object_inspector_page.h"
 #include "elements/list/forms/element_list.h"
 #include "formkit/palette_page.h"
 #include "session/forms/project_path_form.h"
@@ -61,7 +62,7 @@ const std::array<Description, kPaletteSlotCount>& descriptions()
              palettePage<PerformersListForm>("Исполнители"),
          },
          true},
-        {"Элемент ГМН", 0x50410000, {}, true},
+        {"Элемент ГМН", 0x50410000, {palettePage<ObjectInspectorPage>("Объект")}, true},
         {"Элементы ГМН", 0x50400000, {palettePage<ElementList>("Проект")}},
     }};
     return rows;
@@ -145,9 +146,27 @@ void togglePaletteSet(PaletteSlot slot)
     hostUiPaletteSet_Show(paletteSet(slot), true);
 }
 
+InspectorPlace inspectorPlace()
+{
+    constexpr PaletteSlot slot = PaletteSlot::ObjectInspector;
+    InspectorPlace place;
+    place.page = [] {
+        if (!paletteSet(slot))
+            sets()[size_t(slot)] = makeSet(description(slot));
+        return qobject_cast<ObjectInspectorPage*>(pageForm(paletteSet(slot), 0));
+    };
+    place.show = [](bool visible) {
+        if (hostUiPaletteSet* set = paletteSet(slot))
+            hostUiPaletteSet_Show(set, visible);
+    };
+    place.isVisible = [] { return paletteSet(slot) && IsWindowVisible(paletteSet(slot)); };
+    return place;
+}
+
 void refreshAllPaletteSets()
 {
-    for (PaletteSlot slot : {PaletteSlot::ProjectSettings, PaletteSlot::ProjectExplorer, PaletteSlot::ElementList})
+    for (PaletteSlot slot : {PaletteSlot::ProjectSettings, PaletteSlot::ProjectExplorer, PaletteSlot::ElementList,
+                             PaletteSlot::ObjectInspector})
         refreshSet(slot);
 }
 

@@ -2,6 +2,8 @@
 // commands, destroyed on unload.
 #pragma once
 
+#include "drawing/inspector/forms/object_inspector.h"
+
 #include <memory>
 
 class hostUiPaletteSet;
@@ -21,10 +23,15 @@ constexpr int kPaletteSlotCount = 6;
 // it if it is hidden and hides it if it is visible.
 void togglePaletteSet(PaletteSlot slot);
 
+// The palette of the object inspector: made when its page is asked for, shown and
+// hidden by the inspector's switch.
+InspectorPlace inspectorPlace();
+
 // Null until the set was opened.
 hostUiPaletteSet* paletteSet(PaletteSlot slot);
 
-// Refreshes the forms of every set that exists: settings, explorer, element list.
+// Refreshes the forms of every set that exists: settings, explorer, element list,
+// object inspector.
 void refreshAllPaletteSets();
 void refreshExplorerPaletteSet();
 
