@@ -33,6 +33,7 @@ protected:
                         "values (1, 'старые')")
                     .arg(family.elements, kinds()[size_t(family.kinds.first())].typeId, family.dynprops));
         session().reloadStates();
+        palette->resize(300, 480);
         place.page = [this] { return palette; };
         place.show = [this](bool visible) { palette->setVisible(visible); };
         place.isVisible = [this] { return palette->isVisible(); };
