@@ -16,6 +16,12 @@ double metres(const sql::Result& rows, int row, int column)
 
 double orZero(double value) { return std::isfinite(value) ? value : 0.0; }
 
+void noteRepeated(const QString& name, QStringList& names)
+{
+    if (!names.contains(name))
+        names << name;
+}
+
 void takeMeasures(DeformationProfilePoint& point, double base, double current)
 {
     point.meas_base = base;
@@ -78,8 +84,10 @@ bool DeformationProfileClass::load(int profileId, const MovementRange& range, in
         point.x = rows.toDouble(row, X, &isX);
         point.y = rows.toDouble(row, Y, &isY);
         point.param = orZero(rows.toDouble(row, Param));
-        if (!seen.insert({point.id, point.param}).second)
+        if (!seen.insert({point.id, point.param}).second) {
+            noteRepeated(point.name, repeated);
             continue;
+        }
         if (!isX || !isY) {
             ++gone;
             continue;
@@ -114,11 +122,14 @@ bool DeformationProfileClass::load(const ProfileLine& line, double tolerance, st
     for (int row = 0; rows.isTuples() && row < rows.ntuples(); ++row) {
         DeformationProfilePoint point;
         point.id = rows.toInt(row, Id);
-        if (!seen.insert(point.id).second)
-            continue;
         point.name = rows.getvalue(row, Name);
         point.x = rows.toDouble(row, X);
         point.y = rows.toDouble(row, Y);
+        if (!seen.insert(point.id).second) {
+            if (line.closest(point.x, point.y).offset < tolerance)
+                noteRepeated(point.name, repeated);
+            continue;
+        }
         point.z = orZero(rows.toDouble(row, Z));
         point.h = orZero(rows.toDouble(row, H));
         takeMeasures(point, metres(rows, row, Base), metres(rows, row, Current));

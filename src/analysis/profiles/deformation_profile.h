@@ -27,6 +27,7 @@ public:
     QString name;
     double length = 0.0; ///< of the line; of a stored one up to its last mark, m
     std::vector<DeformationProfilePoint> points;
+    QStringList repeated; ///< names of marks with several measures in a cycle
 
     /// The stored profile with its measures and figures. Of several measures of
     /// a mark in one cycle the first row counts; marks that are no longer in the

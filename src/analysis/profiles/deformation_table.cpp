@@ -27,9 +27,9 @@ QStringList deformationTitles(const QString& base, const QString& current)
     return {"Имя", base, current, "Осадка, мм", "Разность \n осадок, мм", "Расстояние, м", "Отн. разн. \n осадки"};
 }
 
-std::vector<ProfileTableRow> deformationRows(const DeformationProfileClass& profile, double limit)
+std::vector<DeformationTableRow> deformationRows(const DeformationProfileClass& profile, double limit)
 {
-    std::vector<ProfileTableRow> rows;
+    std::vector<DeformationTableRow> rows;
     const DeformationProfilePoint* before = nullptr;
     for (const DeformationProfilePoint& point : profile.points) {
         QStringList cells = {point.name, orMissing(point.meas_base, kElevationDecimals),

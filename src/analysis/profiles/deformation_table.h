@@ -9,13 +9,13 @@
 /// or of a forecast "Прогноз \n 01.01.24".
 QStringList deformationTitles(const QString& base, const QString& current);
 
-struct ProfileTableRow {
+struct DeformationTableRow {
     QStringList cells;
     bool overLimit = false;
 };
 /// A row a mark: difference, distance and relative difference are those to the
 /// mark before it. What is missing is "--". The limit is metres.
-std::vector<ProfileTableRow> deformationRows(const DeformationProfileClass& profile, double limit);
+std::vector<DeformationTableRow> deformationRows(const DeformationProfileClass& profile, double limit);
 
 /// "Максимальная  осадка,мм" and "Средняя  осадка, мм" with their figures.
 QString largestText(const DeformationProfileClass& profile);

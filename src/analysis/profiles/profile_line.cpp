@@ -2,13 +2,13 @@
 
 #include "base/text.h"
 #include "geometry/arc.h"
-#include "geometry/segment.h"
 #include "hostkit/console.h"
 #include "hostkit/opened.h"
 
 #include <nrx/editor.h>
 
 #include <QStringList>
+#include <algorithm>
 
 using geometry::Point3;
 using geometry::PointList;
@@ -41,6 +41,7 @@ ProfileLine::ProfileLine(const std::vector<LineVertex>& vertices, bool closed) :
         addSegment(double(i), double(i + 1), segmentLength(from, to, vertices[i].bulge),
                    geometry::arcPoints(from, to, vertices[i].bulge));
     }
+    index_ = std::make_shared<const geometry::SegmentIndex>(chords_, false);
 }
 
 ProfileLine ProfileLine::ofText(const QString& text)
@@ -85,20 +86,13 @@ ProfileLine::Place ProfileLine::onChord(size_t chord, double share) const
 
 ProfileLine::Place ProfileLine::closest(double x, double y) const
 {
-    double best = INFINITY, share = 0.0;
-    size_t nearest = 0;
     if (!(length_ > 0.0))
         return {};
-    for (size_t i = 0; i < measures_.size(); ++i) {
-        const geometry::ClosestPlace place = geometry::closestOnSegment(chords_[i], chords_[i + 1], {x, y, 0.0});
-        if (place.distance < best) {
-            best = place.distance;
-            share = place.t;
-            nearest = i;
-        }
-    }
-    Place found = onChord(nearest, share);
-    found.offset = best;
+    const geometry::Polyline::Place nearest = index_->closest({x, y, 0.0});
+    // A vertex belongs to the chord that ends there.
+    const double chord = std::max(std::ceil(nearest.parameter) - 1.0, 0.0);
+    Place found = onChord(size_t(chord), nearest.parameter - chord);
+    found.offset = nearest.distance;
     return found;
 }
 
@@ -106,9 +100,9 @@ ProfileLine::Place ProfileLine::at(double dist) const
 {
     if (!(length_ > 0.0))
         return {};
-    size_t chord = 0;
-    while (chord + 1 < measures_.size() && dist > measures_[chord].dist + measures_[chord].length)
-        ++chord;
+    const auto ends = [](const Chord& chord, double sought) { return chord.dist + chord.length < sought; };
+    const auto found = std::lower_bound(measures_.begin(), std::prev(measures_.end()), dist, ends);
+    const auto chord = size_t(found - measures_.begin());
     const Chord& measure = measures_[chord];
     const double share = measure.length > 0.0 ? (dist - measure.dist) / measure.length : 0.0;
     return onChord(chord, std::min(std::max(share, 0.0), 1.0));

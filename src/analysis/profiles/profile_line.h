@@ -1,11 +1,12 @@
 // The line in plan along which a profile is taken: a polyline of the drawing.
 #pragma once
 
-#include "geometry/point3.h"
+#include "geometry/segment_index.h"
 
 #include <nrx/object.h>
 
 #include <QString>
+#include <memory>
 #include <optional>
 
 struct LineVertex {
@@ -54,6 +55,7 @@ private:
     };
     geometry::PointList chords_; // ends of the chords, one more than these
     std::vector<Chord> measures_;
+    std::shared_ptr<const geometry::SegmentIndex> index_; // over the chords; none of a line without vertices
     double length_ = 0.0;
     int vertexCount_ = 0;
 };

@@ -223,8 +223,10 @@ TEST_F(StoredProfile, AMarkMeasuredTwiceInACycleCountsOnce)
     DeformationProfileClass profile;
     ASSERT_TRUE(profile.load(id, kCycles));
     EXPECT_EQ(profile.points.size(), 2u);
+    EXPECT_EQ(profile.repeated, QStringList("М1"));
     ASSERT_TRUE(profile.load(straight(), 1.0, 1, kCycles));
     EXPECT_EQ(profile.points.size(), 4u);
+    EXPECT_EQ(profile.repeated, QStringList("М1"));
 }
 
 TEST_F(StoredProfile, MarksAreCaughtBesideAStraightLineToo)

@@ -369,7 +369,7 @@ TEST(DeformationTable, ShowsMillimetresDistancesAndRatios)
     const DeformationProfileClass profile =
         profileOf({mark("М1", 0, 10.0, 9.98), mark("М2", 10, 10.0, 9.95), mark("М3", 20, 10.0, INFINITY),
                    mark("М4", 20, 5.0, 5.0), mark("М5", 20, 5.0, 5.01)});
-    const std::vector<ProfileTableRow> rows = deformationRows(profile, 0.02);
+    const std::vector<DeformationTableRow> rows = deformationRows(profile, 0.02);
     ASSERT_EQ(rows.size(), 5u);
     EXPECT_EQ(rows[0].cells, (QStringList{"М1", "10.0000", "9.9800", "-20.00", "--", "--", "--"}));
     EXPECT_EQ(rows[1].cells, (QStringList{"М2", "10.0000", "9.9500", "-50.00", "-30.00", "10.00", "0.003000"}));

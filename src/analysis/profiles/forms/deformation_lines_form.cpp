@@ -1,5 +1,6 @@
 #include "analysis/profiles/forms/deformation_lines_form.h"
 
+#include "analysis/maps/map_place.h"
 #include "analysis/profiles/deformation_table.h"
 #include "analysis/profiles/forms/profile_list_widget.h"
 #include "analysis/profiles/forms/section_pane.h"
@@ -157,7 +158,7 @@ void DeformationLinesForm::showMarks()
     const DeformationProfileClass none;
     const DeformationProfileClass& profile = isThere ? profiles_[size_t(row)] : none;
     const QStringList titles = deformationTitles(sideTitle(true), sideTitle(false));
-    const std::vector<ProfileTableRow> rows = deformationRows(profile, limit_);
+    const std::vector<DeformationTableRow> rows = deformationRows(profile, limit_);
     marks_->setColumnCount(titles.size());
     marks_->setHorizontalHeaderLabels(titles);
     marks_->setRowCount(int(rows.size()));
@@ -193,6 +194,12 @@ QString DeformationLinesForm::remark(bool read) const
         lines << fill("Нет замеров с обеих сторон: %1.", unmeasured.join(QStringLiteral(", ")));
     if (!single.isEmpty())
         lines << fill("Марка одна, разностей нет: %1.", single.join(QStringLiteral(", ")));
+    QStringList repeated;
+    for (const DeformationProfileClass& profile : profiles_)
+        repeated << profile.repeated;
+    repeated.removeDuplicates();
+    if (!repeated.isEmpty())
+        lines << repeatedNote(repeated, QStringLiteral("взято первое измерение"));
     if (lost_ > 0)
         lines << fill("Марок профилей больше нет в базе: %1.", lost_);
     return lines.join(QLatin1Char('\n'));

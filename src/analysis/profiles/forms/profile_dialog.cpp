@@ -28,7 +28,7 @@ void ProfileDialog::layOutProfile(const std::vector<Item>& own, const Item& tabl
         row({
             button("WriteDBbtn", "Записать в БД", this, &ProfileDialog::save),
             button("CSVExpBtn", "Экспорт в .CSV", this,
-                   [this] { exportCsv(this, exported(), WithTitles, "Экспорт в csv"); }),
+                   [this] { exportCsv(this, exported(), words_.fileParts, "Экспорт в csv"); }),
             button("ClipExpBtn", "Экспорт в буфер обмена", this, [this] { copyTable(exported(), WithTitles); }),
             stretch(),
             ends,
@@ -132,7 +132,7 @@ void ProfileDialog::save()
     if (wanted.points.empty())
         return warn(this, "Вдоль линии не выбрано ни одного элемента: сохранять нечего.");
     wanted.name =
-        QInputDialog::getText(this, QStringLiteral("Сохранение профиля"), QStringLiteral("Имя"), QLineEdit::Normal,
+        QInputDialog::getText(this, QStringLiteral("Сохранение профиля"), words_.nameAsked, QLineEdit::Normal,
                               record_.id >= 0 ? record_.name : presetName(family_, session().currentPositionId));
     if (wanted.name.isEmpty())
         return;

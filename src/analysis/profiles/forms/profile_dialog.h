@@ -9,6 +9,7 @@
 
 #include "analysis/profiles/profile_record.h"
 #include "formkit/layout.h"
+#include "formkit/table_items.h"
 #include "formkit/widgets.h"
 
 #include <QDialog>
@@ -20,6 +21,8 @@ struct ProfileWords {
     const char* title;
     const char* elements; ///< title of the group that says where they are looked for
     const char* corridor; ///< caption of the choice
+    const char* nameAsked = "Имя"; ///< what is asked for when a profile is kept
+    formkit::TextPart fileParts = formkit::WithTitles;
 };
 
 class ProfileDialog : public QDialog {
