@@ -41,7 +41,7 @@ void ProfileDialog::layOutProfile(const std::vector<Item>& own, const Item& tabl
         });
     connect(tolerance_, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this, [this] { reload(); });
     showLine(false);
-    resize(1080, 600);
+    resize(1260, 640);
 }
 
 Item ProfileDialog::linePane()
