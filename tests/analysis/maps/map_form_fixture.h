@@ -5,8 +5,6 @@
 #include "analysis/maps/map_fixture.h"
 #include "support/form_texts.h"
 
-#include "support/form_texts.h"
-
 #include <script/modal_driver.h>
 
 #include <QTableWidget>
