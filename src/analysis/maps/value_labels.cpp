@@ -9,7 +9,7 @@ namespace {
 
 constexpr double kLabelHeight = 1.8;
 
-NcDbObjectId drawLabel(const ValueLabel& label, double angle)
+NcDbObjectId drawLabel(const MapLabel& label, double angle)
 {
     const NcGePoint3d place(label.place.x, label.place.y, label.place.z);
     auto text = std::make_unique<NcDbText>(place, label.text, kLabelHeight);
@@ -23,11 +23,11 @@ NcDbObjectId drawLabel(const ValueLabel& label, double angle)
 
 } // namespace
 
-NcDbObjectIdArray drawLabels(const std::vector<ValueLabel>& labels)
+NcDbObjectIdArray drawLabels(const std::vector<MapLabel>& labels)
 {
     const double angle = userSystemAngle();
     NcDbObjectIdArray ids;
-    for (const ValueLabel& label : labels) {
+    for (const MapLabel& label : labels) {
         if (const NcDbObjectId id = drawLabel(label, angle); !id.isNull())
             ids.push_back(id);
     }
@@ -37,7 +37,7 @@ NcDbObjectIdArray drawLabels(const std::vector<ValueLabel>& labels)
 
 NcDbObjectIdArray drawValueLabels(const geometry::PointList& points)
 {
-    std::vector<ValueLabel> labels;
+    std::vector<MapLabel> labels;
     for (const geometry::Point3& point : points)
         labels.push_back({point, valueLabel(point.z)});
     return drawLabels(labels);
@@ -45,7 +45,7 @@ NcDbObjectIdArray drawValueLabels(const geometry::PointList& points)
 
 NcDbObjectIdArray drawLabelPairs(const std::vector<LabelPair>& pairs)
 {
-    std::vector<ValueLabel> labels;
+    std::vector<MapLabel> labels;
     for (const LabelPair& pair : pairs) {
         const geometry::Point3 place{pair.place.x, pair.place.y, 0.0};
         labels.push_back({place, pair.above, NcDbText::kTextTop});

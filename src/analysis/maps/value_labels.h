@@ -5,7 +5,7 @@
 
 #include <nrx/entity.h>
 
-struct ValueLabel {
+struct MapLabel {
     geometry::Point3 place;
     QString text;
     NcDbText::VerticalMode held = NcDbText::kTextVertMid; // which part of it stands at the place
@@ -13,7 +13,7 @@ struct ValueLabel {
 
 // The texts, centred and along the X axis of the user coordinate system, on the
 // current layer; all in a new group "TERVA_VALS_...".
-NcDbObjectIdArray drawLabels(const std::vector<ValueLabel>& labels);
+NcDbObjectIdArray drawLabels(const std::vector<MapLabel>& labels);
 
 // The value at each point (x, y, value).
 NcDbObjectIdArray drawValueLabels(const geometry::PointList& points);
