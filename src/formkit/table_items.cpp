@@ -18,13 +18,15 @@ namespace formkit {
 namespace {
 
 constexpr int kNumberRole = Qt::UserRole + 100;
+constexpr int kNumberType = QTableWidgetItem::UserType + 1;
+constexpr auto kReadOnly = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
 const QString kSuffix = QStringLiteral(".csv");
 // Without it spreadsheets take the text for one of the local encoding.
 const QByteArray kByteOrderMark = "\xEF\xBB\xBF";
 
 class NumberItem final : public QTableWidgetItem {
 public:
-    using QTableWidgetItem::QTableWidgetItem;
+    explicit NumberItem(const QString& text) : QTableWidgetItem(text, kNumberType) { }
     bool operator<(const QTableWidgetItem& other) const override
     {
         return data(kNumberRole).toDouble() < other.data(kNumberRole).toDouble();
@@ -46,7 +48,7 @@ QString csvPath(QWidget* parent, const QString& path)
 QTableWidgetItem* textItem(const QString& text)
 {
     auto* item = new QTableWidgetItem(text);
-    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+    item->setFlags(kReadOnly);
     return item;
 }
 
@@ -56,7 +58,15 @@ QTableWidgetItem* numberItem(double number, int decimals, const QString& missing
     auto* item = new NumberItem(known ? fixed(number, decimals) : missing);
     item->setData(kNumberRole, known ? number : -HUGE_VAL);
     item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+    item->setFlags(kReadOnly);
+    return item;
+}
+
+QTableWidgetItem* figureItem(const QString& text)
+{
+    auto* item = new QTableWidgetItem(text, kNumberType);
+    item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    item->setFlags(kReadOnly);
     return item;
 }
 
@@ -86,6 +96,10 @@ static QString inOneLine(const QString& title)
 QString tableText(const QTableWidget* table, QChar separator, TextPart parts)
 {
     const auto textOf = [](const QTableWidgetItem* item) { return item ? item->text() : QString(); };
+    const auto cellText = [&](const QTableWidgetItem* item) {
+        const bool isNumber = parts & DecimalComma && item && item->type() == kNumberType;
+        return isNumber ? item->text().replace(QLatin1Char('.'), QLatin1Char(',')) : textOf(item);
+    };
     QString text;
     const auto addLine = [&](const QStringList& cells) { text += cells.join(separator) + QLatin1Char('\n'); };
     if (parts & WithTitles) {
@@ -99,7 +113,7 @@ QString tableText(const QTableWidget* table, QChar separator, TextPart parts)
         if (parts & WithRowTitles)
             cells << textOf(table->verticalHeaderItem(row));
         for (int column = 0; column < table->columnCount(); ++column)
-            cells << textOf(table->item(row, column));
+            cells << cellText(table->item(row, column));
         addLine(cells);
     }
     return text;

@@ -144,6 +144,13 @@ TEST_F(Boxes, ATableGoesToAFileAndToTheClipboard)
     shown.setHorizontalHeaderLabels({"Имя", "Прогноз \n Зима"});
     EXPECT_EQ(tableText(&shown, ';', WithTitles), QString("Имя;Прогноз Зима\nа;2.35\n;--\n")) << "a line is a row";
     shown.setHorizontalHeaderLabels({"Имя", "Число"});
+    EXPECT_EQ(tableText(&shown, ';', DecimalComma), QString("а;2,35\n;--\n"));
+    shown.item(0, 0)->setText("1.5");
+    EXPECT_EQ(tableText(&shown, ';', DecimalComma), QString("1.5;2,35\n;--\n")) << "a name is no number";
+    shown.setItem(1, 0, figureItem("-0.50"));
+    EXPECT_EQ(tableText(&shown, ';', DecimalComma), QString("1.5;2,35\n-0,50;--\n"));
+    delete shown.takeItem(1, 0);
+    shown.item(0, 0)->setText("а");
     EXPECT_EQ(tableText(&shown, ';', WithTitles | WithRowTitles), QString(";Имя;Число\n1.00;а;2.35\n2.00;;--\n"));
     copyTable(&shown, WithRowTitles);
     EXPECT_EQ(QApplication::clipboard()->text(), QString("1.00\tа\t2.35\n2.00\t\t--\n"));
