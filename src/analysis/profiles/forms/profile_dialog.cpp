@@ -17,7 +17,7 @@ ProfileDialog::ProfileDialog(const ProfileWords& words, const ProfileFamily& fam
     nameForm(this, words.name, words.title);
 }
 
-void ProfileDialog::layOutProfile(const std::vector<Item>& own, const Item& tables, QDialogButtonBox* ends)
+void ProfileDialog::layOutProfile(const std::vector<Item>& own, const Item& tables, QWidget* ends)
 {
     std::vector<Item> panes = {linePane(), placePane()};
     panes.insert(panes.end(), own.begin(), own.end());

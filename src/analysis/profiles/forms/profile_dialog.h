@@ -13,7 +13,6 @@
 #include "formkit/widgets.h"
 
 #include <QDialog>
-#include <QDialogButtonBox>
 
 /// What the heirs differ in by words alone.
 struct ProfileWords {
@@ -37,7 +36,7 @@ protected:
 
     /// The frame: the heir's own panes below those of the line at the left, its
     /// tables at the right, what ends it at the right below.
-    void layOutProfile(const std::vector<formkit::Item>& own, const formkit::Item& tables, QDialogButtonBox* ends);
+    void layOutProfile(const std::vector<formkit::Item>& own, const formkit::Item& tables, QWidget* ends);
 
     virtual void reload() = 0;
     /// What is kept of the profile: its elements and how it is drawn.
