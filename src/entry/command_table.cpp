@@ -5,6 +5,7 @@
 #include "analysis/levels/forms/map_legend_form.h"
 #include "analysis/maps/forms/map_commands.h"
 #include "analysis/profiles/forms/profile_commands.h"
+#include "analysis/settlements/forms/settlement_commands.h"
 #include "base/placeholders.h"
 #include "database/forms/administration_commands.h"
 #include "database/forms/create_project_form.h"
@@ -112,7 +113,7 @@ const std::array<Command, kCommandCount> kCommands = {{
     {"TERVA_MASK_ATTRIBUTES", None, None, kPlain, maskAttributes},
     {"TERVA_ABOUT", None, None, kPlain, about},
     {"TERVA_POSITION_PROPS", None, Guard::P1, kPlain, positionProperties},
-    {"TERVA_SETTLEMENTS", Guard::C2, Guard::P2, kPlain, notBuilt},
+    {"TERVA_SETTLEMENTS", Guard::C2, Guard::P2, kPlain, showSettlements},
     {"TERVA_POSITION_ADD_DM_PROFILE", None, Guard::P1, kPlain, addDeformationProfile},
     {"TERVA_POSITION_ADD_TS_PROFILE", None, Guard::P1, kPlain, addTemperatureProfile},
     {"TERVA_POSITION_ADD_CONTOUR", None, Guard::P1, kPlain, addPositionContour},
