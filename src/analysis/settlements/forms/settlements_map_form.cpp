@@ -11,12 +11,14 @@
 
 #include <QHeaderView>
 #include <QSignalBlocker>
+#include <algorithm>
 
 using namespace formkit;
 
 namespace {
 
 const QColor kOverLimit(255, 0, 0);
+constexpr int kCycleWidth = 150; // of a column whose title stands in two lines
 
 } // namespace
 
@@ -29,6 +31,7 @@ SettlementsMapForm::SettlementsMapForm(QWidget* parent)
       marks_(table("SettlesTable"))
 {
     marks_->verticalHeader()->hide();
+    marks_->horizontalHeader()->setDefaultAlignment(Qt::Alignment(QFlag(Qt::AlignCenter | Qt::TextWordWrap)));
     marks_->setSelectionBehavior(QAbstractItemView::SelectRows);
     std::vector<Cells> rows = {{"Позиция", growing(readOut("Position", session().currentPositionName))}};
     for (const Cells& row : epochs_->rows())
@@ -112,6 +115,8 @@ void SettlementsMapForm::showMarks()
     quiet.unblock();
     marks_->viewport()->update();
     fitColumns(marks_);
+    for (const int cycle : {1, 2})
+        marks_->setColumnWidth(cycle, std::min(marks_->columnWidth(cycle), kCycleWidth));
     largest_->setText(largestText(profile_));
     mean_->setText(meanText(profile_));
 }
