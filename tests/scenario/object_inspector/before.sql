@@ -1,0 +1,1 @@
+INSERT INTO states (state_id, note, colorindex) VALUES ('broken', 'Разрушена', 1);
