@@ -11,6 +11,7 @@ INSERT INTO geology_ege_catalog (ege_id, project_id, code, name, description, ha
     (5, 1, '5', 'Песок мелкий', 'Твёрдомёрзлый, массивной криотекстуры', 'sand.pat', 1, '#FFE9A8', 1.92, 0.2, 0.1, -0.1,
      2.0, 2.3);
 ALTER TABLE geology_ege_catalog ALTER ege_id RESTART WITH 6;
+UPDATE ts_elements SET z = 100.9, h = 0.5;
 INSERT INTO igs_elements (element_id, type_id, element_name, state_id, position_id, x, y, z) OVERRIDING SYSTEM VALUE VALUES
     (900, 'skv', 'С-1', 'exist', 1, 45, -30, 100.4), (901, 'skv', 'С-2', 'exist', 1, -60, 15, 101.2);
 INSERT INTO igs_geology_layers (element_id, ege_id, depth_from, depth_to, description) VALUES

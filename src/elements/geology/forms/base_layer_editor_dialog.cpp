@@ -16,7 +16,7 @@ namespace {
 
 using Model = GroundLayersModel;
 
-constexpr int depthWidth = 130, groundWidth = 220, hatchWidth = 140, rowHeight = 36;
+constexpr int depthWidth = 150, groundWidth = 220, hatchWidth = 140, rowHeight = 36;
 const QString confirmation = QStringLiteral("Подтверждение");
 
 /// What a layer may be made of.

@@ -47,6 +47,13 @@ QSize HeatExchangeTable::sizeHint() const
                 + horizontalScrollBar()->sizeHint().height()};
 }
 
+// The rows have got their height by now.
+void HeatExchangeTable::showEvent(QShowEvent* event)
+{
+    QTableWidget::showEvent(event);
+    updateGeometry();
+}
+
 QString HeatExchangeTable::text(int row, int column) const
 {
     const QTableWidgetItem* cell = item(row, column);

@@ -17,9 +17,13 @@ public:
     void setEntryName(const QString& name) { entryName_ = name; }
 
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return {QTableWidget::minimumSizeHint().width(), sizeHint().height()}; }
 
 signals:
     void edited(); ///< by the user
+
+protected:
+    void showEvent(QShowEvent* event) override;
 
 private:
     void showMenu(const QPoint& place);

@@ -9,6 +9,7 @@
 #include "hostkit/model_space.h"
 
 #include <QScrollArea>
+#include <QScrollBar>
 
 using namespace formkit;
 
@@ -32,6 +33,7 @@ ElementInspector::ElementInspector(FamilyKey family, QWidget* parent)
     area->setFrameShape(QFrame::NoFrame);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setWidget(pane(column(groups)));
+    area->setMinimumWidth(area->widget()->minimumSizeHint().width() + area->verticalScrollBar()->sizeHint().width());
     layOut(this).column({growing(area), row({stretch(), apply_})});
 }
 
