@@ -41,7 +41,9 @@ void InspectionColumns::showInspections()
 const InspectionRecord* InspectionColumns::recordAt(int column) const
 {
     const auto found = byCycle_.constFind(cycleAt(column));
-    return found == byCycle_.constEnd() ? nullptr : &record_.inspections[size_t(*found)];
+    // The record may hold others already while the table is still to be told.
+    const bool known = found != byCycle_.constEnd() && size_t(*found) < record_.inspections.size();
+    return known ? &record_.inspections[size_t(*found)] : nullptr;
 }
 
 int InspectionColumns::inspectionAt(int column) const

@@ -110,6 +110,10 @@ void ElementList::prepareView()
     view_->horizontalHeader()->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(view_, &QWidget::customContextMenuRequested, this, &ElementList::showMenu);
     connect(view_->horizontalHeader(), &QWidget::customContextMenuRequested, this, &ElementList::showHeaderMenu);
+    connect(view_, &QTableView::doubleClicked, this, [this](const QModelIndex& cell) {
+        if (!(cell.flags() & Qt::ItemIsEditable)) // the others are edited in place
+            openCurrent();
+    });
     connect(view_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ElementList::countSelected);
     connect(order_, &QAbstractItemModel::modelReset, this, &ElementList::countSelected);
 }

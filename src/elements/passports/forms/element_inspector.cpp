@@ -37,6 +37,9 @@ ElementInspector::ElementInspector(FamilyKey family, QWidget* parent)
     layOut(this).column({growing(area), row({stretch(), apply_})});
 }
 
+// It shows the record until it goes.
+ElementInspector::~ElementInspector() { delete part_; }
+
 bool ElementInspector::loadRow(int elementId)
 {
     record_.row.readForInspector(elementId);

@@ -24,6 +24,7 @@ class ElementInspector : public InspectorPane {
 
 public:
     explicit ElementInspector(FamilyKey family, QWidget* parent = nullptr);
+    ~ElementInspector() override;
 
 protected:
     bool loadRow(int elementId) override;

@@ -28,14 +28,18 @@ ElementPassport::ElementPassport(FamilyKey family, int elementId, QWidget* paren
              endButtons(this, {rejects("CloseBtn", "Закрыть")})}),
     });
     for (const PassportTab& tab : passportTabs(family))
-        addPage(tab.make(record_), tab.title);
+        addPage(tab.make(record_), tab);
     resize(1080, 620);
     load();
 }
 
-void ElementPassport::addPage(PassportPage* page, const QString& title)
+// The pages show the record until they go.
+ElementPassport::~ElementPassport() { delete tabs_; }
+
+void ElementPassport::addPage(PassportPage* page, const PassportTab& tab)
 {
-    tabs_->addTab(page, title);
+    nameForm(page, tab.name, QString());
+    tabs_->addTab(page, tab.title);
     pages_.push_back(page);
     connect(page, &PassportPage::measuresChanged, this, [this, page] {
         for (PassportPage* other : pages_) {

@@ -10,12 +10,14 @@
 class PassportPage;
 class QPushButton;
 class QTabWidget;
+struct PassportTab;
 
 class ElementPassport : public QDialog {
     Q_OBJECT
 
 public:
     ElementPassport(FamilyKey family, int elementId, QWidget* parent = nullptr);
+    ~ElementPassport() override;
 
     /// Reads the element anew. Without its row the form is empty and has no title
     /// of its own.
@@ -23,7 +25,7 @@ public:
     bool isLoaded() const { return record_.row.isRead(); }
 
 private:
-    void addPage(PassportPage* page, const QString& title);
+    void addPage(PassportPage* page, const PassportTab& tab);
     void apply();
     void exportDocument();
     void showInDrawing();

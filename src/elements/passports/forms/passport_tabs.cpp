@@ -23,8 +23,9 @@ struct FamilyTabs {
 
 const std::vector<PassportTab>& usualTabs()
 {
-    static const std::vector<PassportTab> tabs = {
-        {"Общие", make<GeneralPage>}, {"Измерения", make<MeasuresPage>}, {"Графика", make<FilesPage>}};
+    static const std::vector<PassportTab> tabs = {{"Общие", "GeneralPage", make<GeneralPage>},
+                                                  {"Измерения", "MeasuresPage", make<MeasuresPage>},
+                                                  {"Графика", "FilesPage", make<FilesPage>}};
     return tabs;
 }
 
@@ -35,15 +36,16 @@ const std::vector<PassportTab>& passportTabs(FamilyKey family)
     static const FamilyTable<FamilyTabs> rows = {
         {FamilyKey::Dm, usualTabs()},
         {FamilyKey::Ts,
-         {{"Общие", make<GeneralPage>},
-          {"Измерения", make<ProfilesPage>},
-          {"Геология", make<LayersPage>},
-          {"Графика", make<FilesPage>},
-          {"Огибающие", make<EnvelopePage>},
-          {"Изотермы", make<IsothermsPage>}}},
+         {{"Общие", "GeneralPage", make<GeneralPage>},
+          {"Измерения", "MeasuresPage", make<ProfilesPage>},
+          {"Геология", "LayersPage", make<LayersPage>},
+          {"Графика", "FilesPage", make<FilesPage>},
+          {"Огибающие", "EnvelopePage", make<EnvelopePage>},
+          {"Изотермы", "IsothermsPage", make<IsothermsPage>}}},
         {FamilyKey::Rp, usualTabs()},
         {FamilyKey::Ggs, usualTabs()},
-        {FamilyKey::Igs, {{"Общие данные", make<IgsGeneralPage>}, {"Слои литологии", make<LayersPage>}}},
+        {FamilyKey::Igs,
+         {{"Общие данные", "GeneralPage", make<IgsGeneralPage>}, {"Слои литологии", "LayersPage", make<LayersPage>}}},
         {FamilyKey::Tss, usualTabs()},
         {FamilyKey::Tsg, usualTabs()},
     };

@@ -7,6 +7,7 @@
 
 struct PassportTab {
     QString title;
+    QString name; ///< object name of the page
     PassportPage* (*make)(PassportRecord& record);
 };
 
