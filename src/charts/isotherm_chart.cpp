@@ -7,9 +7,10 @@
 
 namespace {
 
-constexpr double fontSize = 8.0;
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-constexpr int mostLines = 200; // of a step that somebody typed
+constexpr int kFineTimes = 600, kFineDepths = 150, kMostParts = 8;
+constexpr double kLabelRoom = 0.05; // of the plot
+constexpr int mostLines = 200;      // of a step that somebody typed
 
 struct Corner {
     double time, depth, temperature;
@@ -85,11 +86,28 @@ int intervalOf(const QVector<double>& values, double number, double& share)
     return first;
 }
 
+// Each interval in so many equal parts.
+QVector<double> between(const QVector<double>& values, int parts)
+{
+    QVector<double> all;
+    for (int i = 0; i + 1 < values.size(); ++i) {
+        for (int part = 0; part < parts; ++part)
+            all.append(values[i] + (values[i + 1] - values[i]) * part / parts);
+    }
+    all.append(values.last());
+    return all;
+}
+
+// At an end of the interval the other end does not matter, nor whether it is known.
+double onEdge(double from, double to, double share)
+{
+    return share <= 0.0 ? from : share >= 1.0 ? to : from * (1.0 - share) + to * share;
+}
+
 double temperatureIn(const TemperatureGrid& grid, int time, double timeShare, int depth, double depthShare)
 {
-    const double above = grid.at(time, depth) * (1.0 - timeShare) + grid.at(time + 1, depth) * timeShare;
-    const double below = grid.at(time, depth + 1) * (1.0 - timeShare) + grid.at(time + 1, depth + 1) * timeShare;
-    return above * (1.0 - depthShare) + below * depthShare;
+    return onEdge(onEdge(grid.at(time, depth), grid.at(time + 1, depth), timeShare),
+                  onEdge(grid.at(time, depth + 1), grid.at(time + 1, depth + 1), timeShare), depthShare);
 }
 
 // The first row lies at the lower edge, where the depth is the largest.
@@ -154,6 +172,24 @@ double isothermStep(double coldest, double warmest, int most)
     return 10.0 * power;
 }
 
+TemperatureGrid refined(const TemperatureGrid& grid, int times, int depths)
+{
+    if (!grid.isPlane())
+        return grid;
+    TemperatureGrid fine;
+    fine.times = between(grid.times, times);
+    fine.depths = between(grid.depths, depths);
+    for (const double time : fine.times) {
+        double timeShare = 0.0, depthShare = 0.0;
+        const int first = intervalOf(grid.times, time, timeShare);
+        for (const double depth : fine.depths) {
+            const int above = intervalOf(grid.depths, depth, depthShare);
+            fine.values.append(temperatureIn(grid, first, timeShare, above, depthShare));
+        }
+    }
+    return fine;
+}
+
 IsothermLine isothermOf(const TemperatureGrid& grid, double temperature)
 {
     IsothermLine line;
@@ -182,14 +218,17 @@ void IsothermChart::plot(const TemperatureGrid& grid, double step)
     describeAxes(grid);
     addBands(grid, coldest, warmest);
     addDays(grid);
+    // Within a cell a line of equal temperature is bent: many short pieces show it.
+    const TemperatureGrid fine = refined(grid, qBound(1, kFineTimes / grid.times.size(), kMostParts),
+                                         qBound(1, kFineDepths / grid.depths.size(), kMostParts));
     const double from = grid.times.first(), duration = grid.times.last() - from;
     for (double number = std::ceil(coldest / step_); number * step_ <= warmest; ++number) {
-        const IsothermLine line = isothermOf(grid, number * step_);
+        const IsothermLine line = isothermOf(fine, number * step_);
         if (line.times.isEmpty())
             continue;
         addLine(line);
         // Not all one below another.
-        addLabel(line, from + duration * (0.15 + 0.7 * std::fmod(std::abs(number) * 0.382, 1.0)));
+        addLabel(line, from + duration * (0.15 + 0.7 * std::fmod(std::abs(number) * 0.382, 1.0)), grid);
     }
 }
 
@@ -238,7 +277,7 @@ void IsothermChart::addLine(const IsothermLine& line)
 }
 
 // At the piece that is nearest to the wanted time.
-void IsothermChart::addLabel(const IsothermLine& line, double wantedTime)
+void IsothermChart::addLabel(const IsothermLine& line, double wantedTime, const TemperatureGrid& grid)
 {
     int best = -1;
     for (int i = 0; i + 1 < line.times.size(); ++i) {
@@ -253,6 +292,12 @@ void IsothermChart::addLabel(const IsothermLine& line, double wantedTime)
     label.y = line.depths[best];
     label.text = degrees(line.temperature, step_);
     label.fontSize = 7.0;
+    const double width = kLabelRoom * (grid.times.last() - grid.times.first());
+    const double height = kLabelRoom * (grid.depths.last() - grid.depths.first());
+    for (const PlotText& other : plotter_.contents().texts) {
+        if (std::abs(other.x - label.x) < width && std::abs(other.y - label.y) < height)
+            return; // one upon another says nothing
+    }
     plotter_.addText(label);
 }
 

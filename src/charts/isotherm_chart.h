@@ -18,6 +18,10 @@ struct TemperatureGrid {
 /// A step of 1, 2 or 5 times a power of ten, with about `most` lines in the range.
 double isothermStep(double coldest, double warmest, int most = 12);
 
+/// The same temperatures at so many crossings more: a time and a depth between
+/// two are drawn as the bands of colour are, straight along each edge.
+TemperatureGrid refined(const TemperatureGrid& grid, int times, int depths);
+
 /// The straight pieces of the line of equal temperature through the cells of the
 /// grid, parted by points that are not numbers. A cell with an unknown corner
 /// has none.
@@ -39,7 +43,7 @@ public:
 private:
     void addBands(const TemperatureGrid& grid, double coldest, double warmest);
     void addLine(const IsothermLine& line);
-    void addLabel(const IsothermLine& line, double wantedTime);
+    void addLabel(const IsothermLine& line, double wantedTime, const TemperatureGrid& grid);
     void addDays(const TemperatureGrid& grid);
     void describeAxes(const TemperatureGrid& grid);
 

@@ -69,6 +69,24 @@ TEST(Isotherm, PassesOverCellsWithAnUnknownCorner)
     EXPECT_FALSE(isothermOf(grid, -0.5).times.isEmpty());
 }
 
+TEST(Isotherm, AFinerGridHasTheSameTemperatures)
+{
+    const TemperatureGrid fine = refined(slope(), 4, 3);
+    EXPECT_EQ(fine.times.size(), 9);
+    EXPECT_EQ(fine.depths.size(), 7);
+    for (int time = 0; time < fine.times.size(); ++time) {
+        for (int depth = 0; depth < fine.depths.size(); ++depth)
+            EXPECT_NEAR(fine.at(time, depth), fine.depths[depth] - fine.times[time] / day, 1e-9);
+    }
+    expectOnPlane(isothermOf(fine, -1.0));
+    TemperatureGrid holed = slope();
+    holed.values[8] = unknownValue;
+    const TemperatureGrid around = refined(holed, 2, 2);
+    EXPECT_NEAR(around.at(2, 4), 2.0 - 2.0, 1e-9) << "a known crossing beside the unknown one";
+    EXPECT_TRUE(std::isnan(around.at(3, 3)));
+    EXPECT_TRUE(refined({}, 2, 2).times.isEmpty());
+}
+
 TEST(Isotherm, ASaddleIsTwoPiecesThatDoNotCross)
 {
     TemperatureGrid grid;

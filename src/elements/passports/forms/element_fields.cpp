@@ -2,6 +2,8 @@
 
 #include "elements/forms/construction_choices.h"
 
+#include <QComboBox>
+
 using namespace formkit;
 
 namespace {
@@ -9,6 +11,8 @@ namespace {
 const QString keyField = QStringLiteral("ID_Label");
 // No choice has it: a value that is not stored must not become the first one offered.
 const QString noChoice = QStringLiteral("--");
+
+constexpr int kChoiceLength = 10; // characters
 
 bool isChoice(PassportFieldKind kind) { return kind != PassportFieldKind::Text && kind != PassportFieldKind::Number; }
 
@@ -45,7 +49,15 @@ FieldPane* ElementFields::makePane(PassportGroup group) const
         if (field.group == group)
             fields.push_back(fieldOf(field, record_));
     }
-    return fields.empty() ? nullptr : new FieldPane(fields);
+    if (fields.empty())
+        return nullptr;
+    auto* made = new FieldPane(fields);
+    // Long names of types and positions do not widen a palette.
+    for (QComboBox* box : made->findChildren<QComboBox*>()) {
+        box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        box->setMinimumContentsLength(kChoiceLength);
+    }
+    return made;
 }
 
 void ElementFields::showRow()

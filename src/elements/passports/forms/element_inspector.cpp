@@ -31,7 +31,6 @@ ElementInspector::ElementInspector(FamilyKey family, QWidget* parent)
     auto* area = named<QScrollArea>("Area");
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setWidget(pane(column(groups)));
     area->setMinimumWidth(area->widget()->minimumSizeHint().width() + area->verticalScrollBar()->sizeHint().width());
     layOut(this).column({growing(area), row({stretch(), apply_})});

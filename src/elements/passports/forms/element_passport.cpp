@@ -29,7 +29,7 @@ ElementPassport::ElementPassport(FamilyKey family, int elementId, QWidget* paren
     });
     for (const PassportTab& tab : passportTabs(family))
         addPage(tab.make(record_), tab);
-    resize(1080, 620);
+    resize(1100, 660);
     load();
 }
 

@@ -14,6 +14,7 @@ using namespace formkit;
 namespace {
 
 constexpr int kLookRole = Qt::UserRole;
+constexpr int kHatchWidth = 110; // pixels
 constexpr double kMillimetresInMetre = 1000.0;
 constexpr double kMillimetresInInch = 25.4;
 enum LegendColumn { Swatch, Ground };
@@ -65,6 +66,15 @@ LayersPage::LayersPage(PassportRecord& record, QWidget* parent)
     table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     table_->setWordWrap(true);
+    // The description takes the room, the hatch is always in sight.
+    for (int column = 0; column < table_->columnCount(); ++column)
+        table_->horizontalHeader()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+    table_->horizontalHeader()->setSectionResizeMode(hatchColumn() - 1, QHeaderView::Stretch);
+    table_->horizontalHeader()->setSectionResizeMode(hatchColumn(), QHeaderView::Interactive);
+    table_->setColumnWidth(hatchColumn(), kHatchWidth);
+    legend_->setWordWrap(true);
+    legend_->setColumnWidth(Swatch, kHatchWidth);
+    legend_->horizontalHeader()->setStretchLastSection(true);
     legend_->setItemDelegateForColumn(Swatch, new IGSLayerHatchDelegate(kLookRole, legend_));
     legend_->verticalHeader()->hide();
     connect(scale_, qOverload<int>(&QComboBox::currentIndexChanged), this, &LayersPage::setRowHeights);
@@ -95,7 +105,6 @@ void LayersPage::showLayers()
         table_->setItem(row, hatchColumn(), hatchItem(layers_[row].ground));
         table_->setVerticalHeaderItem(row, new QTableWidgetItem(layers_[row].ground.code));
     }
-    fitColumns(table_);
     setRowHeights();
 }
 
@@ -116,7 +125,7 @@ void LayersPage::showLegend()
         legend_->setItem(row, Swatch, hatchItem(grounds[row]));
         legend_->setItem(row, Ground, textItem(grounds[row].text()));
     }
-    fitColumns(legend_);
+    legend_->resizeRowsToContents();
 }
 
 void LayersPage::editLayers()

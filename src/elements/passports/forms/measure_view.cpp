@@ -49,7 +49,6 @@ void MeasureView::nameRowTitles()
     auto* corner = findChild<QAbstractButton*>();
     if (!corner)
         return;
-    setCornerButtonEnabled(false);
     QLabel* title = label(ProfileTable::rowHeader());
     title->setAlignment(Qt::AlignCenter);
     auto* layout = row({title});

@@ -183,7 +183,6 @@ TEST_P(EachPassport, AppliesTheRowAndNotTheDrawing)
     EXPECT_TRUE(form.windowTitle().endsWith("Новая"));
     EXPECT_EQ(ElementDrawing::reference(drawing.references()[0]).position().x, 0.0);
     press(form, "ShowBtn");
-    NcSelectionSet picked;
     EXPECT_EQ(drawing.faults(), QStringList());
 }
 
