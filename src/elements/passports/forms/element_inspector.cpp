@@ -8,6 +8,7 @@
 #include "formkit/widgets.h"
 #include "hostkit/model_space.h"
 
+#include <QFormLayout>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -34,6 +35,8 @@ ElementInspector::ElementInspector(FamilyKey family, QWidget* parent)
     area->setWidget(pane(column(groups)));
     area->setMinimumWidth(area->widget()->minimumSizeHint().width() + area->verticalScrollBar()->sizeHint().width());
     layOut(this).column({growing(area), row({stretch(), apply_})});
+    for (QFormLayout* form : findChildren<QFormLayout*>())
+        form->setRowWrapPolicy(QFormLayout::WrapLongRows);
 }
 
 // It shows the record until it goes.

@@ -15,6 +15,8 @@ namespace {
 
 constexpr int kLookRole = Qt::UserRole;
 constexpr int kHatchWidth = 110; // pixels
+constexpr int kTitleMargins = 6;
+constexpr int kNumbers = 3; // the first columns
 constexpr double kMillimetresInMetre = 1000.0;
 constexpr double kMillimetresInInch = 25.4;
 enum LegendColumn { Swatch, Ground };
@@ -60,17 +62,19 @@ LayersPage::LayersPage(PassportRecord& record, QWidget* parent)
     layOut(this).column({
         row({"Масштаб:", scale_, withLegend_, stretch(),
              button("LayerEditorBtn", "Редактор слоёв", this, &LayersPage::editLayers)}),
-        row({growing(table_, 3), growing(legend_, 1)}),
+        row({growing(table_, 5), growing(legend_, 2)}),
     });
     table_->setItemDelegateForColumn(hatchColumn(), new IGSLayerHatchDelegate(kLookRole, table_));
     table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     table_->setWordWrap(true);
-    // The description takes the room, the hatch is always in sight.
-    for (int column = 0; column < table_->columnCount(); ++column)
-        table_->horizontalHeader()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
-    table_->horizontalHeader()->setSectionResizeMode(hatchColumn() - 1, QHeaderView::Stretch);
-    table_->horizontalHeader()->setSectionResizeMode(hatchColumn(), QHeaderView::Interactive);
+    // Numbers stand narrow below titles of two lines, the description takes the room.
+    QHeaderView* titles = table_->horizontalHeader();
+    titles->setDefaultAlignment(Qt::AlignCenter | Qt::Alignment(Qt::TextWordWrap));
+    titles->setMinimumHeight(2 * titles->fontMetrics().lineSpacing() + kTitleMargins);
+    for (int column = 0; column < hatchColumn() - 1; ++column)
+        table_->setColumnWidth(column, titles->fontMetrics().averageCharWidth() * (column < kNumbers ? 9 : 15));
+    titles->setSectionResizeMode(hatchColumn() - 1, QHeaderView::Stretch);
     table_->setColumnWidth(hatchColumn(), kHatchWidth);
     legend_->setWordWrap(true);
     legend_->setColumnWidth(Swatch, kHatchWidth);
