@@ -6,6 +6,7 @@
 #include <drawing/application.h>
 #include <drawing/audit.h>
 #include <drawing/edit_operations.h>
+#include <drawing/entity_properties.h>
 #include <drawing/host_access.h>
 #include <drawing/undo.h>
 #include <dxf/drawing_file.h>
@@ -92,7 +93,8 @@ protected:
     void change()
     {
         const UndoGroup group(*drawing, "CHANGE");
-        switch (random() % 6) {
+        switch (random() % 7) {
+        case 6: return setShown();
         case 0: return setProperty();
         case 1: return setAttribute();
         case 2: return order();
@@ -111,6 +113,15 @@ protected:
             else if (property.propertyType() == 40)
                 property.setValue(NcDbEvalVariant(double(random() % 100)));
         }
+    }
+
+    // As the panel of properties does.
+    void setShown()
+    {
+        const NcDbObjectIdArray ids = {anyOf(NcDbEntity::desc())};
+        for (const EntityProperty& property : propertiesOf(ids))
+            if (property.kind == EntityProperty::Number && !property.fixed)
+                ::setProperty(ids, property.key, double(random() % 100));
     }
 
     void setAttribute()
