@@ -1,5 +1,7 @@
 #include "host_commands.h"
 
+#include "plot_command.h"
+
 #include <drawing/application.h>
 #include <drawing/edit_operations.h>
 #include <drawing/prompt_backend.h>
@@ -8,7 +10,7 @@
 void registerHostCommands()
 {
     for (const auto* rows : {&fileCommands(), &viewCommands(), &drawCommands(), &editCommands(), &clipboardCommands(),
-                             &measureCommands(), &layerCommands(), &sheetCommands()})
+                             &measureCommands(), &layerCommands(), &sheetCommands(), &plotCommands()})
         for (const HostCommandRow& row : *rows)
             addHostCommand(
                 QString::fromLatin1(row.name),

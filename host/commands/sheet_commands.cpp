@@ -3,6 +3,7 @@
 
 #include <drawing/application.h>
 #include <drawing/host_access.h>
+#include <render/sheet.h>
 
 #include <cmath>
 
@@ -45,6 +46,22 @@ NcDbViewport* makeWindow(const NcGePoint3d& from, const NcGePoint3d& to, const N
     return window;
 }
 
+bool askScaleText(QString& text)
+{
+    const int status = ncedGetString(false, QStringLiteral("\nМасштаб (1:500) <1 мм = 1 м>: "), text);
+    return status == kPromptNormal || status == kPromptEmpty;
+}
+
+// Millimetres of the sheet to a unit of the model, which is a metre: "1:500" is
+// 2. A plain number is taken as it stands. 0 for what is no scale.
+double viewScale(const QString& text)
+{
+    if (text.trimmed().isEmpty())
+        return 1.0;
+    const double scale = readScale(text);
+    return text.contains(QLatin1Char(':')) && scale > 0.0 ? 1000.0 / scale : scale;
+}
+
 void addWindow()
 {
     NcDbDatabase* drawing = currentDrawing();
@@ -54,12 +71,12 @@ void addWindow()
         return sayLine(QStringLiteral("Видовой экран создаётся на листе."));
     // The sheet is not drawn in the user's coordinate system.
     NcGePoint3d from, to, seen;
-    double scale = 1.0;
+    QString text;
     if (ncedGetPoint(nullptr, QStringLiteral("\nПервый угол: "), from) != kPromptNormal
         || ncedGetPoint(&from, QStringLiteral("\nВторой угол: "), to) != kPromptNormal
-        || !askPoint(QStringLiteral("\nТочка модели в центре: "), seen)
-        || ncedGetReal(QStringLiteral("\nМасштаб <1>: "), scale) == kPromptCancel)
+        || !askPoint(QStringLiteral("\nТочка модели в центре: "), seen) || !askScaleText(text))
         return;
+    const double scale = viewScale(text);
     if (from.x == to.x || from.y == to.y || !(scale > 0.0))
         return sayLine(QStringLiteral("Размеры и масштаб должны быть больше нуля."));
     appendToSpace(makeWindow(from, to, seen, scale));

@@ -2,6 +2,8 @@
 
 #include "writer_parts.h"
 
+#include <algorithm>
+
 namespace {
 
 void writeClasses(const DxfRecords& classes, DxfWriter& out)
@@ -21,6 +23,25 @@ void writeForeignSections(const NcDatabaseData& drawing, DxfWriter& out)
     }
 }
 
+std::optional<NcGeExtents> modelExtents(const NcDatabaseData& drawing)
+{
+    std::optional<NcGeExtents> all;
+    const auto* model = HostAccess::objectAs<NcDbBlockTableRecord>(drawing.modelSpace);
+    for (NcDbObjectId id : model ? HostAccess::entities(*model) : NcDbObjectIdArray()) {
+        const auto* entity = HostAccess::objectAs<NcDbEntity>(id);
+        const auto box = entity && !entity->isErased() ? entity->extents() : std::nullopt;
+        if (!box)
+            continue;
+        if (!all)
+            all = box;
+        all->min = {std::min(all->min.x, box->min.x), std::min(all->min.y, box->min.y),
+                    std::min(all->min.z, box->min.z)};
+        all->max = {std::max(all->max.x, box->max.x), std::max(all->max.y, box->max.y),
+                    std::max(all->max.z, box->max.z)};
+    }
+    return all;
+}
+
 } // namespace
 
 void beginSection(DxfWriter& out, const char* name)
@@ -36,7 +57,8 @@ QByteArray drawingText(const NcDbDatabase& database)
     const FileCompletion completion(database);
     DxfWriteContext context(database, completion.nextHandle());
     context.isDead = [&](quint64 handle) { return completion.isDead(handle); };
-    FileParts parts{database, HostAccess::data(database), completion, context, {}};
+    FileParts parts{
+        database, HostAccess::data(database), completion, context, {}, modelExtents(HostAccess::data(database))};
     DxfWriter header, tables, blocks, entities, objects;
     writeBlocksAndEntities(parts, blocks, entities);
     writeTables(parts, tables);

@@ -55,9 +55,17 @@ bool isPaper(const NcDbBlockTableRecord& block, const FileParts& parts)
     return block.isLayout() && block.objectId() != parts.drawing.modelSpace;
 }
 
+// From bottom to top: many readers draw in the order of the file and look at
+// nothing else, and the hatches of a map would hide what lies on them.
+NcDbObjectIdArray drawOrderOf(const NcDbBlockTableRecord& block)
+{
+    const auto* order = HostAccess::objectAs<NcDbSortentsTable>(HostAccess::sortents(block));
+    return order && !order->isErased() ? order->getFullDrawOrder() : HostAccess::entities(block);
+}
+
 void writeContents(const NcDbBlockTableRecord& block, FileParts& parts)
 {
-    for (NcDbObjectId id : HostAccess::entities(block)) {
+    for (NcDbObjectId id : drawOrderOf(block)) {
         const auto* entity = HostAccess::objectAs<NcDbEntity>(id);
         if (entity && !entity->isErased())
             writeEntity(*entity, id.handle(), block.objectId().handle(), isPaper(block, parts), parts.context);

@@ -40,19 +40,10 @@ bool has(const NcDatabaseData& drawing, const char* name)
 
 void writeExtents(const FileParts& parts, HeaderWriter& header)
 {
-    NcGePoint3d least{1e20, 1e20, 1e20}, greatest{-1e20, -1e20, -1e20};
-    const auto* model = HostAccess::objectAs<NcDbBlockTableRecord>(parts.drawing.modelSpace);
-    for (NcDbObjectId id : model ? HostAccess::entities(*model) : NcDbObjectIdArray()) {
-        const auto* entity = HostAccess::objectAs<NcDbEntity>(id);
-        const auto box = entity && !entity->isErased() ? entity->extents() : std::nullopt;
-        if (!box)
-            continue;
-        least = {std::min(least.x, box->min.x), std::min(least.y, box->min.y), std::min(least.z, box->min.z)};
-        greatest = {std::max(greatest.x, box->max.x), std::max(greatest.y, box->max.y),
-                    std::max(greatest.z, box->max.z)};
-    }
-    header.variable("$EXTMIN").point(10, least);
-    header.variable("$EXTMAX").point(10, greatest);
+    const NcGeExtents nothing{{1e20, 1e20, 1e20}, {-1e20, -1e20, -1e20}};
+    const NcGeExtents extents = parts.extents.value_or(nothing);
+    header.variable("$EXTMIN").point(10, extents.min);
+    header.variable("$EXTMAX").point(10, extents.max);
 }
 
 void writeUcs(const NcDatabaseData& drawing, HeaderWriter& header)

@@ -1,6 +1,9 @@
 // The section of tables.
 #include "writer_parts.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace {
 
 constexpr int kFrozen = 1, kLocked = 4;
@@ -64,20 +67,48 @@ const DxfGroups& plainView()
     return groups;
 }
 
+struct WrittenView {
+    double x, y, height, width;
+};
+
+constexpr double kRoom = 1.06, kNewHeight = 100.0, kNewWidth = 160.0;
+
+// A drawing made without a window comes with a view of nothing: it opens on all
+// that it holds.
+WrittenView viewOf(const NcDbViewportTableRecord& view, const std::optional<NcGeExtents>& extents)
+{
+    const WrittenView kept{view.centerPoint().x, view.centerPoint().y, view.height() > 0.0 ? view.height() : 100.0,
+                           view.width()};
+    // Any other view somebody has chosen.
+    const bool untouched =
+        kept.x == 0.0 && kept.y == 0.0 && kept.height == kNewHeight && std::fabs(kept.width - kNewWidth) < 1e-6;
+    if (!extents || !untouched || view.getName().compare(QLatin1String("*Active"), Qt::CaseInsensitive) != 0)
+        return kept;
+    const NcGePoint3d &least = extents->min, &most = extents->max;
+    const double x = 0.5 * (least.x + most.x), y = 0.5 * (least.y + most.y);
+    const double width = most.x - least.x, height = most.y - least.y;
+    const bool meet =
+        std::fabs(x - kept.x) <= 0.5 * (width + kept.width) && std::fabs(y - kept.y) <= 0.5 * (height + kept.height);
+    const double aspect = kept.width > 0.0 ? kept.width / kept.height : 1.6;
+    const double shown = kRoom * std::max({height, width / aspect, 1.0});
+    return meet ? kept : WrittenView{x, y, shown, shown * aspect};
+}
+
 void writeView(const NcDbSymbolTableRecord& record, quint64 table, FileParts& parts)
 {
     const auto& view = static_cast<const NcDbViewportTableRecord&>(record);
     DxfRecordWriter out = beginRecord(record, "VPORT", "AcDbViewportTableRecord", table, parts);
     const bool isNew = !out.keeps("AcDbViewportTableRecord");
-    const double height = view.height() > 0.0 ? view.height() : 100.0, aspect = view.width() / height;
+    const WrittenView shown = viewOf(view, parts.extents);
+    const double aspect = shown.width / shown.height;
     out.flags(70, 0, 0);
     if (isNew)
         out.groups(plainView());
-    out.point2d(12, view.centerPoint().x, view.centerPoint().y);
-    out.real(40, height);
+    out.point2d(12, shown.x, shown.y);
+    out.real(40, shown.height);
     out.real(41, aspect);
-    if (aspect * height != view.width())
-        out.exact(41, view.width());
+    if (aspect * shown.height != shown.width)
+        out.exact(41, shown.width);
     NcGePoint3d origin;
     NcGeVector3d x, y;
     view.getUcs(origin, x, y);

@@ -10,6 +10,7 @@ struct FileParts {
     const FileCompletion& completion;
     DxfWriteContext& context;
     std::vector<DxfLongData> longData;
+    std::optional<NcGeExtents> extents = {}; // of model space
 };
 
 // What a kept table's record or head is written with: the owner of the table.

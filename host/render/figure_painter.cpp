@@ -1,11 +1,16 @@
 #include "figure_painter.h"
 
+#include "text_painting.h"
+
 #include <QLineF>
+
+#include <algorithm>
 
 namespace {
 
 constexpr double kRimOfHeight = 0.3;
 constexpr int kLeastGrayOnDark = 115;
+constexpr size_t kMostFills = 200;
 
 // Pure blue is nearly as dark as a dark ground; white is mixed in until it shows.
 QColor readableOnDark(const QColor& color)
@@ -56,7 +61,7 @@ private:
         switch (figure.kind) {
         case Figure::Line: return paintLine(figure, color, picked);
         case Figure::Fill: return paintFill(figure, color, picked);
-        case Figure::Text: return paintText(figure.text, picked ? style_.selection : color);
+        case Figure::Text: return paintText(figure.text, picked ? style_.selection : color, isOnFill(figure));
         case Figure::Dot:
             return paintDot(toDevice_.map(figure.polygons.front().front()), picked ? style_.selection : color,
                             1.5 * style_.lineWidth);
@@ -83,17 +88,27 @@ private:
         painter_.drawPolyline(line);
     }
 
-    // On light paper a rim of its colour keeps a text readable over lines and
-    // hatches; on a dark view it would only thicken the letters.
-    void paintText(const FigureText& text, const QColor& color)
+    // A rim of the paper's colour keeps a text readable over lines and hatches; on a
+    // dark view it would only thicken the letters, but where they stand on a fill.
+    void paintText(const FigureText& text, const QColor& color, bool onFill)
     {
         const QPainterPath outline = toDevice_.map(textOutline(text));
-        if (onLight_) {
+        if (onLight_ || onFill) {
             const QTransform toPaper = text.placing * toDevice_;
             const double height = QLineF(toPaper.map(QPointF(0, 0)), toPaper.map(QPointF(0, 1))).length();
             painter_.strokePath(outline, pen(style_.paper, kRimOfHeight * height));
         }
-        painter_.fillPath(outline, color);
+        if (style_.liveText)
+            paintTextLine(painter_, text, toDevice_, color);
+        else
+            painter_.fillPath(outline, color);
+    }
+
+    // Among more fills than these each text is not looked for.
+    bool isOnFill(const Figure& text) const
+    {
+        return fills_.size() <= kMostFills
+            && std::any_of(fills_.begin(), fills_.end(), [&](const QRectF& fill) { return fill.intersects(text.box); });
     }
 
     void paintDot(const QPointF& at, const QColor& color, double radius)
@@ -115,6 +130,8 @@ private:
         painter_.setPen(figure.background ? QPen(Qt::NoPen) : pen(color, style_.thinWidth));
         painter_.setBrush(color);
         painter_.drawPath(path);
+        if (!onLight_ && !figure.background && fills_.size() <= kMostFills)
+            fills_.push_back(figure.box);
         if (picked) {
             painter_.setPen(Qt::NoPen);
             painter_.setBrush(QBrush(style_.selection, Qt::Dense6Pattern));
@@ -126,6 +143,7 @@ private:
     const QTransform toDevice_;
     const PaintStyle& style_;
     const bool onLight_;
+    std::vector<QRectF> fills_; // painted so far, on a dark ground
 };
 
 bool touches(const QRectF& a, const QRectF& b)

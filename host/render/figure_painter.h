@@ -10,6 +10,7 @@ struct PaintStyle {
     QColor paper = Qt::white;        // colour 7 is black on light paper and white on dark
     double lineWidth = 1.0;          // in the painter's units (pixels, or dots of a page)
     double thinWidth = 0.5;          // lines of hatch patterns
+    bool liveText = false;           // texts as texts that can be searched, not as their outlines
     std::set<NcDbObjectId> selected; // shown as picked out
     QColor selection = QColor(0, 120, 215);
 };

@@ -22,9 +22,14 @@ constexpr int kPdfDotsPerInch = 600;
 constexpr double kPictureMargin = 0.03;
 constexpr double kLineMillimetres = 0.25;
 
-PaintStyle styleOf(const PictureOptions& options, double lineWidth)
+// Files of lines and texts keep their texts; a picture of dots is the same on
+// every machine only by outlines.
+enum class Texts { Outlines, Live };
+
+PaintStyle styleOf(const PictureOptions& options, double lineWidth, Texts texts)
 {
     PaintStyle style;
+    style.liveText = texts == Texts::Live;
     style.paper = options.whitePaper ? Qt::white : Qt::black;
     style.lineWidth = lineWidth;
     style.thinWidth = 0.5 * lineWidth;
@@ -32,13 +37,13 @@ PaintStyle styleOf(const PictureOptions& options, double lineWidth)
 }
 
 void paintPage(const DisplayList& list, QPainter& painter, const QRectF& page, const QRectF& target,
-               const PictureOptions& options, double lineWidth)
+               const PictureOptions& options, double lineWidth, Texts texts)
 {
     painter.fillRect(page, options.whitePaper ? Qt::white : Qt::black);
     const QRectF window = options.window.isNull() ? list.box() : options.window;
     if (!options.window.isNull())
         painter.setClipRect(target);
-    paintFigures(list, painter, fitWindow(window, target), styleOf(options, lineWidth));
+    paintFigures(list, painter, fitWindow(window, target), styleOf(options, lineWidth, texts));
 }
 
 QByteArray pngBytes(const DisplayList& list, const PictureOptions& options)
@@ -49,7 +54,7 @@ QByteArray pngBytes(const DisplayList& list, const PictureOptions& options)
     {
         QPainter painter(&image);
         paintPage(list, painter, page, page.adjusted(margin, margin, -margin, -margin), options,
-                  std::max(1.0, page.width() / 900.0));
+                  std::max(1.0, page.width() / 900.0), Texts::Outlines);
     }
     QByteArray bytes;
     QBuffer buffer(&bytes);
@@ -64,6 +69,7 @@ QByteArray svgBytes(const DisplayList& list, const PictureOptions& options)
     buffer.open(QIODevice::WriteOnly);
     QSvgGenerator generator;
     generator.setOutputDevice(&buffer);
+    generator.setTitle(options.title);
     generator.setSize(options.pixels);
     generator.setViewBox(QRect(QPoint(0, 0), options.pixels));
     const QRectF page(QPointF(0, 0), QSizeF(options.pixels));
@@ -72,7 +78,7 @@ QByteArray svgBytes(const DisplayList& list, const PictureOptions& options)
     if (!painter.begin(&generator))
         return {};
     paintPage(list, painter, page, page.adjusted(margin, margin, -margin, -margin), options,
-              std::max(1.0, page.width() / 900.0));
+              std::max(1.0, page.width() / 900.0), Texts::Live);
     painter.end();
     return bytes;
 }
@@ -84,6 +90,8 @@ QByteArray pdfBytes(const DisplayList& list, const PictureOptions& options)
     buffer.open(QIODevice::WriteOnly);
     QPdfWriter writer(&buffer);
     const QRectF window = options.window.isNull() ? list.box() : options.window;
+    writer.setTitle(options.title);
+    writer.setCreator(QStringLiteral("Терва"));
     writer.setResolution(kPdfDotsPerInch);
     writer.setPageSize(QPageSize(options.largeSheet ? QPageSize::A3 : QPageSize::A4));
     writer.setPageOrientation(window.width() >= window.height() ? QPageLayout::Landscape : QPageLayout::Portrait);
@@ -93,7 +101,8 @@ QByteArray pdfBytes(const DisplayList& list, const PictureOptions& options)
     QPainter painter;
     if (!painter.begin(&writer))
         return {};
-    paintPage(list, painter, page, page.adjusted(margin, margin, -margin, -margin), options, kLineMillimetres * dots);
+    paintPage(list, painter, page, page.adjusted(margin, margin, -margin, -margin), options, kLineMillimetres * dots,
+              Texts::Live);
     painter.end();
     return bytes;
 }
@@ -121,8 +130,11 @@ QString saveWindowPicture(QWidget& window, const QString& path)
     return saveBytes(file.absoluteFilePath(), bytes);
 }
 
-QString exportPicture(NcDbDatabase& drawing, const QString& path, const PictureOptions& options)
+QString exportPicture(NcDbDatabase& drawing, const QString& path, const PictureOptions& given)
 {
+    PictureOptions options = given;
+    if (options.title.isEmpty())
+        options.title = QFileInfo(path).completeBaseName();
     const QFileInfo file(path);
     const QString ending = file.suffix().toLower();
     if (!QDir().mkpath(file.absolutePath()))

@@ -17,6 +17,7 @@ struct PictureOptions {
     // Of a PDF: a sheet of A4 or A3, lying or standing as the drawing asks.
     bool largeSheet = true;
     double marginMillimetres = 10.0;
+    QString title; // of a PDF or SVG; empty: the name of the file
 };
 
 // What a window shows, as a picture of the kind that the path's ending names.

@@ -1,10 +1,11 @@
 // Outlines of text: from one font file and without hinting, so that a picture
 // is the same on every machine and in every language.
-#include "display_list.h"
+#include "text_painting.h"
 
 #include <QFont>
 #include <QFontDatabase>
 #include <QFontMetricsF>
+#include <QPainter>
 
 namespace {
 
@@ -54,20 +55,38 @@ double unitTextWidth(const QString& text)
     return QFontMetricsF(outlineFont().font).horizontalAdvance(text) / outlineFont().capHeight;
 }
 
-QPainterPath textOutline(const FigureText& text)
+namespace {
+
+// From the font's own frame, y downwards, to the text's: capitals 1 high.
+QTransform unitFrame(const FigureText& text)
 {
     const OutlineFont& outline = outlineFont();
-    QPainterPath path;
-    path.addText(0.0, 0.0, outline.font, text.text);
-    path.setFillRule(Qt::WindingFill);
-
     const double width = QFontMetricsF(outline.font).horizontalAdvance(text.text);
     const double left[] = {0.0, -0.5 * width, -width};
     const double base[] = {0.0, outline.descent, -0.5 * outline.capHeight, -outline.capHeight};
-    // Glyphs are drawn with y downwards.
     QTransform unit;
     unit.scale(1.0 / outline.capHeight, 1.0 / outline.capHeight);
     unit.translate(left[qBound(0, text.horizontal, 2)], base[qBound(0, text.vertical, 3)]);
     unit.scale(1.0, -1.0);
-    return (unit * text.placing).map(path);
+    return unit;
+}
+
+} // namespace
+
+QPainterPath textOutline(const FigureText& text)
+{
+    QPainterPath path;
+    path.addText(0.0, 0.0, outlineFont().font, text.text);
+    path.setFillRule(Qt::WindingFill);
+    return (unitFrame(text) * text.placing).map(path);
+}
+
+void paintTextLine(QPainter& painter, const FigureText& text, const QTransform& toDevice, const QColor& color)
+{
+    painter.save();
+    painter.setTransform(unitFrame(text) * text.placing * toDevice, true);
+    painter.setFont(outlineFont().font);
+    painter.setPen(color);
+    painter.drawText(QPointF(0.0, 0.0), text.text);
+    painter.restore();
 }

@@ -101,12 +101,14 @@ private:
             + point(block.origin()));
         if (const DynamicDefinition* definition = HostAccess::dynamic(block).get())
             lines_ += dynamicDefinitionText(*definition);
-        for (NcDbObjectId id : HostAccess::entities(block)) {
+        // A file holds them from bottom to top.
+        const auto* order = HostAccess::objectAs<NcDbSortentsTable>(HostAccess::sortents(block));
+        for (NcDbObjectId id : order ? order->getFullDrawOrder() : HostAccess::entities(block)) {
             const auto* found = HostAccess::objectAs<NcDbEntity>(id);
             if (found && !found->isErased())
                 entity(*found);
         }
-        if (const auto* order = HostAccess::objectAs<NcDbSortentsTable>(HostAccess::sortents(block))) {
+        if (order) {
             for (NcDbObjectId id : order->getFullDrawOrder())
                 add(QStringLiteral("order ") + handle(id));
         }
