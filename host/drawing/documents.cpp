@@ -98,6 +98,19 @@ NcStatus Documents::open(const QString& path)
     return NcStatus::Ok;
 }
 
+NcStatus Documents::openCopy(const QString& file, const QString& name, bool untitled)
+{
+    auto document = std::make_unique<Document>(untitled ? name : cleaned(name));
+    const NcStatus status = find(name) ? NcStatus::Duplicate : document->database()->readDwgFile(file);
+    if (!isOk(status))
+        return status;
+    document->untitled_ = untitled;
+    Document* taken = document.get();
+    take(std::move(document));
+    taken->savedChange_ = changeCount(*taken->database()) - 1;
+    return NcStatus::Ok;
+}
+
 void Documents::makeCurrent(Document* document)
 {
     current_ = document;

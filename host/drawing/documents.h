@@ -13,10 +13,12 @@ public:
     Document* current() const { return current_; }
     // Null for a document that is not open (any more).
     Document* known(NcApDocument* document) const;
-    Document* find(const QString& path) const;
+    NRX_API Document* find(const QString& path) const;
 
     NcStatus openNew(const QString& templateName);
     NcStatus open(const QString& path);
+    // A drawing of that name, changed and not saved, from another file.
+    NRX_API NcStatus openCopy(const QString& file, const QString& name, bool untitled);
     NcStatus activate(NcApDocument* document);
     NcStatus close(NcApDocument* document);
     // `problem`, if given, gets the reason in words.

@@ -6,6 +6,8 @@
 #include <QFileInfo>
 #include <QLibrary>
 
+#include <algorithm>
+
 #include <dlfcn.h>
 
 struct ModuleHost::Module {
@@ -19,6 +21,19 @@ namespace {
 
 // The packet that a module gets stands for it.
 bool* unlockedFlag(void* packet) { return static_cast<bool*>(packet); }
+
+// Libraries of all modules that are loaded, in the order of their loading.
+std::vector<QLibrary*>& libraries()
+{
+    static std::vector<QLibrary*> all;
+    return all;
+}
+
+void forgetLibrary(QLibrary& library)
+{
+    auto& all = libraries();
+    all.erase(std::remove(all.begin(), all.end(), &library), all.end());
+}
 
 QString cleaned(const QString& path) { return QDir::cleanPath(QFileInfo(path).absoluteFilePath()); }
 
@@ -52,8 +67,10 @@ ModuleHost::ModuleHost() = default;
 ModuleHost::~ModuleHost()
 {
     // In the opposite order of loading, locked or not: the host ends.
-    for (auto module = modules_.rbegin(); module != modules_.rend(); ++module)
+    for (auto module = modules_.rbegin(); module != modules_.rend(); ++module) {
+        forgetLibrary((*module)->library);
         (*module)->entry(kUnloadAppMsg, &(*module)->unlocked);
+    }
 }
 
 bool ModuleHost::load(const QString& path, QString* error)
@@ -82,6 +99,7 @@ bool ModuleHost::load(const QString& path, QString* error)
     addTemplateFolder(QFileInfo(file).absolutePath());
     Module* started = module.get();
     modules_.push_back(std::move(module));
+    libraries().push_back(&started->library);
     started->entry(kInitAppMsg, &started->unlocked);
     return true;
 }
@@ -94,6 +112,7 @@ bool ModuleHost::unload(const QString& path)
             continue;
         if (!(*module)->unlocked)
             return false;
+        forgetLibrary((*module)->library);
         (*module)->entry(kUnloadAppMsg, &(*module)->unlocked);
         (*module)->library.unload();
         modules_.erase(module);
@@ -108,4 +127,12 @@ QStringList ModuleHost::loaded() const
     for (const auto& module : modules_)
         paths << module->path;
     return paths;
+}
+
+QFunctionPointer moduleFunction(const char* name)
+{
+    for (QLibrary* library : libraries())
+        if (const QFunctionPointer found = library->resolve(name))
+            return found;
+    return nullptr;
 }

@@ -4,6 +4,7 @@
 #include <nrx/application.h>
 
 #include <QString>
+#include <QtGlobal>
 #include <memory>
 #include <vector>
 
@@ -27,3 +28,7 @@ private:
     struct Module;
     std::vector<std::unique_ptr<Module>> modules_;
 };
+
+// A function that one of the loaded modules exports beside its entry point, for
+// what a host may ask but need not; null when none does.
+NRX_API QFunctionPointer moduleFunction(const char* name);

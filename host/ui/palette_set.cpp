@@ -1,6 +1,7 @@
 // Palette sets: docks of the main window, or windows of their own without one.
 #include "ui/palette_watch.h"
 
+#include <drawing/application.h>
 #include <nrx/application.h>
 
 #include <QDockWidget>
@@ -12,7 +13,7 @@
 struct hostUiPaletteSet::Data {
     QPointer<QDockWidget> dock;
     QTabWidget* tabs = nullptr;
-    bool shown = false;
+    bool shown = false, restored = false;
     std::vector<std::unique_ptr<hostQtPalette>> pages;
 
     ~Data() { destroyWindow(); }
@@ -34,10 +35,22 @@ struct hostUiPaletteSet::Data {
         // A window of its own opens as large as its forms ask, within reason.
         if (visible && !shown && dock->isWindow())
             dock->resize(dock->size().expandedTo(dock->sizeHint()).expandedTo({270, 300}).boundedTo({900, 800}));
-        shown = shown || visible;
         dock->setVisible(visible);
+        if (visible && !shown && !restored)
+            takeWidth();
+        shown = shown || visible;
         if (visible)
             dock->raise();
+    }
+
+    // Wide enough for its forms, but never so wide that the drawing is squeezed.
+    void takeWidth()
+    {
+        auto* main = qobject_cast<QMainWindow*>(dock->parentWidget());
+        if (!main || dock->isFloating())
+            return;
+        const int most = std::max(280, main->width() * 2 / 5);
+        main->resizeDocks({dock.data()}, {qBound(280, tabs->sizeHint().width(), most)}, Qt::Horizontal);
     }
 
     // The main window took its docks along: the pages' widgets are gone.
@@ -103,6 +116,8 @@ bool hostUiPaletteSet_Create(hostUiPaletteSet* set, const QString& title, unsign
     set->data_ = std::make_unique<hostUiPaletteSet::Data>();
     auto* dock = new QDockWidget(title);
     dock->setObjectName(title);
+    // By which a window that is opened anew asks for the palette again.
+    dock->setProperty("paletteCommand", activeCommand());
     dock->hide();
     auto* tabs = new QTabWidget(dock);
     tabs->setObjectName("Pages"); // for scripts
@@ -133,7 +148,7 @@ void hostUiPaletteSet_RestoreControlBar(hostUiPaletteSet* set, unsigned dockBar)
     if (!alive(set))
         return;
     if (QMainWindow* main = mainWindowOf(set->data_->dock->parentWidget()))
-        main->restoreDockWidget(set->data_->dock);
+        set->data_->restored = main->restoreDockWidget(set->data_->dock);
 }
 
 bool hostQtPalette_Create(hostQtPalette* palette, unsigned style, const QString& title)

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QHash>
+#include <QLibraryInfo>
 #include <QTranslator>
 
 namespace {
@@ -140,6 +141,10 @@ void installRussianTexts()
     static RussianTexts* installed = nullptr;
     if (installed)
         return;
+    // The toolkit's own translation, where its package is there; ours goes first.
+    auto* toolkit = new QTranslator(QCoreApplication::instance());
+    if (toolkit->load(QStringLiteral("qtbase_ru"), QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(toolkit);
     installed = new RussianTexts(QCoreApplication::instance());
     QCoreApplication::installTranslator(installed);
 }

@@ -12,6 +12,7 @@ namespace {
 
 const QColor kDarkGround(30, 36, 42), kLightGround(252, 252, 250);
 const QColor kDarkCursor(200, 205, 210), kLightCursor(70, 75, 80);
+constexpr int kSettleMilliseconds = 120;
 constexpr double kLeastHeight = 1e-6, kGreatestHeight = 1e12;
 
 } // namespace
@@ -27,6 +28,9 @@ DrawingView::DrawingView(Document& document, QWidget* parent) : QWidget(parent),
     HostAccess::data(*document.database()).listeners.push_back(this);
     connect(HostEvents::instance(), &HostEvents::viewChanged, this, &DrawingView::takeView);
     connect(HostEvents::instance(), &HostEvents::pickfirstModified, this, &DrawingView::takePicked);
+    settle_.setSingleShot(true);
+    settle_.setInterval(kSettleMilliseconds);
+    connect(&settle_, &QTimer::timeout, this, &DrawingView::redraw);
     connect(&DrawingAids::instance(), &DrawingAids::changed, this, QOverload<>::of(&QWidget::update));
     takeView();
 }
@@ -92,7 +96,8 @@ void DrawingView::takePicked()
 void DrawingView::takeView()
 {
     view_ = activeView(*document_.database());
-    redraw();
+    viewMoved_ = true;
+    update();
 }
 
 void DrawingView::setView(const QPointF& center, double height)

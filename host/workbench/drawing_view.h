@@ -33,6 +33,8 @@ public:
     void zoomExtents();
     // Shows the whole drawing when the view that came with it shows nothing of it.
     void zoomIfEmpty();
+    // What of the drawing is on the screen.
+    QRectF visibleWorld() const { return toScreen().inverted().mapRect(QRectF(rect())); }
     // Lets go of a grip that is being pulled; false when none is.
     bool dropGrip();
 
@@ -89,6 +91,7 @@ private:
     void aim(const QPoint& at);
     void hoverAt(const QPoint& at);
     void turnHover(int step);
+    QSize sceneSize() const { return (QSizeF(size()) * devicePixelRatioF()).toSize(); }
     double pixels(double count) const { return count * view_.height / std::max(1, height()); }
     std::optional<NcGePoint3d> base() const;
     QTransform toScreen() const;
@@ -100,6 +103,12 @@ private:
     DisplayList list_;
     QPixmap scene_;
     bool listOld_ = true, sceneOld_ = true;
+    // A large drawing takes longer to paint than a hand moves it: meanwhile its last
+    // picture is moved, and painted anew when the hand rests.
+    QTransform scenePlace_; // to the screen, as the scene was painted
+    qint64 sceneCost_ = 0;  // milliseconds
+    bool viewMoved_ = false;
+    QTimer settle_;
     bool placed_ = false; // the widget has had its first size
     ActiveView view_;
     Mode mode_ = Select;

@@ -5,11 +5,13 @@
 #include <drawing/host_access.h>
 #include <render/figure_painter.h>
 
+#include <QElapsedTimer>
 #include <QPainter>
 
 namespace {
 
 constexpr int kPickPixels = 6;
+constexpr qint64 kQuickMilliseconds = 25; // a frame of a smooth movement
 constexpr double kSnapHalf = 6.0;
 const QColor kSnapColor(0, 160, 60), kHoverColor(255, 150, 30), kFollowedColor(230, 120, 0);
 
@@ -52,9 +54,14 @@ PaintStyle DrawingView::style() const
 
 void DrawingView::paintScene()
 {
+    QElapsedTimer clock;
+    clock.start();
     updateList();
-    if (scene_.size() != size())
-        scene_ = QPixmap(size());
+    // As many dots as the screen has, so that a scaled one shows it sharp.
+    if (scene_.size() != sceneSize()) {
+        scene_ = QPixmap(sceneSize());
+        scene_.setDevicePixelRatio(devicePixelRatioF());
+    }
     scene_.fill(ground_);
     QPainter painter(&scene_);
     PaintStyle look = style();
@@ -63,7 +70,9 @@ void DrawingView::paintScene()
     paintFigures(list_, painter, toScreen(), look, visible);
     paintAxes(painter);
     grips_.take(document_.pickfirst());
-    sceneOld_ = false;
+    sceneOld_ = viewMoved_ = false;
+    scenePlace_ = toScreen();
+    sceneCost_ = clock.elapsed();
 }
 
 // The directions of the user coordinate system, in the lower left corner.
@@ -160,10 +169,17 @@ void DrawingView::paintSnap(QPainter& painter) const
 
 void DrawingView::paintEvent(QPaintEvent*)
 {
-    if (sceneOld_ || scene_.size() != size())
+    const bool old = sceneOld_ || listOld_ || scene_.size() != sceneSize();
+    if (old || (viewMoved_ && sceneCost_ <= kQuickMilliseconds))
         paintScene();
     QPainter painter(this);
+    if (viewMoved_) {
+        painter.fillRect(rect(), ground_);
+        painter.setTransform(scenePlace_.inverted() * toScreen());
+        settle_.start();
+    }
     painter.drawPixmap(0, 0, scene_);
+    painter.resetTransform();
     paintHover(painter);
     if (mode_ == Select)
         grips_.paint(painter, toScreen(), cursor_ ? std::optional<QPointF>(*cursor_) : std::nullopt);

@@ -1,4 +1,5 @@
-// The layers of the current drawing: shown or not, locked or not, their colour.
+// The layers of the current drawing: shown or not, locked or not, their colour and
+// line type. What is done with them is one step of undo each.
 #pragma once
 
 #include <drawing/application.h>
@@ -15,6 +16,16 @@ public:
 
     // Null when no drawing is open.
     void setDrawing(NcDbDatabase* drawing);
+    // Only layers whose name holds the text are listed.
+    void setFilter(const QString& text);
+    void addNew();
+    void renameChosen();
+    void eraseChosen();
+    void makeChosenCurrent();
+    void chooseLineType();
+
+signals:
+    void refused(const QString& why);
 
 private:
     void objectChanged(NcDbObjectId id) override;
@@ -23,9 +34,16 @@ private:
     void fillRow(int row, NcDbObjectId id);
     void change(QTableWidgetItem* item);
     void act(int row, int column);
+    void filter();
+    void chooseColor(NcDbObjectId id);
+    void setLineType(NcDbObjectId id, const QString& name);
+    void answer(const QString& fault);
     NcDbObjectId idOf(const QTableWidgetItem* item) const;
+    NcDbObjectId chosen() const;
 
     NcDbDatabase* drawing_ = nullptr;
     QTimer later_;
     bool filling_ = false;
+    QString filterText_;
+    NcDbObjectId named_; // to be named as soon as it is listed
 };

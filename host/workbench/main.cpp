@@ -1,5 +1,6 @@
 // The program `terva`: loads modules, plays scripts, or opens the workbench.
 #include "batch.h"
+#include "desk_state.h"
 #include "options.h"
 #include "workbench.h"
 
@@ -66,6 +67,9 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(dropDisplayNews);
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("terva"));
     QApplication::setApplicationDisplayName(QStringLiteral("Терва"));
@@ -79,6 +83,7 @@ int main(int argc, char** argv)
         return good ? 0 : kBadUse;
     }
     registerHostCommands();
+    registerDeskCommands();
     addTemplateFolder(QCoreApplication::applicationDirPath());
     ModuleHost modules;
     if (!options.batch.isEmpty())

@@ -1,36 +1,27 @@
 #include "main_window.h"
 
+#include "command_menus.h"
+#include "desk_state.h"
+#include "drawing_keeper.h"
 #include "edit_dialogs.h"
-#include "layers_panel.h"
+#include "layers_page.h"
+#include "properties_panel.h"
 
 #include <drawing/editor_reactors.h>
-#include <drawing/typed_answers.h>
 #include <nrx/application.h>
-#include <script/script_runner.h>
 
-#include <QAbstractItemView>
-#include <QAbstractSpinBox>
+#include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QComboBox>
-#include <QDialog>
-#include <QDockWidget>
 #include <QFileInfo>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenuBar>
-#include <QPlainTextEdit>
-#include <QStatusBar>
+#include <QStandardPaths>
 #include <QTabWidget>
-#include <QTextEdit>
 #include <QTimer>
-#include <QToolButton>
 
 namespace {
 
-constexpr int kMostTries = 50;
 constexpr int kTryMilliseconds = 20;
+constexpr int kFirstKeepMilliseconds = 60 * 1000;
 const QString kHistoryKey = QStringLiteral("history");
 
 std::unique_ptr<QSettings> openSettings(const QString& profile)
@@ -39,14 +30,23 @@ std::unique_ptr<QSettings> openSettings(const QString& profile)
                              : std::make_unique<QSettings>(profile, QSettings::IniFormat);
 }
 
+// Beside the settings of a profile, else where programs keep their data.
+QString copiesFolder(const QString& profile)
+{
+    return profile.isEmpty()
+        ? QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/terva/unsaved")
+        : profile + QStringLiteral(".unsaved");
+}
+
 } // namespace
 
 MainWindow::MainWindow(const QString& profile)
     : settings_(openSettings(profile)),
       tabs_(new QTabWidget),
       line_(new CommandLine),
-      layers_(new LayersPanel),
-      prompts_(*line_, [this] { return currentView(); })
+      layers_(new LayersPage),
+      prompts_(*line_, [this] { return currentView(); }),
+      keeper_(std::make_unique<DrawingKeeper>(copiesFolder(profile)))
 {
     setObjectName(QStringLiteral("mainWindow"));
     setWindowTitle(QStringLiteral("Терва"));
@@ -56,14 +56,16 @@ MainWindow::MainWindow(const QString& profile)
     tabs_->setTabsClosable(true);
     tabs_->setMovable(true);
     setCentralWidget(tabs_);
+    setAcceptDrops(true);
+    menus_ = new CommandMenus(*this, [this](const QString& command) { runCommandByName(command); });
     buildDocks();
     buildFileMenu();
-    buildEditMenu();
-    buildDrawMenu();
     buildViewMenu();
     buildCommandMenus();
     buildStatusBar();
+    registerDeskCommands();
     connectHost();
+    showDesk();
     setMainWindow(this);
     setPromptBackend(&prompts_);
     line_->setHistory(settings_->value(kHistoryKey).toStringList());
@@ -71,61 +73,20 @@ MainWindow::MainWindow(const QString& profile)
     if (!restoreGeometry(settings_->value(QStringLiteral("geometry")).toByteArray()))
         setWindowState(Qt::WindowMaximized);
     restoreState(settings_->value(QStringLiteral("state")).toByteArray());
+    keepTimer_.setSingleShot(true);
+    connect(&keepTimer_, &QTimer::timeout, this, &MainWindow::keepCopies);
+    keepTimer_.start(kFirstKeepMilliseconds);
 }
 
 MainWindow::~MainWindow()
 {
     qApp->removeEventFilter(this);
     disconnect(HostEvents::instance(), nullptr, this, nullptr);
-    layers_->setDrawing(nullptr);
+    showInPanels(nullptr);
     // Views look at their drawings to the end; the drawings outlive the window.
     delete tabs_;
     setPromptBackend(nullptr);
     setMainWindow(nullptr);
-}
-
-void MainWindow::buildDocks()
-{
-    const auto addDock = [this](const QString& title, const char* name, QWidget* widget, Qt::DockWidgetArea area) {
-        auto* dock = new QDockWidget(title, this);
-        dock->setObjectName(QString::fromLatin1(name));
-        dock->setWidget(widget);
-        addDockWidget(area, dock);
-        return dock;
-    };
-    QDockWidget* line = addDock(QStringLiteral("Командная строка"), "commandDock", line_, Qt::BottomDockWidgetArea);
-    QDockWidget* layers = addDock(QStringLiteral("Слои"), "layersDock", layers_, Qt::LeftDockWidgetArea);
-    resizeDocks({line}, {170}, Qt::Vertical);
-    resizeDocks({layers}, {230}, Qt::Horizontal);
-    connect(line_, &CommandLine::entered, this, &MainWindow::runLine);
-    connect(line_, &CommandLine::cancelled, this, [this] {
-        DrawingView* view = currentView();
-        if (view && view->dropGrip())
-            return;
-        if (prompts_.isAsking())
-            prompts_.cancel();
-        else
-            setPickfirst({});
-    });
-}
-
-void MainWindow::buildStatusBar()
-{
-    coordinates_ = new QLabel;
-    coordinates_->setObjectName(QStringLiteral("coordinates"));
-    coordinates_->setMinimumWidth(260);
-    hint_ = new QLabel(QStringLiteral("Колесо: масштаб, средняя кнопка: сдвиг, Esc: отмена"));
-    statusBar()->addWidget(coordinates_);
-    statusBar()->addPermanentWidget(hint_);
-    const std::pair<QAction*, const char*> aids[] = {{snaps_, "ПРИВЯЗКА"}, {ortho_, "ОРТО"}, {polar_, "ПОЛЯР"}};
-    for (const auto& aid : aids) {
-        auto* button = new QToolButton;
-        button->setDefaultAction(aid.first);
-        aid.first->setIconText(QString::fromUtf8(aid.second));
-        aid.first->setToolTip(aid.first->text().remove(QLatin1Char('&')) + QStringLiteral(" (")
-                              + aid.first->shortcut().toString() + QLatin1Char(')'));
-        statusBar()->addPermanentWidget(button);
-    }
 }
 
 void MainWindow::connectHost()
@@ -134,8 +95,10 @@ void MainWindow::connectHost()
     connect(events, &HostEvents::documentOpened, this, &MainWindow::addDocument);
     connect(events, &HostEvents::documentActivated, this, &MainWindow::showDocument);
     connect(events, &HostEvents::documentClosing, this, &MainWindow::removeDocument);
-    connect(events, &HostEvents::documentSaved, this, &MainWindow::showTitles);
-    connect(events, &HostEvents::commandEnded, this, &MainWindow::showTitles);
+    connect(events, &HostEvents::documentSaved, this, &MainWindow::noteSaved);
+    connect(events, &HostEvents::commandStarted, this, &MainWindow::leaveStartPage);
+    connect(events, &HostEvents::commandEnded, this, &MainWindow::showDesk);
+    connect(menus_, &CommandMenus::aboutToShow, this, &MainWindow::showDesk);
     connect(events, &HostEvents::commandsChanged, this, &MainWindow::buildCommandMenus);
     connect(tabs_, &QTabWidget::tabCloseRequested, this, &MainWindow::closeTab);
     connect(tabs_, &QTabWidget::currentChanged, this, [this] {
@@ -171,8 +134,19 @@ void MainWindow::addDocument(NcApDocument* opened)
     connectView(view);
     tabs_->addTab(view, QFileInfo(document->fileName()).fileName());
     showTitles();
-    if (!document->isUntitled())
+    if (!document->isUntitled()) {
+        keeper_->lock(document->fileName());
         QTimer::singleShot(0, this, &MainWindow::closeUntouchedStart);
+    }
+}
+
+void MainWindow::noteSaved(NcApDocument* saved)
+{
+    if (auto* document = dynamic_cast<Document*>(saved)) {
+        keeper_->lock(document->fileName());
+        keeper_->forget(*document);
+    }
+    showTitles();
 }
 
 // The empty drawing that the program starts with gives way to the first file.
@@ -182,9 +156,9 @@ void MainWindow::closeUntouchedStart()
         QTimer::singleShot(kTryMilliseconds, this, &MainWindow::closeUntouchedStart);
         return;
     }
-    Document& first = static_cast<DrawingView*>(tabs_->widget(0))->document();
-    if (tabs_->count() == 2 && first.isUntitled() && !first.isModified())
-        ncDocManagerPtr()->closeDocument(&first);
+    auto* first = dynamic_cast<Document*>(ncDocManagerPtr()->document(0));
+    if (ncDocManagerPtr()->documentCount() == 2 && first->isUntitled() && !first->isModified())
+        ncDocManagerPtr()->closeDocument(first);
 }
 
 void MainWindow::connectView(DrawingView* view)
@@ -204,164 +178,34 @@ void MainWindow::connectView(DrawingView* view)
 
 void MainWindow::removeDocument(NcApDocument* document)
 {
-    layers_->setDrawing(nullptr);
+    if (document == shown_)
+        showInPanels(nullptr);
+    if (const auto* closing = dynamic_cast<Document*>(document)) {
+        keeper_->forget(*closing);
+        keeper_->unlock(closing->fileName());
+    }
     delete viewOf(document);
+}
+
+void MainWindow::showInPanels(NcApDocument* document)
+{
+    shown_ = document;
+    layers_->setDrawing(document ? document->database() : nullptr);
+    properties_->setDrawing(dynamic_cast<Document*>(document));
 }
 
 void MainWindow::showDocument(NcApDocument* document)
 {
     if (DrawingView* view = viewOf(document))
         tabs_->setCurrentWidget(view);
-    layers_->setDrawing(document ? document->database() : nullptr);
+    showInPanels(document);
     showTitles();
-}
-
-void MainWindow::showTitles()
-{
-    for (int i = 0; i < tabs_->count(); ++i) {
-        const Document& document = static_cast<DrawingView*>(tabs_->widget(i))->document();
-        const QString mark = document.isModified() ? QStringLiteral("*") : QString();
-        tabs_->setTabText(i, QFileInfo(document.fileName()).fileName() + mark);
-        tabs_->setTabToolTip(i, document.fileName());
-    }
-    const QString name = tabs_->count() ? tabs_->tabText(tabs_->currentIndex()) + QStringLiteral(" — ") : QString();
-    setWindowTitle(name + QStringLiteral("Терва"));
-}
-
-void MainWindow::showCursor(const NcGePoint3d& world)
-{
-    NcGePoint3d p = world;
-    ncdbWcs2Ucs(world, p);
-    coordinates_->setText(QStringLiteral("X ") + QString::number(p.x, 'f', 3) + QStringLiteral("   Y ")
-                          + QString::number(p.y, 'f', 3));
-}
-
-// --- commands
-
-void MainWindow::runLine(const QString& line)
-{
-    if (prompts_.take(line))
-        return;
-    QStringList words = typedWords(line);
-    if (words.isEmpty() && !lastCommand_.isEmpty())
-        words << lastCommand_;
-    if (words.isEmpty())
-        return;
-    prompts_.console().command(line.trimmed().isEmpty() ? words.first() : line.trimmed());
-    if (hasCommand(words.first()) && words.first().compare(QLatin1String("U"), Qt::CaseInsensitive) != 0)
-        lastCommand_ = words.first();
-    const CommandOutcome outcome = runCommandWords(words);
-    if (outcome == CommandOutcome::Unknown)
-        prompts_.console().line(QStringLiteral("Неизвестная команда: ") + words.first());
-    else if (outcome == CommandOutcome::Busy)
-        prompts_.console().line(QStringLiteral("Сначала завершите команду, которая выполняется."));
-    else if (activeCommand().isEmpty())
-        prompts_.console().line(QString());
-}
-
-void MainWindow::greet()
-{
-    prompts_.console().line(QStringLiteral("Терва готова. Проект открывается в меню «Проект», команды стоят в меню или "
-                                           "набираются здесь по имени; Esc отменяет, Enter завершает."));
-}
-
-void MainWindow::runCommandByName(const QString& name)
-{
-    pending_ = name;
-    pendingTries_ = 0;
-    QTimer::singleShot(0, this, &MainWindow::runPending);
-}
-
-void MainWindow::runPending()
-{
-    if (activeCommand().isEmpty()) {
-        runLine(std::exchange(pending_, QString()));
-    } else if (++pendingTries_ <= kMostTries) {
-        prompts_.cancel();
-        QTimer::singleShot(kTryMilliseconds, this, &MainWindow::runPending);
-    } else {
-        prompts_.console().line(QStringLiteral("Сначала завершите команду, которая выполняется."));
-    }
-}
-
-QString MainWindow::playScript(const QString& path, const QVector<QPair<QString, QString>>& variables,
-                               double stepTimeout)
-{
-    ScriptRunner runner;
-    runner.setStepTimeout(stepTimeout);
-    runner.setSink([this](const QString& text) { prompts_.console().print(text); });
-    for (const auto& variable : variables)
-        runner.setVariable(variable.first, variable.second);
-    return runner.playFile(path) ? QString() : runner.failure()->toString();
-}
-
-// Enter over the drawing ends what a prompt gathers, or begins the last command anew.
-void MainWindow::finishOrRepeat()
-{
-    if (prompts_.isAsking())
-        prompts_.finish();
-    else if (!lastCommand_.isEmpty() && activeCommand().isEmpty())
-        runCommandByName(lastCommand_);
 }
 
 void MainWindow::showEvent(QShowEvent* event)
 {
     QMainWindow::showEvent(event);
     line_->takeFocus();
-}
-
-namespace {
-
-// Widgets that have a use for letters of their own.
-bool takesText(const QWidget* widget)
-{
-    const auto* combo = qobject_cast<const QComboBox*>(widget);
-    const auto* plain = qobject_cast<const QPlainTextEdit*>(widget);
-    const auto* rich = qobject_cast<const QTextEdit*>(widget);
-    const auto* items = qobject_cast<const QAbstractItemView*>(widget);
-    return qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QAbstractSpinBox*>(widget)
-        || (combo && combo->isEditable()) || (plain && !plain->isReadOnly()) || (rich && !rich->isReadOnly())
-        || (items && items->editTriggers() != QAbstractItemView::NoEditTriggers);
-}
-
-// Whether the widget is a field for a number in a dialog.
-bool isNumberField(const QWidget* widget)
-{
-    return qobject_cast<const QAbstractSpinBox*>(widget) && qobject_cast<const QDialog*>(widget->window());
-}
-
-bool isEnter(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
-
-} // namespace
-
-bool MainWindow::takeStrayKey(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Escape)
-        emit line_->cancelled();
-    else if (isEnter(event->key()) && prompts_.isAsking())
-        prompts_.finish();
-    else if (!event->text().isEmpty() && event->text().at(0).isPrint() && !event->text().at(0).isSpace()
-             && !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)))
-        line_->type(event->text());
-    else
-        return false;
-    return true;
-}
-
-bool MainWindow::eventFilter(QObject* watched, QEvent* event)
-{
-    auto* widget = event->type() == QEvent::KeyPress ? qobject_cast<QWidget*>(watched) : nullptr;
-    auto* key = static_cast<QKeyEvent*>(event);
-    // Enter in a number field is done with the field, not with the form.
-    if (widget && isEnter(key->key()) && isNumberField(widget)) {
-        static_cast<QAbstractSpinBox*>(widget)->interpretText();
-        widget->nextInFocusChain()->setFocus();
-        return true;
-    }
-    const bool stray = widget && widget->window() == this && widget == QApplication::focusWidget()
-        && !QApplication::activeModalWidget() && !QApplication::activePopupWidget() && !takesText(widget)
-        && !qobject_cast<DrawingView*>(widget);
-    return (stray && takeStrayKey(key)) || QMainWindow::eventFilter(watched, event);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
@@ -373,8 +217,9 @@ void MainWindow::closeEvent(QCloseEvent* event)
         return;
     }
     for (int i = 0; i < tabs_->count(); ++i)
-        if (!mayClose(static_cast<DrawingView*>(tabs_->widget(i))->document()))
+        if (auto* view = qobject_cast<DrawingView*>(tabs_->widget(i)); view && !mayClose(view->document()))
             return;
+    notePalettes();
     settings_->setValue(kHistoryKey, line_->history());
     settings_->setValue(QStringLiteral("geometry"), saveGeometry());
     settings_->setValue(QStringLiteral("state"), saveState());

@@ -2,13 +2,19 @@
 #pragma once
 
 #include "desk_prompts.h"
+#include "desk_state.h"
 
 #include <QMainWindow>
 #include <QSettings>
+#include <QTimer>
 #include <memory>
 
-class LayersPanel;
+class CommandMenus;
+class DrawingKeeper;
+class LayersPage;
+class PropertiesPanel;
 class QLabel;
+class StartPage;
 class QTabWidget;
 
 class MainWindow : public QMainWindow {
@@ -23,6 +29,16 @@ public:
     // Ends what is going on and runs the command.
     void runCommandByName(const QString& name);
     bool openDrawing(const QString& path);
+    void openProject(const QString& path);
+    // A drawing, a project or a script, by its suffix.
+    void openFile(const QString& path);
+    void showStartPage();
+    // Opens the palettes that were open when the program was closed.
+    void restorePalettes();
+    // Asks whether what a crashed program left is to be opened.
+    void offerRecovery();
+    // Writes the copies of what is not saved; a timer calls it.
+    void keepCopies();
     // The first line of the command line: what to do next.
     void greet();
     // Plays a script in this window. Empty when all went as written.
@@ -31,16 +47,21 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     // Keys that no widget of the window wants reach the command line.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void buildDocks();
     void buildFileMenu();
-    void buildEditMenu();
-    void buildDrawMenu();
+    QAction* addFileAction(const char* icon, const QString& caption, const QString& tip, const QKeySequence& keys,
+                           void (MainWindow::*act)(), bool onBar);
     void buildViewMenu();
-    void addCommand(QMenu* menu, const QString& caption, const QString& command, const QKeySequence& keys = {});
+    void buildAids(QMenu* menu);
+    void placeDocks();
+    void resetLayout();
+    void notePalettes();
     QAction* addAid(const QString& caption, const QKeySequence& key, bool on, void (*set)(bool));
     void buildCommandMenus();
     void buildStatusBar();
@@ -48,7 +69,14 @@ private:
     void addDocument(NcApDocument* document);
     void removeDocument(NcApDocument* document);
     void showDocument(NcApDocument* document);
+    void showInPanels(NcApDocument* document);
     void showTitles();
+    void showDesk();
+    void noteSaved(NcApDocument* document);
+    void leaveStartPage();
+    void tell(const QString& text);
+    QString askToOpen(const QString& title, const QString& filters, const QString& kind);
+    QString askToSave(const QString& title, const QString& filters, const QString& kind, const QString& start);
     void showCursor(const NcGePoint3d& world);
     void showAids();
     bool takeStrayKey(QKeyEvent* event);
@@ -62,7 +90,10 @@ private:
     void newDrawing();
     void chooseDrawing();
     bool saveDrawing(NcApDocument* document, bool askName);
+    void saveCurrent();
+    void saveCurrentAs();
     void exportDrawing();
+    void printDrawing();
     void chooseScript();
     void closeTab(int index);
     bool mayClose(Document& document);
@@ -72,16 +103,22 @@ private:
     std::unique_ptr<QSettings> settings_;
     QTabWidget* tabs_;
     CommandLine* line_;
-    LayersPanel* layers_;
+    LayersPage* layers_;
+    PropertiesPanel* properties_ = nullptr;
+    NcApDocument* shown_ = nullptr; // in the panels
     DeskPrompts prompts_;
+    std::unique_ptr<DrawingKeeper> keeper_;
+    CommandMenus* menus_ = nullptr;
+    StartPage* start_ = nullptr; // made when it is first shown
+    DeskState desk_;
+    QTimer deskTimer_, keepTimer_;
+    QLabel *deskProject_ = nullptr, *deskCycles_ = nullptr, *deskConnection_ = nullptr;
     QLabel* coordinates_ = nullptr;
-    QLabel* hint_ = nullptr;
     QMenu* recent_ = nullptr;
     QMenu* panels_ = nullptr;
     QAction* lightGround_ = nullptr;
     QAction *snaps_ = nullptr, *ortho_ = nullptr, *polar_ = nullptr;
     QString lastCommand_; // that Enter or a right click repeats
-    QList<QMenu*> commandMenus_;
-    QString pending_; // a command that waits for another one to end
+    QString pending_;     // a command that waits for another one to end
     int pendingTries_ = 0;
 };

@@ -1,5 +1,9 @@
 // What the window does with files.
+#include "desk_state.h"
+#include "drawing_keeper.h"
 #include "main_window.h"
+#include "recent_files.h"
+#include "start_page.h"
 
 #include <drawing/documents.h>
 #include <dxf/drawing_file.h>
@@ -13,11 +17,47 @@
 
 namespace {
 
-const QString kDrawings = QStringLiteral("Чертежи (*.dxf *.dwg);;Все файлы (*)");
+const QString kOpened = QStringLiteral("Чертежи (*.dxf *.dwg);;Все файлы (*)");
+const QString kSaved = QStringLiteral("Чертёж DXF (*.dxf);;Рабочий чертёж (*.dwg);;Все файлы (*)");
+const QString kPictures =
+    QStringLiteral("Рисунок PNG (*.png);;Документ PDF (*.pdf);;Векторный рисунок SVG (*.svg);;Чертёж DXF (*.dxf)");
+const QString kScripts = QStringLiteral("Сценарии (*.script);;Все файлы (*)");
+const QString kDrawingKind = QStringLiteral("drawings"), kPictureKind = QStringLiteral("pictures");
+const QString kScriptKind = QStringLiteral("scripts");
 const QString kRecentKey = QStringLiteral("recent");
-constexpr int kMostRecent = 10;
 
 } // namespace
+
+QString MainWindow::askToOpen(const QString& title, const QString& filters, const QString& kind)
+{
+    const QString path = QFileDialog::getOpenFileName(this, title, rememberedFolder(*settings_, kind), filters);
+    if (!path.isEmpty())
+        rememberFolder(*settings_, kind, path);
+    return path;
+}
+
+// The chosen kind of file gives the suffix that was not typed.
+QString MainWindow::askToSave(const QString& title, const QString& filters, const QString& kind, const QString& start)
+{
+    const QFileInfo proposed(start);
+    QFileDialog dialog(this, title, proposed.isAbsolute() ? proposed.path() : rememberedFolder(*settings_, kind),
+                       filters);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    const auto takeSuffix = [&dialog](const QString& filter) {
+        const QString suffix = filter.section(QStringLiteral("(*."), 1).section(QLatin1Char(')'), 0, 0);
+        dialog.setDefaultSuffix(suffix);
+    };
+    connect(&dialog, &QFileDialog::filterSelected, this, takeSuffix);
+    takeSuffix(dialog.selectedNameFilter());
+    dialog.selectFile(proposed.fileName());
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    rememberFolder(*settings_, kind, dialog.selectedFiles().first());
+    return dialog.selectedFiles().first();
+}
+
+void MainWindow::tell(const QString& text) { prompts_.console().line(text); }
 
 void MainWindow::newDrawing()
 {
@@ -25,9 +65,28 @@ void MainWindow::newDrawing()
         ncDocManagerPtr()->appContextNewDocument(QString());
 }
 
+// What another user has open is opened as a copy, when the user wants that.
 bool MainWindow::openDrawing(const QString& path)
 {
-    if (!isOk(ncDocManagerPtr()->appContextOpenDocument(path))) {
+    const bool alreadyHere = Documents::instance().find(path) != nullptr;
+    const QString holder = alreadyHere ? QString() : keeper_->lock(path);
+    bool opened = false;
+    if (!holder.isEmpty()) {
+        QMessageBox question(QMessageBox::Question, QStringLiteral("Открыть"),
+                             QStringLiteral("Чертёж %1 открыт в другой программе:\n%2.\n\nОткрыть его копию?")
+                                 .arg(QFileInfo(path).fileName(), holder),
+                             QMessageBox::NoButton, this);
+        QAbstractButton* copy = question.addButton(QStringLiteral("Открыть копию"), QMessageBox::AcceptRole);
+        question.addButton(QMessageBox::Cancel);
+        question.exec();
+        if (question.clickedButton() != copy)
+            return false;
+        opened = isOk(Documents::instance().openCopy(path, QFileInfo(path).fileName(), true));
+    } else {
+        opened = isOk(ncDocManagerPtr()->appContextOpenDocument(path));
+    }
+    if (!opened) {
+        keeper_->unlock(path);
         QMessageBox::warning(this, QStringLiteral("Открыть"),
                              QStringLiteral("Чертёж не открывается:\n") + path + QLatin1Char('\n') + drawingFault());
         return false;
@@ -36,9 +95,32 @@ bool MainWindow::openDrawing(const QString& path)
     return true;
 }
 
+void MainWindow::openProject(const QString& path)
+{
+    if (!activeCommand().isEmpty())
+        return tell(QStringLiteral("Сначала завершите команду, которая выполняется."));
+    leaveStartPage();
+    runLine(QStringLiteral("OPENPROJECT \"%1\"").arg(path));
+}
+
+// By the suffix, as a file manager hands it over.
+void MainWindow::openFile(const QString& path)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    if (suffix == QLatin1String("terva"))
+        return openProject(path);
+    if (suffix != QLatin1String("script")) {
+        openDrawing(path);
+        return;
+    }
+    const QString wrong = playScript(path, {}, 60.0);
+    if (!wrong.isEmpty())
+        QMessageBox::warning(this, QStringLiteral("Исполнить сценарий"), wrong);
+}
+
 void MainWindow::chooseDrawing()
 {
-    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Открыть"), {}, kDrawings);
+    const QString path = askToOpen(QStringLiteral("Открыть"), kOpened, kDrawingKind);
     if (!path.isEmpty())
         openDrawing(path);
 }
@@ -46,21 +128,41 @@ void MainWindow::chooseDrawing()
 bool MainWindow::saveDrawing(NcApDocument* saved, bool askName)
 {
     auto* document = static_cast<Document*>(saved);
-    QString path = document->fileName();
-    if (askName || document->isUntitled())
-        path = QFileDialog::getSaveFileName(this, QStringLiteral("Сохранить как"),
-                                            QFileInfo(path).completeBaseName() + QStringLiteral(".dxf"), kDrawings);
+    const QString before = document->fileName();
+    QString path = before;
+    if (askName || document->isUntitled()) {
+        const QFileInfo present(path);
+        const QString name = present.completeBaseName() + QStringLiteral(".dxf");
+        path = askToSave(QStringLiteral("Сохранить как"), kSaved, kDrawingKind,
+                         document->isUntitled() ? name : present.path() + QLatin1Char('/') + name);
+    }
     if (path.isEmpty())
         return false;
-    QString problem;
-    if (!isOk(Documents::instance().saveAs(document, path, &problem))) {
+    const QString holder = keeper_->lock(path);
+    QString problem = holder.isEmpty() ? QString() : QStringLiteral("открыт в другой программе: ") + holder;
+    if (!holder.isEmpty() || !isOk(Documents::instance().saveAs(document, path, &problem))) {
         QMessageBox::warning(this, QStringLiteral("Сохранить"),
                              QStringLiteral("Чертёж не записан:\n") + path + QLatin1Char('\n') + problem);
         return false;
     }
+    if (before != document->fileName())
+        keeper_->unlock(before);
     noteRecent(path);
+    tell(QStringLiteral("Сохранён чертёж ") + path);
     showTitles();
     return true;
+}
+
+void MainWindow::saveCurrent()
+{
+    if (DrawingView* view = currentView())
+        saveDrawing(&view->document(), false);
+}
+
+void MainWindow::saveCurrentAs()
+{
+    if (DrawingView* view = currentView())
+        saveDrawing(&view->document(), true);
 }
 
 void MainWindow::exportDrawing()
@@ -68,25 +170,25 @@ void MainWindow::exportDrawing()
     DrawingView* view = currentView();
     if (!view)
         return;
-    const QString name = QFileInfo(view->document().fileName()).completeBaseName() + QStringLiteral(".png");
-    const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Экспорт рисунка"), name,
-                                                      QStringLiteral("Рисунки (*.png *.svg *.pdf);;Чертёж (*.dxf)"));
+    const QString path = askToSave(QStringLiteral("Экспорт рисунка"), kPictures, kPictureKind,
+                                   QFileInfo(view->document().fileName()).completeBaseName() + QStringLiteral(".png"));
     if (path.isEmpty())
         return;
     const QString wrong = exportPicture(*view->document().database(), path);
-    if (!wrong.isEmpty())
-        QMessageBox::warning(this, QStringLiteral("Экспорт рисунка"), wrong);
+    if (wrong.isEmpty())
+        return tell(QStringLiteral("Записан файл ") + path);
+    QMessageBox::warning(this, QStringLiteral("Экспорт рисунка"), wrong);
 }
 
 void MainWindow::chooseScript()
 {
-    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Исполнить сценарий"), {},
-                                                      QStringLiteral("Сценарии (*.txt);;Все файлы (*)"));
+    const QString path = askToOpen(QStringLiteral("Исполнить сценарий"), kScripts, kScriptKind);
     if (path.isEmpty())
         return;
     const QString wrong = playScript(path, {}, 60.0);
-    if (!wrong.isEmpty())
-        QMessageBox::warning(this, QStringLiteral("Исполнить сценарий"), wrong);
+    if (wrong.isEmpty())
+        return tell(QStringLiteral("Сценарий исполнен: ") + path);
+    QMessageBox::warning(this, QStringLiteral("Исполнить сценарий"), wrong);
 }
 
 bool MainWindow::mayClose(Document& document)
@@ -102,26 +204,25 @@ bool MainWindow::mayClose(Document& document)
 
 void MainWindow::closeTab(int index)
 {
-    Document& document = static_cast<DrawingView*>(tabs_->widget(index))->document();
-    if (activeCommand().isEmpty() && mayClose(document))
-        ncDocManagerPtr()->closeDocument(&document);
+    auto* view = qobject_cast<DrawingView*>(tabs_->widget(index));
+    if (!view) {
+        tabs_->removeTab(index);
+        return;
+    }
+    if (activeCommand().isEmpty() && mayClose(view->document()))
+        ncDocManagerPtr()->closeDocument(&view->document());
 }
 
-void MainWindow::noteRecent(const QString& path)
-{
-    QStringList paths = settings_->value(kRecentKey).toStringList();
-    const QString absolute = QFileInfo(path).absoluteFilePath();
-    paths.removeAll(absolute);
-    paths.prepend(absolute);
-    settings_->setValue(kRecentKey, QStringList(paths.mid(0, kMostRecent)));
-}
+void MainWindow::noteRecent(const QString& path) { RecentFiles(*settings_, kRecentKey).note(path); }
 
 void MainWindow::fillRecent()
 {
     recent_->clear();
-    const QStringList paths = settings_->value(kRecentKey).toStringList();
-    for (const QString& path : paths)
-        recent_->addAction(path, this, [this, path] { openDrawing(path); });
+    const QStringList paths = RecentFiles(*settings_, kRecentKey).paths();
+    for (const QString& path : paths) {
+        QAction* action = recent_->addAction(path, this, [this, path] { openDrawing(path); });
+        action->setEnabled(QFileInfo::exists(path));
+    }
     if (paths.isEmpty())
         recent_->addAction(QStringLiteral("(пусто)"))->setEnabled(false);
 }

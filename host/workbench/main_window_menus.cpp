@@ -1,17 +1,20 @@
-// The window's menus.
-#include "command_table.h"
+// The window's menus and tool bars.
+#include "command_menus.h"
+#include "desk_icons.h"
+#include "desk_theme.h"
 #include "drawing_aids.h"
 #include "main_window.h"
 
 #include <drawing/application.h>
 
 #include <QDockWidget>
+#include <QMenu>
 #include <QMenuBar>
-#include <QSet>
+#include <QToolBar>
 
 namespace {
 
-const QString kLightGroundKey = QStringLiteral("lightGround");
+const QString kLightGroundKey = QStringLiteral("lightGround"), kDarkKey = QStringLiteral("darkTheme");
 
 QStringList hostCommandNames()
 {
@@ -23,79 +26,113 @@ QStringList hostCommandNames()
 
 } // namespace
 
+QAction* MainWindow::addFileAction(const char* icon, const QString& caption, const QString& tip,
+                                   const QKeySequence& keys, void (MainWindow::*act)(), bool onBar)
+{
+    auto* action = new QAction(deskIcon(QString::fromLatin1(icon)), caption, this);
+    action->setShortcut(keys);
+    action->setStatusTip(tip);
+    const QString shown = keys.toString(QKeySequence::NativeText);
+    action->setToolTip(QString(caption).remove(QLatin1Char('&'))
+                       + (shown.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(shown)) + QLatin1Char('\n') + tip);
+    connect(action, &QAction::triggered, this, act);
+    menus_->menu(QStringLiteral("Файл"))->addAction(action);
+    if (onBar)
+        menus_->bar(QStringLiteral("Файл"))->addAction(action);
+    return action;
+}
+
 void MainWindow::buildFileMenu()
 {
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("&Файл"));
-    menu->addAction(QStringLiteral("&Новый"), this, &MainWindow::newDrawing, QKeySequence::New);
-    menu->addAction(QStringLiteral("&Открыть…"), this, &MainWindow::chooseDrawing, QKeySequence::Open);
-    recent_ = menu->addMenu(QStringLiteral("Н&едавние"));
+    QMenu* menu = menus_->menu(QStringLiteral("Файл"));
+    addFileAction("new-drawing", QStringLiteral("&Новый"), QStringLiteral("Новый чертёж"), QKeySequence::New,
+                  &MainWindow::newDrawing, true);
+    addFileAction("open", QStringLiteral("&Открыть…"), QStringLiteral("Открыть чертёж"), QKeySequence::Open,
+                  &MainWindow::chooseDrawing, true);
+    recent_ = menu->addMenu(QStringLiteral("Не&давние"));
     connect(recent_, &QMenu::aboutToShow, this, &MainWindow::fillRecent);
     menu->addSeparator();
-    const auto save = [this](bool askName) {
-        if (DrawingView* view = currentView())
-            saveDrawing(&view->document(), askName);
+    addFileAction("save", QStringLiteral("&Сохранить"), QStringLiteral("Сохранить чертёж"), QKeySequence::Save,
+                  &MainWindow::saveCurrent, true);
+    addFileAction("save", QStringLiteral("Сохранить &как…"), QStringLiteral("Сохранить чертёж под другим именем"),
+                  QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), &MainWindow::saveCurrentAs, false)
+        ->setObjectName(QStringLiteral("saveAs"));
+    addFileAction("print", QStringLiteral("&Печать…"), QStringLiteral("Напечатать чертёж в масштабе"),
+                  QKeySequence::Print, &MainWindow::printDrawing, true)
+        ->setObjectName(QStringLiteral("print"));
+    addFileAction("export", QStringLiteral("&Экспорт рисунка…"), QStringLiteral("Записать чертёж картинкой или файлом"),
+                  {}, &MainWindow::exportDrawing, false);
+    menu->addSeparator();
+    addFileAction("script", QStringLiteral("Исполнить с&ценарий…"), QStringLiteral("Исполнить команды из файла"), {},
+                  &MainWindow::chooseScript, false);
+    menu->addSeparator();
+    QAction* quit = menu->addAction(QStringLiteral("В&ыход"), this, &QWidget::close, QKeySequence::Quit);
+    quit->setStatusTip(QStringLiteral("Закрыть программу"));
+}
+
+void MainWindow::buildViewMenu()
+{
+    QMenu* menu = menus_->menu(QStringLiteral("Вид"));
+    const auto add = [&](const char* icon, const QString& caption, const QKeySequence& keys,
+                         const std::function<void()>& act) {
+        QAction* action = menu->addAction(deskIcon(QString::fromLatin1(icon)), caption, this, act, keys);
+        action->setStatusTip(QString(caption).remove(QLatin1Char('&')));
+        return action;
     };
-    menu->addAction(
-        QStringLiteral("&Сохранить"), this, [save] { save(false); }, QKeySequence::Save);
-    menu->addAction(QStringLiteral("Сохранить &как…"), this, [save] { save(true); });
-    menu->addAction(QStringLiteral("&Экспорт рисунка…"), this, &MainWindow::exportDrawing);
+    QAction* all = add("zoom-all", QStringLiteral("Показать &всё"), Qt::Key_F4, [this] {
+        if (DrawingView* view = currentView())
+            view->zoomExtents();
+    });
+    menus_->bar(QStringLiteral("Файл"))->addAction(all);
+    add("refresh", QStringLiteral("Пере&рисовать"), Qt::Key_F5, [] { emit HostEvents::instance()->viewChanged(); });
     menu->addSeparator();
-    menu->addAction(QStringLiteral("Исполнить с&ценарий…"), this, &MainWindow::chooseScript);
+    buildAids(menu);
     menu->addSeparator();
-    menu->addAction(QStringLiteral("В&ыход"), this, &QWidget::close, QKeySequence::Quit);
+    lightGround_ = menu->addAction(QStringLiteral("&Светлый фон"));
+    lightGround_->setObjectName(QStringLiteral("lightGround"));
+    lightGround_->setStatusTip(QStringLiteral("Чертёж на светлом фоне, как на бумаге"));
+    lightGround_->setCheckable(true);
+    lightGround_->setChecked(settings_->value(kLightGroundKey, true).toBool());
+    connect(lightGround_, &QAction::toggled, this, [this](bool light) {
+        settings_->setValue(kLightGroundKey, light);
+        for (DrawingView* view : findChildren<DrawingView*>())
+            view->setLightGround(light);
+    });
+    auto* dark = menu->addAction(QStringLiteral("&Тёмное оформление"));
+    dark->setObjectName(QStringLiteral("darkTheme"));
+    dark->setStatusTip(QStringLiteral("Тёмные окна и панели"));
+    dark->setCheckable(true);
+    dark->setChecked(settings_->value(kDarkKey, false).toBool());
+    setDarkTheme(dark->isChecked());
+    connect(dark, &QAction::toggled, this, [this](bool on) {
+        settings_->setValue(kDarkKey, on);
+        setDarkTheme(on);
+    });
+    menu->addSeparator();
+    panels_ = menu->addMenu(deskIcon(QStringLiteral("properties")), QStringLiteral("П&анели"));
+    connect(panels_, &QMenu::aboutToShow, this, [this] {
+        panels_->clear();
+        for (QDockWidget* dock : findChildren<QDockWidget*>())
+            panels_->addAction(dock->toggleViewAction());
+        panels_->addSeparator();
+        for (QToolBar* bar : findChildren<QToolBar*>())
+            if (bar->parentWidget() == this && !bar->actions().isEmpty())
+                panels_->addAction(bar->toggleViewAction());
+    });
+    add("", QStringLiteral("Рас&положение по умолчанию"), {}, [this] { resetLayout(); });
+    add("terva", QStringLiteral("&Начальная страница"), {}, [this] {
+        showStartPage();
+    })->setObjectName(QStringLiteral("startPageAction"));
 }
 
-void MainWindow::addCommand(QMenu* menu, const QString& caption, const QString& command, const QKeySequence& keys)
+void MainWindow::buildAids(QMenu* menu)
 {
-    QAction* action = menu->addAction(caption, this, [this, command] { runCommandByName(command); });
-    action->setObjectName(command);
-    action->setStatusTip(command);
-    action->setShortcut(keys);
-}
-
-void MainWindow::buildEditMenu()
-{
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("&Правка"));
-    addCommand(menu, QStringLiteral("&Отменить"), QStringLiteral("U"), QKeySequence(Qt::CTRL | Qt::Key_Z));
-    addCommand(menu, QStringLiteral("&Вернуть"), QStringLiteral("REDO"),
-               QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
-    menu->addSeparator();
-    addCommand(menu, QStringLiteral("Вы&резать"), QStringLiteral("CUTCLIP"), QKeySequence::Cut);
-    addCommand(menu, QStringLiteral("&Копировать"), QStringLiteral("COPYCLIP"), QKeySequence::Copy);
-    addCommand(menu, QStringLiteral("В&ставить"), QStringLiteral("PASTECLIP"), QKeySequence::Paste);
-    addCommand(menu, QStringLiteral("Вставить на &место"), QStringLiteral("PASTEORIG"),
-               QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_V));
-    addCommand(menu, QStringLiteral("&Удалить"), QStringLiteral("ERASE"), QKeySequence(Qt::Key_Delete));
-    menu->addSeparator();
-    addCommand(menu, QStringLiteral("Выбрать в&сё"), QStringLiteral("SELECTALL"), QKeySequence::SelectAll);
-    addCommand(menu, QStringLiteral("&Быстрый выбор…"), QStringLiteral("QSELECT"));
-    menu->addSeparator();
-    addCommand(menu, QStringLiteral("&Перенести"), QStringLiteral("MOVE"));
-    addCommand(menu, QStringLiteral("Скопировать со сдвигом"), QStringLiteral("COPY"));
-    addCommand(menu, QStringLiteral("Повернут&ь"), QStringLiteral("ROTATE"));
-    addCommand(menu, QStringLiteral("&Масштабировать"), QStringLiteral("SCALE"));
-    addCommand(menu, QStringLiteral("&Зеркало"), QStringLiteral("MIRROR"));
-    addCommand(menu, QStringLiteral("По&добие"), QStringLiteral("OFFSET"));
-    addCommand(menu, QStringLiteral("Рас&членить"), QStringLiteral("EXPLODE"));
-}
-
-void MainWindow::buildDrawMenu()
-{
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("&Чертить"));
-    addCommand(menu, QStringLiteral("&Отрезок"), QStringLiteral("LINE"));
-    addCommand(menu, QStringLiteral("&Полилиния"), QStringLiteral("PLINE"));
-    addCommand(menu, QStringLiteral("О&кружность"), QStringLiteral("CIRCLE"));
-    addCommand(menu, QStringLiteral("&Текст"), QStringLiteral("TEXT"));
-    menu->addSeparator();
-    addCommand(menu, QStringLiteral("&Расстояние"), QStringLiteral("DIST"));
-    addCommand(menu, QStringLiteral("Коор&динаты точки"), QStringLiteral("ID"));
-    addCommand(menu, QStringLiteral("П&лощадь"), QStringLiteral("AREA"));
-    menu->addSeparator();
     snaps_ =
-        addAid(QStringLiteral("При&вязка"), Qt::Key_F3, true, [](bool on) { DrawingAids::instance().setSnaps(on); });
+        addAid(QStringLiteral("Пр&ивязка"), Qt::Key_F3, true, [](bool on) { DrawingAids::instance().setSnaps(on); });
     ortho_ = addAid(QStringLiteral("Орт&о"), Qt::Key_F8, false, [](bool on) { DrawingAids::instance().setOrtho(on); });
     polar_ = addAid(QStringLiteral("Пол&ярное отслеживание"), Qt::Key_F10, false,
                     [](bool on) { DrawingAids::instance().setPolar(on); });
+    snaps_->setIcon(deskIcon(QStringLiteral("snap")));
     menu->addActions({snaps_, ortho_, polar_});
     connect(&DrawingAids::instance(), &DrawingAids::changed, this, &MainWindow::showAids);
     showAids();
@@ -119,65 +156,14 @@ void MainWindow::showAids()
     polar_->setChecked(aids.polar());
 }
 
-void MainWindow::buildViewMenu()
-{
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("&Вид"));
-    menu->addAction(
-        QStringLiteral("Показать &всё"), this,
-        [this] {
-            if (DrawingView* view = currentView())
-                view->zoomExtents();
-        },
-        QKeySequence(Qt::Key_F4));
-    menu->addAction(
-        QStringLiteral("&Перерисовать"), this, [] { emit HostEvents::instance()->viewChanged(); },
-        QKeySequence(Qt::Key_F5));
-    lightGround_ = menu->addAction(QStringLiteral("&Светлый фон"));
-    lightGround_->setObjectName(QStringLiteral("lightGround"));
-    lightGround_->setCheckable(true);
-    lightGround_->setChecked(settings_->value(kLightGroundKey, true).toBool());
-    connect(lightGround_, &QAction::toggled, this, [this](bool light) {
-        settings_->setValue(kLightGroundKey, light);
-        for (DrawingView* view : findChildren<DrawingView*>())
-            view->setLightGround(light);
-    });
-    panels_ = menu->addMenu(QStringLiteral("П&анели"));
-    connect(panels_, &QMenu::aboutToShow, this, [this] {
-        panels_->clear();
-        for (QDockWidget* dock : findChildren<QDockWidget*>())
-            panels_->addAction(dock->toggleViewAction());
-    });
-}
-
-// Menus by area from the table; commands that it does not name stand last, by
-// their own names.
+// From the tables; what they do not name stands in a menu of its own.
 void MainWindow::buildCommandMenus()
 {
-    for (QMenu* menu : qAsConst(commandMenus_))
-        menu->deleteLater();
-    commandMenus_.clear();
-
-    QStringList names = hostCommandNames();
+    const QStringList own = hostCommandNames();
     QStringList unnamed;
     for (const CommandInfo& info : registeredCommands())
         unnamed << info.localName;
-    names += unnamed;
-    QHash<QString, QMenu*> menus;
-    const auto menuOf = [&](const QString& title) {
-        QMenu*& menu = menus[title];
-        if (!menu) {
-            menu = menuBar()->addMenu(title);
-            commandMenus_ << menu;
-        }
-        return menu;
-    };
-    for (const MenuRow& row : readMenuTable()) {
-        if (row.command.isEmpty() && menus.contains(row.menu))
-            menuOf(row.menu)->addSeparator();
-        else if (unnamed.removeOne(row.command))
-            addCommand(menuOf(row.menu), row.caption, row.command);
-    }
-    for (const QString& command : qAsConst(unnamed))
-        addCommand(menuOf(QStringLiteral("Прочее")), command, command);
-    line_->setNames(names);
+    menus_->build(hostMenuTable() + readMenuTable(), own + unnamed, unnamed);
+    line_->setNames(own + unnamed);
+    showDesk();
 }

@@ -27,8 +27,9 @@ bool parseOptions(const QStringList& arguments, Options& options, QString& messa
     const QCommandLineOption profile(QStringLiteral("profile"), QStringLiteral("Файл настроек окна."),
                                      QStringLiteral("файл"));
     parser.addOptions({help, batch, play, start, module, noModule, variable, timeout, profile});
-    parser.addPositionalArgument(QStringLiteral("чертежи"), QStringLiteral("Чертежи, которые открыть."),
-                                 QStringLiteral("[чертежи...]"));
+    parser.addPositionalArgument(QStringLiteral("файлы"),
+                                 QStringLiteral("Проекты .terva, чертежи .dxf и .dwg, сценарии .script."),
+                                 QStringLiteral("[файлы...]"));
 
     good = parser.parse(arguments);
     message = good ? parser.helpText() : parser.errorText();

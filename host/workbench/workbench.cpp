@@ -15,8 +15,7 @@ int runWorkbench(const Options& options, const std::function<bool()>& loadModule
     window.show();
     if (!loadModules())
         return 2;
-    for (const QString& drawing : options.drawings)
-        window.openDrawing(drawing);
+    window.restorePalettes();
     if (options.start.isEmpty())
         openStartDocument();
     const auto play = [&](const QString& script) {
@@ -27,9 +26,15 @@ int runWorkbench(const Options& options, const std::function<bool()>& loadModule
     };
     QTimer::singleShot(0, &window, [&] {
         window.greet();
+        if (options.play.isEmpty())
+            window.offerRecovery();
+        for (const QString& file : options.drawings)
+            window.openFile(file);
         if (!options.start.isEmpty())
             play(options.start);
         openStartDocument(); // if the script opened none
+        if (options.drawings.isEmpty() && options.start.isEmpty() && options.play.isEmpty())
+            window.showStartPage();
         if (!options.play.isEmpty())
             QCoreApplication::exit(play(options.play) ? 0 : 1);
     });

@@ -52,7 +52,8 @@ TEST(Module, LoadsThroughItsEntryPointAndSaysNothingWithoutAProject)
 TEST(Module, ExportsWhatTheHostAsksFor)
 {
     QLibrary library(moduleFile());
-    for (const char* name : {"ncrxEntryPoint", "_terva_module_id", "HelloUIDialogcmd", "showDialog"})
+    for (const char* name : {"ncrxEntryPoint", "_terva_module_id", "HelloUIDialogcmd", "showDialog", "terva_desk_state",
+                             "terva_open_project"})
         EXPECT_NE(library.resolve(name), nullptr) << name;
 }
 

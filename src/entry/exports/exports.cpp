@@ -1,4 +1,5 @@
 // What the module exports to the host.
+#include "entry/desk.h"
 #include "entry/module.h"
 
 #include <nrx/application.h>
@@ -21,5 +22,14 @@ Q_DECL_EXPORT int ncrxEntryPoint(int message, void* packet)
 // Samples that the host's module template names; the system does not use them.
 Q_DECL_EXPORT void HelloUIDialogcmd() { }
 Q_DECL_EXPORT bool showDialog(void* /*parent*/) { return true; }
+
+// For a host that shows what the user works on; texts are UTF-8.
+Q_DECL_EXPORT void terva_desk_state(void (*tell)(void* context, const char* key, const char* value), void* context)
+{
+    tellDesk([=](const QString& key, const QString& value) {
+        tell(context, key.toUtf8().constData(), value.toUtf8().constData());
+    });
+}
+Q_DECL_EXPORT void terva_open_project(const char* path) { openProjectOfDesk(QString::fromUtf8(path)); }
 
 } // extern "C"

@@ -1,0 +1,21 @@
+// What the loaded module tells of the user's work: for the title, the status bar
+// and the menus.
+#pragma once
+
+#include <QHash>
+#include <QString>
+
+struct DeskState {
+    QString project, projectFile, position, database, connection, baseCycle, currentCycle;
+    QHash<QString, QString> refusals; // why a command would do nothing, by its name
+    bool known = false;               // a module tells
+
+    bool hasProject() const { return !projectFile.isEmpty(); }
+};
+
+// Empty without a module that tells.
+DeskState readDeskState();
+// False when no module opens projects.
+bool openProjectFile(const QString& path);
+// OPENPROJECT path, PROPERTIES, PRINT, STARTPAGE: for the window and for scripts.
+void registerDeskCommands();

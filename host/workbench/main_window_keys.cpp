@@ -1,0 +1,66 @@
+// Keys that reach the command line from anywhere in the window.
+#include "main_window.h"
+
+#include <QAbstractItemView>
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialog>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTextEdit>
+
+namespace {
+
+// Widgets that have a use for letters of their own.
+bool takesText(const QWidget* widget)
+{
+    const auto* combo = qobject_cast<const QComboBox*>(widget);
+    const auto* plain = qobject_cast<const QPlainTextEdit*>(widget);
+    const auto* rich = qobject_cast<const QTextEdit*>(widget);
+    const auto* items = qobject_cast<const QAbstractItemView*>(widget);
+    return qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QAbstractSpinBox*>(widget)
+        || (combo && combo->isEditable()) || (plain && !plain->isReadOnly()) || (rich && !rich->isReadOnly())
+        || (items && items->editTriggers() != QAbstractItemView::NoEditTriggers);
+}
+
+// Whether the widget is a field for a number in a dialog.
+bool isNumberField(const QWidget* widget)
+{
+    return qobject_cast<const QAbstractSpinBox*>(widget) && qobject_cast<const QDialog*>(widget->window());
+}
+
+bool isEnter(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
+
+} // namespace
+
+bool MainWindow::takeStrayKey(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        emit line_->cancelled();
+    else if (isEnter(event->key()) && prompts_.isAsking())
+        prompts_.finish();
+    else if (!event->text().isEmpty() && event->text().at(0).isPrint() && !event->text().at(0).isSpace()
+             && !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)))
+        line_->type(event->text());
+    else
+        return false;
+    return true;
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* widget = event->type() == QEvent::KeyPress ? qobject_cast<QWidget*>(watched) : nullptr;
+    auto* key = static_cast<QKeyEvent*>(event);
+    // Enter in a number field is done with the field, not with the form.
+    if (widget && isEnter(key->key()) && isNumberField(widget)) {
+        static_cast<QAbstractSpinBox*>(widget)->interpretText();
+        widget->nextInFocusChain()->setFocus();
+        return true;
+    }
+    const bool stray = widget && widget->window() == this && widget == QApplication::focusWidget()
+        && !QApplication::activeModalWidget() && !QApplication::activePopupWidget() && !takesText(widget)
+        && !qobject_cast<DrawingView*>(widget);
+    return (stray && takeStrayKey(key)) || QMainWindow::eventFilter(watched, event);
+}
