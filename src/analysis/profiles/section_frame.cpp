@@ -169,7 +169,7 @@ private:
         const double top = oy_ + kTableTop, bottom = top - kRowHeight * rows;
         for (int row = 0; row <= rows; ++row)
             sketch().line(left, top - kRowHeight * row, right, top - kRowHeight * row);
-        for (const double x : {left, ox_ + kHeads + 1.0, right})
+        for (const double x : {left, ox_ + kHeads + 0.5, right})
             sketch().line(x, top, x, bottom);
     }
 
