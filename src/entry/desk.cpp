@@ -12,9 +12,15 @@ QString cycleName(const ProjectSession& session, int id)
     return cycle.size() < 2 ? QString() : QStringLiteral("%1 (%2)").arg(cycle[0], cycle[1]);
 }
 
+// At the start a connection is tried without parameters: what failed then was none.
+bool knowsDatabase(const ProjectSession& session)
+{
+    return session.connection.isOk() || (session.connection.isOpen() && !session.sqlDatabase.isEmpty());
+}
+
 QString connectionName(const ProjectSession& session)
 {
-    if (!session.connection.isOpen())
+    if (!knowsDatabase(session))
         return QStringLiteral("нет");
     return session.connection.isOk() ? QStringLiteral("да") : QStringLiteral("потеряна");
 }
@@ -34,7 +40,7 @@ QString refusalOf(const Command& command, const ProjectSession& session)
 {
     if (!command.action)
         return QStringLiteral("Команда пока недоступна");
-    if (command.connection != Guard::None && !session.connection.isOpen())
+    if (command.connection != Guard::None && !knowsDatabase(session))
         return QString::fromUtf8(guardMessage(command.connection)).trimmed();
     if (command.position != Guard::None && session.currentPositionId == -1)
         return QString::fromUtf8(guardMessage(command.position)).trimmed();
@@ -49,7 +55,7 @@ void tellDesk(const DeskTeller& tell)
     tell(QStringLiteral("project"), now.projectName);
     tell(QStringLiteral("projectFile"), now.projectFile);
     tell(QStringLiteral("position"), positionName(now));
-    tell(QStringLiteral("database"), now.connection.isOpen() ? now.sqlDatabase : QString());
+    tell(QStringLiteral("database"), knowsDatabase(now) ? now.sqlDatabase : QString());
     tell(QStringLiteral("connection"), connectionName(now));
     tell(QStringLiteral("baseCycle"), cycleName(now, now.baseCycleId));
     tell(QStringLiteral("currentCycle"), cycleName(now, now.currentCycleId));
