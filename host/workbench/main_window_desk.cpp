@@ -85,8 +85,8 @@ void MainWindow::showDesk()
     if (desk_.hasProject() && desk_.projectFile != before)
         RecentFiles(*settings_, kProjects).note(desk_.projectFile);
     const QString place = desk_.position.isEmpty() ? QStringLiteral("позиция не выбрана") : desk_.position;
-    tellIn(deskProject_, desk_.hasProject() ? desk_.project + QStringLiteral(" — ") + place : QString(),
-           QStringLiteral("Проект и текущая позиция\n") + desk_.projectFile);
+    tellIn(deskProject_, desk_.hasProject() ? place : QString(),
+           QStringLiteral("Текущая позиция\nПроект: ") + desk_.project + QLatin1Char('\n') + desk_.projectFile);
     tellIn(deskCycles_, desk_.hasProject() ? cyclesText(desk_) : QString(), QStringLiteral("Базовый и текущий циклы"));
     const QString connection = desk_.connection == QStringLiteral("да") ? QStringLiteral("База: ") + desk_.database
         : desk_.connection == QStringLiteral("потеряна") ? QStringLiteral("Связь с базой потеряна")
