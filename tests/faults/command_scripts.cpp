@@ -86,6 +86,7 @@ dialog "Построение изоконтуров"
 set HatchOutLayer "Карта"
 press okButton
 )#"},
+        // A measure that cannot be loaded is passed over without a word, as it has always been.
         {"measures", "element_measures", R"#(
 command TERVA_ELEMENT_MEASURES
 dialog "Управление измерениями элементов ГМН"
@@ -100,7 +101,8 @@ files ${FOLDER}/marks.csv
 dialog "Успех"
 press "OK"
 press CloseBtn
-)#"},
+)#",
+         true},
         // Their refused statements have always been silent; the table is read anew.
         {"inspections", "element_inspections", R"#(
 command TERVA_ELEMENT_INSPECTIONS
@@ -114,7 +116,9 @@ press "Да"
 press CloseBtn
 )#",
          true},
-        {"prediction", "predict_deformations", R"#(
+        {"prediction",
+         "predict_deformations",
+         R"#(
 command TERVA_DEFORMATION_PREDICTION
 dialog "Построение прогноза деформаций"
 set BaseCyclesCombo index:2
@@ -124,16 +128,11 @@ press WriteBTN
 dialog "Сохранить прогноз"
 press OK
 press CloseBtn
-)#"},
-        {"states", "position_states", R"#(
-command TERVA_POSITION_SUMMARY
-dialog "Геотехническое состояние сооружений"
-set BaseCyclesCombo index:2
-set CurrentCyclesCombo index:0
-press RunBTN
-press SaveStatsZ_btn
-press CloseBtn
-)#"},
+)#",
+         false,
+         // Where the place cannot be read the table shows, and stores, the marks of all.
+         {"dm_predictions_data (#,4,#,2022-01-05,50.03)"}},
+        // A line that cannot be read is not drawn.
         {"contours", "position_contours", R"#(
 include ${COMMON}/border.script
 command TERVA_POSITION_ADD_CONTOUR
@@ -144,7 +143,8 @@ press OK
 command TERVA_POSITION_DRAW
 dialog "Вывод геометрии"
 press "ОК"
-)#"},
+)#",
+         true},
         {"plan", "drawing_to_postgis", R"#(
 command LINE
 point 0,0
@@ -176,47 +176,6 @@ set EndTime "11.01.2026 23:59:59"
 press ApplyBtn
 press CloseBtn
 )#"},
-        {"reports", "reports_made", R"#(
-command TERVA_REPORTS
-dialog "Генератор отчетов"
-row DocumentList "Пасспорт термоскважины"
-press CreateTemplateBTN
-dialog "Редактор сопоставления переменных"
-press SelectDocxBTN
-dialog "Файл шаблона (.docx)"
-files ${PROGRAM}/templates/ts_passport.docx
-cell SubstsView "ts_name" 1 "Имя термоскважины"
-press ApplyBtn
-row TemplateList 0
-set ExportPath "${FOLDER}"
-press GenerateBTN
-press CancelBtn
-)#"},
-        {"backup", "backup", R"#(
-command TERVA_DB_BACKUP
-dialog "Сохранить резервную копию базы данных"
-files "${FOLDER}/Копия"
-dialog "Успех"
-press OK
-)#"},
-        {"synchronisation", "renumber", R"#(
-command TERVA_SYNC_DB_DWG
-command TERVA_RENUM
-pick element_id=4
-integer 2
-)#"},
-        // Lists of nodes and catalogues show what the database holds after each change.
-        {"tree", "position_contours", R"#(
-command TERVA_PROJECT_EXPLORER
-window "Состав проекта"
-row ProjectTreeView "Город"
-press create_btn
-cell ProjectTreeView "Город/Объект" 0 "Цех"
-set ShowStatCB on
-set ShowStatCB off
-command TERVA_PROJECT_EXPLORER
-)#",
-         true},
     };
     return rows;
 }

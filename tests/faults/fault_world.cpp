@@ -3,6 +3,7 @@
 #include "base/placeholders.h"
 #include "entry/module.h"
 #include "session/project_session.h"
+#include "support/session_wiring.h"
 
 #include <commands/host_commands.h>
 #include <drawing/application.h>
@@ -82,10 +83,9 @@ QStringList drawingBlocks()
 void forgetSession()
 {
     ProjectSession& now = session();
-    now.connection.finish();
+    disconnectSession();
     now.connected = false;
     now.projectId = now.currentPositionId = now.baseCycleId = now.currentCycleId = -1;
-    now.sqlHost = now.sqlPort = now.sqlDatabase = now.sqlUser = now.sqlPass = QString();
     now.projectFile = now.projectName = QString();
 }
 

@@ -29,6 +29,7 @@ dialog "Файл проекта"
 files ${OUT}/copy.terva
 dialog "Внимание"
 press "Да"
+expect no "не записан"
 )"},
     {"measures", "element_measures", "marks.csv", R"(
 command TERVA_ELEMENT_MEASURES

@@ -38,7 +38,13 @@ public:
         if (open_)
             session().run("rollback");
     }
-    void keep() { open_ = open_ && !session().run("commit").isCommand(); }
+    // What the server says to it; nothing is kept unless it is a good one.
+    sql::Result keep()
+    {
+        sql::Result answer = session().run("commit");
+        open_ = open_ && !answer.isCommand();
+        return answer;
+    }
 
 private:
     bool open_;
@@ -69,7 +75,11 @@ int copyOne(const MeasureFamily& family, const CycleRow& row, const MeasureCopy&
         if (!inserted.isTuples())
             return refused(inserted);
     }
-    replacement.keep();
+    if (replaces) {
+        const sql::Result kept = replacement.keep();
+        if (!kept.isCommand())
+            return refused(kept);
+    }
     return int(replaces) + int(!insert.isEmpty());
 }
 

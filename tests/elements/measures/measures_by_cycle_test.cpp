@@ -215,3 +215,19 @@ TEST_F(MeasureExport, AMeasureThatIsGoneIsPassedOver)
     EXPECT_EQ(loadMeasures(family, rows, {})->size(), 0u);
     EXPECT_FALSE(loadMeasures(family, rows, {1, 2}, [](int done, int) { return done < 1; })) << "stopped";
 }
+
+// What is refused does not take the place of what stands.
+TEST_F(MeasuredElements, AReadingThatIsRefusedLeavesTheOneItWouldReplace)
+{
+    fillFamily(familyValues[0]);
+    database->exec(
+        "create function refuse_row() returns trigger language plpgsql as 'begin raise exception ''no''; end';"
+        "create trigger refuse_row before insert on dm_meas for each row execute function refuse_row()");
+    const MeasureFamily& marks = *measureFamily(FamilyKey::Dm);
+    const auto rows = readMeasureRows(marks, {}, {});
+    ASSERT_TRUE(rows);
+    EXPECT_EQ(copyMeasures(marks, *rows, {1, 2, [] { return true; }}, {}), 0);
+    EXPECT_EQ(database->value("select count(*) from dm_meas where cycle_id = 2"), "1");
+    EXPECT_TRUE(console.take().contains("Измерение элемента Т-2 не перенесено: "));
+    database->exec("drop trigger refuse_row on dm_meas; drop function refuse_row()");
+}
