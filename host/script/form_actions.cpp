@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
+#include <QMouseEvent>
 #include <QPixmap>
 #include <QProgressDialog>
 
@@ -160,8 +161,21 @@ QString doRow(QWidget* window, const Words& words)
     return selectRow(view, words[1], words.value(2) == QLatin1String("add"));
 }
 
+QString doubleClick(QWidget* window, const QString& name)
+{
+    QWidget* widget = findNamedWidget(window, name);
+    if (!widget)
+        return noWidget(name);
+    QMouseEvent click(QEvent::MouseButtonDblClick, widget->rect().center(), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(widget, &click);
+    return {};
+}
+
 QString doDouble(QWidget* window, const Words& words)
 {
+    if (words.size() == 1)
+        return doubleClick(window, words[0]);
     QAbstractItemView* view = findView(window, words[0]);
     if (!view)
         return noWidget(words[0]);
@@ -284,7 +298,7 @@ const Verb kVerbs[] = {
     {"cell", 4, 4, doCell},
     {"check-cell", 4, 4, doCheckCell},
     {"row", 2, 3, doRow},
-    {"double", 2, 3, doDouble},
+    {"double", 1, 3, doDouble},
     {"key", 2, 2, doKey},
     {"press", 1, 2, doPress},
     {"menu", 1, 3, doMenu},

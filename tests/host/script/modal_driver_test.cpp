@@ -300,6 +300,18 @@ TEST(ModalDriver, ColoursAndInputsAreAnswered)
     EXPECT_TRUE(driver.done()) << driver.report().toStdString();
 }
 
+TEST(ModalDriver, AWidgetIsDoubleClicked)
+{
+    Form form;
+    auto* line = new QLineEdit(QStringLiteral("слово"), &form);
+    line->setObjectName("word");
+    form.layout()->addWidget(line);
+    ModalDriver driver;
+    driver.expect("Форма").step("double", {"word"}).press("okButton");
+    EXPECT_EQ(ran(form, driver), "");
+    EXPECT_EQ(line->selectedText(), "слово");
+}
+
 TEST(ModalDriver, AContextMenuIsChosenFrom)
 {
     Form form;
