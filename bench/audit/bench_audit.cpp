@@ -2,11 +2,11 @@
 // triggers would: rows of elements before and after, of seven tables.
 #include "database/audit/audit_log.h"
 #include "database/forms/audit_log_form.h"
+#include "spent_time.h"
 #include "support/session_database.h"
 
 #include <QApplication>
 #include <QDateTimeEdit>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QListWidget>
 #include <QPushButton>
@@ -66,18 +66,17 @@ private:
 
 bool failed = false;
 
-int measure(const char* what, const std::function<void()>& work, int bound = 0)
+void measure(const char* what, const std::function<void()>& work, int bound = 0)
 {
-    QElapsedTimer clock;
-    clock.start();
+    const SpentTimer clock;
     work();
     QApplication::processEvents();
-    const int taken = int(clock.elapsed());
-    const bool late = bound > 0 && taken > bound;
+    const SpentTime spent = clock.spent();
+    const bool late = bound > 0 && spent.judged() * 1000 > bound;
     failed = failed || late;
-    std::printf("%-34s %7d ms   %4d MB%s\n", what, taken, memory(), late ? "   TOO LONG" : "");
+    std::printf("%-32s %7.0f ms (own %.0f + server %.0f)   %4d MB%s\n", what, spent.clock * 1000, spent.own * 1000,
+                spent.server * 1000, memory(), late ? "   TOO LONG" : "");
     std::fflush(stdout);
-    return taken;
 }
 
 } // namespace

@@ -1,12 +1,12 @@
 // Elements in, inspections out: seconds, each beside its bound.
 #include "exchange/elements/element_import.h"
 #include "exchange/inspections/inspections_exchange.h"
+#include "spent_time.h"
 #include "support/console_capture.h"
 #include "support/element_drawing.h"
 #include "support/position_session.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <cstdio>
@@ -20,12 +20,10 @@ constexpr int inspectionCount = 10000;
 
 bool missed = false;
 
-void report(const char* what, int count, double seconds, double bound)
+void report(const char* what, int count, const SpentTime& spent, double bound)
 {
-    std::printf("%-32s %6d  %8.3f s  (bound %.0f s)%s\n", what, count, seconds, bound,
-                seconds > bound ? "  MISSED" : "");
-    std::fflush(stdout);
-    missed = missed || seconds > bound;
+    const QByteArray line = QByteArray(what) + ": " + QByteArray::number(count);
+    missed = !reportSpent(line, spent, bound) || missed;
 }
 
 QVector<ElementRecord> records(int count)
@@ -46,13 +44,12 @@ void measureImport(int count)
     drawing.addAllKinds();
     PositionSession database;
     const ConsoleCapture console;
-    QElapsedTimer clock;
-    clock.start();
+    const SpentTimer clock;
     const auto result = importElements(records(count), {0, PositionSession::position, 1, -1}, {});
-    const double seconds = clock.elapsed() / 1000.0;
+    const SpentTime spent = clock.spent();
     if (result.inserted != count || drawing.references().size() != count)
         missed = true;
-    report("elements imported", count, seconds, importBound);
+    report("elements imported", count, spent, importBound);
 }
 
 void measureExport()
@@ -76,11 +73,10 @@ void measureExport()
     const QTemporaryDir folder;
     const QString path = folder.filePath("out.json.gz");
     const ConsoleCapture console;
-    QElapsedTimer clock;
-    clock.start();
+    const SpentTimer clock;
     if (!exportInspections({1, 1, false}, path))
         missed = true;
-    report("inspections exported", inspectionCount, clock.elapsed() / 1000.0, exportBound);
+    report("inspections exported", inspectionCount, clock.spent(), exportBound);
     std::printf("%lld bytes packed\n", QFileInfo(path).size());
 }
 
@@ -89,6 +85,11 @@ void measureExport()
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
+    // bench_exchange COUNT: that many elements alone.
+    if (argc > 1) {
+        measureImport(atoi(argv[1]));
+        return missed ? 1 : 0;
+    }
     for (const int count : sizes)
         measureImport(count);
     measureExport();
