@@ -41,13 +41,13 @@ class Template:
         self.footer = text
 
     def add_title(self, text):
-        self.blocks.append(word.paragraph(self.inline(text, word.TITLE), 'center', 240, 240))
+        self.blocks.append(word.paragraph(self.inline(text, word.TITLE), 'center', 240, 240, style='Title'))
 
     def add_heading(self, text):
-        self.blocks.append(word.paragraph(self.inline(text, word.HEADING), 'left', 240, 120, keep=True))
+        self.blocks.append(word.paragraph(self.inline(text, word.HEADING), 'left', 240, 120, keep=True, style='Heading1'))
 
     def add_text(self, text):
-        self.blocks.append(word.paragraph(self.inline(text, word.BODY), 'both', 0, 60))
+        self.blocks.append(word.paragraph(self.inline(text, word.BODY), 'both', 0, 60, style='BodyText'))
 
     def add_break(self, _):
         self.blocks.append(word.PAGE_BREAK)

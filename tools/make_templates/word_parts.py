@@ -29,9 +29,12 @@ def run(text, style):
             f'<w:t xml:space="preserve">{escape(text)}</w:t></w:r>')
 
 
-def paragraph(content, align, before, after, keep=False):
+def paragraph(content, align, before, after, keep=False, style=''):
+    """`style` names the look of what is typed or filled in: some programs give a
+    control the look of its paragraph, not that of its text."""
+    named = f'<w:pStyle w:val="{style}"/>' if style else ''
     keeps = '<w:keepNext/>' if keep else ''
-    return (f'<w:p><w:pPr>{keeps}<w:spacing w:before="{before}" w:after="{after}"/><w:jc w:val="{align}"/></w:pPr>'
+    return (f'<w:p><w:pPr>{named}{keeps}<w:spacing w:before="{before}" w:after="{after}"/><w:jc w:val="{align}"/></w:pPr>'
             f'{content}</w:p>')
 
 
@@ -126,7 +129,12 @@ STYLES = HEAD + (
     f'<w:styles xmlns:w="{WORD}"><w:docDefaults><w:rPrDefault><w:rPr><w:rFonts w:ascii="Times New Roman" '
     'w:hAnsi="Times New Roman" w:cs="Times New Roman"/><w:lang w:val="ru-RU"/></w:rPr></w:rPrDefault>'
     '<w:pPrDefault/></w:docDefaults><w:style w:type="paragraph" w:default="1" w:styleId="Normal">'
-    '<w:name w:val="Normal"/></w:style></w:styles>')
+    '<w:name w:val="Normal"/></w:style>'
+    + ''.join(f'<w:style w:type="paragraph" w:styleId="{key}"><w:name w:val="{name}"/><w:basedOn w:val="Normal"/>'
+              f'<w:rPr>{"<w:b/>" if bold else ""}<w:sz w:val="{size}"/><w:szCs w:val="{size}"/></w:rPr></w:style>'
+              for key, name, (size, bold) in (('Title', 'Title', TITLE), ('Heading1', 'heading 1', HEADING),
+                                              ('BodyText', 'Body Text', BODY)))
+    + '</w:styles>')
 
 
 def relationships(rows):
