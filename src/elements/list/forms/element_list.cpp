@@ -6,6 +6,7 @@
 #include "elements/list/forms/element_list_delegates.h"
 #include "elements/list/forms/hierarchy_combo.h"
 #include "elements/list/name_order.h"
+#include "exchange/gis/forms/gis_question.h"
 #include "formkit/boxes.h"
 #include "formkit/layout.h"
 #include "formkit/modal.h"
@@ -67,7 +68,13 @@ ElementList::ElementList(QWidget* parent) : QWidget(parent), order_(new ElementL
 {
     nameForm(this, "ElementList", "Элементы ГМН");
     view_ = named<QTableView>("ElementsView");
-    layOut(this).column({controls(), growing(view_), status_ = readOut("StatusLabel")});
+    layOut(this).column({
+        controls(),
+        growing(view_),
+        row({growing(status_ = readOut("StatusLabel")),
+             tipped(button("GisBtn", "Экспорт в ГИС", this, [this] { askAndExportToGis(this); }),
+                    "Элементы и измерения проекта в GeoPackage или GeoJSON")}),
+    });
     prepareView();
     const auto chosen = qOverload<int>(&QComboBox::currentIndexChanged);
     for (QComboBox* combo : {families_, static_cast<QComboBox*>(places_), cycles_})

@@ -111,6 +111,7 @@ TEST_F(ListPage, OffersPlacesFamiliesAndCycles)
         keys.append(combo("ElementCombo").itemData(i).toString());
     EXPECT_EQ(keys, (QStringList{"ALL", "RP", "DM", "TS", "TSS", "GGS", "TSG", "IGS"}));
     EXPECT_EQ(page.findChild<QPushButton*>("ReloadBtn")->text(), "Обновить");
+    EXPECT_EQ(page.findChild<QPushButton*>("GisBtn")->text(), "Экспорт в ГИС");
     EXPECT_EQ(page.findChild<QLineEdit*>("filter")->text(), "");
     EXPECT_EQ(status(), "Выбрано: 0");
     for (int column = 0; column < Model::ColumnCount; ++column) {
