@@ -31,6 +31,7 @@ QLabel* statusLabel(QStatusBar* bar, const char* name)
 void tellIn(QLabel* label, const QString& text, const QString& tip)
 {
     label->setText(text);
+    label->setMinimumWidth(text.isEmpty() ? 0 : label->sizeHint().width());
     label->setToolTip(tip);
     label->setVisible(!text.isEmpty());
 }
