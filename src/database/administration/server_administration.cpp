@@ -135,8 +135,11 @@ RoleDeletion ServerAdministration::deleteRole(const QString& name) const
         server_.run("SELECT datname FROM pg_database WHERE datistemplate = false ORDER BY datname;");
     for (int row = 0; row < rows.ntuples(); ++row) {
         const QString database = rows.getvalue(row, 0);
-        const auto note = [&deletion, &database](const Refusal& refusal) {
-            if (refusal)
+        // One that somebody drops meanwhile holds nothing any more.
+        const auto note = [&](const Refusal& refusal) {
+            if (refusal
+                && cell(server_, compose("SELECT 1 FROM pg_database WHERE datname = '%1'", database))
+                    == QLatin1String("1"))
                 deletion.warnings << database + QStringLiteral(": ") + *refusal;
         };
         const sql::Connection inside = connectTo(database);

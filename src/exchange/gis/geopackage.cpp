@@ -72,7 +72,7 @@ public:
     QString problem() const { return problem_; }
 
     /// Constants and names of our own.
-    void run(const QString& statement)
+    void execute(const QString& statement)
     {
         if (isGood())
             take(sqlite3_exec(base_, statement.toUtf8().constData(), nullptr, nullptr, nullptr));
@@ -173,8 +173,8 @@ void addLayer(Store& store, const GisLayer& layer, int system)
         columns += ", \"" + column.name + "\" " + typeName(column.type);
         marks += ", ?";
     }
-    store.run("CREATE TABLE " + layer.name + " (fid INTEGER PRIMARY KEY AUTOINCREMENT NOT NULL, geom POINT" + columns
-              + ")");
+    store.execute("CREATE TABLE " + layer.name + " (fid INTEGER PRIMARY KEY AUTOINCREMENT NOT NULL, geom POINT"
+                  + columns + ")");
     Store::Insertion(store,
                      "INSERT INTO gpkg_contents (table_name, data_type, identifier, description, min_x, min_y, "
                      "max_x, max_y, srs_id) VALUES (?, 'features', ?, ?, ?, ?, ?, ?, ?)")
@@ -194,16 +194,16 @@ void addLayer(Store& store, const GisLayer& layer, int system)
 GeoPackage geoPackage(const QVector<const GisLayer*>& layers, const QString& wkt, const QString& proj4Text)
 {
     Store store;
-    store.run(
+    store.execute(
         QStringLiteral("PRAGMA application_id = %1; PRAGMA user_version = %2").arg(applicationId).arg(formatVersion));
-    store.run(QStringLiteral("BEGIN"));
-    store.run(QString::fromUtf8(frame));
+    store.execute(QStringLiteral("BEGIN"));
+    store.execute(QString::fromUtf8(frame));
     const int system = wkt.isEmpty() ? undefinedPlane : projectSystem;
     if (system == projectSystem)
         addSystem(store, wkt, proj4Text);
     for (const GisLayer* layer : layers)
         addLayer(store, *layer, system);
-    store.run(QStringLiteral("COMMIT"));
+    store.execute(QStringLiteral("COMMIT"));
     const QByteArray bytes = store.bytes();
     return {bytes, bytes.isEmpty() && store.isGood() ? QStringLiteral("не хватает памяти") : store.problem()};
 }

@@ -52,7 +52,7 @@ QTableWidgetItem* hatchItem(const GroundElement& ground)
 
 } // namespace
 
-LayersPage::LayersPage(PassportRecord& record, QWidget* parent)
+GroundLayersPage::GroundLayersPage(PassportRecord& record, QWidget* parent)
     : PassportPage(record, parent),
       scale_(combo("ScaleCombo", {{"1:100", 100}, {"1:200", 200}})),
       withLegend_(check("LegendCheck", "Показыать легенду", true)), // users know it spelt so
@@ -61,7 +61,7 @@ LayersPage::LayersPage(PassportRecord& record, QWidget* parent)
 {
     layOut(this).column({
         row({"Масштаб:", scale_, withLegend_, stretch(),
-             button("LayerEditorBtn", "Редактор слоёв", this, &LayersPage::editLayers)}),
+             button("LayerEditorBtn", "Редактор слоёв", this, &GroundLayersPage::editLayers)}),
         row({growing(table_, 5), growing(legend_, 2)}),
     });
     table_->setItemDelegateForColumn(hatchColumn(), new IGSLayerHatchDelegate(kLookRole, table_));
@@ -81,25 +81,25 @@ LayersPage::LayersPage(PassportRecord& record, QWidget* parent)
     legend_->horizontalHeader()->setStretchLastSection(true);
     legend_->setItemDelegateForColumn(Swatch, new IGSLayerHatchDelegate(kLookRole, legend_));
     legend_->verticalHeader()->hide();
-    connect(scale_, qOverload<int>(&QComboBox::currentIndexChanged), this, &LayersPage::setRowHeights);
+    connect(scale_, qOverload<int>(&QComboBox::currentIndexChanged), this, &GroundLayersPage::setRowHeights);
     connect(withLegend_, &QCheckBox::toggled, legend_, &QWidget::setVisible);
 }
 
-void LayersPage::showRecord()
+void GroundLayersPage::showRecord()
 {
     readLayers();
     showLayers();
     showLegend();
 }
 
-void LayersPage::readLayers()
+void GroundLayersPage::readLayers()
 {
     layers_.clear();
     if (record().row.isRead())
         layers_ = loadGroundColumn(layered(record().family().family).table, record().id()).value_or(GroundLayers());
 }
 
-void LayersPage::showLayers()
+void GroundLayersPage::showLayers()
 {
     table_->setRowCount(layers_.size());
     for (int row = 0; row < layers_.size(); ++row) {
@@ -113,7 +113,7 @@ void LayersPage::showLayers()
 }
 
 // To scale on the screen; a thin layer still shows its line of text.
-void LayersPage::setRowHeights()
+void GroundLayersPage::setRowHeights()
 {
     const double pixelsInMetre = kMillimetresInMetre / chosenId(scale_) * logicalDpiY() / kMillimetresInInch;
     const int least = fontMetrics().lineSpacing() + 4;
@@ -121,7 +121,7 @@ void LayersPage::setRowHeights()
         table_->setRowHeight(row, qMax(least, qRound((layers_[row].to - layers_[row].from) * pixelsInMetre)));
 }
 
-void LayersPage::showLegend()
+void GroundLayersPage::showLegend()
 {
     const QVector<GroundElement> grounds = groundsOf(layers_);
     legend_->setRowCount(grounds.size());
@@ -132,7 +132,7 @@ void LayersPage::showLegend()
     legend_->resizeRowsToContents();
 }
 
-void LayersPage::editLayers()
+void GroundLayersPage::editLayers()
 {
     if (!record().row.isRead())
         return;

@@ -8,11 +8,11 @@ class QCheckBox;
 class QComboBox;
 class QTableWidget;
 
-class LayersPage : public PassportPage {
+class GroundLayersPage : public PassportPage {
     Q_OBJECT
 
 public:
-    explicit LayersPage(PassportRecord& record, QWidget* parent = nullptr);
+    explicit GroundLayersPage(PassportRecord& record, QWidget* parent = nullptr);
 
     void showRecord() override;
 
