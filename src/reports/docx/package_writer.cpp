@@ -16,6 +16,16 @@ constexpr qint64 mostBytes = 0xfffffff0;
 constexpr int rawWindow = -15;
 constexpr int memoryLevel = 8;
 
+// Pictures are packed by themselves: packing them again costs time and wins nothing.
+int levelFor(const QString& name)
+{
+    for (const char* suffix : {".png", ".jpg", ".jpeg"}) {
+        if (name.endsWith(QLatin1String(suffix), Qt::CaseInsensitive))
+            return Z_NO_COMPRESSION;
+    }
+    return Z_DEFAULT_COMPRESSION;
+}
+
 bool isAscii(const QString& name)
 {
     return std::all_of(name.begin(), name.end(), [](QChar c) { return c.unicode() < 0x80; });
@@ -31,7 +41,7 @@ public:
         zip->setUtf8Enabled(!isAscii(name));
         QuaZipNewInfo info(name);
         info.dateTime = time.isValid() ? time : QDateTime(QDate(1980, 1, 1), QTime(0, 0));
-        open_ = file_.open(QIODevice::WriteOnly, info, nullptr, 0, Z_DEFLATED, Z_DEFAULT_COMPRESSION, false, rawWindow,
+        open_ = file_.open(QIODevice::WriteOnly, info, nullptr, 0, Z_DEFLATED, levelFor(name), false, rawWindow,
                            memoryLevel);
     }
 

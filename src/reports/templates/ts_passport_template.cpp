@@ -1,6 +1,8 @@
 #include "reports/templates/ts_passport_template.h"
 
 #include "base/text.h"
+#include "files/written_file.h"
+#include "reports/docx/picture_bytes.h"
 #include "reports/templates/file_series.h"
 #include "reports/templates/well_tables.h"
 #include "session/project_session.h"
@@ -77,7 +79,7 @@ QString TSPassportExportTemplate::savePicture(const QString& name, const QPixmap
     // A file of the user's own under that name stays what it is.
     if (QFile::exists(path))
         path = spareFolder_ + QLatin1Char('/') + name;
-    if (picture.isNull() || !picture.save(path, "PNG"))
+    if (picture.isNull() || !saveFile(path, docx::pngBytes(picture)))
         return {};
     pictureFiles_.append(path);
     return path;
