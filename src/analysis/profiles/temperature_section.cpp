@@ -64,8 +64,18 @@ PointList TemperatureSection::outline() const
             continue;
         const auto [first, firstValue] = *well.log.begin();
         const auto [last, lastValue] = *well.log.rbegin();
-        tops.push_back({x(well.dist), y(well, first), firstValue});
-        bottoms.push_back({x(well.dist), y(well, last), lastValue});
+        const geometry::Point3 top{x(well.dist), y(well, first), firstValue};
+        const geometry::Point3 bottom{x(well.dist), y(well, last), lastValue};
+        // Wells at one place are one side of the outline, from the highest reading to the lowest.
+        if (!tops.empty() && std::fabs(top.x - tops.back().x) < geometry::GEOM_TOL) {
+            if (top.y > tops.back().y)
+                tops.back() = top;
+            if (bottom.y < bottoms.back().y)
+                bottoms.back() = bottom;
+            continue;
+        }
+        tops.push_back(top);
+        bottoms.push_back(bottom);
     }
     tops.insert(tops.end(), bottoms.rbegin(), bottoms.rend());
     return tops;

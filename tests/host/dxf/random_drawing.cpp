@@ -18,6 +18,7 @@ public:
             layer(i);
         for (int i = whole(0, 2); i > 0; --i)
             coordinateSystem(i);
+        chosenView();
         const int blocks = whole(1, 3);
         for (int i = 0; i < blocks; ++i)
             block(i);
@@ -119,6 +120,10 @@ private:
         HostAccess::yAxis(*ucs) = {-std::sin(1.0 * number), std::cos(1.0 * number), 0.0};
         HostAccess::addRecord(*HostAccess::objectAs<NcDbUCSTable>(database_.ucsTableId()), std::move(ucs),
                               QStringLiteral("ПСК %1").arg(number));
+    }
+    // A view that nobody has chosen opens on what there is.
+    void chosenView()
+    {
         const NcDbObjectId view =
             HostAccess::recordId(database_, database_.viewportTableId(), QStringLiteral("*Active"));
         auto& active = *HostAccess::objectAs<NcDbViewportTableRecord>(view);

@@ -269,13 +269,17 @@ TEST_F(Admin, RightsOnADatabaseThatIsShut)
 TEST_F(Admin, SwitchesTheAuditAndTellsWhoIsConnected)
 {
     createDatabase();
+    // The server lets go of the connection that has counted a moment after its end.
+    const auto waitUntilAlone = [this] {
+        const QString others = fill("select 1 from pg_stat_activity where datname = %1", root_.escapeLiteral(name_));
+        for (int i = 0; i < 100 && root_.runScript(others).ntuples() > 0; ++i)
+            QThread::msleep(50);
+    };
+    waitUntilAlone();
     expectBox("Успех", "Аудит для '" + name_ + "' установлен: on");
     press("auditBtn");
     EXPECT_EQ(cell(name_, 4), QString("on"));
-    // The server lets go of the connection that has counted a moment after its end.
-    const QString others = fill("select 1 from pg_stat_activity where datname = %1", root_.escapeLiteral(name_));
-    for (int i = 0; i < 100 && root_.runScript(others).ntuples() > 0; ++i)
-        QThread::msleep(50);
+    waitUntilAlone();
     expectBox("Успех", "Аудит для '" + name_ + "' установлен: off");
     press("auditBtn");
     chooseDatabase(database_.name());
