@@ -179,7 +179,7 @@ TEST(Corridor, OrdersAlongTheLineAndKeepsTheOrderAtOnePlace)
     std::vector<LineElement> elements = {element("в", 10, 3), element("б", 5, 0.1), element("а", 5, 0.2)};
     keepCaught(elements, bent(), 1.0);
     EXPECT_EQ(namesOf(elements), (QStringList{"б", "а", "в"}));
-    EXPECT_EQ(elements[2].dist, 13.0);
+    EXPECT_DOUBLE_EQ(elements[2].dist, 13.0);
 }
 
 // --- scales ------------------------------------------------------------------
