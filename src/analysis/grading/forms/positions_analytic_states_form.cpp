@@ -55,7 +55,7 @@ PositionsAnalyticStatesForm::PositionsAnalyticStatesForm(QWidget* parent) : QDia
              button("ExportCSVBTN", "Экспорт в CSV", this, &PositionsAnalyticStatesForm::exportText), stretch(),
              endButtons(this, {rejects("CloseBtn", "Закрыть")})}),
     });
-    resize(1100, 560);
+    resize(1320, 560);
     choose(baseCycle_, session().baseCycleId);
     if (!choose(currentCycle_, session().currentCycleId))
         currentCycle_->setCurrentIndex(currentCycle_->count() - 1);
