@@ -11,6 +11,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 
 namespace {
 
@@ -58,11 +59,14 @@ protected:
     }
     void addBolts()
     {
+        static const QRegularExpression bolt(QStringLiteral(
+            "\\('(\\d+)', ([\\d.]+), ([\\d.]+), [\\d.]+, '[\\d-]+', ([\\d.]+), '[\\d-]+', ([\\d.]+)\\)"));
         int id = 0;
-        for (const QString& line : linesOf("demo/marks/bolts.csv").mid(1)) {
-            const QStringList cells = line.split(QLatin1Char(';'));
-            addMeasured(++id, cells[0].toUtf8(), cells[1].toDouble(), cells[2].toDouble(), cells[4].toUtf8(),
-                        cells[6].toUtf8());
+        for (const QString& line : linesOf("demo/bolts.sql")) {
+            const QRegularExpressionMatch found = bolt.match(line);
+            if (found.hasMatch())
+                addMeasured(++id, found.captured(1).toUtf8(), found.captured(2).toDouble(),
+                            found.captured(3).toDouble(), found.captured(4).toUtf8(), found.captured(5).toUtf8());
         }
     }
     static ProfileLine alongTheIce()
