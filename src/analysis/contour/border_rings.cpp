@@ -22,7 +22,7 @@ double gap(double from, double to, double at) { return std::max({from - at, at -
 
 BorderRings::BorderRings(const IsoContourSet& set) : set_(set), border_(onTheGround(set.boundary), true) { }
 
-std::vector<PointList> BorderRings::build()
+RingList BorderRings::build()
 {
     for (const Point3& p : set_.surfacePoints) {
         if (border_.isWithin(p, GEOM_TOL))
@@ -31,7 +31,7 @@ std::vector<PointList> BorderRings::build()
     collectNodes();
     valueCorners();
     pairNodes();
-    std::vector<PointList> rings;
+    RingList rings;
     walked_.assign(nodes_.size(), 0);
     for (std::size_t first = 0; first < nodes_.size(); ++first) {
         if (!walked_[first])
@@ -117,21 +117,24 @@ void BorderRings::pairNodes()
     }
 }
 
-void BorderRings::appendLine(const BorderNode& node, PointList* ring) const
+void BorderRings::appendLine(const BorderNode& node, Ring* ring) const
 {
-    const Isoline& line = set_.lines[static_cast<std::size_t>(node.lineIndex)];
-    if (geometry::distance(node.point, line.front()) < GEOM_TOL)
-        ring->insert(ring->end(), line.begin(), line.end());
-    else
-        ring->insert(ring->end(), line.rbegin(), line.rend());
+    const SharedLine& line = set_.lines.share(static_cast<std::size_t>(node.lineIndex));
+    ring->add(line, !(geometry::distance(node.point, line->front()) < GEOM_TOL));
 }
 
-PointList BorderRings::ringFrom(std::size_t first)
+Ring BorderRings::ringFrom(std::size_t first)
 {
     double lowest = 999999.0;
     double highest = -999999.0;
     bool touched = false;
-    PointList ring;
+    Ring ring;
+    PointList corners; // in a row, not in the ring yet
+    const auto addCorners = [&] {
+        if (!corners.empty())
+            ring.add(shared(std::move(corners)));
+        corners.clear();
+    };
     std::size_t i = first;
     do {
         const BorderNode& node = nodes_[i];
@@ -139,18 +142,20 @@ PointList BorderRings::ringFrom(std::size_t first)
         lowest = std::min(lowest, node.point.z);
         highest = std::max(highest, node.point.z);
         if (node.lineIndex < 0) {
-            ring.push_back(node.point);
+            corners.push_back(node.point);
         } else {
             touched = true;
+            addCorners();
             appendLine(node, &ring);
         }
         i = (static_cast<std::size_t>(node.mate) + 1) % nodes_.size();
     } while (i != first);
-    ring.push_back(nodes_[first].point);
+    corners.push_back(nodes_[first].point);
+    addCorners();
 
-    const double value = touched && lowest == highest ? valueInside(ring, lowest) : lowest;
-    for (Point3& p : ring)
-        p.z = value;
+    ring.setValue(lowest);
+    if (touched && lowest == highest)
+        ring.setValue(valueInside(ring.points(), lowest));
     return ring;
 }
 
@@ -193,7 +198,7 @@ void IsoContourSet::buildRings()
     if (boundary.size() >= 3)
         rings = BorderRings(*this).build();
     if (closedBuilt)
-        rings.insert(rings.end(), closedRings.begin(), closedRings.end());
+        rings.append(closedRings);
     ringsBuilt = true;
 }
 

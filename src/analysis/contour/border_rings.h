@@ -23,7 +23,7 @@ class BorderRings {
 public:
     explicit BorderRings(const IsoContourSet& set);
 
-    std::vector<PointList> build();
+    RingList build();
 
 private:
     void collectNodes();
@@ -31,8 +31,8 @@ private:
     void valueCornersFromLines();
     void valueCornersFromPoints();
     void pairNodes();
-    PointList ringFrom(std::size_t first);
-    void appendLine(const BorderNode& node, PointList* ring) const;
+    Ring ringFrom(std::size_t first);
+    void appendLine(const BorderNode& node, Ring* ring) const;
     double valueInside(const PointList& ring, double level);
     double valueBeside(double level, double inner) const;
 

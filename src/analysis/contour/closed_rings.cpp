@@ -10,17 +10,17 @@ namespace contour {
 namespace {
 
 struct ClosedLine {
-    const Isoline* line;
+    SharedLine line;
     double area;
 };
 
 // Smallest first, so that an inner loop has its point before the outer one.
-std::vector<ClosedLine> closedByArea(const std::vector<Isoline>& lines)
+std::vector<ClosedLine> closedByArea(const LineList& lines)
 {
     std::vector<ClosedLine> closed;
-    for (const Isoline& line : lines) {
-        if (isClosedLine(line))
-            closed.push_back({&line, geometry::polygonArea(line)});
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        if (isClosedLine(lines[i]))
+            closed.push_back({lines.share(i), geometry::polygonArea(lines[i])});
     }
     std::stable_sort(closed.begin(), closed.end(),
                      [](const ClosedLine& a, const ClosedLine& b) { return a.area < b.area; });
@@ -51,11 +51,11 @@ void takeReferencePoints(const std::vector<ClosedLine>& closed, PointList* point
     *points = std::move(remaining);
 }
 
-PointList atValue(const Isoline& line, double value)
+Ring atValue(const SharedLine& line, double value)
 {
-    PointList ring = line;
-    for (Point3& p : ring)
-        p.z = value;
+    Ring ring;
+    ring.add(line);
+    ring.setValue(value);
     return ring;
 }
 
@@ -72,9 +72,9 @@ bool IsoContourSet::buildClosedRings()
         const int band = bandOf(loop.line->front().z);
         if (band < 0)
             continue;
-        closedRings.push_back(atValue(*loop.line, levels[static_cast<std::size_t>(band)]));
+        closedRings.push_back(atValue(loop.line, levels[static_cast<std::size_t>(band)]));
         if (band > 0)
-            closedRings.push_back(atValue(*loop.line, levels[static_cast<std::size_t>(band) - 1]));
+            closedRings.push_back(atValue(loop.line, levels[static_cast<std::size_t>(band) - 1]));
     }
     return true;
 }

@@ -8,12 +8,12 @@ namespace contour {
 
 using geometry::GEOM_TOL;
 
-IsoContourSet::IsoContourSet(const std::vector<Isoline>& isolines, const PointList& border)
-    : lines(isolines), boundary(border)
+IsoContourSet::IsoContourSet(std::vector<Isoline> isolines, const PointList& border)
+    : lines(std::move(isolines)), boundary(border)
 {
     linePairs.reserve(lines.size());
-    for (const Isoline& line : lines)
-        linePairs.push_back({line, {}});
+    for (std::size_t i = 0; i < lines.size(); ++i)
+        linePairs.push_back({lines.share(i), nullptr});
 }
 
 void IsoContourSet::setLevels(const std::vector<double>& list)
@@ -43,9 +43,10 @@ std::vector<std::vector<std::size_t>> bandGroups(const IsoContourSet& set)
     };
     std::vector<std::vector<Sized>> bands(set.levels.size());
     for (std::size_t i = 0; i < set.rings.size(); ++i) {
-        const int band = set.rings[i].empty() ? -1 : set.bandOf(set.rings[i].front().z);
+        const Ring& ring = set.rings.ring(i);
+        const int band = ring.empty() ? -1 : set.bandOf(ring.value());
         if (band >= 0)
-            bands[static_cast<std::size_t>(band)].push_back({i, geometry::polygonArea(set.rings[i])});
+            bands[static_cast<std::size_t>(band)].push_back({i, geometry::polygonArea(ring.points())});
     }
     std::vector<std::vector<std::size_t>> groups(bands.size());
     for (std::size_t band = 0; band < bands.size(); ++band) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "analysis/contour/surface_model.h"
+#include "analysis/contour/line_list.h"
 
 #include <cstdint>
 #include <vector>
@@ -10,8 +10,8 @@
 namespace contour {
 
 struct LinePair {
-    Isoline traced;
-    Isoline smoothed; // empty until smoothLines
+    SharedLine traced;
+    SharedLine smoothed; // null until smoothLines
 };
 
 // The rings of one band as a solid hatch takes them: largest first, the first
@@ -25,10 +25,10 @@ struct HatchBand {
 class IsoContourSet {
 public:
     std::vector<LinePair> linePairs;
-    std::vector<Isoline> lines;
-    std::vector<Isoline> smoothedLines;
-    std::vector<PointList> rings;       // closed, each at one band's value
-    std::vector<PointList> closedRings; // of lines closed in themselves
+    LineList lines;
+    LineList smoothedLines;
+    RingList rings;       // closed, each at one band's value; they share the points of the lines
+    RingList closedRings; // of lines closed in themselves
     PointList boundary;
     PointList surfacePoints;
     std::vector<double> levels; // ascending
@@ -37,7 +37,7 @@ public:
     bool levelsSet = false;
 
     IsoContourSet() = default;
-    IsoContourSet(const std::vector<Isoline>& isolines, const PointList& border);
+    IsoContourSet(std::vector<Isoline> isolines, const PointList& border);
 
     // Takes the levels that the lines were cut at, in any order.
     void setLevels(const std::vector<double>& list);

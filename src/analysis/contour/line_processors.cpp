@@ -46,29 +46,30 @@ Isoline refined(const Isoline& line, double maxLength, int parts)
     return result;
 }
 
-Isoline smoothedThrough(const Isoline& line, const geometry::CardinalSpline& spline)
+SharedLine smoothedThrough(const SharedLine& traced, const geometry::CardinalSpline& spline)
 {
+    const Isoline& line = *traced;
     if (line.size() < 4)
-        return line;
+        return traced;
     const double z = line.front().z;
     if (!isClosedLine(line))
-        return spline.throughOpen(line, z);
-    return spline.throughClosed(PointList(line.begin(), line.end() - 1), z);
+        return shared(spline.throughOpen(line, z));
+    return shared(spline.throughClosed(PointList(line.begin(), line.end() - 1), z));
 }
 
 } // namespace
 
 void IsoContourSet::filterLines(double minDistance)
 {
-    for (Isoline& line : lines)
-        line = filtered(line, minDistance);
+    for (std::size_t i = 0; i < lines.size(); ++i)
+        lines.replace(i, filtered(lines[i], minDistance));
 }
 
 void IsoContourSet::refineLines(double maxLength, int parts)
 {
-    for (Isoline& line : lines) {
-        if (!line.empty())
-            line = refined(line, maxLength, std::max(parts, 1));
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        if (!lines[i].empty())
+            lines.replace(i, refined(lines[i], maxLength, std::max(parts, 1)));
     }
 }
 
@@ -79,8 +80,8 @@ void IsoContourSet::smoothLines(double tension, int samples)
     smoothedLines.reserve(lines.size());
     linePairs.resize(lines.size());
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        smoothedLines.push_back(smoothedThrough(lines[i], spline));
-        linePairs[i].smoothed = smoothedLines.back();
+        smoothedLines.push_back(smoothedThrough(lines.share(i), spline));
+        linePairs[i].smoothed = smoothedLines.share(i);
     }
     smoothed = true;
 }

@@ -169,7 +169,7 @@ TEST(Build, linesAreSmoothByDefault)
     EXPECT_FALSE(straight.contours.smoothed);
     EXPECT_EQ(smooth.contours.lines.size(), straight.contours.lines.size());
     EXPECT_GT(smooth.contours.lines[0].size(), 5 * straight.contours.lines[0].size());
-    EXPECT_EQ(smooth.contours.linePairs[0].traced, straight.contours.lines[0]);
+    EXPECT_EQ(*smooth.contours.linePairs[0].traced, straight.contours.lines[0]);
 }
 
 TEST(Build, progressIsToldAndCancels)

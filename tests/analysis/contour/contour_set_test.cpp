@@ -38,8 +38,8 @@ TEST(ContourSet, takesLinesAndBoundary)
     const IsoContourSet set({loopAround(5, 5, 1, 2)}, kSquare);
     EXPECT_EQ(set.lines.size(), 1U);
     ASSERT_EQ(set.linePairs.size(), 1U);
-    EXPECT_EQ(set.linePairs[0].traced, set.lines[0]);
-    EXPECT_TRUE(set.linePairs[0].smoothed.empty());
+    EXPECT_EQ(set.linePairs[0].traced, set.lines.share(0));
+    EXPECT_FALSE(set.linePairs[0].smoothed);
     EXPECT_EQ(set.boundary, kSquare);
     EXPECT_FALSE(set.ringsBuilt || set.smoothed || set.levelsSet);
 }
@@ -288,7 +288,7 @@ TEST(Bands, hatchSkipsRepeatedVertices)
 {
     IsoContourSet set;
     set.setLevels({1, 2});
-    set.rings = {{{0, 0, 1}, {5, 0, 1}, {5, 0, 1}, {5, 5, 1}, {0, 0, 1}}};
+    set.rings = std::vector<PointList>{{{0, 0, 1}, {5, 0, 1}, {5, 0, 1}, {5, 5, 1}, {0, 0, 1}}};
     set.ringsBuilt = true;
     const std::vector<HatchBand> bands = set.hatchBands();
     ASSERT_EQ(bands.size(), 1U);
@@ -351,7 +351,7 @@ TEST(Lines, smoothingPassesEveryPoint)
     IsoContourSet set({line}, {});
     set.smoothLines(0.5, 10);
     EXPECT_EQ(set.lines[0], line);
-    EXPECT_EQ(set.linePairs[0].smoothed, set.smoothedLines[0]);
+    EXPECT_EQ(set.linePairs[0].smoothed, set.smoothedLines.share(0));
     set.useSmoothedLines();
     const Isoline& smooth = set.lines[0];
     EXPECT_EQ(smooth.size(), 1U + 10U + 2U * 11U + 10U + 1U);
