@@ -96,7 +96,10 @@ void MainWindow::connectHost()
     connect(events, &HostEvents::documentActivated, this, &MainWindow::showDocument);
     connect(events, &HostEvents::documentClosing, this, &MainWindow::removeDocument);
     connect(events, &HostEvents::documentSaved, this, &MainWindow::noteSaved);
-    connect(events, &HostEvents::commandStarted, this, &MainWindow::leaveStartPage);
+    connect(events, &HostEvents::commandStarted, this, [this](const QString& command) {
+        if (command != QLatin1String("SCREENSHOT")) // it shows what stands in front
+            leaveStartPage();
+    });
     connect(events, &HostEvents::commandEnded, this, &MainWindow::showDesk);
     connect(menus_, &CommandMenus::aboutToShow, this, &MainWindow::showDesk);
     connect(events, &HostEvents::commandsChanged, this, &MainWindow::buildCommandMenus);

@@ -17,6 +17,7 @@
 namespace {
 
 constexpr int kDeskMilliseconds = 1500;
+const QString kMouseHint = QStringLiteral("Колесо: масштаб, средняя кнопка: сдвиг, Esc: отмена");
 const QString kProjects = QStringLiteral("recentProjects"), kDrawings = QStringLiteral("recent");
 
 QLabel* statusLabel(QStatusBar* bar, const char* name)
@@ -65,7 +66,7 @@ void MainWindow::buildStatusBar()
                               + aid.first->shortcut().toString() + QLatin1Char(')'));
         statusBar()->addPermanentWidget(button);
     }
-    statusBar()->showMessage(QStringLiteral("Колесо: масштаб, средняя кнопка: сдвиг, Esc: отмена"));
+    statusBar()->showMessage(kMouseHint);
     connect(&deskTimer_, &QTimer::timeout, this, &MainWindow::showDesk);
     deskTimer_.start(kDeskMilliseconds);
 }
@@ -93,6 +94,9 @@ void MainWindow::showDesk()
         : desk_.connection == QStringLiteral("потеряна") ? QStringLiteral("Связь с базой потеряна")
                                                          : QStringLiteral("Без базы");
     tellIn(deskConnection_, desk_.known ? connection : QString(), QStringLiteral("Подключение к базе данных"));
+    // Beside what a project has to say there is no room for it.
+    if (desk_.hasProject() && statusBar()->currentMessage() == kMouseHint)
+        statusBar()->clearMessage();
     menus_->refresh(desk_);
     showTitles();
 }

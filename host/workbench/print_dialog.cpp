@@ -16,6 +16,7 @@
 namespace {
 
 constexpr double kAround = 12.0; // pixels about the sheet in the preview
+constexpr int kFieldLength = 38; // characters in sight
 const QString kSettings = QStringLiteral("print/");
 
 QString scaleText(double scale) { return QStringLiteral("1:") + QString::number(scale, 'g', 8); }
@@ -105,6 +106,8 @@ QLineEdit* PrintDialog::addField(QLayout* form, const QString& caption, const ch
 {
     auto* edit = new QLineEdit(sheet_.*field);
     edit->setObjectName(QString::fromLatin1(name));
+    edit->setMinimumWidth(edit->fontMetrics().averageCharWidth() * kFieldLength);
+    edit->setCursorPosition(0);
     static_cast<QFormLayout*>(form)->addRow(caption, edit);
     connect(edit, &QLineEdit::textChanged, this, [this, field](const QString& text) {
         sheet_.*field = text;

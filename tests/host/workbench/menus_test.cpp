@@ -157,6 +157,9 @@ TEST_F(MainWindowTest, TheStartPageGivesWayToWhatIsDone)
     auto* tabs = window->findChild<QTabWidget*>(QStringLiteral("documentTabs"));
     EXPECT_EQ(tabs->tabText(tabs->currentIndex()), QStringLiteral("Начало"));
     EXPECT_TRUE(window->windowTitle().startsWith(QStringLiteral("Начало")));
+    window->runLine(QStringLiteral("SCREENSHOT \"%1\"").arg(folder.filePath(QStringLiteral("start.png"))));
+    EXPECT_EQ(tabs->currentIndex(), 0) << "a picture shows what stands in front";
+    EXPECT_FALSE(QImage(folder.filePath(QStringLiteral("start.png"))).isNull());
     window->runLine(QStringLiteral("CIRCLE 0,0 5"));
     EXPECT_EQ(tabs->currentIndex(), 1) << "the drawing that the command worked on is in sight";
     emit tabs->tabCloseRequested(0);
