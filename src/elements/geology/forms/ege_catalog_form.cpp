@@ -57,6 +57,13 @@ GroundLook lookOf(const EgeValues& entry)
     return look;
 }
 
+EgeImport importLines(QWidget* parent, const QStringList& lines, const EgeColumns& columns)
+{
+    ProgressBox box(parent, "Импорт из CSV", "Импорт ИГЭ...");
+    const auto step = [&box](int done, int total) { return box.step(done, total); };
+    return importEgeFile(lines.join(QLatin1Char('\n')), columns, step);
+}
+
 } // namespace
 
 EGECatalogList::EGECatalogList(QWidget* parent) : CatalogueList(egeCatalogue(), parent)
@@ -138,22 +145,17 @@ void EGECatalogForm::importFile()
     const std::optional<EgeColumns> columns = loadEgeFileColumns();
     if (!columns || columns->isEmpty())
         return warn(this, "Не удалось прочитать структуру данных ИГЭ из БД", fault);
-    EgeImport import;
-    {
-        ProgressBox box(this, "Импорт из CSV", "Импорт ИГЭ...");
-        import = importEgeFile(file.lines.join(QLatin1Char('\n')), *columns,
-                               [&box](int done, int total) { return box.step(done, total);
-    });
-}
-if (!import.refusal.isEmpty())
-    return warn(this, import.refusal, fault);
-list_->refresh();
-if (!import.problems.isEmpty())
-    warn(this,
-         fill("Не записаны строки (%1):\n%2", import.problems.size(),
-              QStringList(import.problems.mid(0, shownProblems)).join(QLatin1Char('\n'))),
-         "Ошибка базы данных");
-inform(this, fill("Создано новых: %1\nОбновлено существующих: %2", import.created, import.updated), "Импорт завершен");
+    const EgeImport import = importLines(this, file.lines, *columns);
+    if (!import.refusal.isEmpty())
+        return warn(this, import.refusal, fault);
+    list_->refresh();
+    if (!import.problems.isEmpty())
+        warn(this,
+             fill("Не записаны строки (%1):\n%2", import.problems.size(),
+                  QStringList(import.problems.mid(0, shownProblems)).join(QLatin1Char('\n'))),
+             "Ошибка базы данных");
+    inform(this, fill("Создано новых: %1\nОбновлено существующих: %2", import.created, import.updated),
+           "Импорт завершен");
 }
 
 void EGECatalogForm::exportFile()

@@ -68,6 +68,7 @@ void HeatExchangeTable::showPairs(const HeatExchange& pairs)
         setItem(SpeedRow, column, new QTableWidgetItem(pairs[column].speed));
         setItem(CoefficientRow, column, new QTableWidgetItem(pairs[column].coefficient));
     }
+    updateGeometry(); // titles stand above columns alone
 }
 
 HeatExchange HeatExchangeTable::pairs() const
