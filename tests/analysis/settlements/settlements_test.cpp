@@ -43,6 +43,10 @@ TEST_F(Settlements, SaysWhatItSays)
     EXPECT_TRUE(child<QCheckBox>(form, "LabelsEnabled")->isChecked());
     EXPECT_EQ(child<QLabel>(form, "PolySelected")->text(), QStringLiteral("Указана"));
     EXPECT_TRUE(takePicture(form, QStringLiteral("settlements")));
+    for (const int cycle : {1, 2})
+        EXPECT_GT(marks(form).columnWidth(cycle),
+                  form.fontMetrics().horizontalAdvance(QStringLiteral("01.12.22-31.12.22")))
+            << "the dates are not cut";
 }
 
 TEST_F(Settlements, CatchMarksNearerThanTheCorridorInTheOrderOfTheLine)

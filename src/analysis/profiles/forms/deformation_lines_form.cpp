@@ -164,7 +164,8 @@ void DeformationLinesForm::showMarks()
     marks_->setRowCount(int(rows.size()));
     for (int i = 0; i < marks_->rowCount(); ++i) {
         for (int column = 0; column < titles.size(); ++column) {
-            QTableWidgetItem* item = textItem(rows[size_t(i)].cells[column]);
+            const QString& text = rows[size_t(i)].cells[column];
+            QTableWidgetItem* item = column == NameColumn ? textItem(text) : figureItem(text);
             if (rows[size_t(i)].overLimit)
                 item->setForeground(kOverLimit);
             marks_->setItem(i, column, item);

@@ -18,7 +18,16 @@ using namespace formkit;
 namespace {
 
 const QColor kOverLimit(255, 0, 0);
-constexpr int kCycleWidth = 150; // of a column whose title stands in two lines
+constexpr int kTitleMargins = 12; // pixels
+
+// A title of two lines breaks between its words, never within one.
+int widestWord(const QWidget& shown, const QString& title)
+{
+    int widest = 0;
+    for (const QString& word : title.split(QLatin1Char(' ')))
+        widest = std::max(widest, shown.fontMetrics().horizontalAdvance(word));
+    return widest;
+}
 
 } // namespace
 
@@ -116,7 +125,7 @@ void SettlementsMapForm::showMarks()
     marks_->viewport()->update();
     fitColumns(marks_);
     for (const int cycle : {1, 2})
-        marks_->setColumnWidth(cycle, std::min(marks_->columnWidth(cycle), kCycleWidth));
+        marks_->setColumnWidth(cycle, widestWord(*marks_, titles[cycle]) + kTitleMargins);
     largest_->setText(largestText(profile_));
     mean_->setText(meanText(profile_));
 }

@@ -66,6 +66,7 @@ InspectionForm::InspectionForm(FamilyKey family, QWidget* parent)
 {
     auto* below = static_cast<QBoxLayout*>(layout());
     below->insertLayout(0, row({&fields(), growing(group("Фото").column({growing(photo_)}))}), 1);
+    photo_->setWordWrap(true); // the words are wider than the frame
     connect(photo_, &QLabelClickable::doubleClicked, this, &InspectionForm::choosePhoto);
 }
 

@@ -89,7 +89,7 @@ ImportElementsDialog::ImportElementsDialog(QWidget* parent) : QDialog(parent)
     fillChoices();
     raw_->setRoles(rememberedRoles());
     connectChanges();
-    resize(1040, 720);
+    resize(1120, 720);
 }
 
 QWidget* ImportElementsDialog::targetGroup()
