@@ -80,7 +80,7 @@ void MapDialog::layOutMap(const std::vector<Cells>& cycles, QWidget* sampling, c
             endButtons(this, {ok("okButton"), cancel("cancelButton")}),
         }),
     });
-    resize(1340, 640);
+    resize(1366, 640);
 }
 
 Item MapDialog::placePane(const std::vector<Cells>& cycles, const std::vector<Cells>& above)
