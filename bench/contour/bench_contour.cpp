@@ -3,8 +3,8 @@
 
 #include "analysis/contour/contour_build.h"
 #include "delaunay_yardstick.h"
+#include "kinds.h"
 #include "plain_contour_set.h"
-#include "samples.h"
 
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -16,6 +16,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <map>
+#include <string>
 
 namespace {
 
@@ -24,7 +25,7 @@ using contour::BuildParameters;
 using contour::BuildStep;
 using geometry::PointList;
 
-constexpr std::size_t kMostForPlain = 3000;
+constexpr std::size_t kMostForPlain = 1000;
 
 // Everything here runs in one thread, so its processor time is what it takes on
 // a machine with nothing else to do.
@@ -51,38 +52,6 @@ double medianMs(int runs, Work work)
         times.push_back(clockMs(CLOCK_PROCESS_CPUTIME_ID) - start);
     }
     return median(times);
-}
-
-PointList smooth(std::size_t n) { return samples::smoothField(1, static_cast<int>(n), 1000.0); }
-
-PointList noise(std::size_t n)
-{
-    PointList points = smooth(n);
-    samples::Random random(5);
-    for (geometry::Point3& p : points)
-        p.z = random.in(-12, 12);
-    return points;
-}
-
-PointList grid(std::size_t n)
-{
-    const int side = static_cast<int>(std::lround(std::sqrt(static_cast<double>(n))));
-    PointList points;
-    for (int i = 0; i < side; ++i)
-        for (int j = 0; j < side; ++j)
-            points.push_back({i * 1.0, j * 1.0, 9 * std::sin(i * 0.05) * std::cos(j * 0.03)});
-    return points;
-}
-
-PointList boreholes(std::size_t n)
-{
-    PointList points;
-    for (std::size_t i = 0; i < n; ++i) {
-        const double well = static_cast<double>(i % 20);
-        const double depth = -0.5 * static_cast<double>(i / 20);
-        points.push_back({well * 10.0, depth, 9 * std::sin(well * 0.5) * std::cos(depth * 0.006)});
-    }
-    return points;
 }
 
 BuildInput inputOf(PointList points)
@@ -156,60 +125,182 @@ long peakMegabytes(const BuildInput& input, const BuildParameters& parameters)
     return usage.ru_maxrss / 1024;
 }
 
-void printHead(const char* title)
+// What is wanted of a kind at one of its sizes; zero where nothing is.
+struct Bar {
+    std::size_t size;
+    double ms;
+    double timesCgal;
+    double growth; // exponent, from the size before
+    long megabytes;
+};
+
+struct Kind {
+    const char* title;
+    PointList (*points)(std::size_t);
+    bool smoothLines;
+    std::vector<std::size_t> sizes;
+    std::vector<Bar> bars;
+    contour::Method method = contour::Method::Triangulation;
+    PointList (*border)(std::size_t) = nullptr; // none: the hull
+    bool exactEdges = false;
+};
+
+struct Row {
+    std::size_t size;
+    Measured ours;
+    double cgal;
+    double growth;
+    long peak;
+};
+
+bool isMissed(double measured, double wanted) { return wanted > 0.0 && measured > wanted; }
+
+void printBars(const Kind& kind, const Row& row)
 {
-    std::printf("\n%s\n%8s %8s %8s %8s %8s %8s | %8s %8s %6s %6s | %9s %8s | %7s %6s\n", title, "points", "prepare",
-                "triang.", "lines", "smooth", "rings", "whole", "elapsed", "growth", "MB", "plain", "CGAL", "lines",
-                "rings");
+    for (const Bar& bar : kind.bars) {
+        if (bar.size != row.size)
+            continue;
+        const double ratio = row.ours.whole / row.cgal;
+        if (isMissed(row.ours.whole, bar.ms))
+            std::printf("    MISSED: %.0f ms, wanted %.0f\n", row.ours.whole, bar.ms);
+        if (row.cgal > 0.0 && isMissed(ratio, bar.timesCgal))
+            std::printf("    MISSED: %.1f times CGAL, wanted %.0f\n", ratio, bar.timesCgal);
+        if (isMissed(row.growth, bar.growth))
+            std::printf("    MISSED: growth n^%.2f, wanted n^%.1f\n", row.growth, bar.growth);
+        if (isMissed(static_cast<double>(row.peak), static_cast<double>(bar.megabytes)))
+            std::printf("    MISSED: %ld MB, wanted %ld\n", row.peak, bar.megabytes);
+    }
 }
 
-void benchKind(const char* title, PointList (*points)(std::size_t), bool smoothLines,
-               const std::vector<std::size_t>& sizes)
+void printHead(const char* title)
 {
-    printHead(title);
+    std::printf("\n%s\n%8s %8s %8s %8s %8s %8s | %8s %8s %6s %6s | %9s %8s %6s | %7s %6s\n", title, "points", "prepare",
+                "triang.", "lines", "smooth", "rings", "whole", "elapsed", "growth", "MB", "plain", "CGAL", "ratio",
+                "lines", "rings");
+}
+
+void printRow(const Row& row, double plain)
+{
+    std::printf("%8zu", row.size);
+    for (BuildStep step :
+         {BuildStep::Prepare, BuildStep::Triangulate, BuildStep::Isolines, BuildStep::Lines, BuildStep::Rings}) {
+        const auto found = row.ours.steps.find(step);
+        std::printf(" %8.1f", found == row.ours.steps.end() ? 0.0 : found->second);
+    }
+    std::printf(" | %8.1f %8.1f", row.ours.whole, row.ours.elapsed);
+    if (row.growth != 0.0)
+        std::printf(" n^%4.2f", row.growth);
+    else
+        std::printf(" %6s", "");
+    std::printf(" %6ld |", row.peak);
+    if (plain >= 0.0)
+        std::printf(" %9.0f", plain);
+    else
+        std::printf(" %9s", "-");
+    std::printf(" %8.1f", row.cgal);
+    if (row.cgal > 0.0)
+        std::printf(" %6.1f", row.ours.whole / row.cgal);
+    else
+        std::printf(" %6s", "-");
+    std::printf(" | %7zu %6zu\n", row.ours.lines, row.ours.rings);
+}
+
+int runsFor(std::size_t points)
+{
+    if (points <= 3000)
+        return 7;
+    return points <= 30000 ? 3 : 1;
+}
+
+void benchKind(const Kind& kind)
+{
+    printHead(kind.title);
     double lastWhole = 0.0;
     double lastSize = 0.0;
-    for (std::size_t n : sizes) {
-        const BuildInput input = inputOf(points(n));
-        const BuildParameters parameters = parametersOf(smoothLines);
+    for (std::size_t n : kind.sizes) {
+        BuildInput input = inputOf(kind.points(n));
+        BuildParameters parameters = parametersOf(kind.smoothLines);
+        parameters.method = kind.method;
+        if (kind.border)
+            input.bounds = kind.border(n);
+        input.exactEdges = kind.exactEdges;
+        Row row;
+        row.size = n;
+        row.peak = peakMegabytes(input, parameters);
+        row.ours = measure(input, parameters, runsFor(n));
+        row.cgal = kHaveCgal ? medianMs(runsFor(n), [&] { delaunayTriangles(*input.points); }) : 0.0;
         const auto size = static_cast<double>(input.points->size());
-        const long peak = peakMegabytes(input, parameters);
-        const Measured ours = measure(input, parameters, n > 50000 ? 5 : 9);
-        const double cgal = medianMs(5, [&] { delaunayTriangles(*input.points); });
-        std::printf("%8zu", input.points->size());
-        for (BuildStep step :
-             {BuildStep::Prepare, BuildStep::Triangulate, BuildStep::Isolines, BuildStep::Lines, BuildStep::Rings})
-            std::printf(" %8.1f", ours.steps.at(step));
-        std::printf(" | %8.1f %8.1f", ours.whole, ours.elapsed);
-        if (lastSize > 0.0)
-            std::printf(" n^%4.2f", std::log(ours.whole / lastWhole) / std::log(size / lastSize));
-        else
-            std::printf(" %6s", "");
-        std::printf(" %6ld |", peak);
-        if (n <= kMostForPlain)
-            std::printf(" %9.0f", medianMs(1, [&] { reference::plainBuild(input, parameters); }));
-        else
-            std::printf(" %9s", "-");
-        std::printf(" %8.1f | %7zu %6zu\n", cgal, ours.lines, ours.rings);
+        row.growth = lastSize > 0.0 ? std::log(row.ours.whole / lastWhole) / std::log(size / lastSize) : 0.0;
+        printRow(row, n <= kMostForPlain ? medianMs(1, [&] { reference::plainBuild(input, parameters); }) : -1.0);
+        printBars(kind, row);
         std::fflush(stdout);
-        lastWhole = ours.whole;
+        lastWhole = row.ours.whole;
         lastSize = size;
     }
 }
 
+const std::vector<Kind>& allKinds()
+{
+    using contour::Method;
+    static const std::vector<Kind> list{
+        {"smooth: random places, smooth field, lines as traced",
+         kinds::smooth,
+         false,
+         {1000, 10000, 100000, 1000000},
+         {{10000, 60, 0, 0, 0}, {100000, 1000, 5, 1.2, 500}, {1000000, 0, 6, 1.2, 300}}},
+        {"defaults: the same, lines smoothed", kinds::smooth, true, {1000, 10000, 100000}, {{100000, 0, 0, 1.2, 0}}},
+        {"noise: every value random, lines smoothed",
+         kinds::noise,
+         true,
+         {1000, 10000, 100000},
+         {{100000, 4000, 0, 1.2, 700}}},
+        {"grid: all circles tie", kinds::grid, false, {1000, 10000, 100000}, {{100000, 0, 0, 1.2, 0}}},
+        {"stacked: columns of readings a thousandth wide",
+         kinds::stacked,
+         false,
+         {10000, 20000, 40000},
+         {{40000, 0, 0, 1.2, 0}}},
+        {"slanted: along a slope, a well on each side",
+         kinds::slanted,
+         false,
+         {10000, 20000, 40000},
+         {{40000, 0, 0, 1.2, 0}}},
+        {"level: along x, a thousandth wide", kinds::level, false, {10000, 20000, 40000}, {{40000, 0, 0, 1.2, 0}}},
+        {"edges: two parallel edges of a road", kinds::edges, false, {1000, 2000, 4000}, {{4000, 0, 0, 1.2, 0}}},
+        {"boreholes: twenty, values down each", kinds::boreholes, false, {1000, 3000, 10000}, {{10000, 0, 0, 1.2, 0}}},
+        {"circle: marks round a tank", kinds::circle, false, {250, 500, 1000}, {{1000, 0, 0, 1.2, 0}}},
+        {"IDW: smooth places with a grid, 15 neighbours",
+         kinds::smooth,
+         false,
+         {1000, 4000, 16000},
+         {{16000, 0, 0, 1.2, 0}},
+         Method::InverseDistance},
+        {"border: 500 sides, exact; prepare is to be a fifth of the whole",
+         kinds::smooth,
+         false,
+         {1000, 10000, 100000},
+         {{100000, 0, 0, 1.2, 0}},
+         Method::Triangulation,
+         kinds::longBorder,
+         true},
+    };
+    return list;
+}
+
 } // namespace
 
-int main()
+// The kinds named on the line, by the word before the colon; all without.
+int main(int count, char** words)
 {
-    std::printf("Whole build of a map, hull as border, 15 levels. Milliseconds of processor time,\n"
-                "medians; \"elapsed\" is by the wall clock. Targets: 60 ms at 10000 points, 1000 ms\n"
-                "and 500 MB at 100000. The plain statement is run up to %zu points.\n",
+    std::printf("Whole build of a map, 15 levels, hull as border unless said. Milliseconds of processor time,\n"
+                "medians; \"elapsed\" is by the wall clock, \"growth\" from the size before, \"ratio\" of the whole\n"
+                "build to CGAL's triangulation alone. The plain statement is run up to %zu points.\n",
                 kMostForPlain);
-    benchKind("Random places, smooth field, lines as traced", smooth, false, {1000, 3000, 10000, 30000, 100000});
-    benchKind("The same, lines smoothed (the dialog's defaults)", smooth, true, {1000, 3000, 10000, 30000, 100000});
-    benchKind("Random places, every value random: as many lines as can be", noise, false,
-              {1000, 3000, 10000, 30000, 100000});
-    benchKind("Square grid, all circles tie", grid, false, {1000, 3000, 10000, 30000, 100000});
-    benchKind("Twenty boreholes, values down each", boreholes, false, {1000, 3000, 10000});
+    for (const Kind& kind : allKinds()) {
+        const std::string title = kind.title;
+        const std::string name = title.substr(0, title.find(':'));
+        if (count == 1 || std::find(words + 1, words + count, name) != words + count)
+            benchKind(kind);
+    }
     return 0;
 }
