@@ -57,8 +57,6 @@ void elementList() { togglePaletteSet(PaletteSlot::ElementList); }
 void objectInspector() { toggleObjectInspector(inspectorPlace()); }
 void about() { runModal<AboutForm>(); }
 
-constexpr NcCommandHandler notBuilt = nullptr;
-
 const std::array<Command, kCommandCount> kCommands = {{
     {"HELLOQTMODALDLG", None, None, kPlain, helloModalDialog},
     {"HELLOQTPALETTE", None, None, kPlain, helloPalette},
