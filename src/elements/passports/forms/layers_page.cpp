@@ -82,7 +82,8 @@ GroundLayersPage::GroundLayersPage(PassportRecord& record, QWidget* parent)
     legend_->setItemDelegateForColumn(Swatch, new IGSLayerHatchDelegate(kLookRole, legend_));
     legend_->verticalHeader()->hide();
     // A long name takes as many lines as the width that the page got asks for.
-    connect(legend_->horizontalHeader(), &QHeaderView::sectionResized, legend_, &QTableWidget::resizeRowsToContents);
+    connect(legend_->horizontalHeader(), &QHeaderView::sectionResized, legend_, &QTableWidget::resizeRowsToContents,
+            Qt::QueuedConnection);
     connect(scale_, qOverload<int>(&QComboBox::currentIndexChanged), this, &GroundLayersPage::setRowHeights);
     connect(withLegend_, &QCheckBox::toggled, legend_, &QWidget::setVisible);
 }
