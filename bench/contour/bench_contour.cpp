@@ -6,6 +6,7 @@
 #include "kinds.h"
 #include "plain_contour_set.h"
 
+#include <malloc.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <time.h>
@@ -112,6 +113,7 @@ Measured measure(const BuildInput& input, const BuildParameters& parameters, int
 // Peak of a process that does one build; what the bench holds itself counts too.
 long peakMegabytes(const BuildInput& input, const BuildParameters& parameters)
 {
+    malloc_trim(0); // what earlier builds left would count
     const pid_t child = fork();
     if (child < 0)
         return -1;

@@ -9,6 +9,9 @@ namespace {
 
 // Far more than what rounding does to a squared distance.
 constexpr double kRounding = 1e-14;
+// Circles in a band, at least; large sets have about their square root without
+// being crowded.
+constexpr std::size_t kLeastCrowd = 48;
 
 std::size_t bandCountFor(std::size_t points)
 {
@@ -21,6 +24,7 @@ std::size_t bandCountFor(std::size_t points)
 } // namespace
 
 CircleIndex::CircleIndex(std::vector<double> ys)
+    : crowd_(std::max(kLeastCrowd, static_cast<std::size_t>(std::sqrt(static_cast<double>(ys.size())))))
 {
     const std::size_t bands = bandCountFor(ys.size());
     std::sort(ys.begin(), ys.end());
@@ -78,22 +82,22 @@ void CircleIndex::begin(double horizon)
         cell.clear();
 }
 
-bool CircleIndex::add(const Circumcircle& circle, std::int32_t id, double from)
+CircleIndex::Added CircleIndex::add(const Circumcircle& circle, std::int32_t id, double from)
 {
     if (std::isnan(circle.squaredRadius) || std::isnan(circle.x) || std::isnan(circle.y))
-        return false;
+        return Added::Passed;
     std::size_t low = 0;
     std::size_t high = limits_.size();
     if (std::isfinite(circle.squaredRadius)) {
         const double margin = kRounding * circle.squaredRadius;
         const double passed = from - circle.x;
         if (passed > 0.0 && passed * passed > circle.squaredRadius + margin)
-            return false;
+            return Added::Passed;
         const double ahead = circle.x - horizon_;
         const double off = std::max({passed, ahead, 0.0});
         const double squaredHeight = circle.squaredRadius + margin - off * off;
         if (!(squaredHeight >= 0.0))
-            return true; // not before the horizon
+            return Added::Waits; // not before the horizon
         const double height = std::sqrt(squaredHeight);
         low = bandOf(circle.y - height);
         high = bandOf(circle.y + height);
@@ -101,10 +105,14 @@ bool CircleIndex::add(const Circumcircle& circle, std::int32_t id, double from)
     std::size_t level = 0;
     while ((high >> level) - (low >> level) > 1)
         ++level;
-    cells_[offsets_[level] + (low >> level)].push_back({circle, id});
-    if ((high >> level) != (low >> level))
-        cells_[offsets_[level] + (high >> level)].push_back({circle, id});
-    return true;
+    std::vector<Entry>& lower = cells_[offsets_[level] + (low >> level)];
+    std::vector<Entry>& upper = cells_[offsets_[level] + (high >> level)];
+    if (std::max(lower.size(), upper.size()) >= crowd_ && std::isfinite(circle.squaredRadius))
+        return Added::Crowded;
+    lower.push_back({circle, id});
+    if (&upper != &lower)
+        upper.push_back({circle, id});
+    return Added::Waits;
 }
 
 } // namespace contour

@@ -23,8 +23,13 @@ public:
     // Empties the index; answers will be right up to x = horizon.
     void begin(double horizon);
 
-    // False when no point at x >= from can lie in the circle any more.
-    bool add(const Circumcircle& circle, std::int32_t id, double from);
+    enum class Added {
+        Passed, // no point at x >= from can lie in the circle any more
+        Waits,
+        Crowded, // not added: its band holds so many circles that each costs too much
+    };
+
+    Added add(const Circumcircle& circle, std::int32_t id, double from);
 
     // Calls inside(id) for every circle that the point lies in by the computed
     // figures, rim included; a false answer takes the circle out of that band.
@@ -58,6 +63,7 @@ private:
 
     std::size_t rowOf(double y) const;
 
+    std::size_t crowd_;                // circles in a band from which on no more are taken
     std::vector<double> limits_;       // upper ends of all bands but the last
     std::vector<std::size_t> firstOf_; // first band that can hold a y of each row
     double lowest_ = 0.0;

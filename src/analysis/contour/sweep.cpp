@@ -3,8 +3,10 @@
 #include "analysis/contour/circle_index.h"
 #include "analysis/contour/edge_pairs.h"
 #include "analysis/contour/exact_cavity.h"
+#include "analysis/contour/first_in_circle.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace contour {
 
@@ -34,6 +36,7 @@ private:
     struct Record {
         std::int32_t place = -1; // in order_; -1: removed
         std::int32_t born = 0;   // the vertex that made it
+        std::int32_t due = -1;   // the vertex that it goes with, where the index was crowded
         bool indexed = false;
         bool goes = false;
         Circumcircle circle;
@@ -45,11 +48,20 @@ private:
         std::int32_t id;
     };
 
+    // A triangle waiting for its vertex; the record may be another's by then.
+    struct Due {
+        std::int32_t id;
+        std::int32_t born;
+        std::int32_t next;
+    };
+
     std::vector<double> verticalPlaces() const;
     bool placeOuterTriangle();
     void startStretch(std::int32_t vertex);
     void findPlacesToGo(std::int32_t vertex);
     void findYoungToGo(std::int32_t vertex);
+    void findDueToGo(std::int32_t vertex);
+    void makeDue(std::int32_t id, std::int32_t from);
     void settle(std::int32_t id, std::int32_t vertex);
     bool wasPassed(const Record& record) const;
     void insert(std::int32_t vertex);
@@ -78,6 +90,9 @@ private:
     std::vector<Removal> removed_; // for the vertex at hand
     std::vector<Edge> edges_;
     EdgePairs edgePairs_;
+    std::optional<FirstInCircle> firstInCircle_; // made when first asked
+    std::vector<Due> dues_;
+    std::vector<std::int32_t> firstDue_; // of each vertex in dues_
     ExactCavity exactCavity_;
     bool beyondMending_ = false;
     std::int32_t previous_ = -1;  // the vertex inserted last
@@ -194,8 +209,13 @@ void Sweep::startStretch(std::int32_t vertex)
         Record& r = record(id);
         if (r.place < 0)
             continue;
-        if (index_.add(r.circle, id, at(vertex).x))
+        const CircleIndex::Added added = index_.add(r.circle, id, at(vertex).x);
+        if (added == CircleIndex::Added::Waits) {
             open_[kept++] = id;
+        } else if (added == CircleIndex::Added::Crowded) {
+            r.indexed = false;
+            makeDue(id, vertex);
+        }
     }
     open_.resize(kept);
 }
@@ -220,6 +240,7 @@ void Sweep::findPlacesToGo(std::int32_t vertex)
         }
         return true;
     });
+    findDueToGo(vertex);
     findYoungToGo(vertex);
     std::sort(places_.begin(), places_.end());
 }
@@ -244,10 +265,48 @@ void Sweep::findYoungToGo(std::int32_t vertex)
 
 void Sweep::settle(std::int32_t id, std::int32_t vertex)
 {
-    if (!index_.add(record(id).circle, id, at(vertex).x))
+    const CircleIndex::Added added = index_.add(record(id).circle, id, at(vertex).x);
+    if (added == CircleIndex::Added::Crowded)
+        makeDue(id, vertex + 1);
+    if (added != CircleIndex::Added::Waits)
         return;
     record(id).indexed = true;
     open_.push_back(id);
+}
+
+void Sweep::makeDue(std::int32_t id, std::int32_t from)
+{
+    if (!firstInCircle_) {
+        firstInCircle_.emplace(vertices_, count_, repeats_);
+        firstDue_.assign(static_cast<std::size_t>(count_), -1);
+    }
+    Record& r = record(id);
+    r.due = firstInCircle_->from(from, r.circle);
+    if (r.due < 0)
+        return;
+    std::int32_t& first = firstDue_[static_cast<std::size_t>(r.due)];
+    dues_.push_back({id, r.born, first});
+    first = static_cast<std::int32_t>(dues_.size()) - 1;
+}
+
+// No vertex between a triangle's birth and this one lay in its circle. It stays
+// if the sweep has passed it, and is then asked no more.
+void Sweep::findDueToGo(std::int32_t vertex)
+{
+    if (!firstInCircle_)
+        return;
+    for (std::int32_t i = firstDue_[static_cast<std::size_t>(vertex)]; i >= 0;) {
+        const Due& due = dues_[static_cast<std::size_t>(i)];
+        Record& r = record(due.id);
+        if (r.place >= 0 && r.due == vertex && r.born == due.born) {
+            r.due = -1;
+            if (!wasPassed(r)) {
+                r.goes = true;
+                places_.push_back(r.place);
+            }
+        }
+        i = due.next;
+    }
 }
 
 void Sweep::removePlaces()
@@ -329,6 +388,7 @@ void Sweep::addTriangle(const Triangle& corners, std::int32_t vertex)
     corners_[static_cast<std::size_t>(id)] = corners;
     r.place = static_cast<std::int32_t>(order_.size());
     r.born = vertex;
+    r.due = -1;
     r.indexed = false;
     r.goes = false;
     order_.push_back(id);
