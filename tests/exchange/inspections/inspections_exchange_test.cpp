@@ -6,7 +6,9 @@
 
 #include <QFile>
 #include <QJsonDocument>
+#include <QSet>
 #include <QTemporaryDir>
+#include <algorithm>
 
 namespace {
 
@@ -241,6 +243,25 @@ TEST_F(Exchange, ALineWithoutACoordinateSystemIsLeftOutAndTold)
     EXPECT_EQ(root["subbases"], QJsonArray());
     EXPECT_EQ(positions(root).size(), 2);
     EXPECT_TRUE(console.text().contains("\nНе выгружено: Основания: "));
+}
+
+TEST_F(Exchange, TheProgressOfAnExportOnlyGrowsAndCountsTheRowsOfAFamily)
+{
+    database.exec("insert into ts_inspection (element_id, cycle_id, inspectresult) values (2, 2, 1)");
+    QVector<int> steps;
+    QSet<int> totals;
+    const auto keep = [&](int done, int total) {
+        steps << done;
+        totals << total;
+        return true;
+    };
+    EXPECT_TRUE(exportInspections({1, 2, false}, folder.filePath("out.json"), keep)) << console.text();
+    EXPECT_TRUE(std::is_sorted(steps.begin(), steps.end()));
+    // The second of two inspections stands at the half of its family's share.
+    EXPECT_EQ(std::count_if(steps.begin(), steps.end(), [](int done) { return done % 1000 == 500; }), 1);
+    EXPECT_EQ(totals.size(), 1);
+    EXPECT_GE(steps.first(), 0);
+    EXPECT_LT(steps.last(), *totals.begin());
 }
 
 TEST_F(Exchange, AnExportThatIsGivenUpOrLosesTheServerWritesNothing)
