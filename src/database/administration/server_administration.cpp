@@ -138,7 +138,7 @@ RoleDeletion ServerAdministration::deleteRole(const QString& name) const
         // One that somebody drops meanwhile holds nothing any more.
         const auto note = [&](const Refusal& refusal) {
             if (refusal
-                && cell(server_, compose("SELECT 1 FROM pg_database WHERE datname = '%1'", database))
+                && cell(server_, compose("SELECT 1 FROM pg_database WHERE datname = %1", server_.literal(database)))
                     == QLatin1String("1"))
                 deletion.warnings << database + QStringLiteral(": ") + *refusal;
         };

@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QLabel>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -108,6 +109,21 @@ TEST_F(ElementsDialog, CaptionsAndStartingValues)
     EXPECT_TRUE(child<QComboBox>(dialog, "CatalogCombo")->isHidden());
     chooseType(dialog, "tsg");
     EXPECT_FALSE(child<QComboBox>(dialog, "CatalogCombo")->isHidden());
+    const auto captionIsHidden = [&dialog] {
+        for (const QLabel* caption : dialog.findChildren<QLabel*>()) {
+            if (caption->text() == "Тип конструкции")
+                return caption->isHidden();
+        }
+        ADD_FAILURE() << "the catalogue has no caption";
+        return false;
+    };
+    EXPECT_FALSE(captionIsHidden());
+    for (const char* without : {"dm", ""}) {
+        chooseType(dialog, without);
+        EXPECT_TRUE(child<QComboBox>(dialog, "CatalogCombo")->isHidden()) << without;
+        EXPECT_TRUE(captionIsHidden()) << without;
+    }
+    chooseType(dialog, "tsg");
     child<QCheckBox>(dialog, "AttribUpdate")->setChecked(true);
     EXPECT_EQ(titles(dialog),
               QStringList({"ID", "Имя", "Тип", "X", "Y", "Абс.отметка", "Отм. земли", "h", "Позиция", "Поворот маркера",
@@ -131,6 +147,21 @@ TEST_F(ElementsDialog, WithoutATypeOrAPositionNothingBegins)
     child<RoleView>(dialog, "RawInput")->setRoles(roles);
     child<QPushButton>(dialog, "ImportBtn")->click();
     EXPECT_TRUE(console.text().contains("Нет информации о позиции элемента М-1"));
+}
+
+TEST_F(ElementsDialog, AChangedRoleIsReadAtOnce)
+{
+    ImportElementsDialog dialog;
+    open(dialog, "М-1;10;20\n");
+    chooseType(dialog, "dm");
+    ASSERT_EQ(preview(dialog)->rowCount(), 1);
+    EXPECT_EQ(preview(dialog)->item(0, 1)->text(), "20.0000");
+    auto* raw = child<RoleView>(dialog, "RawInput");
+    ColumnRoles roles = raw->roles();
+    roles.give(ElementRole::X, 1);
+    roles.give(ElementRole::Y, 2);
+    raw->setRoles(roles);
+    EXPECT_EQ(preview(dialog)->item(0, 1)->text(), "10.0000");
 }
 
 TEST_F(ElementsDialog, RolesAndDirectionAreTheUsers)
