@@ -4,6 +4,7 @@
 #include "drawing/inspector/forms/object_inspector_page.h"
 #include "elements/element_block.h"
 #include "hostkit/model_space.h"
+#include "median_run.h"
 #include "support/console_capture.h"
 #include "support/element_drawing.h"
 #include "support/position_session.h"
@@ -11,8 +12,6 @@
 #include <drawing/application.h>
 
 #include <QApplication>
-#include <QElapsedTimer>
-#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -21,33 +20,11 @@ constexpr int blocks = 10000;
 constexpr int runs = 21;           // the median is told
 constexpr double allowance = 1.25; // of the larger selection's time: what the machine does beside
 
-struct Measured {
-    double seconds = 0.0;
-    int statements = 0;
-};
-
-// Each statement of the session's connection is a transaction of its own.
-int statementsSoFar()
-{
-    session().run("select pg_stat_force_next_flush()");
-    return session().run("select xact_commit from pg_stat_database where datname = current_database()").toInt(0, 0);
-}
-
-Measured measure(const NcDbObjectIdArray& selection)
+MedianRun measure(const NcDbObjectIdArray& selection)
 {
     setPickfirst(selection);
-    std::vector<double> seconds;
-    const int before = statementsSoFar();
-    for (int run = 0; run < runs; ++run) {
-        QElapsedTimer timer;
-        timer.start();
-        inspectSelection();
-        seconds.push_back(double(timer.nsecsElapsed()) / 1e9);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-    std::sort(seconds.begin(), seconds.end());
-    // Two statements are the counting's own.
-    return {seconds[runs / 2], (statementsSoFar() - before - 2) / runs};
+    return medianRun(runs, inspectSelection,
+                     [] { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); });
 }
 
 NcDbObjectIdArray fillDrawing()
@@ -62,7 +39,7 @@ NcDbObjectIdArray fillDrawing()
     return *entitiesOfModelSpace();
 }
 
-void tell(const char* what, const Measured& measured)
+void tell(const char* what, const MedianRun& measured)
 {
     std::printf("%-28s %8.4f s  %4d statements\n", what, measured.seconds, measured.statements);
 }
@@ -86,7 +63,7 @@ int main(int argc, char** argv)
     toggleObjectInspector(
         {[&page] { return &page; }, [&page](bool on) { page.setVisible(on); }, [&page] { return page.isVisible(); }});
     measure(few); // warm
-    const Measured ofFew = measure(few), ofMany = measure(many);
+    const MedianRun ofFew = measure(few), ofMany = measure(many);
     tell("2 blocks selected", ofFew);
     tell("10,000 blocks selected", ofMany);
     removeObjectInspector();

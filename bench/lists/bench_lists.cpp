@@ -3,16 +3,15 @@
 #include "elements/list/forms/element_list.h"
 #include "elements/list/forms/hierarchy_combo.h"
 #include "elements/measures/forms/element_measures_form.h"
+#include "median_run.h"
 #include "session/project_session.h"
 #include "support/console_capture.h"
 #include "support/position_session.h"
 
 #include <QApplication>
 #include <QComboBox>
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QTableView>
-#include <algorithm>
 #include <cstdio>
 #include <functional>
 
@@ -21,30 +20,15 @@ namespace {
 constexpr int runs = 5; // the median is told
 bool missed = false;
 
-// Each statement of the session's connection is a transaction of its own.
-int statementsSoFar()
-{
-    session().run("select pg_stat_force_next_flush()");
-    return session().run("select xact_commit from pg_stat_database where datname = current_database()").toInt(0, 0);
-}
-
 void measure(const char* what, double bound, const std::function<void()>& work)
 {
-    std::vector<double> seconds;
-    const int before = statementsSoFar();
-    for (int run = 0; run < runs; ++run) {
-        QElapsedTimer timer;
-        timer.start();
+    const MedianRun measured = medianRun(runs, [&work] {
         work();
         QApplication::processEvents();
-        seconds.push_back(double(timer.nsecsElapsed()) / 1e9);
-    }
-    std::sort(seconds.begin(), seconds.end());
-    // Two statements are the counting's own.
-    const int statements = (statementsSoFar() - before - 2) / runs;
-    const bool within = seconds[runs / 2] <= bound;
+    });
+    const bool within = measured.seconds <= bound;
     missed = missed || !within;
-    std::printf("%-52s %8.3f s  (bound %.3f) %6d statements  %s\n", what, seconds[runs / 2], bound, statements,
+    std::printf("%-52s %8.3f s  (bound %.3f) %6d statements  %s\n", what, measured.seconds, bound, measured.statements,
                 within ? "" : "MISSED");
     std::fflush(stdout);
 }

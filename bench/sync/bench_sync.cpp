@@ -4,6 +4,7 @@
 #include "drawing/sync/database_to_drawing.h"
 #include "drawing/sync/drawing_scan.h"
 #include "hostkit/model_space.h"
+#include "median_run.h"
 #include "support/element_drawing.h"
 #include "support/position_session.h"
 #include "support/scripted_prompts.h"
@@ -73,14 +74,14 @@ public:
     {
         host_.console.clear();
         database_->exec("select pg_stat_force_next_flush()"); // nothing of this connection is told later
-        const double before = statements();
+        const int before = statementsSoFar();
         QElapsedTimer timer;
         timer.start();
         work();
         Measured measured;
         measured.seconds = double(timer.nsecsElapsed()) / 1e9;
         // Two statements are the counting's own.
-        measured.statements = statements() - before - 2;
+        measured.statements = statementsSoFar() - before - 2;
         return measured;
     }
     ElementDrawing& drawing() { return drawing_; }
@@ -96,14 +97,6 @@ private:
             "select i, '%5' from generate_series(1, %3) i; analyze %1; analyze %4",
             family.elements, kinds()[size_t(kind)].typeId, count, family.dynprops,
             ElementBlock(kind, StateColors()).propsText()));
-    }
-    // Each statement of the session's connection is a transaction of its own.
-    double statements()
-    {
-        session().run("select pg_stat_force_next_flush()");
-        return session()
-            .run("select xact_commit from pg_stat_database where datname = current_database()")
-            .toDouble(0, 0);
     }
 
     int elements_;

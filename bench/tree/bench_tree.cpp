@@ -1,14 +1,12 @@
 // The project tree of a large project: seconds and statements of a refresh.
 #include "database/hierarchy/forms/project_explorer_widget.h"
+#include "median_run.h"
 #include "support/console_capture.h"
 #include "support/position_session.h"
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QElapsedTimer>
-#include <algorithm>
 #include <cstdio>
-#include <functional>
 
 namespace {
 
@@ -19,34 +17,7 @@ constexpr int runs = 5;              // the median is told
 constexpr double plainBound = 0.5;   // seconds without counts
 constexpr double countedBound = 1.5; // seconds with counts
 
-struct Measured {
-    double seconds = 0.0;
-    int statements = 0;
-};
-
-// Each statement of the session's connection is a transaction of its own.
-int statementsSoFar()
-{
-    session().run("select pg_stat_force_next_flush()");
-    return session().run("select xact_commit from pg_stat_database where datname = current_database()").toInt(0, 0);
-}
-
-Measured measure(const std::function<void()>& work)
-{
-    std::vector<double> seconds;
-    const int before = statementsSoFar();
-    for (int run = 0; run < runs; ++run) {
-        QElapsedTimer timer;
-        timer.start();
-        work();
-        seconds.push_back(double(timer.nsecsElapsed()) / 1e9);
-    }
-    std::sort(seconds.begin(), seconds.end());
-    // Two statements are the counting's own.
-    return {seconds[runs / 2], (statementsSoFar() - before - 2) / runs};
-}
-
-bool tell(const char* what, const Measured& measured, double bound)
+bool tell(const char* what, const MedianRun& measured, double bound)
 {
     const bool within = measured.seconds <= bound;
     std::printf("%-42s %7.3f s  %6d statements  %s\n", what, measured.seconds, measured.statements,
@@ -56,13 +27,11 @@ bool tell(const char* what, const Measured& measured, double bound)
 }
 
 // What the server alone takes for the same rows.
-void readPlainly(const ProjectNode& parent, bool withCounts)
+void readPlainly(const ProjectNode& parent)
 {
     for (const NamedNode& named : readNodes(parent.level + 1, parent.id)) {
         if (named.node.level < PositionLevel)
-            readPlainly(named.node, withCounts);
-        else if (withCounts)
-            positionCounts(named.node.id);
+            readPlainly(named.node);
     }
 }
 
@@ -95,10 +64,18 @@ int main(int argc, char** argv)
 
     ProjectExplorerWidget explorer;
     explorer.show();
-    bool within = tell("tree without counts", measure([&] { explorer.refreshTree(); }), plainBound);
-    tell("  its statements alone", measure([] { readPlainly({1, ProjectLevel, 0}, false); }), plainBound);
+    const ProjectNode project{1, ProjectLevel, 0};
+    bool within = tell("tree without counts", medianRun(runs, [&] { explorer.refreshTree(); }), plainBound);
+    tell("  its statements alone", medianRun(runs, [&] { readPlainly(project); }), plainBound);
     explorer.findChild<QCheckBox*>("ShowStatCB")->setChecked(true);
-    within = tell("tree with counts", measure([&] { explorer.refreshTree(); }), countedBound) && within;
-    tell("  its statements alone", measure([] { readPlainly({1, ProjectLevel, 0}, true); }), countedBound);
+    within = tell("tree with counts", medianRun(runs, [&] { explorer.refreshTree(); }), countedBound) && within;
+    tell("  its statements alone",
+         medianRun(runs,
+                   [&] {
+                       readPlainly(project);
+                       hasPositionCounts();
+                       readPositionCounts();
+                   }),
+         countedBound);
     return within ? 0 : 1;
 }

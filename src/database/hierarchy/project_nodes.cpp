@@ -43,15 +43,17 @@ void storePlace(const ProjectNode& node) { session().run(compose(levelOf(node).p
 
 bool hasPositionCounts() { return session().run("select * from positions_counts").isTuples(); }
 
-QStringList positionCounts(int positionId)
+PositionCounts readPositionCounts()
 {
-    const sql::Result row = session().run(compose(
-        "select dm_count,rp_count,ts_count,tss_count,tsg_count,ggs_count,igs_count,def_prof_count,term_prof_count,"
-        " contour_count from positions_counts where position_id=%1",
-        positionId));
-    QStringList counts;
-    for (int column = 0; row.hasRow() && column < row.nfields(); ++column)
-        counts << row.getvalue(0, column);
+    const sql::Result rows = session().run(
+        "select position_id, dm_count,rp_count,ts_count,tss_count,tsg_count,ggs_count,igs_count,def_prof_count,"
+        "term_prof_count, contour_count from positions_counts");
+    PositionCounts counts;
+    for (int row = 0; rows.isTuples() && row < rows.ntuples(); ++row) {
+        QStringList& ofPosition = counts[rows.toInt(row, 0)];
+        for (int column = 1; column < rows.nfields(); ++column)
+            ofPosition << rows.getvalue(row, column);
+    }
     return counts;
 }
 

@@ -4,6 +4,7 @@
 
 #include "database/hierarchy/node_levels.h"
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 #include <optional>
@@ -29,9 +30,10 @@ void moveNode(const ProjectNode& node, int parentId);
 /// Stores the node's place among its siblings.
 void storePlace(const ProjectNode& node);
 
-/// How many elements, profiles and contours a position has, in the order of
-/// countTitles(); empty when the view does not answer.
-QStringList positionCounts(int positionId);
+/// By the id of a position: how many elements, profiles and contours it has, in the order of countTitles().
+using PositionCounts = QHash<int, QStringList>;
+/// Of all positions by one statement; empty when the view does not answer.
+PositionCounts readPositionCounts();
 bool hasPositionCounts();
 QStringList countTitles();
 

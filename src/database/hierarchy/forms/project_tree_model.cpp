@@ -75,22 +75,23 @@ void ProjectTreeModel::read(bool withCounts)
     setHorizontalHeaderLabels(titles);
     for (int column = 1; column < titles.size(); ++column)
         horizontalHeaderItem(column)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    const PositionCounts counts = counted ? readPositionCounts() : PositionCounts{};
     for (const NamedNode& project : readNodes(ProjectLevel, -1)) {
         QStandardItem* item = makeItem(project);
-        readBelow(item, ObjectLevel, project.node.id, counted);
+        readBelow(item, ObjectLevel, project.node.id, counts);
         appendRow(item);
     }
     markCurrent();
 }
 
-void ProjectTreeModel::readBelow(QStandardItem* parent, int level, int parentId, bool withCounts) const
+void ProjectTreeModel::readBelow(QStandardItem* parent, int level, int parentId, const PositionCounts& counts) const
 {
     for (const NamedNode& named : readNodes(level, parentId)) {
         QList<QStandardItem*> row{makeItem(named)};
         if (level < PositionLevel) {
-            readBelow(row.first(), level + 1, named.node.id, withCounts);
-        } else if (withCounts) {
-            for (const QString& count : positionCounts(named.node.id))
+            readBelow(row.first(), level + 1, named.node.id, counts);
+        } else {
+            for (const QString& count : counts.value(named.node.id))
                 row << countItem(count);
         }
         parent->appendRow(row);

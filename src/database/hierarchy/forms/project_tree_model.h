@@ -38,7 +38,7 @@ signals:
 
 private:
     QStandardItem* makeItem(const NamedNode& named) const;
-    void readBelow(QStandardItem* parent, int level, int parentId, bool withCounts) const;
+    void readBelow(QStandardItem* parent, int level, int parentId, const PositionCounts& counts) const;
     void tellRenamed(const QStandardItem* item);
 
     std::array<QIcon, NodeLevelCount> icons_;
