@@ -34,7 +34,6 @@ public:
         return {clock_.elapsed() / 1000.0, ownSeconds() - start_.own, serverSeconds() - start_.server};
     }
 
-private:
     static double ownSeconds()
     {
         rusage used{};
@@ -42,6 +41,8 @@ private:
         const auto seconds = [](const timeval& time) { return double(time.tv_sec) + double(time.tv_usec) / 1e6; };
         return seconds(used.ru_utime) + seconds(used.ru_stime);
     }
+
+private:
     // utime and stime stand behind the name, which is in brackets.
     double serverSeconds() const
     {
