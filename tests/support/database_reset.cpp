@@ -59,8 +59,6 @@ QString shapeOf(const sql::Connection& connection)
               join pg_database on pg_database.oid = setdatabase where datname = current_database()
             union all
             select concat('default ', defaclacl) from pg_default_acl
-            union all
-            select concat('systems ', count(*)) from spatial_ref_sys where auth_name in ('EPSG', 'ESRI')
         ) as shape(line))")
         .value(0);
 }
@@ -73,6 +71,15 @@ QStringList tablesOf(const sql::Connection& connection)
                   " (select 1 from pg_depend where objid = pg_class.oid and deptype = 'e') order by 1");
 }
 
+// What the extension brings is too much to be put back.
+QString systemsOf(const sql::Connection& connection)
+{
+    return column(connection,
+                  "select md5(string_agg(srid || proj4text, ',' order by srid)) from spatial_ref_sys where "
+                  "auth_name in ('EPSG', 'ESRI')")
+        .value(0);
+}
+
 QStringList sequenceStarts(const sql::Connection& connection)
 {
     return column(connection,
@@ -82,38 +89,87 @@ QStringList sequenceStarts(const sql::Connection& connection)
 
 } // namespace
 
-// Foreign keys and audit triggers rest meanwhile, so that the order of the tables
-// does not matter and the log stays empty.
-DatabaseReset::DatabaseReset(const sql::Connection& fresh) : shape_(shapeOf(fresh))
+DatabaseReset::DatabaseReset(const sql::Connection& fresh) : shape_(shapeOf(fresh)), systems_(systemsOf(fresh))
 {
     constexpr qint64 grown = 16 * 1024 * 1024;
     most_ = column(fresh, "select pg_database_size(current_database())").value(0).toLongLong() + grown;
-    QStringList emptied{"delete from spatial_ref_sys where auth_name not in ('EPSG', 'ESRI')"}, filled;
+    tables_.append(Table{"spatial_ref_sys", "delete from spatial_ref_sys where auth_name not in ('EPSG', 'ESRI')"});
     for (const QString& table : tablesOf(fresh)) {
-        emptied << "delete from " + table;
+        QString script = "delete from " + table;
         const QString rows = fresh.runScript("select jsonb_agg(to_jsonb(t)) from " + table + " t").getvalue(0, 0);
         if (!rows.isEmpty())
-            filled << "insert into " + table + " overriding system value select * from jsonb_populate_recordset(null::"
-                    + table + ", '" + QString(rows).replace('\'', "''") + "')";
+            script += ";\ninsert into " + table
+                + " overriding system value select * from jsonb_populate_recordset(null::" + table + ", '"
+                + QString(rows).replace('\'', "''") + "')";
+        tables_.append(Table{table, script});
     }
-    script_ = (QStringList{"set session_replication_role = replica"} + emptied + filled + sequenceStarts(fresh)
-               + QStringList{"set session_replication_role = origin"})
-                  .join(";\n");
+    numbers_ = sequenceStarts(fresh).join(";\n");
 }
 
-bool DatabaseReset::operator()(const sql::Connection& used) const
+// Rows of the catalogue change with every table, column, rule or right; a truncated table is another row there.
+DatabaseReset::Counts DatabaseReset::countsOf(const sql::Connection& used)
 {
-    // Whoever still holds a lock would be waited for.
+    Counts counts;
+    const sql::Result rows = used.run(
+        "select quote_ident(relname), schemaname = 'public', n_tup_ins + n_tup_upd + n_tup_del "
+        "from pg_stat_all_tables where schemaname = 'public' or (schemaname = 'pg_catalog' and relname in "
+        "('pg_class', 'pg_attribute', 'pg_attrdef', 'pg_constraint', 'pg_trigger', 'pg_proc', 'pg_type', "
+        "'pg_namespace', 'pg_extension', 'pg_event_trigger', 'pg_default_acl', 'pg_description', 'pg_depend'))");
+    for (int row = 0; rows.isTuples() && row < rows.ntuples(); ++row) {
+        const qint64 changes = rows.getvalue(row, 2).toLongLong();
+        if (rows.getvalue(row, 1) == QLatin1String("t"))
+            counts.tables.insert(rows.getvalue(row, 0), changes);
+        else
+            counts.catalogue += changes;
+    }
+    counts.settings = column(used,
+                             "select concat(datdba, datacl, datconnlimit, (select array_agg(setconfig) from "
+                             "pg_db_role_setting where setdatabase = pg_database.oid)) from pg_database where "
+                             "datname = current_database()")
+                          .value(0);
+    return counts;
+}
+
+// Foreign keys and audit triggers rest meanwhile, so that the order of the tables
+// does not matter and the log stays empty.
+QString DatabaseReset::scriptFor(const Counts& now, const Counts* before) const
+{
+    QStringList script{"set session_replication_role = replica"};
+    for (const Table& table : tables_) {
+        if (!before || now.tables.value(table.name) != before->tables.value(table.name))
+            script << table.script;
+    }
+    return (script << numbers_ << "set session_replication_role = origin").join(";\n");
+}
+
+bool DatabaseReset::operator()(const sql::Connection& used, const QString& database)
+{
+    // Whoever still holds a lock would be waited for; who goes tells his counts.
     used.run("select pg_terminate_backend(pid, 1000) from pg_stat_activity where datname = current_database()"
              " and pid <> pg_backend_pid() and backend_type = 'client backend'");
+    const Counts now = countsOf(used);
+    const auto left = left_.constFind(database);
+    const Counts* before = left == left_.constEnd() ? nullptr : &*left;
+    if (before && (before->catalogue != now.catalogue || before->settings != now.settings))
+        before = nullptr;
+    if (!before && (shape_.isEmpty() || shapeOf(used) != shape_))
+        return false;
+    const auto isTouched = [&](const QString& table) {
+        return !before || before->tables.value(table) != now.tables.value(table);
+    };
+    if (isTouched("spatial_ref_sys") && systemsOf(used) != systems_)
+        return false;
     // What was large once stays so, dead rows and all.
     const sql::Result small =
         used.run(compose("select pg_database_size(current_database()) < %1", Numeral(double(most_), 0)));
-    if (small.getvalue(0, 0) != QLatin1String("t") || shape_.isEmpty() || shapeOf(used) != shape_)
+    if (small.getvalue(0, 0) != QLatin1String("t"))
         return false;
-    const sql::Result done = used.runScript(script_);
-    if (done.isTuples() || done.isCommand())
-        return true;
-    ADD_FAILURE() << done.errorMessage().toStdString();
-    return false;
+    const sql::Result done = used.runScript(scriptFor(now, before));
+    if (!done.isTuples() && !done.isCommand()) {
+        ADD_FAILURE() << done.errorMessage().toStdString();
+        return false;
+    }
+    used.run("select pg_stat_force_next_flush()");
+    left_.insert(database, countsOf(used));
+    return true;
 }

@@ -116,26 +116,27 @@ void dropLeftovers(const sql::Connection& server)
 /// Databases that tests of this program are done with; dropped at its end.
 class UsedDatabases {
 public:
-    ~UsedDatabases()
+    void dropAll()
     {
         if (names_.isEmpty())
             return;
         const sql::Connection server(TestServer::conninfo("postgres"));
-        for (const QString& name : names_)
+        for (const QString& name : qAsConst(names_))
             drop(server, name);
+        names_.clear();
     }
 
     void add(const QString& name) { names_ << name; }
 
-    /// The name of one made as new; empty where there is none.
-    QString take(const sql::Connection& server)
+    /// Opens one that is made as new and gives its name; empty where there is none.
+    QString take(sql::Connection& connection)
     {
         while (!names_.isEmpty()) {
             const QString name = names_.takeLast();
-            const sql::Connection inside(TestServer::conninfo(name));
-            if (reset_ && inside.isOk() && (*reset_)(inside))
+            if (reset_ && connection.open(TestServer::conninfo(name)) && (*reset_)(connection, name))
                 return name;
-            drop(server, name);
+            connection.finish();
+            drop(sql::Connection(TestServer::conninfo("postgres")), name);
         }
         return {};
     }
@@ -151,9 +152,15 @@ private:
     std::unique_ptr<DatabaseReset> reset_;
 };
 
+// Dropped while the application still stands: what statements are made of goes after it, in any order.
 UsedDatabases& usedDatabases()
 {
     static UsedDatabases databases;
+    static const bool told = [] {
+        qAddPostRoutine([] { databases.dropAll(); });
+        return true;
+    }();
+    Q_UNUSED(told)
     return databases;
 }
 
@@ -185,15 +192,16 @@ TestDatabase::TestDatabase(Content content) : content_(content)
 {
     if (!TestServer::isKnown())
         return;
+    if (content == Content::Schema)
+        name_ = usedDatabases().take(connection_);
+    if (!name_.isEmpty())
+        return;
     const sql::Connection server(TestServer::conninfo("postgres"));
     if (!server.isOk()) {
         ADD_FAILURE() << "No connection to the test server: " << server.errorMessage().toStdString();
         return;
     }
-    if (content == Content::Schema)
-        name_ = usedDatabases().take(server);
-    if (name_.isEmpty())
-        create(server);
+    create(server);
     if (!connection_.open(conninfo()))
         ADD_FAILURE() << connection_.errorMessage().toStdString();
 }
@@ -203,7 +211,7 @@ void TestDatabase::create(const sql::Connection& server)
     static int number = 0;
     name_ = fill("terva_test_%1_%2_%3", secondsNow(), QCoreApplication::applicationPid(), ++number);
     dropLeftovers(server);
-    if (content_ == Content::Schema) {
+    if (content_ != Content::Empty) {
         createFromTemplate(server, name_);
         usedDatabases().learn(name_);
     } else {
@@ -216,7 +224,7 @@ TestDatabase::~TestDatabase()
     if (name_.isEmpty())
         return;
     connection_.finish();
-    if (content_ == Content::Schema)
+    if (content_ != Content::Empty)
         usedDatabases().add(name_);
     else
         drop(sql::Connection(TestServer::conninfo("postgres")), name_);

@@ -31,6 +31,7 @@ public:
     enum class Content {
         Schema, ///< what share/database.sql lays: a copy of a template, or one that a test of this
                 ///< program has left, made as new
+        Fresh,  ///< the same, but always a copy: for plans, which follow the statistics of what was there
         Empty,  ///< not a single table of ours
     };
 
