@@ -13,7 +13,9 @@ constexpr double kRounding = 1e-14;
 // being crowded.
 constexpr std::size_t kLeastCrowd = 48;
 
-std::size_t bandCountFor(std::size_t points)
+} // namespace
+
+std::size_t CircleIndex::bandCountFor(std::size_t points)
 {
     std::size_t bands = 1;
     while (bands * bands < 4 * points && bands < 8192)
@@ -21,12 +23,10 @@ std::size_t bandCountFor(std::size_t points)
     return bands;
 }
 
-} // namespace
-
-CircleIndex::CircleIndex(std::vector<double> ys)
-    : crowd_(std::max(kLeastCrowd, static_cast<std::size_t>(std::sqrt(static_cast<double>(ys.size())))))
+CircleIndex::CircleIndex(std::vector<double> ys, std::size_t points)
+    : crowd_(std::max(kLeastCrowd, static_cast<std::size_t>(std::sqrt(static_cast<double>(points)))))
 {
-    const std::size_t bands = bandCountFor(ys.size());
+    const std::size_t bands = bandCountFor(points);
     std::sort(ys.begin(), ys.end());
     for (std::size_t i = 1; i < bands; ++i)
         limits_.push_back(ys[i * ys.size() / bands]);
@@ -78,8 +78,9 @@ std::size_t CircleIndex::bandOf(double y) const
 void CircleIndex::begin(double horizon)
 {
     horizon_ = horizon;
-    for (std::vector<Entry>& cell : cells_)
-        cell.clear();
+    for (std::size_t cell : used_)
+        cells_[cell].clear();
+    used_.clear();
 }
 
 CircleIndex::Added CircleIndex::add(const Circumcircle& circle, std::int32_t id, double from)
@@ -105,14 +106,21 @@ CircleIndex::Added CircleIndex::add(const Circumcircle& circle, std::int32_t id,
     std::size_t level = 0;
     while ((high >> level) - (low >> level) > 1)
         ++level;
-    std::vector<Entry>& lower = cells_[offsets_[level] + (low >> level)];
-    std::vector<Entry>& upper = cells_[offsets_[level] + (high >> level)];
-    if (std::max(lower.size(), upper.size()) >= crowd_ && std::isfinite(circle.squaredRadius))
+    const std::size_t lower = offsets_[level] + (low >> level);
+    const std::size_t upper = offsets_[level] + (high >> level);
+    if (std::max(cells_[lower].size(), cells_[upper].size()) >= crowd_ && std::isfinite(circle.squaredRadius))
         return Added::Crowded;
-    lower.push_back({circle, id});
-    if (&upper != &lower)
-        upper.push_back({circle, id});
+    put(lower, {circle, id});
+    if (upper != lower)
+        put(upper, {circle, id});
     return Added::Waits;
+}
+
+void CircleIndex::put(std::size_t cell, const Entry& entry)
+{
+    if (cells_[cell].empty())
+        used_.push_back(cell);
+    cells_[cell].push_back(entry);
 }
 
 } // namespace contour

@@ -17,8 +17,12 @@ namespace contour {
 // horizon the owner clears the index and adds anew what is left.
 class CircleIndex {
 public:
-    // The y of all points that will ever be asked for.
-    explicit CircleIndex(std::vector<double> ys);
+    // For so many points, with the y of all of them or of some taken at random.
+    CircleIndex(std::vector<double> ys, std::size_t points);
+
+    static std::size_t bandCountFor(std::size_t points);
+    std::size_t bandCount() const { return limits_.size() + 1; }
+    std::size_t bandOf(double y) const;
 
     // Empties the index; answers will be right up to x = horizon.
     void begin(double horizon);
@@ -36,6 +40,8 @@ public:
     template <class Inside>
     void at(double x, double y, Inside inside)
     {
+        if (used_.empty())
+            return;
         const std::size_t band = bandOf(y);
         for (std::size_t level = 0; level < offsets_.size(); ++level) {
             std::vector<Entry>& cell = cells_[offsets_[level] + (band >> level)];
@@ -59,8 +65,7 @@ private:
         std::int32_t id;
     };
 
-    std::size_t bandOf(double y) const;
-
+    void put(std::size_t cell, const Entry& entry);
     std::size_t rowOf(double y) const;
 
     std::size_t crowd_;                // circles in a band from which on no more are taken
@@ -70,6 +75,7 @@ private:
     double rowsPerUnit_ = 0.0;
     std::vector<std::size_t> offsets_; // of each level in cells_
     std::vector<std::vector<Entry>> cells_;
+    std::vector<std::size_t> used_; // cells that have had an entry since begin
     double horizon_ = 0.0;
 };
 

@@ -78,7 +78,9 @@ private:
     {
         if (!at(BuildStep::Triangulate, 0.0))
             return false;
-        surface_.prepare();
+        // Points set without a border are prepared already.
+        if (input_.bounds || parameters_.method == Method::InverseDistance)
+            surface_.prepare();
         if (surface_.vertexCount >= 3)
             surface_.triangulate(tick(BuildStep::Triangulate));
         return at(BuildStep::Triangulate, 1.0);

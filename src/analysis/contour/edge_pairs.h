@@ -8,6 +8,7 @@ namespace contour {
 struct Edge {
     std::int32_t from = -1;
     std::int32_t to = -1;
+    std::int32_t across = -1; // of a hole's edge: the triangle on its other side
 
     bool isDropped() const { return from < 0; }
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <numeric>
 
 namespace contour {
 
@@ -12,48 +13,53 @@ struct Edge {
     std::int32_t to;
 };
 
-std::uint64_t keyOf(const Edge& e)
-{
-    return static_cast<std::uint64_t>(std::min(e.from, e.to)) << 32U
-        | static_cast<std::uint64_t>(std::max(e.from, e.to));
-}
-
 // Edges that remain when, from the last one down, an edge and its nearest equal
-// before it leave the list together; in list order.
-std::vector<Edge> outerRim(const std::vector<Triangle>& triangles)
+// before it leave the list together; in list order. Equal edges meet at their
+// lower vertex, where there are few others.
+std::vector<Edge> outerRim(const std::vector<Triangle>& triangles, std::size_t vertexCount)
 {
     struct Numbered {
-        std::uint64_t key;
+        std::int32_t higher;
         std::uint32_t number;
     };
-    std::vector<Numbered> edges;
-    edges.reserve(triangles.size() * 3);
-    const auto add = [&edges](std::int32_t from, std::int32_t to) {
-        edges.push_back({keyOf({from, to}), static_cast<std::uint32_t>(edges.size())});
+    const auto edgeOf = [&triangles](std::size_t number) -> Edge {
+        const Triangle& t = triangles[number / 3];
+        const std::int32_t corners[4] = {t.a, t.b, t.c, t.a};
+        return {corners[number % 3], corners[number % 3 + 1]};
     };
-    for (const Triangle& t : triangles) {
-        add(t.a, t.b);
-        add(t.b, t.c);
-        add(t.c, t.a);
+    const std::size_t count = triangles.size() * 3;
+    std::vector<std::uint32_t> ends(vertexCount + 1, 0); // of each vertex in `edges`
+    for (std::size_t i = 0; i < count; ++i) {
+        const Edge e = edgeOf(i);
+        ++ends[static_cast<std::size_t>(std::min(e.from, e.to)) + 1];
     }
-    std::sort(edges.begin(), edges.end(), [](const Numbered& a, const Numbered& b) {
-        return a.key != b.key ? a.key < b.key : a.number < b.number;
-    });
+    std::partial_sum(ends.begin(), ends.end(), ends.begin());
+    std::vector<Numbered> edges(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        const Edge e = edgeOf(i);
+        edges[ends[static_cast<std::size_t>(std::min(e.from, e.to))]++] = {std::max(e.from, e.to),
+                                                                           static_cast<std::uint32_t>(i)};
+    }
     // Of an odd number of equal edges the first one is left over.
     std::vector<std::uint32_t> left;
-    for (std::size_t i = 0, j = 0; i < edges.size(); i = j) {
-        while (j < edges.size() && edges[j].key == edges[i].key)
-            ++j;
-        if ((j - i) % 2 == 1)
-            left.push_back(edges[i].number);
+    auto begin = edges.begin();
+    for (std::size_t vertex = 0; vertex < vertexCount; ++vertex) {
+        const auto end = edges.begin() + ends[vertex];
+        std::sort(begin, end, [](const Numbered& a, const Numbered& b) {
+            return a.higher != b.higher ? a.higher < b.higher : a.number < b.number;
+        });
+        while (begin != end) {
+            const auto next =
+                std::find_if(begin, end, [begin](const Numbered& e) { return e.higher != begin->higher; });
+            if ((next - begin) % 2 == 1)
+                left.push_back(begin->number);
+            begin = next;
+        }
     }
     std::sort(left.begin(), left.end());
     std::vector<Edge> rim;
-    for (std::uint32_t number : left) {
-        const Triangle& t = triangles[number / 3];
-        const std::int32_t corners[4] = {t.a, t.b, t.c, t.a};
-        rim.push_back({corners[number % 3], corners[number % 3 + 1]});
-    }
+    for (std::uint32_t number : left)
+        rim.push_back(edgeOf(number));
     return rim;
 }
 
@@ -138,7 +144,7 @@ bool SurfaceModel::boundaryFromHull()
 {
     if (!triangulated || boundary.size() > 3)
         return false;
-    const std::vector<Edge> rim = outerRim(triangles);
+    const std::vector<Edge> rim = outerRim(triangles, vertices.size());
     if (rim.empty())
         return false;
     for (std::int32_t vertex : chainOf(rim)) {

@@ -102,34 +102,59 @@ void SurfaceModel::setPoints(const PointList& given)
     triangulated = false;
 }
 
-void SurfaceModel::prepare()
-{
-    dropNonNumbers(&points);
-    const std::vector<char> repeats = Doubles(&points).drop();
-    sortVertices(repeats);
-    triangles.clear();
-    triangleCount = 0;
-}
+namespace {
 
-// By x; of equal ones the earlier first.
-void SurfaceModel::sortVertices(const std::vector<char>& repeats)
+struct Ranked {
+    double x;
+    std::uint32_t point;
+};
+
+// Numbers of the points by x, of equal ones in their order.
+std::vector<Ranked> orderByX(const PointList& points)
 {
-    struct Ranked {
-        double x;
-        std::uint32_t point;
-    };
     std::vector<Ranked> order(points.size());
     for (std::size_t i = 0; i < points.size(); ++i)
         order[i] = {points[i].x, static_cast<std::uint32_t>(i)};
     std::sort(order.begin(), order.end(),
               [](const Ranked& a, const Ranked& b) { return a.x != b.x ? a.x < b.x : a.point < b.point; });
-    vertices.assign(points.size() + 3, Point3());
-    repeats_.assign(points.size(), 0);
+    return order;
+}
+
+// Whether two points are near each other in plan; also true where so many have
+// about the same x that this is not told in short time.
+bool mayHaveNeighbours(const PointList& points, const std::vector<Ranked>& order)
+{
+    std::size_t looks = 8 * order.size();
     for (std::size_t i = 0; i < order.size(); ++i) {
-        vertices[i] = points[order[i].point];
-        repeats_[i] = repeats[order[i].point];
+        for (std::size_t j = i + 1; j < order.size() && order[j].x - order[i].x < 2.0 * GEOM_TOL; ++j) {
+            if (looks-- == 0 || std::fabs(points[order[i].point].y - points[order[j].point].y) < 2.0 * GEOM_TOL)
+                return true;
+        }
     }
+    return false;
+}
+
+} // namespace
+
+void SurfaceModel::prepare()
+{
+    dropNonNumbers(&points);
+    std::vector<Ranked> order = orderByX(points);
+    repeats_.assign(points.size(), 0);
+    if (mayHaveNeighbours(points, order)) {
+        const std::vector<char> repeats = Doubles(&points).drop();
+        if (order.size() != points.size())
+            order = orderByX(points);
+        repeats_.resize(points.size());
+        for (std::size_t i = 0; i < order.size(); ++i)
+            repeats_[i] = repeats[order[i].point];
+    }
+    vertices.assign(points.size() + 3, Point3());
+    for (std::size_t i = 0; i < order.size(); ++i)
+        vertices[i] = points[order[i].point];
     vertexCount = static_cast<std::int32_t>(points.size());
+    triangles.clear();
+    triangleCount = 0;
 }
 
 bool SurfaceModel::hasSharedPlaces() const { return std::find(repeats_.begin(), repeats_.end(), 1) != repeats_.end(); }

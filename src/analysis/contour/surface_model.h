@@ -88,7 +88,6 @@ public:
     geometry::Box3 box() const;
 
 private:
-    void sortVertices(const std::vector<char>& repeats);
     void addExactBorder();
     bool gridBox(geometry::Box3* box);
 

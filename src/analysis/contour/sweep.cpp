@@ -2,45 +2,39 @@
 
 namespace contour {
 
-std::vector<double> Sweep::verticalPlaces() const
-{
-    std::vector<double> ys(static_cast<std::size_t>(count_));
-    for (std::int32_t i = 0; i < count_; ++i)
-        ys[static_cast<std::size_t>(i)] = at(i).y;
-    return ys;
-}
+namespace {
 
-bool Sweep::placeOuterTriangle()
+bool placeOuterTriangle(PointList& vertices, std::int32_t count)
 {
-    double yMin = at(0).y;
-    double yMax = at(0).y;
-    for (std::int32_t i = 1; i < count_; ++i) {
-        yMin = std::min(yMin, at(i).y);
-        yMax = std::max(yMax, at(i).y);
+    const auto end = vertices.begin() + count;
+    double yMin = vertices[0].y;
+    double yMax = vertices[0].y;
+    for (auto v = vertices.begin(); v != end; ++v) {
+        yMin = std::min(yMin, v->y);
+        yMax = std::max(yMax, v->y);
     }
-    const double xMin = at(0).x;
-    const double xMax = at(count_ - 1).x;
+    const double xMin = vertices[0].x;
+    const double xMax = (end - 1)->x;
     const double size = std::max(xMax - xMin, yMax - yMin);
     if (!(size > 0.0))
         return false;
     const double xMiddle = (xMax + xMin) / 2.0;
     const double yMiddle = (yMax + yMin) / 2.0;
-    Point3* corners = &vertices_[static_cast<std::size_t>(count_)];
-    corners[0].x = xMiddle - 20.0 * size;
-    corners[0].y = yMiddle - size;
-    corners[1].x = xMiddle;
-    corners[1].y = yMiddle + 20.0 * size;
-    corners[2].x = xMiddle + 20.0 * size;
-    corners[2].y = yMiddle - size;
+    end[0].x = xMiddle - 20.0 * size;
+    end[0].y = yMiddle - size;
+    end[1].x = xMiddle;
+    end[1].y = yMiddle + 20.0 * size;
+    end[2].x = xMiddle + 20.0 * size;
+    end[2].y = yMiddle - size;
     return true;
 }
 
+} // namespace
+
 bool Sweep::run(const Tick& tick)
 {
-    if (!placeOuterTriangle())
-        return false;
     startStretch(0);
-    addTriangle({count_, count_ + 1, count_ + 2}, -1);
+    addTriangle({count_, count_ + 1, count_ + 2});
     for (std::int32_t vertex = 0; vertex < count_; ++vertex) {
         if (vertex % kTickEvery == 0 && !goesOn(tick, static_cast<double>(vertex) / count_))
             return false;
@@ -59,17 +53,18 @@ bool Sweep::run(const Tick& tick)
 void Sweep::insert(std::int32_t vertex)
 {
     findPlacesToGo(vertex);
-    removePlaces();
+    removePlaces(vertex);
     if (!beyondMending_ && !seesLoop(vertices_, edges_, at(vertex)))
         mendHole(vertex);
     forgetRemoved();
     const std::size_t before = order_.size();
     for (const Edge& e : edges_) {
         if (!e.isDropped())
-            addTriangle({e.from, e.to, vertex}, vertex);
+            addTriangle({e.from, e.to, vertex});
     }
-    if (exactCavity_.hasBegun() && !beyondMending_)
-        exactCavity_.fill({order_.begin() + static_cast<std::ptrdiff_t>(before), order_.end()});
+    if (!beyondMending_)
+        mesh_.link(edges_, order_.data() + before);
+    lastIn_[index_.bandOf(at(vertex).y)] = vertex;
 }
 
 // Computed circles contradict each other, and the new triangles would overlap.
@@ -79,172 +74,64 @@ void Sweep::mendHole(std::int32_t vertex)
     for (const Removal& removal : removed_)
         computed.push_back(removal.id);
     takeBackRemovals();
-    if (!exactCavity_.hasBegun())
-        exactCavity_.begin(order_);
-    std::vector<std::int32_t> hole = exactCavity_.around(vertex, order_.back(), order_);
+    const std::int32_t holder =
+        mesh_.walk(at(vertex), placeToStart(vertex), order_, [](MeshTriangle&) { return false; });
+    std::vector<std::int32_t> hole = mesh_.exactHole(at(vertex), holder, goesWith(vertex));
     beyondMending_ = hole.empty();
-    if (beyondMending_)
+    if (beyondMending_) {
+        stopAskingNeighbours(vertex + 1);
         hole = computed;
+    }
     places_.clear();
     for (std::int32_t id : hole) {
-        record(id).goes = true;
-        places_.push_back(record(id).place);
+        mesh_[id].mark = goesWith(vertex);
+        places_.push_back(mesh_[id].place);
     }
     for (std::int32_t id : computed) {
-        if (!record(id).goes && !record(id).indexed)
-            settle(id, vertex);
+        if (mesh_[id].mark != goesWith(vertex) && mesh_[id].due == kUnasked)
+            settle(id, vertex + 1);
     }
     std::sort(places_.begin(), places_.end());
-    removePlaces();
+    removePlaces(vertex);
 }
 
-// About the square root of the number of vertices in one stretch: the index is
-// filled anew with what is open, which is of that order too as a rule.
-void Sweep::startStretch(std::int32_t vertex)
-{
-    const auto length = static_cast<std::int32_t>(std::max(32.0, std::sqrt(static_cast<double>(count_))));
-    stretchEnd_ = std::min(count_, vertex + length);
-    index_.begin(at(stretchEnd_ - 1).x);
-    freeRecords_.insert(freeRecords_.end(), goneRecords_.begin(), goneRecords_.end());
-    goneRecords_.clear();
-    std::size_t kept = 0;
-    for (std::int32_t id : open_) {
-        Record& r = record(id);
-        if (r.place < 0)
-            continue;
-        const CircleIndex::Added added = index_.add(r.circle, id, at(vertex).x);
-        if (added == CircleIndex::Added::Waits) {
-            open_[kept++] = id;
-        } else if (added == CircleIndex::Added::Crowded) {
-            r.indexed = false;
-            makeDue(id, vertex);
-        }
-    }
-    open_.resize(kept);
-}
-
-// A triangle is passed, and left alone from then on, once a vertex after the one
-// that made it lay wholly to the right of its circle.
-bool Sweep::wasPassed(const Record& r) const
-{
-    return previous_ > r.born && at(previous_).x > r.circle.x + std::sqrt(r.circle.squaredRadius);
-}
-
-void Sweep::findPlacesToGo(std::int32_t vertex)
-{
-    places_.clear();
-    index_.at(at(vertex).x, at(vertex).y, [&](std::int32_t id) {
-        Record& r = record(id);
-        if (r.place < 0)
-            return false;
-        if (!wasPassed(r)) {
-            r.goes = true;
-            places_.push_back(r.place);
-        }
-        return true;
-    });
-    findDueToGo(vertex);
-    findYoungToGo(vertex);
-    std::sort(places_.begin(), places_.end());
-}
-
-// Along a column of points most triangles go with the very next vertex; only
-// those that outlive it are worth a place in the index.
-void Sweep::findYoungToGo(std::int32_t vertex)
-{
-    for (std::int32_t id : young_) {
-        Record& r = record(id);
-        const double dx = at(vertex).x - r.circle.x;
-        const double dy = at(vertex).y - r.circle.y;
-        if (dx * dx + dy * dy <= r.circle.squaredRadius) {
-            r.goes = true;
-            places_.push_back(r.place);
-        } else {
-            settle(id, vertex);
-        }
-    }
-    young_.clear();
-}
-
-void Sweep::settle(std::int32_t id, std::int32_t vertex)
-{
-    const CircleIndex::Added added = index_.add(record(id).circle, id, at(vertex).x);
-    if (added == CircleIndex::Added::Crowded)
-        makeDue(id, vertex + 1);
-    if (added != CircleIndex::Added::Waits)
-        return;
-    record(id).indexed = true;
-    open_.push_back(id);
-}
-
-void Sweep::makeDue(std::int32_t id, std::int32_t from)
-{
-    if (!firstInCircle_) {
-        firstInCircle_.emplace(vertices_, count_, repeats_);
-        firstDue_.assign(static_cast<std::size_t>(count_), -1);
-    }
-    Record& r = record(id);
-    r.due = firstInCircle_->from(from, r.circle);
-    if (r.due < 0)
-        return;
-    std::int32_t& first = firstDue_[static_cast<std::size_t>(r.due)];
-    dues_.push_back({id, r.born, first});
-    first = static_cast<std::int32_t>(dues_.size()) - 1;
-}
-
-// No vertex between a triangle's birth and this one lay in its circle. It stays
-// if the sweep has passed it, and is then asked no more.
-void Sweep::findDueToGo(std::int32_t vertex)
-{
-    if (!firstInCircle_)
-        return;
-    for (std::int32_t i = firstDue_[static_cast<std::size_t>(vertex)]; i >= 0;) {
-        const Due& due = dues_[static_cast<std::size_t>(i)];
-        Record& r = record(due.id);
-        if (r.place >= 0 && r.due == vertex && r.born == due.born) {
-            r.due = -1;
-            if (!wasPassed(r)) {
-                r.goes = true;
-                places_.push_back(r.place);
-            }
-        }
-        i = due.next;
-    }
-}
-
-void Sweep::removePlaces()
+void Sweep::removePlaces(std::int32_t vertex)
 {
     edges_.clear();
     removed_.clear();
     for (std::int32_t place : places_) {
         // Places beyond the end were the last one when something moved them away.
         if (place < static_cast<std::int32_t>(order_.size()))
-            removeFrom(place);
+            removeFrom(place, goesWith(vertex));
     }
-    edgePairs_.drop(&edges_);
+    if (beyondMending_)
+        edgePairs_.drop(&edges_);
 }
 
 // The last triangle moves into the place, and is the next to be looked at there.
-void Sweep::removeFrom(std::int32_t place)
+// Sides between two triangles that go are left out, as long as it is known who
+// is whose neighbour.
+void Sweep::removeFrom(std::int32_t place, std::int32_t mark)
 {
     bool again = true;
     while (again) {
         const std::int32_t id = order_[static_cast<std::size_t>(place)];
-        Record& gone = record(id);
-        const Triangle& t = corners_[static_cast<std::size_t>(id)];
-        edges_.push_back({t.a, t.b});
-        edges_.push_back({t.b, t.c});
-        edges_.push_back({t.c, t.a});
+        MeshTriangle& gone = mesh_[id];
+        const std::int32_t loop[] = {gone.corners.a, gone.corners.b, gone.corners.c, gone.corners.a};
+        for (std::size_t i = 0; i < 3; ++i) {
+            const std::int32_t across = gone.beside[i];
+            if (beyondMending_ || across < 0 || mesh_[across].mark != mark)
+                edges_.push_back({loop[i], loop[i + 1], across});
+        }
         gone.place = -1;
-        gone.goes = false;
         removed_.push_back({place, id});
         const std::int32_t moved = order_.back();
         order_.pop_back();
         again = false;
         if (moved != id) {
             order_[static_cast<std::size_t>(place)] = moved;
-            record(moved).place = place;
-            again = record(moved).goes;
+            mesh_[moved].place = place;
+            again = mesh_[moved].mark == mark;
         }
     }
 }
@@ -256,46 +143,32 @@ void Sweep::takeBackRemovals()
         order_.push_back(removal->id);
         if (removal->place != end) {
             std::swap(order_[static_cast<std::size_t>(removal->place)], order_.back());
-            record(order_.back()).place = end;
+            mesh_[order_.back()].place = end;
         }
-        record(removal->id).place = removal->place;
+        mesh_[removal->id].place = removal->place;
     }
     for (const Removal& removal : removed_)
-        record(removal.id).goes = false;
+        mesh_[removal.id].mark = -1;
 }
 
 void Sweep::forgetRemoved()
 {
-    if (exactCavity_.hasBegun() && !beyondMending_) {
-        std::vector<std::int32_t> gone;
-        for (const Removal& removal : removed_)
-            gone.push_back(removal.id);
-        exactCavity_.open(gone);
+    for (const Removal& removal : removed_) {
+        if (mesh_[removal.id].due == kIndexed)
+            gone_.push_back(removal.id);
+        else
+            mesh_.release(removal.id);
     }
-    for (const Removal& removal : removed_)
-        (record(removal.id).indexed ? goneRecords_ : freeRecords_).push_back(removal.id);
 }
 
-void Sweep::addTriangle(const Triangle& corners, std::int32_t vertex)
+void Sweep::addTriangle(const Triangle& corners)
 {
-    std::int32_t id = 0;
-    if (freeRecords_.empty()) {
-        id = static_cast<std::int32_t>(records_.size());
-        records_.emplace_back();
-        corners_.emplace_back();
-    } else {
-        id = freeRecords_.back();
-        freeRecords_.pop_back();
-    }
-    Record& r = record(id);
-    corners_[static_cast<std::size_t>(id)] = corners;
-    r.place = static_cast<std::int32_t>(order_.size());
-    r.born = vertex;
-    r.due = -1;
-    r.indexed = false;
-    r.goes = false;
+    const std::int32_t id = mesh_.add(corners);
+    MeshTriangle& t = mesh_[id];
+    t.place = static_cast<std::int32_t>(order_.size());
     order_.push_back(id);
-    if (circumcircle(at(corners.a), at(corners.b), at(corners.c), &r.circle))
+    t.due = kUnasked;
+    if (!std::isnan(t.circle.squaredRadius))
         young_.push_back(id);
 }
 
@@ -303,7 +176,7 @@ void Sweep::collect(std::vector<Triangle>* triangles) const
 {
     triangles->reserve(order_.size());
     for (std::int32_t id : order_)
-        triangles->push_back(corners_[static_cast<std::size_t>(id)]);
+        triangles->push_back(mesh_[id].corners);
     const auto usesOuter = [this](const Triangle& t) { return t.a >= count_ || t.b >= count_ || t.c >= count_; };
     for (std::size_t i = 0; i < triangles->size();) {
         if (!usesOuter((*triangles)[i])) {
@@ -319,6 +192,8 @@ bool sweepTriangulation(PointList* vertices, std::int32_t vertexCount, const std
                         std::vector<Triangle>* triangles, const Tick& tick)
 {
     triangles->clear();
+    if (!placeOuterTriangle(*vertices, vertexCount))
+        return false;
     Sweep sweep(*vertices, vertexCount, repeats);
     if (!sweep.run(tick))
         return false;

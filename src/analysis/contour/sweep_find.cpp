@@ -1,0 +1,264 @@
+// Which triangles make room for a vertex.
+
+#include "analysis/contour/sweep_run.h"
+
+namespace contour {
+
+namespace {
+
+// Doubts are shares of the map's squared extent. Where much is in doubt more is
+// taken on trust, and more neighbours are asked for it; a set on which even that
+// does not help is one of flat triangles.
+constexpr float kLeastTrust = 1e-12F;
+constexpr float kMostTrust = 1e-7F;
+constexpr float kTrustGrows = 8.0F;
+constexpr std::int32_t kDoubtedFor = 16; // of so many triangles one may be doubted
+constexpr std::int32_t kDoubtedAtOnce = 64;
+
+// So many vertices tell how their y are spread.
+constexpr std::size_t kVerticesABand = 16;
+
+} // namespace
+
+Sweep::Sweep(PointList& vertices, std::int32_t count, const std::vector<char>& repeats)
+    : vertices_(vertices),
+      count_(count),
+      repeats_(repeats),
+      mesh_(vertices, count),
+      index_(someVerticalPlaces(), static_cast<std::size_t>(count)),
+      lastIn_(index_.bandCount(), -1),
+      trust_(kLeastTrust)
+{
+    order_.reserve(2 * vertices.size());
+    reach_ = 2.0 * static_cast<double>(trust_) * mesh_.scale();
+}
+
+// Taken at random, since vertices of grids repeat in steps.
+std::vector<double> Sweep::someVerticalPlaces() const
+{
+    const auto all = static_cast<std::size_t>(count_);
+    const std::size_t wanted = kVerticesABand * CircleIndex::bandCountFor(all);
+    std::vector<double> ys;
+    if (wanted >= all) {
+        for (std::int32_t i = 0; i < count_; ++i)
+            ys.push_back(at(i).y);
+        return ys;
+    }
+    ys.reserve(wanted);
+    std::uint64_t state = 88172645463325252ULL;
+    for (std::size_t i = 0; i < wanted; ++i) {
+        state = state * 6364136223846793005ULL + 1442695040888963407ULL;
+        ys.push_back(vertices_[static_cast<std::size_t>((state >> 33U) % all)].y);
+    }
+    return ys;
+}
+
+// About the square root of the number of vertices in one stretch: the index is
+// filled anew with what is open, which is of that order too as a rule.
+void Sweep::startStretch(std::int32_t vertex)
+{
+    const auto length = static_cast<std::int32_t>(std::max(32.0, std::sqrt(static_cast<double>(count_))));
+    stretchEnd_ = std::min(count_, vertex + length);
+    index_.begin(at(stretchEnd_ - 1).x);
+    for (std::int32_t id : gone_)
+        mesh_.release(id);
+    gone_.clear();
+    std::size_t kept = 0;
+    for (std::int32_t id : open_) {
+        MeshTriangle& t = mesh_[id];
+        if (t.place < 0)
+            continue;
+        const CircleIndex::Added added = index_.add(t.circle, id, at(vertex).x);
+        if (added == CircleIndex::Added::Waits) {
+            open_[kept++] = id;
+            continue;
+        }
+        t.due = kUnasked;
+        if (added == CircleIndex::Added::Crowded)
+            makeDue(id, vertex);
+    }
+    open_.resize(kept);
+}
+
+// A triangle is passed, and left alone from then on, once a vertex after the one
+// that made it lay wholly to the right of its circle.
+bool Sweep::wasPassed(const MeshTriangle& t) const
+{
+    return previous_ > t.corners.c && at(previous_).x > t.circle.x
+        && at(previous_).x > t.circle.x + std::sqrt(t.circle.squaredRadius);
+}
+
+void Sweep::goes(MeshTriangle& t, std::int32_t vertex)
+{
+    if (t.mark == goesWith(vertex))
+        return;
+    t.mark = goesWith(vertex);
+    places_.push_back(t.place);
+}
+
+bool Sweep::holds(const MeshTriangle& t, const Point3& p)
+{
+    const double dx = p.x - t.circle.x;
+    const double dy = p.y - t.circle.y;
+    return dx * dx + dy * dy <= t.circle.squaredRadius;
+}
+
+void Sweep::findPlacesToGo(std::int32_t vertex)
+{
+    places_.clear();
+    if (asksNeighbours_ && !findByNeighbours(vertex))
+        stopAskingNeighbours(vertex);
+    index_.at(at(vertex).x, at(vertex).y, [&](std::int32_t id) {
+        MeshTriangle& t = mesh_[id];
+        if (t.place < 0)
+            return false;
+        if (!wasPassed(t))
+            goes(t, vertex);
+        return true;
+    });
+    findDueToGo(vertex);
+    findYoungToGo(vertex);
+    std::sort(places_.begin(), places_.end());
+}
+
+// At the last vertex that came at about the same height.
+std::int32_t Sweep::placeToStart(std::int32_t vertex) const
+{
+    const std::int32_t last = lastIn_[index_.bandOf(at(vertex).y)];
+    const std::int32_t near = last < 0 ? -1 : mesh_.at(last);
+    return near < 0 || mesh_[near].place < 0 ? order_.back() : near;
+}
+
+// False when the vertex lies in no triangle, so that there is none to begin with.
+bool Sweep::findByNeighbours(std::int32_t vertex)
+{
+    const std::int32_t holder = mesh_.walk(at(vertex), placeToStart(vertex), order_, [&](MeshTriangle& t) {
+        return holds(t, at(vertex)) && doubtOf(t) <= trust_;
+    });
+    if (holder < 0 || trust_ > kMostTrust)
+        return false;
+    near_.clear();
+    near_.push_back(holder);
+    isNear(mesh_[holder], vertex);
+    for (std::size_t i = 0; i < near_.size(); ++i) {
+        for (std::int32_t id : mesh_[near_[i]].beside) {
+            if (id >= 0 && mesh_[id].mark < seenBy(vertex) && isNear(mesh_[id], vertex))
+                near_.push_back(id);
+        }
+    }
+    return true;
+}
+
+// Whether the circle holds the vertex, or might where it and those of all
+// triangles that are found in this way are computed as badly as can be.
+bool Sweep::isNear(MeshTriangle& t, std::int32_t vertex)
+{
+    t.mark = seenBy(vertex);
+    const double dx = at(vertex).x - t.circle.x;
+    const double dy = at(vertex).y - t.circle.y;
+    const double squaredDistance = dx * dx + dy * dy;
+    if (squaredDistance <= t.circle.squaredRadius) {
+        if (!wasPassed(t))
+            goes(t, vertex);
+        return true;
+    }
+    const double power = squaredDistance - t.circle.squaredRadius;
+    return !(power > reach_) || !(power > reach_ + static_cast<double>(doubtOf(t)) * mesh_.scale());
+}
+
+// From the vertex on all are found as those in doubt.
+void Sweep::stopAskingNeighbours(std::int32_t from)
+{
+    if (!asksNeighbours_)
+        return;
+    asksNeighbours_ = false;
+    for (std::int32_t id : order_) {
+        if (mesh_[id].due == kByNeighbours) {
+            mesh_[id].due = kUnasked;
+            settle(id, from);
+        }
+    }
+}
+
+bool Sweep::isTrusted(MeshTriangle& t)
+{
+    const bool trusted = doubtOf(t) <= trust_;
+    ++made_;
+    doubted_ += trusted ? 0 : 1;
+    if (doubted_ >= kDoubtedAtOnce + made_ / kDoubtedFor) {
+        trust_ *= kTrustGrows;
+        reach_ = 2.0 * static_cast<double>(trust_) * mesh_.scale();
+        made_ = 0;
+        doubted_ = 0;
+    }
+    return trusted;
+}
+
+// Along a column of points most triangles go with the very next vertex; only
+// those that outlive it are worth a judgement or a place in the index.
+void Sweep::findYoungToGo(std::int32_t vertex)
+{
+    for (std::int32_t id : young_) {
+        MeshTriangle& t = mesh_[id];
+        if (t.mark == goesWith(vertex))
+            continue;
+        if (!asksNeighbours_ && holds(t, at(vertex)))
+            goes(t, vertex);
+        else if (asksNeighbours_ && isTrusted(t))
+            t.due = kByNeighbours;
+        else if (holds(t, at(vertex)))
+            goes(t, vertex);
+        else
+            settle(id, vertex + 1);
+    }
+    young_.clear();
+}
+
+// From the vertex on it is found by the index or by the tree.
+void Sweep::settle(std::int32_t id, std::int32_t from)
+{
+    const CircleIndex::Added added =
+        from < count_ ? index_.add(mesh_[id].circle, id, at(from).x) : CircleIndex::Added::Passed;
+    if (added == CircleIndex::Added::Crowded)
+        makeDue(id, from);
+    if (added != CircleIndex::Added::Waits)
+        return;
+    mesh_[id].due = kIndexed;
+    open_.push_back(id);
+}
+
+void Sweep::makeDue(std::int32_t id, std::int32_t from)
+{
+    if (!firstInCircle_) {
+        firstInCircle_.emplace(vertices_, count_, repeats_);
+        firstDue_.assign(static_cast<std::size_t>(count_), -1);
+    }
+    MeshTriangle& t = mesh_[id];
+    const std::int32_t due = firstInCircle_->from(from, t.circle);
+    if (due < 0)
+        return;
+    t.due = due;
+    std::int32_t& first = firstDue_[static_cast<std::size_t>(due)];
+    dues_.push_back({id, t.corners.c, first});
+    first = static_cast<std::int32_t>(dues_.size()) - 1;
+}
+
+// No vertex between a triangle's birth and this one lay in its circle. It stays
+// if the sweep has passed it, and is then asked no more.
+void Sweep::findDueToGo(std::int32_t vertex)
+{
+    if (!firstInCircle_)
+        return;
+    for (std::int32_t i = firstDue_[static_cast<std::size_t>(vertex)]; i >= 0;) {
+        const Due& due = dues_[static_cast<std::size_t>(i)];
+        MeshTriangle& t = mesh_[due.id];
+        if (t.place >= 0 && t.due == vertex && t.corners.c == due.born) {
+            t.due = kUnasked;
+            if (!wasPassed(t))
+                goes(t, vertex);
+        }
+        i = due.next;
+    }
+}
+
+} // namespace contour
