@@ -1,7 +1,7 @@
 #include "reports/docx/docx_merger.h"
 
 #include "files/written_file.h"
-#include "reports/docx/body_appender.h"
+#include "reports/docx/body_text.h"
 #include "reports/docx/part_copier.h"
 
 #include <QDebug>
@@ -19,16 +19,23 @@ bool isSameFile(const QString& one, const QString& other)
     return !path.isEmpty() && path == QFileInfo(other).canonicalFilePath();
 }
 
-/// Why a file cannot be taken; empty when it was read.
-QString readFile(const QString& path, PackageReader* package, WordDocument* parts)
-{
-    if (!package->open(path))
-        return package->fault();
-    if (!parts->read(*package, docx::LinkedImages::Kept))
-        return parts->fault;
-    const bool hasBody = !parts->document.documentElement().firstChildElement(QStringLiteral("w:body")).isNull();
-    return hasBody ? QString() : QStringLiteral("the document has no body");
-}
+/// One of the files, read up to its body.
+struct InputFile {
+    PackageReader package;
+    WordDocument parts;
+    std::unique_ptr<docx::DocumentText> text;
+
+    /// Why the file cannot be taken; empty when it was read.
+    QString open(const QString& path)
+    {
+        if (!package.open(path))
+            return package.fault();
+        if (!parts.read(package, docx::LinkedImages::Kept, docx::MainPart::Text))
+            return parts.fault;
+        text = std::make_unique<docx::DocumentText>(parts.text);
+        return text->readHead() ? QString() : QStringLiteral("the document has no body");
+    }
+};
 
 /// Carries one relationship of a later file over; what is of no use to the body
 /// is passed over.
@@ -58,21 +65,21 @@ void carryRelationship(const QDomElement& relationship, const WordDocument& part
 /// False only when the merged file cannot be written.
 bool appendFile(const QString& path, MergedDocument* merged)
 {
-    PackageReader package;
-    WordDocument parts;
-    const QString fault = readFile(path, &package, &parts);
+    InputFile file;
+    const QString fault = file.open(path);
     if (!fault.isEmpty()) {
         qDebug() << "DocxMerger: Skipped a file that does not open:" << path << fault;
         return true;
     }
-    docx::renumberDrawings(parts.document.documentElement(), merged);
-    docx::PartCopier copier(package, parts, merged);
-    docx::RelationshipMap map;
-    for (const QDomElement& relationship : docx::relationshipElements(parts.relationships))
-        carryRelationship(relationship, parts, &copier, merged, &map);
+    docx::PartCopier copier(file.package, file.parts, merged);
+    docx::BodyChanges changes;
+    for (const QDomElement& relationship : docx::relationshipElements(file.parts.relationships))
+        carryRelationship(relationship, file.parts, &copier, merged, &changes.relationships);
     if (copier.failed())
         return false;
-    docx::appendBody(parts, map, merged);
+    changes.namespaces = merged->adoptRoot(file.text->around().rootAttributes);
+    changes.newDrawingId = [merged] { return merged->newDrawingId(); };
+    merged->appendPage(file.text->readBody(changes));
     return true;
 }
 
@@ -105,10 +112,9 @@ bool DocxMerger::mergeAll(const QString& outputPath) const
 {
     MergedDocument merged;
     {
-        PackageReader first;
-        WordDocument parts;
-        const QString fault = readFile(inputs_.first(), &first, &parts);
-        if (!fault.isEmpty() || !merged.start(first, parts, outputPath)) {
+        InputFile first;
+        const QString fault = first.open(inputs_.first());
+        if (!fault.isEmpty() || !merged.start(first.package, first.parts, first.text.get(), outputPath)) {
             qDebug() << "DocxMerger: Failed to copy first file to" << outputPath;
             if (!fault.isEmpty())
                 qDebug() << "DocxMerger: First file does not open:" << fault;

@@ -5,6 +5,7 @@
 #include "reports/docx/xml_walk.h"
 
 #include <QDebug>
+#include <QFile>
 
 using docx::firstDescendant;
 
@@ -63,7 +64,8 @@ void DocxTemplate::close()
     nextRelation = 1;
     relationsXml.clear();
     contentTypesXml.clear();
-    for (auto* set : {&changedTexts_, &changedPictures_, &relationshipIds_})
+    changedPictures_.clear();
+    for (auto* set : {&changedTexts_, &relationshipIds_})
         set->clear();
     reservedIds_.reset();
     valid_ = false;
@@ -126,7 +128,7 @@ bool DocxTemplate::readImages(const docx::WordDocument& parts)
 
 QStringList DocxTemplate::tags() const { return valid_ ? tagTypes.keys() : QStringList(); }
 
-bool DocxTemplate::setTag(const QString& tag, const QString& value)
+bool DocxTemplate::setTag(const QString& tag, const QString& value, const QPixmap& known)
 {
     if (!valid_ || !tagTypes.contains(tag))
         return false;
@@ -135,13 +137,17 @@ bool DocxTemplate::setTag(const QString& tag, const QString& value)
         changedTexts_.insert(tag);
         return true;
     }
-    const QPixmap pixmap(value);
-    if (pixmap.isNull()) {
+    // Not by the path: the toolkit keeps what it read of one, and takes another
+    // file of the same length, written there within the second, for the same.
+    QFile file(value);
+    const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    QPixmap pixmap = docx::isPng(bytes) ? known : QPixmap();
+    if (pixmap.isNull() && !pixmap.loadFromData(bytes)) {
         qDebug() << "Failed to load image: " << value;
         return false;
     }
     m_rels_image[tag] = pixmap;
-    changedPictures_.insert(tag);
+    changedPictures_[tag] = {pixmap.cacheKey(), docx::isPng(bytes) ? bytes : QByteArray()};
     return true;
 }
 

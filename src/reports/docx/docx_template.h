@@ -41,7 +41,9 @@ public:
     /// any other control the text, which reaches the document at save(). False
     /// for an unknown tag or an image that does not load ("Failed to load
     /// image: " in the debug log).
-    bool setTag(const QString& tag, const QString& value);
+    bool setTag(const QString& tag, const QString& value) { return setTag(tag, value, QPixmap()); }
+    /// The same for a file whose picture the caller has: it is not unpacked anew.
+    bool setTag(const QString& tag, const QString& value, const QPixmap& known);
 
     /// Writes the kept text into the first w:t of the control. Further w:t of
     /// it keep their texts. False, and nothing changes, for a control without a
@@ -84,8 +86,13 @@ private:
     QString mainPart_;           ///< entry of `document`
     QString relationshipsPart_;  ///< of it
     QSet<QString> changedTexts_; ///< tags set by setTag, so that others stay untouched
-    QSet<QString> changedPictures_;
-    QSet<QString> relationshipIds_; ///< of every type
+    /// A PNG file that a picture was set from, so that it is not packed anew.
+    struct PictureFile {
+        qint64 pixmap = 0; ///< key of the one that was read of it
+        QByteArray bytes;
+    };
+    QMap<QString, PictureFile> changedPictures_; ///< by tag
+    QSet<QString> relationshipIds_;              ///< of every type
     std::unique_ptr<docx::ReservedDrawingIds> reservedIds_;
 
     friend class DocxTemplateSave;

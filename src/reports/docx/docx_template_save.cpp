@@ -17,6 +17,7 @@ struct NewPicture {
     QString id;
     QString path;
     QPixmap pixmap;
+    QByteArray png; ///< the same, where it is known already
 };
 
 /// Names of parts and ids of relationships are URIs and XML names: Word takes a
@@ -68,10 +69,17 @@ private:
             if (type.value() != DocxTemplate::Picture || pixmap.isNull() || !template_.changedPictures_.contains(tag))
                 continue;
             const QString path = freePath(tag, &counter);
-            addPicture({tag, true, freeId(tag), path, pixmap});
+            addPicture({tag, true, freeId(tag), path, pixmap, fileOf(tag, pixmap)});
         }
         for (auto image = template_.newImages.begin(); image != template_.newImages.end(); ++image)
-            addPicture({QString(), false, image.key(), template_.newImagePaths.value(image.key()), image.value()});
+            addPicture({QString(), false, image.key(), template_.newImagePaths.value(image.key()), image.value(), {}});
+    }
+
+    /// Empty for a picture that did not come from a PNG file, or was replaced since.
+    QByteArray fileOf(const QString& tag, const QPixmap& pixmap) const
+    {
+        const DocxTemplate::PictureFile file = template_.changedPictures_.value(tag);
+        return file.pixmap == pixmap.cacheKey() ? file.bytes : QByteArray();
     }
 
     void addPicture(const NewPicture& picture)
@@ -210,7 +218,7 @@ private:
     {
         const QString owner = picture.ofTag ? picture.tag : picture.id;
         qDebug() << "Adding new image file:" << picture.path << (picture.ofTag ? "for tag" : "for rId") << owner;
-        const QByteArray bytes = docx::pngBytes(picture.pixmap);
+        const QByteArray bytes = picture.png.isEmpty() ? docx::pngBytes(picture.pixmap) : picture.png;
         if (bytes.isEmpty() || !writer->add(picture.path, bytes)) {
             qDebug() << (picture.ofTag ? "Failed to save image for tag" : "Failed to save image for rId") << owner;
             return false;

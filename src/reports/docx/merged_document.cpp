@@ -21,13 +21,40 @@ qint64 numberOf(const QString& id)
     return isNumber ? qMax(0, number) : 0;
 }
 
+/// Null where there is none.
+QString valueOf(const QVector<MarkupAttribute>& attributes, const QByteArray& name)
+{
+    for (const MarkupAttribute& attribute : attributes) {
+        if (attribute.name == name)
+            return QStringLiteral("") + attribute.value();
+    }
+    return QString();
+}
+
+/// Prefixes that a reader may pass over stay so in the merged document.
+void adoptIgnorable(const QVector<MarkupAttribute>& ofFile, const QVector<MarkupAttribute>& different,
+                    QVector<MarkupAttribute>* ours)
+{
+    const QByteArray name = QByteArrayLiteral("mc:Ignorable");
+    const auto prefixesOf = [&name](const QVector<MarkupAttribute>& attributes) {
+        return valueOf(attributes, name).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    };
+    QStringList prefixes = prefixesOf(*ours);
+    for (const QString& prefix : prefixesOf(ofFile)) {
+        if (!prefixes.contains(prefix) && !contains(different, "xmlns:" + prefix.toUtf8()))
+            prefixes.append(prefix);
+    }
+    if (!prefixes.isEmpty())
+        set({name, '"' + prefixes.join(QLatin1Char(' ')).toHtmlEscaped().toUtf8() + '"'}, ours);
+}
+
 } // namespace
 
-bool MergedDocument::start(const PackageReader& first, const WordDocument& firstParts, const QString& path)
+bool MergedDocument::start(const PackageReader& first, const WordDocument& firstParts, DocumentText* firstText,
+                           const QString& path)
 {
     parts_ = firstParts;
-    body_ = parts_.document.documentElement().firstChildElement(QStringLiteral("w:body"));
-    if (body_.isNull() || !writer_.open(path))
+    if (!writer_.open(path))
         return false;
     for (const PackageEntry& entry : first.entries()) {
         if (!grows(entry.name, parts_) && !writer_.copy(first, entry.name, entry.name))
@@ -35,7 +62,42 @@ bool MergedDocument::start(const PackageReader& first, const WordDocument& first
     }
     readNumbers(first);
     readContentTypes();
+    parts_.text.clear();
+    const BodyText body = firstText->readBody();
+    firstText->readTail();
+    around_ = firstText->around();
+    pages_.append(body.before);
+    section_ = body.section;
+    behindSection_ = body.behind;
     return true;
+}
+
+QVector<MarkupAttribute> MergedDocument::adoptRoot(const QVector<MarkupAttribute>& ofFile)
+{
+    QVector<MarkupAttribute> different;
+    QVector<MarkupAttribute>& ours = around_.rootAttributes;
+    for (const MarkupAttribute& theirs : ofFile) {
+        if (!theirs.name.startsWith("xmlns"))
+            continue;
+        const QString known = valueOf(ours, theirs.name);
+        if (known.isNull() && theirs.name != "xmlns")
+            ours.append(theirs);
+        else if (known != theirs.value())
+            different.append(theirs);
+    }
+    adoptIgnorable(ofFile, different, &ours);
+    return different;
+}
+
+void MergedDocument::appendPage(const BodyText& body)
+{
+    if (!section_.isEmpty())
+        pages_.append("\n  <w:p>\n   <w:pPr>" + section_ + "</w:pPr>\n  </w:p>");
+    pages_.append(behindSection_);
+    pages_.append("\n  <w:p>\n   <w:r>\n    <w:br w:type=\"page\"/>\n   </w:r>\n  </w:p>");
+    pages_.append(body.before);
+    section_ = body.section;
+    behindSection_ = body.behind;
 }
 
 void MergedDocument::readNumbers(const PackageReader& first)
@@ -59,9 +121,18 @@ void MergedDocument::readContentTypes()
     addDefault(QStringLiteral("png"), QStringLiteral("image/png"));
 }
 
+bool MergedDocument::giveDocument(const TakeBytes& take) const
+{
+    const auto all = [&take](const QByteArray& text) { return take(text.constData(), text.size()); };
+    QByteArray head = around_.prolog + (around_.prolog.isEmpty() ? "<" : "\n<") + around_.rootName;
+    for (const MarkupAttribute& attribute : around_.rootAttributes)
+        head += attribute.written();
+    return all(head + '>' + around_.beforeBody) && pages_.give(take) && all(section_ + behindSection_ + around_.tail);
+}
+
 bool MergedDocument::finish()
 {
-    return writer_.add(parts_.mainPart, printXml(parts_.document, 1))
+    return writer_.addPieces(parts_.mainPart, [this](const TakeBytes& take) { return giveDocument(take); })
         && writer_.add(parts_.relationshipsPart, printXml(parts_.relationships, 1))
         && writer_.add(parts::contentTypes(), printXml(parts_.contentTypes, 1)) && writer_.commit();
 }

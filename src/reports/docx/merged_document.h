@@ -1,24 +1,35 @@
 #pragma once
 // The document that grows while files are merged.
 
+#include "reports/docx/body_text.h"
 #include "reports/docx/package_writer.h"
+#include "reports/docx/packed_text.h"
 #include "reports/docx/part_names.h"
 #include "reports/docx/word_document.h"
 
 namespace docx {
 
 /// Starts as the first file. Hands out relationship ids, part names and drawing
-/// ids that are free in the whole package.
+/// ids that are free in the whole package. Of the bodies it keeps the packed
+/// text, so that the memory hardly grows with their number.
 class MergedDocument {
 public:
     /// Copies every entry of the first file but the three parts that grow.
-    bool start(const PackageReader& first, const WordDocument& firstParts, const QString& path);
+    /// `firstText` stands behind its head.
+    bool start(const PackageReader& first, const WordDocument& firstParts, DocumentText* firstText,
+               const QString& path);
 
     /// Writes the three parts and moves the file to its place.
     bool finish();
 
-    QDomDocument& document() { return parts_.document; }
-    QDomElement body() const { return body_; }
+    /// Gives the root what that of a later file declares in addition, and gives
+    /// back what is bound otherwise there.
+    QVector<MarkupAttribute> adoptRoot(const QVector<MarkupAttribute>& ofFile);
+
+    /// Appends a body on a new page. The section that ended the document ends
+    /// before it; the body's own section ends the document now.
+    void appendPage(const BodyText& body);
+
     /// How the document's relationships name a part.
     QString targetOf(const QString& partName) const { return relativeTarget(parts_.mainPart, partName); }
 
@@ -41,9 +52,14 @@ private:
     void declare(const QString& partName, const QString& contentType);
     void addDefault(const QString& suffix, const QString& contentType);
 
+    bool giveDocument(const TakeBytes& take) const;
+
     PackageWriter writer_;
     WordDocument parts_;
-    QDomElement body_;
+    AroundBody around_;
+    PackedText pages_; ///< up to the last section
+    QByteArray section_;
+    QByteArray behindSection_;
     QSet<QString> relationshipIds_;
     QSet<QString> defaults_; ///< suffixes in lower case
     DrawingIds drawingIds_;

@@ -90,28 +90,30 @@ bool PackageWriter::fail()
     return false;
 }
 
-bool PackageWriter::add(const QString& name, const QByteArray& bytes, const QDateTime& time)
+bool PackageWriter::addPieces(const QString& name, const std::function<bool(const TakeBytes&)>& give,
+                              const QDateTime& time)
 {
     if (!file_ || failed_ || names_.contains(name))
         return false;
     Entry entry(zip_.get(), name, time);
-    if (!entry.isOpen() || !entry.write(bytes.constData(), bytes.size()) || !entry.close())
+    const bool given =
+        entry.isOpen() && give([&entry](const char* piece, qint64 length) { return entry.write(piece, length); });
+    if (!given || !entry.close())
         return fail();
     names_.insert(name);
     return true;
 }
 
+bool PackageWriter::add(const QString& name, const QByteArray& bytes, const QDateTime& time)
+{
+    return addPieces(
+        name, [&bytes](const TakeBytes& take) { return take(bytes.constData(), bytes.size()); }, time);
+}
+
 bool PackageWriter::copy(const PackageReader& from, const QString& name, const QString& newName)
 {
-    if (!file_ || failed_ || names_.contains(newName))
-        return false;
-    Entry entry(zip_.get(), newName, from.entry(name).time);
-    const bool copied = entry.isOpen()
-        && from.stream(name, [&entry](const char* piece, qint64 length) { return entry.write(piece, length); });
-    if (!copied || !entry.close())
-        return fail();
-    names_.insert(newName);
-    return true;
+    return addPieces(
+        newName, [&](const TakeBytes& take) { return from.stream(name, take); }, from.entry(name).time);
 }
 
 bool PackageWriter::commit()

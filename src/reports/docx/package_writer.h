@@ -5,8 +5,12 @@
 #include "reports/docx/package_reader.h"
 
 #include <QSet>
+#include <functional>
 
 namespace docx {
+
+/// Takes the bytes of an entry piece by piece; false when they cannot be taken.
+using TakeBytes = std::function<bool(const char*, qint64)>;
 
 class PackageWriter {
 public:
@@ -20,6 +24,11 @@ public:
     /// the byte: without `time` an entry bears the earliest date of the format.
     /// False for a name that stands already or a failed write.
     bool add(const QString& name, const QByteArray& bytes, const QDateTime& time = QDateTime());
+
+    /// The same for bytes that `give` hands over piece by piece; it gives false
+    /// when it has not handed over all of them.
+    bool addPieces(const QString& name, const std::function<bool(const TakeBytes&)>& give,
+                   const QDateTime& time = QDateTime());
 
     /// Adds an entry of another container under `newName`, byte for byte.
     bool copy(const PackageReader& from, const QString& name, const QString& newName);

@@ -6,7 +6,9 @@
 #include <QDebug>
 
 namespace docx {
+namespace {
 
+/// Gives every drawing under `root` a new id. False when there was none.
 bool renumberDrawings(const QDomElement& root, MergedDocument* merged)
 {
     bool found = false;
@@ -18,6 +20,8 @@ bool renumberDrawings(const QDomElement& root, MergedDocument* merged)
     });
     return found;
 }
+
+} // namespace
 
 PartCopier::PartCopier(const PackageReader& source, const WordDocument& sourceParts, MergedDocument* merged)
     : source_(source), sourceParts_(sourceParts), merged_(merged)

@@ -8,9 +8,6 @@
 
 namespace docx {
 
-/// Gives every drawing under `root` a new id. False when there was none.
-bool renumberDrawings(const QDomElement& root, MergedDocument* merged);
-
 /// Copies parts of one file. A part that is reached twice is copied once.
 class PartCopier {
 public:

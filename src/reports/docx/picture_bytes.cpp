@@ -9,6 +9,8 @@
 namespace docx {
 namespace {
 
+QByteArray signature() { return QByteArrayLiteral("\x89PNG\r\n\x1a\n"); }
+
 // Numbers of the format have their highest byte first.
 QByteArray number(quint32 value)
 {
@@ -70,6 +72,8 @@ QPixmap pngPixmap(const QByteArray& bytes, PixelBudget* budget)
     return QPixmap::fromImageReader(&reader);
 }
 
+bool isPng(const QByteArray& bytes) { return bytes.startsWith(signature()); }
+
 QByteArray pngBytes(const QPixmap& pixmap)
 {
     if (pixmap.isNull())
@@ -80,7 +84,7 @@ QByteArray pngBytes(const QPixmap& pixmap)
     if (image.isNull() || packed.isEmpty())
         return QByteArray();
     constexpr char bitsPerChannel = 8, colors = 2, colorsAndAlpha = 6, metre = 1;
-    QByteArray bytes("\x89PNG\r\n\x1a\n", 8);
+    QByteArray bytes = signature();
     addChunk(bytes, "IHDR",
              number(quint32(image.width())) + number(quint32(image.height())) + bitsPerChannel
                  + (alpha ? colorsAndAlpha : colors) + QByteArray(3, '\0'));

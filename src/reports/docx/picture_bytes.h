@@ -15,6 +15,9 @@ struct PixelBudget {
 /// The picture of PNG bytes. Null for any other format and beyond the budget.
 QPixmap pngPixmap(const QByteArray& bytes, PixelBudget* budget);
 
+/// Whether the bytes begin as those of a PNG file.
+bool isPng(const QByteArray& bytes);
+
 /// The picture as PNG, empty on failure.
 QByteArray pngBytes(const QPixmap& pixmap);
 

@@ -32,21 +32,40 @@ QString mainPartOf(const PackageReader& package)
     return parts::document();
 }
 
-} // namespace
+QString notRead(const QString& part) { return QStringLiteral("a part is missing or too large: ") + part; }
 
-bool WordDocument::read(const PackageReader& package, LinkedImages linked)
+QString notParsed(const QString& part, const QString& error)
 {
-    return readParts(package) && readImages(package, linked);
+    return QStringLiteral("a part does not parse: ") + part + QStringLiteral(": ") + error;
 }
 
-bool WordDocument::readParts(const PackageReader& package)
+} // namespace
+
+bool WordDocument::read(const PackageReader& package, LinkedImages linked, MainPart mainPartAs)
+{
+    return readParts(package, mainPartAs) && readImages(package, linked);
+}
+
+bool WordDocument::readParts(const PackageReader& package, MainPart mainPartAs)
 {
     images.clear();
     fault.clear();
     mainPart = mainPartOf(package);
     relationshipsPart = relationshipsPartOf(mainPart);
-    return readPart(package, mainPart, &document) && readPart(package, relationshipsPart, &relationships)
+    const bool hasMain = mainPartAs == MainPart::Text ? readText(package) : readPart(package, mainPart, &document);
+    return hasMain && readPart(package, relationshipsPart, &relationships)
         && readPart(package, parts::contentTypes(), &contentTypes);
+}
+
+bool WordDocument::readText(const PackageReader& package)
+{
+    QByteArray bytes;
+    QString error;
+    if (!package.read(mainPart, &bytes))
+        fault = notRead(mainPart);
+    else if (!checkXml(bytes, &text, &error))
+        fault = notParsed(mainPart, error);
+    return fault.isEmpty();
 }
 
 bool WordDocument::readPart(const PackageReader& package, const QString& name, QDomDocument* part)
@@ -54,9 +73,9 @@ bool WordDocument::readPart(const PackageReader& package, const QString& name, Q
     QByteArray bytes;
     QString error;
     if (!package.read(name, &bytes))
-        fault = QStringLiteral("a part is missing or too large: ") + name;
+        fault = notRead(name);
     else if (!parseXml(bytes, part, &error))
-        fault = QStringLiteral("a part does not parse: ") + name + QStringLiteral(": ") + error;
+        fault = notParsed(name, error);
     return fault.isEmpty();
 }
 
@@ -99,7 +118,7 @@ QVector<QDomElement> relationshipElements(const QDomDocument& relationships)
 
 DrawingIds drawingIds(const PackageReader& package, const WordDocument& parts)
 {
-    DrawingIds ids = drawingIds(parts.document.documentElement());
+    DrawingIds ids = parts.document.isNull() ? drawingIds(parts.text) : drawingIds(parts.document.documentElement());
     for (const PackageEntry& entry : package.entries()) {
         QByteArray bytes;
         if (mayHoldDrawings(entry.name, parts.mainPart) && package.read(entry.name, &bytes) && bytes.contains(":docPr")

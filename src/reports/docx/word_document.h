@@ -29,9 +29,13 @@ inline QString relationshipsNamespace()
 /// What becomes of a picture that a file only points at.
 enum class LinkedImages { Refused, Kept };
 
-/// The three parts that hold a document together, as trees.
+/// How the main part is held: it is the one that may be large.
+enum class MainPart { Tree, Text };
+
+/// The three parts that hold a document together.
 struct WordDocument {
-    QDomDocument document;
+    QDomDocument document; ///< null where the main part is a text
+    QByteArray text;       ///< of the main part, in UTF-8; empty where it is a tree
     QDomDocument relationships;
     QDomDocument contentTypes;
     QString mainPart;              ///< "word/document.xml", or what the package names as its document
@@ -42,10 +46,12 @@ struct WordDocument {
     /// False when a part is missing or does not parse, or an image does not
     /// stand in the package: linked images are among these unless they are kept
     /// as links. Logs "Failed to open image file: " for the latter.
-    bool read(const PackageReader& package, LinkedImages linked = LinkedImages::Refused);
+    bool read(const PackageReader& package, LinkedImages linked = LinkedImages::Refused,
+              MainPart mainPartAs = MainPart::Tree);
 
 private:
-    bool readParts(const PackageReader& package);
+    bool readParts(const PackageReader& package, MainPart mainPartAs);
+    bool readText(const PackageReader& package);
     bool readPart(const PackageReader& package, const QString& name, QDomDocument* part);
     bool readImages(const PackageReader& package, LinkedImages linked);
 };

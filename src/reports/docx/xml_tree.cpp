@@ -129,6 +129,23 @@ bool parseXml(const QByteArray& bytes, QDomDocument* document, QString* error)
     return false;
 }
 
+bool checkXml(const QByteArray& bytes, QByteArray* text, QString* error)
+{
+    *text = bytes.size() > XmlBounds::bytes ? bytes : inUtf8(bytes);
+    *error = findFault(*text);
+    if (!error->isEmpty())
+        return false;
+    QXmlStreamReader reader(*text);
+    reader.setNamespaceProcessing(false);
+    bool hasRoot = false;
+    while (!reader.atEnd())
+        hasRoot = reader.readNext() == QXmlStreamReader::StartElement || hasRoot;
+    if (!reader.hasError() && hasRoot)
+        return true;
+    *error = reader.errorString();
+    return false;
+}
+
 QByteArray printXml(const QDomDocument& document, int indent) { return document.toByteArray(indent); }
 
 } // namespace docx

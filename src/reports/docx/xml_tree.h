@@ -13,6 +13,10 @@ namespace docx {
 /// `error`, if given, has the reason.
 bool parseXml(const QByteArray& xml, QDomDocument* document, QString* error = nullptr);
 
+/// Whether parseXml() would make a tree of the part, without making it. Gives
+/// the part in UTF-8.
+bool checkXml(const QByteArray& xml, QByteArray* inUtf8, QString* error);
+
 /// UTF-8 with the given indent of one level; -1 adds nothing between elements.
 QByteArray printXml(const QDomDocument& document, int indent);
 

@@ -55,6 +55,44 @@ TEST(DocxTemplateSave, givesReplacedPicturesNamesOfTheirTags)
     EXPECT_EQ(findFaults(folder / "b.docx"), QStringList());
 }
 
+TEST(DocxTemplateSave, takesThePngFileAsItIsAndPacksTheOthers)
+{
+    Folder folder;
+    DocxTemplate docx;
+    ASSERT_TRUE(docx.open(twoPictures().write(folder / "a.docx")));
+    ASSERT_TRUE(docx.setTag("a", redPicture(folder)));
+    writeFile(folder / "green.bmp", imageBytes("BMP", 0xff00ff00, 12));
+    ASSERT_TRUE(docx.setTag("b", folder / "green.bmp"));
+    ASSERT_TRUE(QFile::remove(folder / "red.png"));
+    ASSERT_TRUE(docx.save(folder / "b.docx"));
+    const auto entries = unpacked(folder / "b.docx");
+    EXPECT_EQ(entries["word/media/tag_image_a_0.png"], imageBytes("PNG", 0xffff0000, 12));
+    EXPECT_EQ(QImage::fromData(entries["word/media/tag_image_b_1.png"], "PNG").pixel(0, 0), 0xff00ff00);
+    // A picture that is put in its place by hand is the one that counts.
+    docx.m_rels_image["a"].fill(Qt::blue);
+    ASSERT_TRUE(docx.save(folder / "c.docx"));
+    EXPECT_EQ(QImage::fromData(unpacked(folder / "c.docx")["word/media/tag_image_a_0.png"], "PNG").pixel(0, 0),
+              0xff0000ff);
+}
+
+TEST(DocxTemplateSave, readsAnotherPictureOfTheSameFileWithinTheSecond)
+{
+    Folder folder;
+    QByteArray colors[] = {imageBytes("PNG", 0xffff0000), imageBytes("PNG", 0xff0000ff)};
+    const int size = qMax(colors[0].size(), colors[1].size());
+    for (QByteArray& bytes : colors) {
+        bytes.append(QByteArray(size - bytes.size(), '\0')); // behind the end of the picture
+        DocxTemplate docx;
+        ASSERT_TRUE(docx.open(twoPictures().write(folder / "a.docx")));
+        writeFile(folder / "photo.png", bytes);
+        QFile file(folder / "photo.png");
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite)
+                    && file.setFileTime(QDateTime(QDate(2026, 1, 1), QTime(0, 0)), QFileDevice::FileModificationTime));
+        ASSERT_TRUE(docx.setTag("a", folder / "photo.png"));
+        EXPECT_EQ(docx.m_rels_image["a"].toImage().pixel(0, 0), QImage::fromData(bytes).pixel(0, 0));
+    }
+}
+
 TEST(DocxTemplateSave, findsFreeNamesInAFilledTemplate)
 {
     Folder folder;
