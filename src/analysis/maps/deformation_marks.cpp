@@ -1,6 +1,6 @@
 #include "analysis/maps/deformation_marks.h"
 
-#include "session/project_session.h"
+#include "analysis/maps/two_states.h"
 
 #include <cmath>
 #include <unordered_map>
@@ -13,29 +13,39 @@ const PlaceStatements kMarks = {
     "select element_id,element_name,x,y,z,h from dm_elements where position_id = %1",
     "select element_id,element_name,x,y,z,h from dm_elements where x between %1 and %2 and y between %3 and %4"};
 
-Statement baseStatement(int mark, int cycle)
+// For readTwoStates(), in the place of one mark.
+Statement ofCycle(int cycle)
 {
-    return compose("select meas from dm_meas where element_id = %1 and cycle_id = %2", mark, cycle);
+    return compose("select meas from dm_meas where element_id = %1 and cycle_id = %2", kElementInTurn, cycle);
 }
 
-Statement currentStatement(int mark, const Epochs& epochs)
+Statement ofForecast(int forecast)
 {
-    if (!epochs.forecast)
-        return baseStatement(mark, epochs.current);
-    return compose("select meas from dm_predictions_data where element_id = %1 and prediction_id = %2", mark,
-                   *epochs.forecast);
+    return compose("select meas from dm_predictions_data where element_id = %1 and prediction_id = %2", kElementInTurn,
+                   forecast);
 }
 
-// Left alone unless there is exactly one row with a number.
-bool readElevation(const Statement& statement, double& elevation, bool& several)
+// Missing unless there is exactly one row with a number.
+double elevationOf(const ElementRows& rows)
 {
-    const sql::Result rows = session().run(statement);
     bool isNumber = false;
-    const double value = rows.ntuples() == 1 ? rows.toDouble(0, 0, &isNumber) : 0.0;
-    if (isNumber)
-        elevation = value;
-    several = several || rows.ntuples() > 1;
-    return rows.isTuples();
+    const double elevation = rows.count() == 1 ? rows.real(0, 0, &isNumber) : 0.0;
+    return isNumber ? elevation : DeformationRow::none;
+}
+
+DeformationRow rowOf(const MapElement& mark, const ElementRows& base, const ElementRows& current)
+{
+    DeformationRow row;
+    row.name = mark.name;
+    row.element_id = mark.id;
+    row.x = mark.x;
+    row.y = mark.y;
+    row.base = elevationOf(base);
+    row.current = elevationOf(current);
+    row.valid = std::isfinite(row.base) && std::isfinite(row.current);
+    if (row.valid)
+        row.movement = (row.current - row.base) * kMillimetres;
+    return row;
 }
 
 } // namespace
@@ -47,27 +57,16 @@ Loaded DeformationMarks::load(const MapPlace& place, const Epochs& epochs, const
     if (!marks)
         return Loaded::Refused;
     DeformationMarks read;
-    for (const MapElement& mark : *marks) {
-        DeformationRow row;
-        row.name = mark.name;
-        row.element_id = mark.id;
-        row.x = mark.x;
-        row.y = mark.y;
-        bool several = false;
-        if (!readElevation(baseStatement(mark.id, epochs.base), row.base, several)
-            || !readElevation(currentStatement(mark.id, epochs), row.current, several))
-            return Loaded::Refused;
-        row.valid = std::isfinite(row.base) && std::isfinite(row.current);
-        if (row.valid)
-            row.movement = (row.current - row.base) * kMillimetres;
-        if (several)
-            read.repeated_ << row.name;
-        read.rows.push_back(row);
-        if (progress && !progress(int(read.rows.size()), int(marks->size())))
-            return Loaded::Stopped;
-    }
-    *this = std::move(read);
-    return Loaded::All;
+    const auto take = [&read](const MapElement& mark, const ElementRows& base, const ElementRows& current) {
+        read.rows.push_back(rowOf(mark, base, current));
+        if (base.count() > 1 || current.count() > 1)
+            read.repeated_ << mark.name;
+    };
+    const Statement current = epochs.forecast ? ofForecast(*epochs.forecast) : ofCycle(epochs.current);
+    const Loaded loaded = readTwoStates(*marks, ofCycle(epochs.base), current, take, progress);
+    if (loaded == Loaded::All)
+        *this = std::move(read);
+    return loaded;
 }
 
 // Marks go into squares as wide as the distance; partners stand in the same or

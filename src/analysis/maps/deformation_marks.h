@@ -26,8 +26,8 @@ struct DeformationRow {
 
 class DeformationMarks {
 public:
-    // Reads the marks, then two elevations for every mark: a statement each.
-    // What was refused or stopped leaves no mark.
+    // Reads the marks, then both elevations of all of them. What was refused or
+    // stopped leaves no mark.
     Loaded load(const MapPlace& place, const Epochs& epochs, const MapProgress& progress = {});
 
     // Marks with several elevations in one of the states: they have no movement.

@@ -1,7 +1,7 @@
 #include "analysis/maps/temperature_differences.h"
 
+#include "analysis/maps/two_states.h"
 #include "base/text.h"
-#include "session/project_session.h"
 
 #include <cmath>
 
@@ -11,15 +11,22 @@ const PlaceStatements kWells = {
     "select element_id,element_name,x,y,z,h from ts_elements where position_id = %1 ",
     "select element_id,element_name,x,y,z,h from ts_elements where  x between %1 and %2 and y between %3 and %4"};
 
-// A well without a log in the cycle has an empty one.
-bool readLogs(const MapElement& well, int cycle, WellLogs& logs, bool& several)
+// For readTwoStates(), in the place of one well.
+Statement logsOf(int cycle)
 {
-    const sql::Result rows = session().run(
-        compose("select meas, meas_ts_id from ts_meas where element_id=%1 and cycle_id=%2", well.id, cycle));
-    if (rows.hasRow())
-        logs = WellLogs(rows.getvalue(0, 0), well.z - well.h);
-    several = several || rows.ntuples() > 1;
-    return rows.isTuples();
+    return compose("select meas, meas_ts_id from ts_meas where element_id=%1 and cycle_id=%2", kElementInTurn, cycle);
+}
+
+// The first of several; a well without a log in the cycle has an empty one.
+WellLogs firstLog(const MapElement& well, const ElementRows& rows)
+{
+    enum Column { Log, Id };
+    int first = 0;
+    for (int row = 1; row < rows.count(); ++row) {
+        if (rows.number(row, Id) < rows.number(first, Id))
+            first = row;
+    }
+    return rows.count() == 0 ? WellLogs() : WellLogs(rows.text(first, Log), well.z - well.h);
 }
 
 QString readingText(const TemperatureLog& log, double key)
@@ -48,22 +55,19 @@ Loaded TemperatureDifferences::load(const MapPlace& place, const Epochs& cycles,
     if (!wells)
         return Loaded::Refused;
     TemperatureDifferences read;
-    for (const MapElement& well : *wells) {
-        Pair logs;
-        bool several = false;
-        if (!readLogs(well, cycles.base, logs.base, several) || !readLogs(well, cycles.current, logs.current, several))
-            return Loaded::Refused;
-        if (several)
+    const auto take = [&read](const MapElement& well, const ElementRows& base, const ElementRows& current) {
+        const Pair logs{firstLog(well, base), firstLog(well, current)};
+        if (base.count() > 1 || current.count() > 1)
             read.repeated_ << well.name;
         read.rows.push_back({well.name, well.x, well.y, 0.0, 0.0, false});
         read.keys_.add(logs.base);
         read.keys_.add(logs.current);
-        read.logs_.push_back(std::move(logs));
-        if (progress && !progress(int(read.rows.size()), int(wells->size())))
-            return Loaded::Stopped;
-    }
-    *this = std::move(read);
-    return Loaded::All;
+        read.logs_.push_back(logs);
+    };
+    const Loaded loaded = readTwoStates(*wells, logsOf(cycles.base), logsOf(cycles.current), take, progress);
+    if (loaded == Loaded::All)
+        *this = std::move(read);
+    return loaded;
 }
 
 void TemperatureDifferences::sample(const Sampling& sampling)

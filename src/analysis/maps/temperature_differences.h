@@ -18,8 +18,8 @@ struct DifferenceRow {
 
 class TemperatureDifferences {
 public:
-    // Reads the wells, then a log of each cycle for every well: a statement
-    // each. What was refused or stopped leaves no well.
+    // Reads the wells, then both logs of all of them. What was refused or stopped
+    // leaves no well.
     Loaded load(const MapPlace& place, const Epochs& cycles, const MapProgress& progress = {});
 
     // Sets the numbers and the validity of every row.

@@ -2,7 +2,6 @@
 #include "analysis/maps/forms/deformation_map_form.h"
 #include "analysis/maps/forms/map_commands.h"
 #include "analysis/maps/map_form_fixture.h"
-#include "support/form_texts.h"
 #include "support/pictures.h"
 
 #include <QApplication>
@@ -10,9 +9,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QFile>
-#include <QLabel>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QTemporaryDir>
 
 namespace {
@@ -40,13 +37,9 @@ protected:
         session().currentPositionName.clear();
         MapFixture::TearDown();
     }
-    static const QTableWidget& points(const QWidget& form) { return *child<QTableWidget>(form, "PointData"); }
-    static const QTableWidget& values(const QWidget& form) { return *child<QTableWidget>(form, "ValuesData"); }
-    static QString status(const QWidget& form) { return child<QLabel>(form, "StatusLabel")->text(); }
 };
 
 const QString kTitle = QStringLiteral("Построение карты деформаций");
-const QString kIsoTitle = QStringLiteral("Построение изоконтуров");
 const QString kWarning =
     QStringLiteral("Набор данных содержит вырожденные точки, их использование может привести к непредсказуемым "
                    "результатам\n Снимите отключите выделенные точки для корректной работы.\n<Игнорировать> Продолжить "
@@ -57,20 +50,10 @@ const QString kWarning =
 TEST_F(DeformationMap, SaysWhatItSays)
 {
     DeformationMapForm form;
-    EXPECT_EQ(form.objectName(), QStringLiteral("DeformationMapForm"));
-    EXPECT_EQ(form.windowTitle(), kTitle);
-    const QStringList texts = textsOf(form);
-    for (const char* text : {"Деформационные марки", "Позиция", "Позиция 1", "По позиции", "Контуры позиции",
-                             "По всей базе", "Слой", "Исходный цикл измерений", "Текущий цикл измерений", "Прогноз",
-                             "Состояния:", "Фильтр", "Выводить значения", "Экспорт в .csv", "Экспорт в буфер"})
-        EXPECT_TRUE(texts.contains(QString::fromUtf8(text))) << text;
-    EXPECT_EQ(tabsOf(form), (QStringList{"Точки", "Значения"}));
+    expectCaptions(form, "DeformationMapForm", kTitle, {"Деформационные марки", "Позиция", "Позиция 1", "Прогноз"});
     EXPECT_EQ(titlesOf(points(form)), (QStringList{"Имя", "X", "Y", "Абс.отметка", "Перемещение(мм)", "Использовать"}));
     EXPECT_EQ(titlesOf(values(form)), (QStringList{"Имя", "X", "Y", "Цикл 1  (м)", "Цикл 2  (м)", "Перемещение(мм)"}));
-    EXPECT_EQ(child<QComboBox>(form, "BaseCycleCombo")->currentData().toInt(), 1);
-    EXPECT_EQ(child<QComboBox>(form, "MeasData")->currentData().toInt(), 2);
     EXPECT_EQ(child<QLabel>(form, "Position")->text(), QStringLiteral("Позиция 1"));
-    EXPECT_TRUE(child<QRadioButton>(form, "ByPosition")->isChecked());
     EXPECT_FALSE(child<QCheckBox>(form, "UsePredictionCheck")->isChecked());
     EXPECT_FALSE(child<QComboBox>(form, "PredictionsList")->isEnabled());
     EXPECT_FALSE(form.labelsWanted());
@@ -207,19 +190,8 @@ TEST_F(DeformationMap, APositionWithoutMarksAndALostServerHaveALine)
 
 TEST_F(DeformationMap, TheCommandDrawsTheMapAndTwoLabelsAMark)
 {
-    driver.expect(kTitle)
-        .set(QStringLiteral("LabelsOutEnabled"), QStringLiteral("on"))
-        .press(QStringLiteral("okButton"));
-    driver.expect(kIsoTitle)
-        .check(QStringLiteral("LevelMapType"), QStringLiteral("Карта деформаций"))
-        .set(QStringLiteral("HatchOutLayer"), QStringLiteral("MAP"))
-        .press(QStringLiteral("okButton"));
     ncedSetCurrentUCS(NcGeMatrix3d::rotation(M_PI / 6, NcGeVector3d::kZAxis));
-    const NcDbObjectId border = squareBorder();
-    BorderAnswer answer(border);
-    buildDeformationMap();
-    ASSERT_TRUE(driver.done()) << driver.report();
-    EXPECT_EQ(answer.prompts, QStringList{QStringLiteral("Укажите линию границы (ESC список в позиции)")});
+    drawWithLabels(kTitle, buildDeformationMap);
     // From -15 to 0.8 mm: the bands that begin at -20, -10, -5, -2, -1, -0.5, 0 and 0.5.
     EXPECT_EQ(entities<NcDbHatch>(QStringLiteral("MAP")).size(), 8u);
     const QStringList drawn = labels();

@@ -9,19 +9,6 @@ namespace {
 
 class Marks : public MapFixture {
 protected:
-    static MapPlace position(int id = 1)
-    {
-        MapPlace place;
-        place.positionId = id;
-        return place;
-    }
-    static Epochs cycles()
-    {
-        Epochs epochs;
-        epochs.base = 1;
-        epochs.current = 2;
-        return epochs;
-    }
     static Epochs toForecast(int forecast)
     {
         Epochs epochs = cycles();
@@ -130,7 +117,7 @@ TEST_F(Marks, OfTheWholeDatabaseLieInsideTheBorder)
     EXPECT_EQ(marks.rows.size(), 2u);
 }
 
-TEST_F(Marks, AreReadMarkByMarkAndNoneIsLeftOfARefusal)
+TEST_F(Marks, AreReadTogetherAndNoneIsLeftOfARefusal)
 {
     addMoved(4, "М4", 0, "100", "99.99");
     StatementRelay relay;
@@ -140,10 +127,12 @@ TEST_F(Marks, AreReadMarkByMarkAndNoneIsLeftOfARefusal)
     marks.load(position(), cycles());
     marks.load(position(), toForecast(5));
     const QString listed = "select element_id,element_name,x,y,z,h from dm_elements where position_id = 1";
-    const QString base = "select meas from dm_meas where element_id = 4 and cycle_id = 1";
+    const QString read = "select wanted.element_id, found.* from unnest(array[4]) as wanted (element_id), lateral "
+                         "(select meas from %1 where element_id = wanted.element_id and %2) as found";
+    const QString base = read.arg("dm_meas", "cycle_id = 1");
     EXPECT_EQ(relay.texts(),
-              (QStringList{listed, base, "select meas from dm_meas where element_id = 4 and cycle_id = 2", listed, base,
-                           "select meas from dm_predictions_data where element_id = 4 and prediction_id = 5"}));
+              (QStringList{listed, base, read.arg("dm_meas", "cycle_id = 2"), listed, base,
+                           read.arg("dm_predictions_data", "prediction_id = 5")}));
     for (int n = 1; n <= 3; ++n) {
         ASSERT_EQ(marks.load(position(), cycles()), Loaded::All);
         relay.refuse(n);
@@ -152,6 +141,58 @@ TEST_F(Marks, AreReadMarkByMarkAndNoneIsLeftOfARefusal)
     }
     EXPECT_EQ(marks.load(position(), cycles(), [](int, int) { return false; }), Loaded::Stopped);
     EXPECT_TRUE(marks.rows.empty());
+    session().connection.finish();
+}
+
+// Every sixth mark lacks its base, every seventh has a second one, every eighth moves to no number.
+TEST_F(Marks, OfALargePlaceAreReadInFewStatementsAsTheyAreOneByOne)
+{
+    database.exec(
+        "insert into dm_elements (element_id, type_id, element_name, state_id, position_id, x, y, z, h) "
+        "overriding system value select 5000 - i, 'dm', 'М' || i, 'exist', 1, i, 0, 0, 0 "
+        "from generate_series(1, 2300) i;"
+        "insert into dm_meas (element_id, cycle_id, date, meas) "
+        "select 5000 - i, 1, date '2022-01-01', 100 + i from generate_series(1, 2300) i where i % 6 <> 0 union all "
+        "select 5000 - i, 1, date '2022-01-02', 200 + i from generate_series(1, 2300) i where i % 7 = 0 union all "
+        "select 5000 - i, 2, date '2023-01-01', nullif(100 + i + i * 0.0001, 100 + i / 8 * 8 * 1.0001) "
+        "from generate_series(1, 2300) i");
+    StatementRelay relay;
+    session().sqlPort = relay.port();
+    ASSERT_TRUE(session().connection.open(session().buildConnInfo()));
+    relay.cutAfter(-1);
+    QVector<int> steps;
+    const auto noted = [&steps](int done, int total) {
+        EXPECT_EQ(total, 2300);
+        steps << done;
+        return true;
+    };
+    ASSERT_EQ(marks.load(position(), cycles(), noted), Loaded::All);
+    EXPECT_EQ(relay.statements(), 7) << "the marks, and three times both cycles";
+    ASSERT_EQ(steps.size(), 2300) << "told after every mark";
+    EXPECT_TRUE(std::is_sorted(steps.begin(), steps.end()));
+    ASSERT_EQ(marks.rows.size(), 2300u);
+    QStringList repeated;
+    for (const DeformationRow& row : marks.rows) {
+        const int i = 5000 - row.element_id;
+        ASSERT_EQ(row.name, QStringLiteral("М%1").arg(i));
+        const bool twice = i % 7 == 0 && i % 6 != 0;
+        const double base = i % 6 != 0 && !twice ? 100.0 + i : i % 7 == 0 && !twice ? 200.0 + i : DeformationRow::none;
+        EXPECT_EQ(row.base, base) << i;
+        EXPECT_EQ(row.valid, std::isfinite(base) && i % 8 != 0) << i;
+        if (row.valid && i % 7 != 0) {
+            EXPECT_NEAR(row.movement, i * 0.1, 1e-6) << i;
+        }
+        if (twice)
+            repeated << row.name;
+    }
+    EXPECT_EQ(marks.repeated(), repeated);
+    relay.refuse(6);
+    EXPECT_EQ(marks.load(position(), cycles()), Loaded::Refused) << "in the third part";
+    EXPECT_TRUE(marks.rows.empty());
+    relay.cutAfter(-1);
+    EXPECT_EQ(marks.load(position(), cycles(), [](int done, int) { return done < 1500; }), Loaded::Stopped);
+    EXPECT_TRUE(marks.rows.empty());
+    EXPECT_EQ(relay.statements(), 5) << "nothing is asked for after the stop";
     session().connection.finish();
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 // Wells with logs in a fresh database, and an empty drawing with layers for maps.
 
+#include "analysis/maps/epochs.h"
+#include "analysis/maps/map_place.h"
 #include "hostkit/layers.h"
 #include "hostkit/model_space.h"
 #include "support/session_database.h"
@@ -32,6 +34,20 @@ protected:
         session().predictionOrder.clear();
         session().baseCycleId = -1;
         SessionDatabase::TearDown();
+    }
+
+    static MapPlace position(int id = 1)
+    {
+        MapPlace place;
+        place.positionId = id;
+        return place;
+    }
+    static Epochs cycles(int base = 1, int current = 2)
+    {
+        Epochs epochs;
+        epochs.base = base;
+        epochs.current = current;
+        return epochs;
     }
 
     void addWell(int id, const char* name, double x, double y, double z, double h, const char* log,

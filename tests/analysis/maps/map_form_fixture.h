@@ -7,7 +7,11 @@
 
 #include <script/modal_driver.h>
 
+#include <QComboBox>
+#include <QLabel>
+#include <QRadioButton>
 #include <QTableWidget>
+#include <functional>
 
 // Gives the border when the command asks for it, or leaves the prompt.
 class BorderAnswer final : public PromptBackend {
@@ -86,6 +90,50 @@ protected:
                       "values (1, 1, 'Контур 1');"
                       "insert into contours_points (contour_id, x, y, param, dist) values "
                       "(1, -10, -10, 0, 0), (1, 110, -10, 1, 120), (1, 110, 110, 2, 240), (1, -10, 110, 3, 360)");
+    }
+    static const QTableWidget& points(const QWidget& form) { return *child<QTableWidget>(form, "PointData"); }
+    static const QTableWidget& values(const QWidget& form) { return *child<QTableWidget>(form, "ValuesData"); }
+    static QString status(const QWidget& form) { return child<QLabel>(form, "StatusLabel")->text(); }
+
+    // What all maps between two cycles say, and what one says beside it.
+    static void expectCaptions(const QWidget& form, const char* name, const QString& title, const QStringList& own)
+    {
+        EXPECT_EQ(form.objectName(), QString::fromUtf8(name));
+        EXPECT_EQ(form.windowTitle(), title);
+        const QStringList texts = textsOf(form);
+        for (const QString& text : QStringList{"По позиции", "Контуры позиции", "По всей базе", "Слой", "Не загружена",
+                                               "Исходный цикл измерений", "Текущий цикл измерений", "Состояния:",
+                                               "Фильтр", "Выводить значения", "Экспорт в .csv", "Экспорт в буфер"}
+                 + own)
+            EXPECT_TRUE(texts.contains(text)) << text.toStdString();
+        EXPECT_EQ(tabsOf(form), (QStringList{"Точки", "Значения"}));
+        EXPECT_EQ(child<QComboBox>(form, "BaseCycleCombo")->currentData().toInt(), 1) << "the session's base cycle";
+        EXPECT_EQ(child<QComboBox>(form, "MeasData")->currentData().toInt(), 2) << "the session's current cycle";
+        EXPECT_TRUE(child<QRadioButton>(form, "ByPosition")->isChecked());
+    }
+
+    // The command inside the square, with the colours of deformations in the layer "MAP" and with labels;
+    // `before` changes the form that the title names.
+    using Change = std::function<void(QWidget&)>;
+    void drawWithLabels(const QString& title, void (*command)(), const Change& before = {})
+    {
+        driver.expect(title)
+            .call([before](QWidget* window) -> QString {
+                if (before)
+                    before(*window);
+                return {};
+            })
+            .set(QStringLiteral("LabelsOutEnabled"), QStringLiteral("on"))
+            .press(QStringLiteral("okButton"));
+        driver.expect(QStringLiteral("Построение изоконтуров"))
+            .check(QStringLiteral("LevelMapType"), QStringLiteral("Карта деформаций"))
+            .set(QStringLiteral("HatchOutLayer"), QStringLiteral("MAP"))
+            .press(QStringLiteral("okButton"));
+        const NcDbObjectId border = squareBorder();
+        BorderAnswer answer(border);
+        command();
+        ASSERT_TRUE(driver.done()) << driver.report();
+        EXPECT_EQ(answer.prompts, QStringList{QStringLiteral("Укажите линию границы (ESC список в позиции)")});
     }
     ModalDriver driver;
 };

@@ -3,7 +3,6 @@
 #include "analysis/maps/forms/map_commands.h"
 #include "analysis/maps/forms/temperature_diff_map_form.h"
 #include "analysis/maps/map_form_fixture.h"
-#include "support/form_texts.h"
 #include "support/pictures.h"
 
 #include <QApplication>
@@ -30,47 +29,19 @@ protected:
         addLog(4, 1, "1.00:2.90|3.00:3.70");
         addLog(5, 1, "1.00:-2.50");
     }
-    static const QTableWidget& points(const QWidget& form) { return *child<QTableWidget>(form, "PointData"); }
 };
 
 const QString kTitle = QStringLiteral("Построение карты разности температур");
-const QString kIsoTitle = QStringLiteral("Построение изоконтуров");
 
 } // namespace
 
 TEST_F(TemperatureDiffMap, SaysWhatItSays)
 {
     TemperatureDiffMapForm form;
-    EXPECT_EQ(form.objectName(), QStringLiteral("TemperatureDiffMapForm"));
-    EXPECT_EQ(form.windowTitle(), kTitle);
-    const QStringList texts = textsOf(form);
-    for (const char* text : {"Термоскважины",
-                             "По позиции",
-                             "Контуры позиции",
-                             "По всей базе",
-                             "Слой",
-                             "Не загружена",
-                             "Исходный цикл измерений",
-                             "Текущий цикл измерений",
-                             "Значение по",
-                             "Глубине",
-                             "Абс. Отметке",
-                             "Средневзвешенное по глубине",
-                             "Значение глубины (отметки)",
-                             "Интервал  от",
-                             "до забоя",
-                             "по забою",
-                             "Состояния:",
-                             "Фильтр",
-                             "Выводить значения",
-                             "Экспорт в .csv",
-                             "Экспорт в буфер"})
-        EXPECT_TRUE(texts.contains(QString::fromUtf8(text))) << text;
-    EXPECT_EQ(tabsOf(form), (QStringList{"Точки", "Значения"}));
+    expectCaptions(form, "TemperatureDiffMapForm", kTitle,
+                   {"Термоскважины", "Значение по", "Глубине", "Абс. Отметке", "Средневзвешенное по глубине",
+                    "Значение глубины (отметки)", "Интервал  от", "до забоя", "по забою"});
     EXPECT_EQ(titlesOf(points(form)), (QStringList{"Имя", "X", "Y", "Исх. т-ра (°C)", "Δt (°C)", "Использовать"}));
-    EXPECT_EQ(child<QComboBox>(form, "BaseCycleCombo")->currentData().toInt(), 1) << "the session's base cycle";
-    EXPECT_EQ(child<QComboBox>(form, "MeasData")->currentData().toInt(), 2) << "the session's current cycle";
-    EXPECT_TRUE(child<QRadioButton>(form, "ByPosition")->isChecked());
     EXPECT_TRUE(child<QRadioButton>(form, "DeepSampling")->isChecked());
     EXPECT_FALSE(form.labelsWanted());
     EXPECT_EQ(form.levelMapId(), session().dynamicTemperatureColormapId);
@@ -131,8 +102,7 @@ TEST_F(TemperatureDiffMap, TellsAWellThatIsMeasuredTwice)
 {
     addLog(3, 2, "1.00:9.00");
     TemperatureDiffMapForm form;
-    EXPECT_EQ(child<QLabel>(form, "StatusLabel")->text(),
-              QStringLiteral("Измерены в одном цикле несколько раз (взят первый замер): ТС.3."));
+    EXPECT_EQ(status(form), QStringLiteral("Измерены в одном цикле несколько раз (взят первый замер): ТС.3."));
     EXPECT_EQ(row(points(form), "ТС.3").mid(3, 2), (QStringList{"-6.20", "2.00"}));
     EXPECT_EQ(points(form).rowCount(), 5);
 }
@@ -141,7 +111,7 @@ TEST_F(TemperatureDiffMap, APositionWithoutWellsHasALine)
 {
     session().currentPositionId = 2;
     TemperatureDiffMapForm form;
-    EXPECT_EQ(child<QLabel>(form, "StatusLabel")->text(), QStringLiteral("Не выбрано ни одной точки со значением."));
+    EXPECT_EQ(status(form), QStringLiteral("Не выбрано ни одной точки со значением."));
     EXPECT_TRUE(form.usedPoints().empty());
 }
 
@@ -149,24 +119,13 @@ TEST_F(TemperatureDiffMap, ALostServerIsTold)
 {
     loseServer();
     TemperatureDiffMapForm form;
-    EXPECT_EQ(child<QLabel>(form, "StatusLabel")->text(), QStringLiteral("Ошибка соединения с базой данных"));
+    EXPECT_EQ(status(form), QStringLiteral("Ошибка соединения с базой данных"));
 }
 
 TEST_F(TemperatureDiffMap, TheCommandDrawsTheMapAndTwoLabelsAWell)
 {
     session().dynamicTemperatureColormapId = LevelMap::Deformation;
-    driver.expect(kTitle)
-        .set(QStringLiteral("LabelsOutEnabled"), QStringLiteral("on"))
-        .press(QStringLiteral("okButton"));
-    driver.expect(kIsoTitle)
-        .check(QStringLiteral("LevelMapType"), QStringLiteral("Карта деформаций"))
-        .set(QStringLiteral("HatchOutLayer"), QStringLiteral("MAP"))
-        .press(QStringLiteral("okButton"));
-    const NcDbObjectId border = squareBorder();
-    BorderAnswer answer(border);
-    buildTemperatureDiffMap();
-    ASSERT_TRUE(driver.done()) << driver.report();
-    EXPECT_EQ(answer.prompts, QStringList{QStringLiteral("Укажите линию границы (ESC список в позиции)")});
+    drawWithLabels(kTitle, buildTemperatureDiffMap);
     EXPECT_FALSE(entities<NcDbHatch>(QStringLiteral("MAP")).empty());
     const QStringList drawn = labels();
     ASSERT_EQ(drawn.size(), 10);
@@ -181,20 +140,9 @@ TEST_F(TemperatureDiffMap, TheCommandDrawsTheMapAndTwoLabelsAWell)
 
 TEST_F(TemperatureDiffMap, UntickedWellsHaveNoLabels)
 {
-    driver.expect(kTitle)
-        .call([this](QWidget* window) -> QString {
-            use(points(*window), "ТС.1")->setCheckState(Qt::Unchecked);
-            return {};
-        })
-        .set(QStringLiteral("LabelsOutEnabled"), QStringLiteral("on"))
-        .press(QStringLiteral("okButton"));
-    driver.expect(kIsoTitle)
-        .set(QStringLiteral("HatchOutLayer"), QStringLiteral("MAP"))
-        .press(QStringLiteral("okButton"));
-    const NcDbObjectId border = squareBorder();
-    BorderAnswer answer(border);
-    buildTemperatureDiffMap();
-    ASSERT_TRUE(driver.done()) << driver.report();
+    session().dynamicTemperatureColormapId = LevelMap::Deformation;
+    drawWithLabels(kTitle, buildTemperatureDiffMap,
+                   [](QWidget& form) { use(points(form), "ТС.1")->setCheckState(Qt::Unchecked); });
     EXPECT_EQ(labels().size(), 8);
     EXPECT_EQ(labels().first(), QStringLiteral("-5.00 @100,0,0 v3"));
 }

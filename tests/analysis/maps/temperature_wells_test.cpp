@@ -8,12 +8,6 @@ namespace {
 
 class Wells : public MapFixture {
 protected:
-    static MapPlace position(int id = 1)
-    {
-        MapPlace selection;
-        selection.positionId = id;
-        return selection;
-    }
     static Sampling at(Sampling::Mode mode, double key)
     {
         Sampling sampling;
