@@ -22,8 +22,7 @@ QStringList forecastTitles(const QStringList& cycleNumbers)
     QStringList titles{QStringLiteral("Имя")};
     for (const QString& number : cycleNumbers)
         titles << fill("Цикл %1", number);
-    // The base is shown in metres under a title that says otherwise: users know it so.
-    return titles << QStringLiteral("Исх.Отметка\nмм") << QStringLiteral("СКО \n мм") << QStringLiteral("Прогноз\n м")
+    return titles << QStringLiteral("Исх.Отметка\nм") << QStringLiteral("СКО \n мм") << QStringLiteral("Прогноз\n м")
                   << QStringLiteral("Деформация\n мм") << QStringLiteral("Измерения") << QStringLiteral("Тренд")
                   << QStringLiteral("Число\nэпох") << QStringLiteral("r²") << QStringLiteral("Станд. ошибка\nмм");
 }
@@ -41,6 +40,14 @@ QStringList forecastCells(const MarkMeasures& mark, const MarkForecast& forecast
 }
 
 QString forecastText(const MarkForecast& forecast) { return textOf(forecast.value); }
+
+QString shortageText(int without, int all)
+{
+    if (without == 0)
+        return {};
+    return fill("Нет прогноза: в выбранных циклах меньше %1 дней измерений (марок: %2 из %3)", kLeastMeasures, without,
+                all);
+}
 
 QString defaultForecastName(const QDate& day)
 {

@@ -30,6 +30,9 @@ QStringList forecastCells(const MarkMeasures& mark, const MarkForecast& forecast
 /// The forecast as it is shown, stored and exported; "--" without one.
 QString forecastText(const MarkForecast& forecast);
 
+/// Says that so many marks of all have too few days of measures; empty when none has.
+QString shortageText(int without, int all);
+
 /// The name that a forecast has until the user gives it another.
 QString defaultForecastName(const QDate& day);
 

@@ -135,6 +135,19 @@ TEST_F(Prediction, RowsOfThePositionAndOfAll)
     EXPECT_EQ(elements(form).rowCount(), 3) << "all";
 }
 
+TEST_F(Prediction, MarksWithTooFewDaysAreCountedInALine)
+{
+    DMPredictionForm form;
+    const auto* line = child<QLabel>(form, "ShortageNote");
+    EXPECT_EQ(line->text(), "Нет прогноза: в выбранных циклах меньше 3 дней измерений (марок: 1 из 2)") << "ДМ_2";
+    choose(form, "CurrentCyclesCombo", 2);
+    EXPECT_EQ(line->text(), "Нет прогноза: в выбранных циклах меньше 3 дней измерений (марок: 2 из 2)");
+    database.exec("delete from dm_elements where element_id = 2");
+    choose(form, "PositionCombo", -1);
+    choose(form, "CurrentCyclesCombo", 4);
+    EXPECT_EQ(line->text(), "") << "both that are left have three days or more";
+}
+
 TEST_F(Prediction, TheOrderOfTheTwoCyclesDoesNotMatter)
 {
     DMPredictionForm form;

@@ -21,6 +21,7 @@
 #include <QInputDialog>
 #include <QSignalBlocker>
 #include <QSplitter>
+#include <algorithm>
 
 using namespace formkit;
 
@@ -37,6 +38,7 @@ DMPredictionForm::DMPredictionForm(QWidget* parent)
     layOut(this).column({
         choicePane(),
         growing(resultPane()),
+        shortage_ = note("ShortageNote"),
         row({
             button("ExportBTN", "Экспорт", this, &DMPredictionForm::exportRows),
             button("WriteBTN", "Записать", this, &DMPredictionForm::store),
@@ -163,6 +165,9 @@ void DMPredictionForm::recompute()
             table_->item(row, columnOf(ForecastColumn::Trend, shownCycles_))->setCheckState(Qt::Checked);
     }
     fitColumns(table_);
+    const auto exists = [](const MarkForecast& forecast) { return forecast.exists(); };
+    const auto without = forecasts_.size() - std::count_if(forecasts_.begin(), forecasts_.end(), exists);
+    shortage_->setText(shortageText(int(without), forecasts_.size()));
     showHeading();
     drawChart();
 }

@@ -56,6 +56,7 @@ private:
     QTableWidget* table_ = nullptr;
     QLabel* heading_ = nullptr;
     QLabel* chart_ = nullptr;
+    QLabel* shortage_ = nullptr;
     QDate day_; // that of the name
     QVector<MarkMeasures> marks_;
     QVector<MarkForecast> forecasts_; // in the order of the marks
