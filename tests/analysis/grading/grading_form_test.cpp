@@ -4,6 +4,7 @@
 #include "analysis/grading/forms/positions_analytic_states_form.h"
 #include "analysis/grading/grading_fixture.h"
 #include "analysis/grading/stored_grades.h"
+#include "analysis/maps/real_input.h"
 #include "support/pictures.h"
 
 #include <drawing/application.h>
@@ -42,6 +43,39 @@ TEST_F(Summary, CaptionsTitlesAndDefaults)
     EXPECT_EQ(child<QComboBox>(form, "CurrentCyclesCombo")->currentData(), 2);
     EXPECT_EQ(row(list(form), 0), (QStringList{"Объект", "Подобъект", "Позиция 1", "", "", "", "", ""}));
     EXPECT_EQ(list(form).rowCount(), 2);
+}
+
+// Two epochs of fifty bolts in walls: nine sank by more than 22 mm, three by 20 to 22 mm. Along a front
+// 12281253 sank by 13.2 mm more than its neighbour at 9.85 m: 0.67 of what is allowed.
+TEST_F(Summary, GradesRealBolts)
+{
+    database.exec("insert into positions_attributes (position_id, averagediff, relativediff) values (2, 2, 0.002);"
+                  "insert into deformation_profiles (profile_id, position_id, profile_name) overriding system value "
+                  "values (2, 2, 'Фасад')");
+    int id = 100;
+    for (const RealBolt& bolt : realBolts(QStringLiteral(TERVA_SOURCE_DIR))) {
+        ++id;
+        database.exec(
+            QString("insert into dm_elements (element_id, type_id, element_name, state_id, position_id, x, y, "
+                    "z, h) overriding system value values (%1, 'dm', '%2', 'exist', 2, %3, %4, 0, 0);"
+                    "insert into dm_meas (element_id, cycle_id, date, meas) values "
+                    "(%1, 1, '2022-12-10', %5), (%1, 2, '2023-07-10', %6)")
+                .arg(id)
+                .arg(bolt.name)
+                .arg(bolt.x, 0, 'f', 1)
+                .arg(bolt.y, 0, 'f', 1)
+                .arg(bolt.base, bolt.current));
+        if (bolt.name >= "12281252" && bolt.name <= "12281259")
+            database.exec(QString("insert into deformation_profiles_points (profile_id, element_id, param, dist) "
+                                  "values (2, %1, %1, %1)")
+                              .arg(id));
+    }
+    ASSERT_EQ(id, 150);
+    PositionsAnalyticStatesForm form;
+    press(form, "RunBTN");
+    EXPECT_EQ(row(list(form), 1).mid(3), (QStringList{"Да", "НИ", "ОР I", "ОР I", "ОР I"}));
+    EXPECT_EQ(list(form).item(1, 5)->toolTip(), "Рабочие: 38\nОграниченно Рабочие I: 3\nНерабочие: 9");
+    EXPECT_EQ(list(form).item(1, 6)->toolTip(), "Ограниченно Рабочие I: 1");
 }
 
 TEST_F(Summary, GradesEveryPosition)

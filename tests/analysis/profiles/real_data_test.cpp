@@ -1,26 +1,17 @@
 // Real wells and real bolts: what a profile of them holds, and how it looks.
 #include "analysis/contour/contour_build.h"
 #include "analysis/levels/level_map.h"
+#include "analysis/maps/kept_picture.h"
 #include "analysis/maps/map_drawing.h"
+#include "analysis/maps/real_input.h"
 #include "analysis/profiles/deformation_profile.h"
 #include "analysis/profiles/epure.h"
 #include "analysis/profiles/section_frame.h"
 #include "profile_fixture.h"
 
-#include <render/picture_export.h>
-
-#include <QDir>
-#include <QFile>
-#include <QRegularExpression>
-
 namespace {
 
-QStringList linesOf(const char* path)
-{
-    QFile file(QStringLiteral(TERVA_SOURCE_DIR "/") + QString::fromUtf8(path));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path;
-    return QString::fromUtf8(file.readAll()).remove(QChar(0xFEFF)).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-}
+const QString kRepository = QStringLiteral(TERVA_SOURCE_DIR);
 
 class RealProfile : public ProfileFixture {
 protected:
@@ -28,7 +19,7 @@ protected:
     void addBoreholes()
     {
         QMap<QString, int> ids;
-        for (const QString& line : linesOf("demo/boreholes/elements.csv")) {
+        for (const QString& line : linesOfFile(kRepository + QStringLiteral("/demo/boreholes/elements.csv"))) {
             const QStringList cells = line.split(QLatin1Char(';'));
             ids[cells[0]] = ids.size() + 1;
             addWell(ids[cells[0]], cells[0].toUtf8(), cells[1].toDouble(), cells[2].toDouble(), cells[3].toDouble(), 0,
@@ -38,7 +29,7 @@ protected:
                               .arg(ids[cells[0]]));
         }
         QStringList depths;
-        for (const QString& line : linesOf("demo/boreholes/terva.csv")) {
+        for (const QString& line : linesOfFile(kRepository + QStringLiteral("/demo/boreholes/terva.csv"))) {
             const QStringList cells = line.split(QLatin1Char(';'));
             if (cells[0] == QStringLiteral("Имя")) {
                 depths = cells.mid(5);
@@ -59,15 +50,9 @@ protected:
     }
     void addBolts()
     {
-        static const QRegularExpression bolt(QStringLiteral(
-            "\\('(\\d+)', ([\\d.]+), ([\\d.]+), [\\d.]+, '[\\d-]+', ([\\d.]+), '[\\d-]+', ([\\d.]+)\\)"));
         int id = 0;
-        for (const QString& line : linesOf("demo/bolts.sql")) {
-            const QRegularExpressionMatch found = bolt.match(line);
-            if (found.hasMatch())
-                addMeasured(++id, found.captured(1).toUtf8(), found.captured(2).toDouble(),
-                            found.captured(3).toDouble(), found.captured(4).toUtf8(), found.captured(5).toUtf8());
-        }
+        for (const RealBolt& bolt : realBolts(kRepository))
+            addMeasured(++id, bolt.name.toUtf8(), bolt.x, bolt.y, bolt.base.toUtf8(), bolt.current.toUtf8());
     }
     static ProfileLine alongTheIce()
     {
@@ -114,16 +99,6 @@ protected:
         drawn.insert(drawn.end(), lines.begin(), lines.end());
         drawSketch(sectionFrame(section, titles).sketch, QStringLiteral("TERVA_PROF_"), drawn);
     }
-    static void keepPicture(const char* name, const QSize& pixels)
-    {
-        const QString folder = qEnvironmentVariable("TERVA_PICTURES");
-        if (folder.isEmpty())
-            return;
-        PictureOptions options;
-        options.pixels = pixels;
-        EXPECT_EQ(exportPicture(*workingDatabase(), QDir(folder).filePath(QString::fromUtf8(name)), options),
-                  QString());
-    }
 };
 
 } // namespace
@@ -137,7 +112,7 @@ TEST_F(RealProfile, OfTheIceInJuly)
     EXPECT_EQ(july.wells().back().name, QStringLiteral("2210"));
     draw(july, LevelMap(LevelMap::Temperature), {"9", "9 - 01.07.23 - 31.07.23 - Лето 2023", false});
     EXPECT_TRUE(drawnTexts().contains(QStringLiteral("-2.11"))) << "of well 2202 at 11 m";
-    keepPicture("temperature-profile.png", {2400, 1900});
+    keepDrawing(QStringLiteral("temperature-profile.png"), {2400, 1900});
 }
 
 TEST_F(RealProfile, OfItsChangeSinceDecember)
@@ -148,7 +123,7 @@ TEST_F(RealProfile, OfItsChangeSinceDecember)
     draw(section(false, true), levels,
          {"9", "Исходный: 8 - 01.12.22 - 31.12.22 - Зима 2022; текущий: 9 - 01.07.23 - 31.07.23 - Лето 2023", true});
     EXPECT_TRUE(drawnTexts().contains(QStringLiteral("d-0.39"))) << "of well 2202 at 6 m: -1.61 after -1.22";
-    keepPicture("temperature-diff-profile.png", {2400, 1200});
+    keepDrawing(QStringLiteral("temperature-diff-profile.png"), {2400, 1200});
 }
 
 TEST_F(RealProfile, OfTheBoltsInTwoHouses)
@@ -168,5 +143,5 @@ TEST_F(RealProfile, OfTheBoltsInTwoHouses)
     EXPECT_NEAR(profiles[1].deltaMaxAbs, 0.1147, 1e-9);
     drawSketch(epureSketch(profiles, {0, 0, 2.0, QStringLiteral(" Цикл 2")}, 0.02), QStringLiteral("TERVA_DEF_"));
     EXPECT_TRUE(drawnTexts().contains(QStringLiteral("-24.70")));
-    keepPicture("deformation-profile.png", {2400, 520});
+    keepDrawing(QStringLiteral("deformation-profile.png"), {2400, 520});
 }
