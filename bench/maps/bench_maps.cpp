@@ -1,12 +1,14 @@
 // Reading the elements of a large map, alone and by its form: 20,000 marks, 5,000 wells
 // with logs of 20 depths; two cycles among five. Beside it what a statement an element and
 // cycle takes, as the yardstick.
-#include "spent_time.h"
 #include "analysis/maps/deformation_marks.h"
 #include "analysis/maps/forms/deformation_map_form.h"
 #include "analysis/maps/forms/temperature_diff_map_form.h"
 #include "analysis/maps/temperature_differences.h"
+#include "spent_time.h"
 #include "support/test_database.h"
+
+#include <nrx/application.h>
 
 #include <QApplication>
 
@@ -85,6 +87,7 @@ bool open(const char* what, size_t expected)
 int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);
+    ncDocManagerPtr()->appContextNewDocument(QString()); // the forms list its layers
     TestDatabase database;
     database.exec(QString::fromUtf8(kContent));
     session().connection.open(database.conninfo());
