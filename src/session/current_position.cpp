@@ -26,10 +26,7 @@ DrawingProperty positionProperty(const ProjectSession& session, int positionId)
 
 } // namespace
 
-QString ProjectSession::drawingPath(int positionId) const
-{
-    return tempDir + QStringLiteral("/positionID") + QString::number(positionId) + QStringLiteral(".dwg");
-}
+QString ProjectSession::drawingPath(int positionId) const { return positionDrawing(tempDir, positionId); }
 
 bool ProjectSession::setCurrentPosition(int positionId)
 {
@@ -40,8 +37,12 @@ bool ProjectSession::setCurrentPosition(int positionId)
         if (!row.isNull(0, 0))
             projectId = row.toInt(0, 0);
     }
-    if (currentPositionId != -1)
+    if (currentPositionId != -1) {
+        // Chosen again, it is laid anew, and what becomes of the copy is told there.
+        if (positionId != currentPositionId)
+            tellNotStored(currentPositionId, drawingPath(currentPositionId));
         closeDrawing(drawingPath(currentPositionId));
+    }
     if (checkConnection() && !bringPosition(positionId))
         return false;
     currentPositionId = positionId;
@@ -52,6 +53,8 @@ bool ProjectSession::setCurrentPosition(int positionId)
 // The drawing of the position stays open and its path known.
 void ProjectSession::leavePositionFields()
 {
+    if (currentPositionId != -1)
+        tellNotStored(currentPositionId, currentDrawingPath);
     currentPositionId = defaultPositionId;
     currentFileId = defaultFileId;
     currentObjectId = -1;

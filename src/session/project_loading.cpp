@@ -114,7 +114,7 @@ private:
     void takeConnection()
     {
         if (session_.currentPositionId != -1 && file_.positionId != -1)
-            closeDrawing(session_.currentDrawingPath);
+            closeDrawingBefore();
         if (!isSameDatabase(session_.connection.conninfo(), trial_.connection.conninfo()))
             session_.forgetDatabase();
         session_.connection = std::move(trial_.connection);
@@ -122,6 +122,15 @@ private:
         session_.projectId = trial_.projectId;
         session_.auditEnabled = trial_.auditEnabled;
         session_.superuser = trial_.superuser;
+    }
+
+    void closeDrawingBefore()
+    {
+        const QString& before = session_.currentDrawingPath;
+        // One that is laid anew at once is told of there.
+        if (before != positionDrawing(file_.tempDir, file_.positionId))
+            tellNotStored(session_.currentPositionId, before);
+        closeDrawing(before);
     }
 
     void tellTrouble() const

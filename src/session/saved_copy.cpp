@@ -78,6 +78,12 @@ bool isRemembered(const QString& path, const QByteArray& stored)
     return readAll(notePath(path), laid) && laid == fingerprint(stored);
 }
 
+bool wasSavedSince(const QString& path)
+{
+    QByteArray copy, laid;
+    return readAll(notePath(path), laid) && readAll(path, copy) && laid != fingerprint(copy);
+}
+
 bool keepSavedCopy(const QString& path, const QByteArray& stored)
 {
     if (!holdsSavedWork(path, stored))

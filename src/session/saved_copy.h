@@ -17,6 +17,10 @@ void rememberStored(const QString& path, const QByteArray& stored);
 /// Whether what is stored is what was laid or put there last.
 bool isRemembered(const QString& path, const QByteArray& stored);
 
+/// Whether the file was saved since it was laid or stored last. False where no
+/// note tells: that is no working copy.
+bool wasSavedSince(const QString& path);
+
 /// Moves the file to a dated name beside it when it was saved since it was laid
 /// and differs from what is stored, and tells where. False when it cannot be
 /// moved, which is told: the file must then not be written over.

@@ -9,6 +9,11 @@
 
 #include <nrx/application.h>
 
+QString positionDrawing(const QString& tempDir, int positionId)
+{
+    return tempDir + QStringLiteral("/positionID") + QString::number(positionId) + QStringLiteral(".dwg");
+}
+
 void writeDrawingProperty(NcApDocument* document, const DrawingProperty& property)
 {
     if (!document || property.key.isEmpty())
@@ -27,6 +32,12 @@ void closeDrawing(const QString& path)
     if (NcApDocument* document = documents->findByFileName(path))
         documents->closeDocument(document);
     unlockDrawing(path);
+}
+
+void tellNotStored(int positionId, const QString& path)
+{
+    if (ncDocManagerPtr()->findByFileName(path) && wasSavedSince(path))
+        say(fill(QStringLiteral("\nЧертеж позиции %1 сохранен, но не записан в базу данных: %2\n"), positionId, path));
 }
 
 void createDrawing(const QString& path, const DrawingProperty& property)

@@ -7,6 +7,9 @@
 class NcApDocument;
 class ProjectSession;
 
+/// Where the working copy of a position's drawing lies.
+QString positionDrawing(const QString& tempDir, int positionId);
+
 /// A property of the drawing's own record.
 struct DrawingProperty {
     QString key;
@@ -18,6 +21,10 @@ void writeDrawingProperty(NcApDocument* document, const DrawingProperty& propert
 
 /// Closes the document of that file name if one is open, and gives its lock back.
 void closeDrawing(const QString& path);
+
+/// Tells of an open drawing that was saved and not stored, before it is closed
+/// or its position left.
+void tellNotStored(int positionId, const QString& path);
 
 /// A new document from the template "Default.dwt", saved under `path`; with
 /// the property, unless its key is empty.

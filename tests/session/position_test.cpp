@@ -3,6 +3,7 @@
 
 #include "session/drawing_lock.h"
 #include "session/numbering.h"
+#include "session/saved_copy.h"
 #include "session/working_drawing.h"
 
 #include <drawing/application.h>
@@ -218,6 +219,41 @@ TEST_F(ChoosingAPosition, ACopyIsKeptBeforeANewDrawingToo)
     EXPECT_EQ(content(keptCopies(1).first()), saved);
     EXPECT_TRUE(openDrawing(session_.drawingPath(1)));
     EXPECT_TRUE(console_.text().contains(keptCopies(1).first()));
+}
+
+TEST_F(ChoosingAPosition, ADrawingSavedAndNotStoredIsToldWhenItsPositionIsLeft)
+{
+    storeDrawing(2, 31);
+    ASSERT_TRUE(session_.setCurrentPosition(2));
+    const QString path = session_.drawingPath(2);
+    const QString told = "\nЧертеж позиции 2 сохранен, но не записан в базу данных: " + path + "\n";
+    EXPECT_FALSE(wasSavedSince(path));
+    save(path, "работа");
+    EXPECT_TRUE(wasSavedSince(path));
+    ASSERT_TRUE(session_.setCurrentPosition(-1)) << "its drawing stays open";
+    EXPECT_EQ(console_.take(), told);
+    ASSERT_TRUE(session_.setCurrentPosition(1));
+    EXPECT_EQ(console_.take(), QString()) << "told once";
+
+    ASSERT_TRUE(session_.setCurrentPosition(2));
+    EXPECT_TRUE(console_.take().contains("Прежняя копия: "));
+    const QByteArray more = save(path, "ещё работа");
+    ASSERT_TRUE(session_.setCurrentPosition(1));
+    EXPECT_EQ(console_.take(), told) << "it is closed";
+    EXPECT_EQ(content(path), more) << "and still lies there";
+}
+
+TEST_F(ChoosingAPosition, ADrawingThatWasStoredIsLeftInSilence)
+{
+    storeDrawing(2, 31);
+    ASSERT_TRUE(session_.setCurrentPosition(2));
+    rememberStored(session_.drawingPath(2), save(session_.drawingPath(2), "работа"));
+    ASSERT_TRUE(session_.setCurrentPosition(1));
+    save(session_.drawingPath(1), "работа");
+    closeDrawing(session_.drawingPath(1));
+    ASSERT_TRUE(session_.setCurrentPosition(2));
+    EXPECT_EQ(console_.text(), QString()) << "the user has closed that one";
+    EXPECT_FALSE(wasSavedSince(folder_.filePath("source.dwg"))) << "no working copy";
 }
 
 TEST_F(ChoosingAPosition, ChosenAgainAfterLeavingItTheDocumentIsTheStoredOne)
