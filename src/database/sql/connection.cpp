@@ -1,6 +1,7 @@
 #include "database/sql/connection.h"
 
 #include "database/sql/busy.h"
+#include "database/sql/failed_statements.h"
 #include "database/sql/statement_wait.h"
 
 #include <QTextCodec>
@@ -50,7 +51,17 @@ QString takeEscaped(char* escaped)
     return text;
 }
 
+int failures = 0;
+
+Result counted(Result result)
+{
+    failures += result.isTuples() || result.isCommand() ? 0 : 1;
+    return result;
+}
+
 } // namespace
+
+int failedStatements() { return failures; }
 
 Parameter text(const QString& value) { return {value.toUtf8(), false, false}; }
 
@@ -151,18 +162,19 @@ Result Connection::run(const Statement& statement, const QVector<Parameter>& par
         formats[i] = parameter.binary ? 1 : 0;
     }
     const QByteArray text = statement.text().toUtf8();
-    return runSent([&](pg_conn* connection) {
+    return counted(runSent([&](pg_conn* connection) {
         return PQsendQueryParams(connection, text.constData(), int(count), nullptr, values.data(), lengths.data(),
                                  formats.data(), int(answer))
             == 1;
-    });
+    }));
 }
 
 Result Connection::runScript(const QString& script) const { return runScriptBytes(script.toUtf8()); }
 
 Result Connection::runScriptBytes(const QByteArray& script) const
 {
-    return runSent([&script](pg_conn* connection) { return PQsendQuery(connection, script.constData()) == 1; });
+    return counted(
+        runSent([&script](pg_conn* connection) { return PQsendQuery(connection, script.constData()) == 1; }));
 }
 
 QString Connection::escapeIdentifier(const QString& name) const

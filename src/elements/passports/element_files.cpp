@@ -16,15 +16,19 @@ QString typeOf(PictureSlot slot)
 
 } // namespace
 
-QPixmap loadPicture(const Family& family, int elementId, PictureSlot slot)
+QByteArray loadPictureFile(const Family& family, int elementId, PictureSlot slot)
 {
     const sql::Result row =
         session().run(compose("select content from %1 where element_id=$1::integer and file_type=$2::filetype",
                               Identifier(family.files)),
                       {sql::text(elementId), sql::text(typeOf(slot))}, sql::Format::Binary);
+    return row.hasRow() ? row.bytes(0, 0) : QByteArray();
+}
+
+QPixmap loadPicture(const Family& family, int elementId, PictureSlot slot)
+{
     QPixmap picture;
-    if (row.hasRow())
-        picture.loadFromData(row.bytes(0, 0), "PNG");
+    picture.loadFromData(loadPictureFile(family, elementId, slot), "PNG");
     return picture;
 }
 

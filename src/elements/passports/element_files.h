@@ -10,6 +10,8 @@ constexpr PictureSlot pictureSlots[] = {PictureSlot::Photo, PictureSlot::Sketch,
 
 /// Null where nothing is stored, or no picture.
 QPixmap loadPicture(const Family& family, int elementId, PictureSlot slot);
+/// The file as it is stored; empty where nothing is.
+QByteArray loadPictureFile(const Family& family, int elementId, PictureSlot slot);
 /// Replaces what is stored. False, with the server's message on the console,
 /// when it could not be.
 bool storePicture(const Family& family, int elementId, PictureSlot slot, const QPixmap& picture);

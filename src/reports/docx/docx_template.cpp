@@ -21,6 +21,14 @@ bool hasChild(const QDomElement& element, const char* name)
     return !element.firstChildElement(QLatin1String(name)).isNull();
 }
 
+QByteArray bytesOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void sayNotLoaded(const QString& path) { qDebug() << "Failed to load image: " << path; }
+
 } // namespace
 
 DocxTemplate::DocxTemplate() = default;
@@ -128,7 +136,7 @@ bool DocxTemplate::readImages(const docx::WordDocument& parts)
 
 QStringList DocxTemplate::tags() const { return valid_ ? tagTypes.keys() : QStringList(); }
 
-bool DocxTemplate::setTag(const QString& tag, const QString& value, const QPixmap& known)
+bool DocxTemplate::setTag(const QString& tag, const QString& value)
 {
     if (!valid_ || !tagTypes.contains(tag))
         return false;
@@ -139,15 +147,28 @@ bool DocxTemplate::setTag(const QString& tag, const QString& value, const QPixma
     }
     // Not by the path: the toolkit keeps what it read of one, and takes another
     // file of the same length, written there within the second, for the same.
-    QFile file(value);
-    const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    QPixmap pixmap = docx::isPng(bytes) ? known : QPixmap();
-    if (pixmap.isNull() && !pixmap.loadFromData(bytes)) {
-        qDebug() << "Failed to load image: " << value;
+    const QByteArray bytes = bytesOf(value);
+    QPixmap pixmap;
+    if (!pixmap.loadFromData(bytes)) {
+        sayNotLoaded(value);
         return false;
     }
     m_rels_image[tag] = pixmap;
     changedPictures_[tag] = {pixmap.cacheKey(), docx::isPng(bytes) ? bytes : QByteArray()};
+    return true;
+}
+
+bool DocxTemplate::setPngFile(const QString& tag, const QString& path)
+{
+    if (!valid_ || tagTypes.value(tag) != Picture)
+        return false;
+    const QByteArray bytes = bytesOf(path);
+    if (!docx::isWholePng(bytes)) {
+        sayNotLoaded(path);
+        return false;
+    }
+    m_rels_image.remove(tag);
+    changedPictures_[tag] = {QPixmap().cacheKey(), bytes};
     return true;
 }
 

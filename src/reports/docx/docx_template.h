@@ -41,9 +41,11 @@ public:
     /// any other control the text, which reaches the document at save(). False
     /// for an unknown tag or an image that does not load ("Failed to load
     /// image: " in the debug log).
-    bool setTag(const QString& tag, const QString& value) { return setTag(tag, value, QPixmap()); }
-    /// The same for a file whose picture the caller has: it is not unpacked anew.
-    bool setTag(const QString& tag, const QString& value, const QPixmap& known);
+    bool setTag(const QString& tag, const QString& value);
+
+    /// The same for a picture control and a PNG file that is to be taken as it
+    /// is: it is looked through but not unpacked, and stands in no map.
+    bool setPngFile(const QString& tag, const QString& path);
 
     /// Writes the kept text into the first w:t of the control. Further w:t of
     /// it keep their texts. False, and nothing changes, for a control without a
@@ -88,7 +90,7 @@ private:
     QSet<QString> changedTexts_; ///< tags set by setTag, so that others stay untouched
     /// A PNG file that a picture was set from, so that it is not packed anew.
     struct PictureFile {
-        qint64 pixmap = 0; ///< key of the one that was read of it
+        qint64 pixmap = 0; ///< key of the one that was read of it, that of a null one for none
         QByteArray bytes;
     };
     QMap<QString, PictureFile> changedPictures_; ///< by tag

@@ -66,10 +66,12 @@ private:
         for (auto type = template_.tagTypes.begin(); type != template_.tagTypes.end(); ++type) {
             const QString& tag = type.key();
             const QPixmap pixmap = template_.m_rels_image.value(tag);
-            if (type.value() != DocxTemplate::Picture || pixmap.isNull() || !template_.changedPictures_.contains(tag))
+            const QByteArray png = fileOf(tag, pixmap);
+            if (type.value() != DocxTemplate::Picture || (pixmap.isNull() && png.isEmpty())
+                || !template_.changedPictures_.contains(tag))
                 continue;
             const QString path = freePath(tag, &counter);
-            addPicture({tag, true, freeId(tag), path, pixmap, fileOf(tag, pixmap)});
+            addPicture({tag, true, freeId(tag), path, pixmap, png});
         }
         for (auto image = template_.newImages.begin(); image != template_.newImages.end(); ++image)
             addPicture({QString(), false, image.key(), template_.newImagePaths.value(image.key()), image.value(), {}});

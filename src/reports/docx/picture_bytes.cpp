@@ -74,6 +74,28 @@ QPixmap pngPixmap(const QByteArray& bytes, PixelBudget* budget)
 
 bool isPng(const QByteArray& bytes) { return bytes.startsWith(signature()); }
 
+bool isWholePng(const QByteArray& bytes)
+{
+    constexpr qint64 around = 12; // length and name in front of a piece's content, checksum behind
+    const auto* at = reinterpret_cast<const uchar*>(bytes.constData());
+    bool hasPixels = false;
+    qint64 from = isPng(bytes) ? signature().size() : bytes.size();
+    while (bytes.size() - from >= around) {
+        const qint64 length = qFromBigEndian<quint32>(at + from);
+        if (length > bytes.size() - from - around)
+            return false;
+        const uchar* named = at + from + 4;
+        if (quint32(crc32(0, named, uInt(length + 4))) != qFromBigEndian<quint32>(named + 4 + length))
+            return false;
+        const QByteArray name(reinterpret_cast<const char*>(named), 4);
+        if (name == "IEND")
+            return hasPixels;
+        hasPixels = hasPixels || name == "IDAT";
+        from += around + length;
+    }
+    return false;
+}
+
 QByteArray pngBytes(const QPixmap& pixmap)
 {
     if (pixmap.isNull())

@@ -18,6 +18,10 @@ QPixmap pngPixmap(const QByteArray& bytes, PixelBudget* budget);
 /// Whether the bytes begin as those of a PNG file.
 bool isPng(const QByteArray& bytes);
 
+/// Whether they are a whole PNG file: every piece is there and has its
+/// checksum. Nothing is unpacked.
+bool isWholePng(const QByteArray& bytes);
+
 /// The picture as PNG, empty on failure.
 QByteArray pngBytes(const QPixmap& pixmap);
 

@@ -1,5 +1,6 @@
 #include "reports/generator/report_run.h"
 
+#include "database/sql/failed_statements.h"
 #include "reports/templates/position_state_template.h"
 #include "reports/templates/table_documents.h"
 #include "reports/templates/ts_passport_template.h"
@@ -65,7 +66,9 @@ bool goesIntoFolder(const ExportTemplateClass& document) { return seriesOf(docum
 
 bool isFolder(const QString& folder) { return !folder.isEmpty() && QFileInfo(folder).isDir(); }
 
-ReportOutcome runReport(ExportTemplateClass& document, const QString& path)
+namespace {
+
+ReportOutcome runOne(ExportTemplateClass& document, const QString& path)
 {
     if (const SeriesWords* words = seriesOf(document))
         return runSeries(document, *words);
@@ -78,5 +81,18 @@ ReportOutcome runReport(ExportTemplateClass& document, const QString& path)
         sayStopped();
     else if (outcome == ReportOutcome::Made && !plain)
         sayLine(QStringLiteral("Генерация документа '%1' завершена").arg(shown));
+    return outcome;
+}
+
+} // namespace
+
+ReportOutcome runReport(ExportTemplateClass& document, const QString& path)
+{
+    const int before = sql::failedStatements();
+    const ReportOutcome outcome = runOne(document, path);
+    // What is not read is left out of a document, which cannot say so by itself.
+    const int failed = sql::failedStatements() - before;
+    if (failed > 0)
+        sayLine(QStringLiteral("Часть данных не прочитана из базы: отказов %1. Проверьте документы").arg(failed));
     return outcome;
 }

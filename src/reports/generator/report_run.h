@@ -17,5 +17,5 @@ bool goesIntoFolder(const ExportTemplateClass& document);
 bool isFolder(const QString& folder);
 
 /// Makes the document with its parameters. `path` is the file, for kinds that
-/// go into one.
+/// go into one. Statements that the server refused meanwhile are told at the end.
 ReportOutcome runReport(ExportTemplateClass& document, const QString& path);

@@ -52,16 +52,20 @@ bool TSPassportExportTemplate::takeWell(int elementId)
     if (!parameters.cycles.isEmpty())
         well_.keepCycles(parameters.cycles);
 
-    variablePictures.clear();
-    // A chart costs time: only those are made that a tag receives.
-    if (isUsed(QStringLiteral("17_ts_temp_diagramm")))
-        setPicture(QStringLiteral("17_ts_temp_diagramm"), temperaturePicture(well_, false));
-    if (isUsed(QStringLiteral("171_ts_temp_geol_diagramm")))
-        setPicture(QStringLiteral("171_ts_temp_geol_diagramm"), temperaturePicture(well_, true));
-    setPicture(QStringLiteral("18_ts_img_col"), well_.column);
-    setPicture(QStringLiteral("19_ts_img_abris"), well_.layout);
-    setPicture(QStringLiteral("20_ts_img_photo"), well_.photo);
+    pictures_ = {{QStringLiteral("18_ts_img_col"), well_.column},
+                 {QStringLiteral("19_ts_img_abris"), well_.layout},
+                 {QStringLiteral("20_ts_img_photo"), well_.photo}};
+    takeChart("17_ts_temp_diagramm", false);
+    takeChart("171_ts_temp_geol_diagramm", true);
     return true;
+}
+
+// A chart costs time: only those are made that a tag receives.
+void TSPassportExportTemplate::takeChart(const char* variable, bool withGeology)
+{
+    const QString name = QString::fromLatin1(variable);
+    if (isUsed(name))
+        pictures_.insert(name, docx::pngBytes(temperaturePicture(well_, withGeology)));
 }
 
 bool TSPassportExportTemplate::buildTable(const QString& variable, DocxTable& table, DocxTemplate&)
@@ -73,16 +77,21 @@ bool TSPassportExportTemplate::buildTable(const QString& variable, DocxTable& ta
     return true;
 }
 
-QString TSPassportExportTemplate::savePicture(const QString& name, const QPixmap& picture)
+QString TSPassportExportTemplate::savePicture(const QString& name, const QByteArray& png)
 {
-    QString path = parameters.folder + QLatin1Char('/') + name;
-    // A file of the user's own under that name stays what it is.
-    if (QFile::exists(path))
-        path = spareFolder_ + QLatin1Char('/') + name;
-    if (picture.isNull() || !saveFile(path, docx::pngBytes(picture)))
+    if (!docx::isWholePng(png))
         return {};
-    pictureFiles_.append(path);
-    return path;
+    for (const QString& folder : {parameters.folder, spareFolder_}) {
+        const QString path = folder + QLatin1Char('/') + name;
+        // A file of the user's own under that name stays what it is.
+        if (folder.isEmpty() || QFile::exists(path) || !saveFile(path, png))
+            continue;
+        pictureFiles_.append(path);
+        return path;
+    }
+    sayLine(QStringLiteral("Не удалось записать файл '%1'")
+                .arg(QDir::toNativeSeparators(parameters.folder + QLatin1Char('/') + name)));
+    return {};
 }
 
 void TSPassportExportTemplate::fillDocument(DocxTemplate* document)
@@ -93,9 +102,9 @@ void TSPassportExportTemplate::fillDocument(DocxTemplate* document)
         const QString tag = tagOf(variable);
         if (tag.isEmpty() || document->tagTypes.value(tag) != DocxTemplate::Picture)
             continue;
-        const QString path = savePicture(QString::fromLatin1(row.file), variablePictures.value(variable));
+        const QString path = savePicture(QString::fromLatin1(row.file), pictures_.value(variable));
         if (!path.isEmpty())
-            document->setTag(tag, path);
+            document->setPngFile(tag, path);
     }
 }
 

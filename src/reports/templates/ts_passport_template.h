@@ -17,9 +17,11 @@ protected:
 private:
     bool takeWell(int elementId);
     void setNumber(const char* variable, double value);
-    QString savePicture(const QString& name, const QPixmap& picture);
+    void takeChart(const char* variable, bool withGeology);
+    QString savePicture(const QString& name, const QByteArray& png);
 
     WellRecord well_;
-    QStringList pictureFiles_; ///< of the document that is being made
-    QString spareFolder_;      ///< for pictures whose names are taken in the folder of the run
+    QMap<QString, QByteArray> pictures_; ///< by variable, as PNG; unpacked they would take more time than all the rest
+    QStringList pictureFiles_;           ///< of the document that is being made
+    QString spareFolder_;                ///< for pictures that the folder of the run does not take
 };

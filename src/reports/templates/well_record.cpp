@@ -28,9 +28,9 @@ QVector<WellRecord::Measure> loadMeasures(int elementId)
     MeasureLists lists;
     loadDevices(lists);
     QVector<WellRecord::Measure> measures;
-    const Measures stored =
-        loadMeasuresOf(*measureFamily(FamilyKey::Ts),
-                       compose("select meas_ts_id from ts_meas where element_id = %1 order by date;", elementId), lists);
+    const Measures stored = loadMeasuresOf(
+        *measureFamily(FamilyKey::Ts),
+        compose("select meas_ts_id from ts_meas where element_id = %1 order by date;", elementId), lists);
     for (const std::unique_ptr<BaseMeasure>& row : stored) {
         const TSMeasure& measure = static_cast<const TSMeasure&>(*row);
         measures.append({measure.date.date(), measure.deviceSerial, session().cycles.value(measure.cycleId).value(0),
@@ -91,9 +91,9 @@ bool WellRecord::load(int elementId)
     limits = loadTemperatureLimits(positionId, ground());
     layers = loadChartLayers(id);
     const Family& wells = family(FamilyKey::Ts);
-    layout = loadPicture(wells, id, PictureSlot::Sketch);
-    photo = loadPicture(wells, id, PictureSlot::Photo);
-    column = loadPicture(wells, id, PictureSlot::Column);
+    layout = loadPictureFile(wells, id, PictureSlot::Sketch);
+    photo = loadPictureFile(wells, id, PictureSlot::Photo);
+    column = loadPictureFile(wells, id, PictureSlot::Column);
     return true;
 }
 

@@ -25,7 +25,7 @@ struct WellRecord {
     QVector<Measure> measures; ///< by date
     TemperatureLimits limits;  ///< of the position
     QVector<GeologyLayer> layers;
-    QPixmap layout, photo, column;
+    QByteArray layout, photo, column; ///< pictures as they are stored: PNG files
 
     /// The elevation of the ground; what is not stored counts as 0.
     double ground() const;

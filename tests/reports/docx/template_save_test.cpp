@@ -75,6 +75,33 @@ TEST(DocxTemplateSave, takesThePngFileAsItIsAndPacksTheOthers)
               0xff0000ff);
 }
 
+TEST(DocxTemplateSave, takesAWholePngFileUnseen)
+{
+    Folder folder;
+    DocxTemplate docx;
+    ASSERT_TRUE(docx.open(twoPictures().write(folder / "a.docx")));
+    const QByteArray whole = imageBytes("PNG", 0xffff0000, 12);
+    QByteArray spoiled = whole;
+    spoiled[45] = char(spoiled[45] ^ 1);
+    const QByteArray others[] = {QByteArray(), whole.left(whole.size() - 1), whole.left(8),
+                                 spoiled,      imageBytes("JPEG"),           whole.left(33) + whole.right(12)};
+    for (const QByteArray& bytes : others) {
+        writeFile(folder / "other.png", bytes);
+        EXPECT_FALSE(docx.setPngFile("a", folder / "other.png")) << bytes.size();
+    }
+    EXPECT_FALSE(docx.setPngFile("a", folder / "none.png"));
+    EXPECT_FALSE(docx.setPngFile("no tag", redPicture(folder)));
+    ASSERT_TRUE(docx.setPngFile("a", redPicture(folder)));
+    ASSERT_TRUE(docx.save(folder / "b.docx"));
+    EXPECT_EQ(unpacked(folder / "b.docx")["word/media/tag_image_a_0.png"], whole);
+    EXPECT_EQ(relationship(folder / "b.docx", "rId_tag_a_0")["Target"], "media/tag_image_a_0.png");
+    EXPECT_EQ(findFaults(folder / "b.docx"), QStringList());
+    writeFile(folder / "green.png", imageBytes("PNG", 0xff00ff00));
+    ASSERT_TRUE(docx.setTag("a", folder / "green.png")) << "the last one counts";
+    ASSERT_TRUE(docx.save(folder / "c.docx"));
+    EXPECT_EQ(unpacked(folder / "c.docx")["word/media/tag_image_a_0.png"], imageBytes("PNG", 0xff00ff00));
+}
+
 TEST(DocxTemplateSave, readsAnotherPictureOfTheSameFileWithinTheSecond)
 {
     Folder folder;

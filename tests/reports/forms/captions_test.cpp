@@ -253,6 +253,37 @@ TEST_F(ReportForms, ANewTemplateIsNamedAfterItsWordFile)
     EXPECT_EQ(written->substitutions[0].variable, "10_ts_name");
 }
 
+TEST_F(ReportForms, TagsOfHeadersAndFootersAreNamedAndNotFilled)
+{
+    const QByteArray start = "<w:hdr xmlns:w=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\">";
+    DocxMaker(paragraph(textControl("first", "1")))
+        .relationship("rId8", "header", "header1.xml")
+        .entry("word/header1.xml", start + paragraph(textControl("head", "h") + textControl("first", "f")) + "</w:hdr>")
+        .relationship("rId9", "footer", "footer2.xml")
+        .entry("word/footer2.xml", start + paragraph(textControl("foot", "f")) + "</w:hdr>")
+        .write(folder / "new.docx");
+    ExportTemplateClass document;
+    TemplateEditorDialog form(document, TemplateBindings(document.kind()));
+    const auto& told = *child<QLabel>(form, "OutsideTags");
+    EXPECT_EQ(told.text(), "");
+    form.takeDocx(folder / "new.docx");
+    EXPECT_EQ(child<QTableWidget>(form, "SubstsView")->rowCount(), 1) << "the document's own tag alone";
+    EXPECT_EQ(told.text(), "Тэги колонтитулов не заполняются: head, first, foot");
+    child<QTableWidget>(form, "SubstsView")->item(0, 2)->setText("новый");
+    form.accept();
+    ASSERT_TRUE(document.loadTemplate(form.descriptionPath()));
+    ASSERT_EQ(int(document.exportFile(folder / "out.docx")), int(ReportOutcome::Made));
+    const QMap<QString, QByteArray> before = unpacked(folder / "new.docx");
+    const QMap<QString, QByteArray> after = unpacked(folder / "out.docx");
+    EXPECT_TRUE(after["word/document.xml"].contains("новый"));
+    for (const char* part : {"word/header1.xml", "word/footer2.xml"})
+        EXPECT_EQ(after[part], before[part]) << part;
+    // A Word file without such tags says nothing.
+    DocxMaker(paragraph(textControl("first", "1"))).write(folder / "plain.docx");
+    form.takeDocx(folder / "plain.docx");
+    EXPECT_EQ(told.text(), "");
+}
+
 TEST_F(ReportForms, Pictures)
 {
     for (const ReportKind& kind : reportKinds())

@@ -150,6 +150,19 @@ TEST_F(Builders, APhotoStandsInTheCellBehindTheFindings)
     EXPECT_EQ(document.newImages.size(), 1);
 }
 
+TEST_F(Builders, APhotoFillsItsBoxOneWay)
+{
+    for (const auto& [photo, shown] : {std::pair(QSize(40, 30), QSize(200, 150)), {QSize(100, 300), QSize(50, 150)}}) {
+        DocxTable table = open({"№|Имя|А|Фото", "0|x|x|x"});
+        QPixmap pixmap(photo);
+        pixmap.fill(Qt::green);
+        fillInspectionTable(table, document, {{"РП-1", "К", {"+"}, pixmap}});
+        const QDomElement extent = elements(table.element(), "wp:extent").value(0);
+        EXPECT_EQ(extent.attribute("cx").toInt(), shown.width() * 9525);
+        EXPECT_EQ(extent.attribute("cy").toInt(), shown.height() * 9525);
+    }
+}
+
 TEST_F(Builders, MeasuresOfAWellLieAndStand)
 {
     WellRecord well;

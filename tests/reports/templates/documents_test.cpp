@@ -189,6 +189,10 @@ TEST_F(Documents, ListsOfElements)
     }
     kind.parameters.part = {"positions", 2};
     EXPECT_TRUE(made(kind).last().startsWith("1|Позиция 2|ДМ-2"));
+    // A geometry in the metres of a local system is written as it comes.
+    database.exec("update dm_elements set geom = ST_SetSRID(ST_Point(512345.25, -6543210.5), 4326) where element_id = "
+                  "2");
+    EXPECT_TRUE(made(kind).last().contains("|E512345°15'0.00\"|S6543210°30'0.00\"|")) << made(kind).last();
     kind.parameters.part = {"nowhere", 2};
     EXPECT_EQ(made(kind).size(), 1);
 }
