@@ -58,7 +58,8 @@ def picture_control(tag, prompt, number, width, height):
 
 class Table:
     """Heading rows and the sample row. In a row "^" goes on with the cell
-    above, "<" belongs to the cell at its left."""
+    above, "<" belongs to the cell at its left; "~" in front of a text puts it
+    at the left of its cell."""
 
     def __init__(self, tag, widths, small=False):
         self.tag, self.widths, self.small, self.rows = tag, widths, small, []
@@ -83,10 +84,10 @@ class Table:
             properties += '<w:shd w:val="clear" w:color="auto" w:fill="E7EBF0"/>'
         style = CELL_HEADING if heading else CELL
         style = (SMALL, heading) if self.small else style
-        content = '' if text == '^' else run(text, style)
+        content = '' if text == '^' else run(text.lstrip('~'), style)
         if number == 0 and column == 0:
             content += text_control(self.tag, ' ', CELL)
-        align = 'center' if heading or column != 1 else 'left'
+        align = 'left' if text.startswith('~') else 'center'
         return (f'<w:tc><w:tcPr>{properties}<w:vAlign w:val="center"/></w:tcPr>'
                 f'{paragraph(content, align, 0, 0)}</w:tc>')
 
