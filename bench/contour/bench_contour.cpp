@@ -134,6 +134,7 @@ struct Bar {
     double timesCgal;
     double growth; // exponent, from the size before
     long megabytes;
+    double prepareShare = 0.0; // of the whole
 };
 
 struct Kind {
@@ -171,6 +172,10 @@ void printBars(const Kind& kind, const Row& row)
             std::printf("    MISSED: growth n^%.2f, wanted n^%.1f\n", row.growth, bar.growth);
         if (isMissed(static_cast<double>(row.peak), static_cast<double>(bar.megabytes)))
             std::printf("    MISSED: %ld MB, wanted %ld\n", row.peak, bar.megabytes);
+        const auto prepare = row.ours.steps.find(BuildStep::Prepare);
+        const double share = prepare == row.ours.steps.end() ? 0.0 : prepare->second / row.ours.whole;
+        if (isMissed(share, bar.prepareShare))
+            std::printf("    MISSED: prepare is %.2f of the whole, wanted %.1f\n", share, bar.prepareShare);
     }
 }
 
@@ -281,7 +286,7 @@ const std::vector<Kind>& allKinds()
          kinds::smooth,
          false,
          {1000, 10000, 100000},
-         {{100000, 0, 0, 1.2, 0}},
+         {{100000, 0, 0, 1.2, 0, 0.2}},
          Method::Triangulation,
          kinds::longBorder,
          true},

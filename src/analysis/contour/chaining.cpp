@@ -49,8 +49,9 @@ struct GrowingLine {
 
 class Chainer {
 public:
-    explicit Chainer(const std::vector<ContourSegment>& segments)
+    Chainer(const std::vector<ContourSegment>& segments, bool goesOn)
         : segments_(segments),
+          goesOn_(goesOn),
           taken_(segments.size(), 0),
           last_(static_cast<std::int32_t>(segments.size()) - 1),
           grid_(2 * segments.size())
@@ -101,6 +102,8 @@ private:
 
     std::int32_t lastLeft()
     {
+        if (goesOn_)
+            return -1;
         while (last_ >= 0 && taken_[static_cast<std::size_t>(last_)])
             --last_;
         return last_;
@@ -131,6 +134,7 @@ private:
     }
 
     const std::vector<ContourSegment>& segments_;
+    const bool goesOn_;
     std::vector<char> taken_;
     std::int32_t last_;
     geometry::ToleranceGrid grid_;
@@ -138,6 +142,9 @@ private:
 
 } // namespace
 
-std::vector<Isoline> chainSegments(const std::vector<ContourSegment>& segments) { return Chainer(segments).run(); }
+std::vector<Isoline> chainSegments(const std::vector<ContourSegment>& segments, bool goesOn)
+{
+    return Chainer(segments, goesOn).run();
+}
 
 } // namespace contour

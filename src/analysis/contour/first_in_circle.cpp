@@ -9,6 +9,8 @@ namespace {
 
 constexpr double kRounding = 1e-14;
 constexpr std::int32_t kLeafSize = 8;
+// Of what is measured; beyond it figures may be no numbers.
+constexpr double kLargest = 1e150;
 
 double gap(double from, double to, double at) { return std::max({from - at, at - to, 0.0}); }
 
@@ -25,49 +27,89 @@ FirstInCircle::FirstInCircle(const geometry::PointList& vertices, std::int32_t c
         build(0, 0, static_cast<std::int32_t>(order_.size()));
 }
 
+FirstInCircle::Node FirstInCircle::boxOf(std::int32_t begin, std::int32_t end) const
+{
+    Node n;
+    n.begin = begin;
+    n.end = end;
+    const auto [first, last] = std::minmax_element(order_.begin() + begin, order_.begin() + end);
+    n.first = *first;
+    n.last = *last;
+    n.x = at(n.first).x;
+    n.y = at(n.first).y;
+    const double length = geometry::planDistance(at(n.first), at(n.last));
+    if (length > 0.0 && length < INFINITY) {
+        n.alongX = (at(n.last).x - n.x) / length;
+        n.alongY = (at(n.last).y - n.y) / length;
+    }
+    double farthest = 0.0;
+    bool isMeasured = true;
+    for (std::int32_t i = begin; i < end; ++i) {
+        const geometry::Point3& p = at(order_[static_cast<std::size_t>(i)]);
+        const double u = (p.x - n.x) * n.alongX + (p.y - n.y) * n.alongY;
+        const double w = (p.y - n.y) * n.alongX - (p.x - n.x) * n.alongY;
+        n.uMin = std::min(n.uMin, u);
+        n.uMax = std::max(n.uMax, u);
+        n.wMin = std::min(n.wMin, w);
+        n.wMax = std::max(n.wMax, w);
+        farthest = std::max({farthest, std::fabs(u), std::fabs(w)});
+        isMeasured = isMeasured && std::fabs(u) < kLargest && std::fabs(w) < kLargest;
+    }
+    if (!isMeasured)
+        farthest = INFINITY;
+    n.uMin -= kRounding * farthest;
+    n.uMax += kRounding * farthest;
+    n.wMin -= kRounding * farthest;
+    n.wMax += kRounding * farthest;
+    return n;
+}
+
+bool FirstInCircle::Node::mayMeet(const Circumcircle& circle) const
+{
+    const double dx = circle.x - x;
+    const double dy = circle.y - y;
+    const double slack = kRounding * (std::fabs(dx) + std::fabs(dy));
+    const double u = gap(uMin - slack, uMax + slack, dx * alongX + dy * alongY);
+    const double w = gap(wMin - slack, wMax + slack, dy * alongX - dx * alongY);
+    return !(u * u + w * w > circle.squaredRadius * (1.0 + kRounding));
+}
+
 void FirstInCircle::build(std::size_t node, std::int32_t begin, std::int32_t end)
 {
-    Node n{INFINITY, -INFINITY, INFINITY, -INFINITY, order_[static_cast<std::size_t>(begin)], -1, begin, end};
-    for (std::int32_t i = begin; i < end; ++i) {
-        const std::int32_t vertex = order_[static_cast<std::size_t>(i)];
-        n.xMin = std::min(n.xMin, at(vertex).x);
-        n.xMax = std::max(n.xMax, at(vertex).x);
-        n.yMin = std::min(n.yMin, at(vertex).y);
-        n.yMax = std::max(n.yMax, at(vertex).y);
-        n.first = std::min(n.first, vertex);
-        n.last = std::max(n.last, vertex);
-    }
+    const Node n = boxOf(begin, end);
     if (nodes_.size() <= node)
         nodes_.resize(node + 1);
     nodes_[node] = n;
     if (end - begin <= kLeafSize)
         return;
-    const bool byX = n.xMax - n.xMin >= n.yMax - n.yMin;
+    // Vertices are in the order of x.
+    const auto [lowest, highest] =
+        std::minmax_element(order_.begin() + begin, order_.begin() + end,
+                            [this](std::int32_t a, std::int32_t b) { return at(a).y < at(b).y; });
+    const bool byX = at(n.last).x - at(n.first).x >= at(*highest).y - at(*lowest).y;
     const std::int32_t middle = begin + (end - begin) / 2;
     std::nth_element(
-        order_.begin() + begin, order_.begin() + middle, order_.begin() + end, [&](std::int32_t a, std::int32_t b) {
-            return byX ? a < b : (at(a).y != at(b).y ? at(a).y < at(b).y : a < b); // vertices are in the order of x
-        });
+        order_.begin() + begin, order_.begin() + middle, order_.begin() + end,
+        [&](std::int32_t a, std::int32_t b) { return byX ? a < b : (at(a).y != at(b).y ? at(a).y < at(b).y : a < b); });
     build(2 * node + 1, begin, middle);
     build(2 * node + 2, middle, end);
 }
 
-std::int32_t FirstInCircle::from(std::int32_t from, const Circumcircle& circle) const
+std::int32_t FirstInCircle::from(std::int32_t from, std::int32_t end, const Circumcircle& circle) const
 {
-    std::int32_t best = -1;
+    std::int32_t best = end;
     if (!nodes_.empty())
         search(0, from, circle, &best);
-    return best;
+    return best < end ? best : -1;
 }
 
+// Lowers `best` to the first vertex below it.
 void FirstInCircle::search(std::size_t node, std::int32_t from, const Circumcircle& circle, std::int32_t* best) const
 {
     const Node& n = nodes_[node];
-    if (n.last < from || (*best >= 0 && n.first >= *best))
+    if (n.last < from || n.first >= *best)
         return;
-    const double dx = gap(n.xMin, n.xMax, circle.x);
-    const double dy = gap(n.yMin, n.yMax, circle.y);
-    if (dx * dx + dy * dy > circle.squaredRadius * (1.0 + kRounding))
+    if (!n.mayMeet(circle))
         return;
     if (n.end - n.begin > kLeafSize) {
         const bool rightFirst = std::max(nodes_[2 * node + 2].first, from) < std::max(nodes_[2 * node + 1].first, from);
@@ -77,7 +119,7 @@ void FirstInCircle::search(std::size_t node, std::int32_t from, const Circumcirc
     }
     for (std::int32_t i = n.begin; i < n.end; ++i) {
         const std::int32_t vertex = order_[static_cast<std::size_t>(i)];
-        if (vertex < from || (*best >= 0 && vertex >= *best))
+        if (vertex < from || vertex >= *best)
             continue;
         const double x = at(vertex).x - circle.x;
         const double y = at(vertex).y - circle.y;

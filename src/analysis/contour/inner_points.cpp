@@ -19,6 +19,8 @@ constexpr double kRounding = 1e-14;
 // first few points too.
 constexpr std::size_t kSmallRing = 24;
 constexpr int kPlainTests = 3;
+// Looking at so many boxes of points costs about as much as a tree over a point.
+constexpr std::size_t kLooksForATree = 16;
 
 struct PlanBox {
     PointTree::Box box;
@@ -40,9 +42,50 @@ double gap(double fromA, double toA, double fromB, double toB) { return std::max
 
 } // namespace
 
-InnerPoints::InnerPoints(const PointList& points, PointTree::Halved halved) : points_(points), tree_(points, halved) { }
+InnerPoints::InnerPoints(const PointList& points, PointTree::Halved halved) : points_(points), halved_(halved) { }
 
-int InnerPoints::firstInside(const PointList& ring) const
+PointTree& InnerPoints::tree()
+{
+    if (!tree_) {
+        tree_.emplace(points_, halved_);
+        for (int index : removed_)
+            tree_->remove(index);
+    }
+    return *tree_;
+}
+
+void InnerPoints::remove(int index)
+{
+    if (tree_) {
+        tree_->remove(index);
+        return;
+    }
+    looks_ += removed_.size();
+    removed_.insert(std::lower_bound(removed_.begin(), removed_.end(), index), index);
+}
+
+// Many maps have a few rings, most of which hold one of the first points.
+template <class Accepts>
+int InnerPoints::firstInBox(const PointTree::Box& box, Accepts accepts)
+{
+    if (tree_ || looks_ > kLooksForATree * points_.size())
+        return tree().firstInBox(box, accepts);
+    auto removed = removed_.begin();
+    for (std::size_t i = 0; i < points_.size(); ++i) {
+        const auto index = static_cast<int>(i);
+        if (removed != removed_.end() && *removed == index) {
+            ++removed;
+            continue;
+        }
+        const Point3& p = points_[i];
+        ++looks_;
+        if (p.x >= box.xMin && p.x <= box.xMax && p.y >= box.yMin && p.y <= box.yMax && accepts(index))
+            return index;
+    }
+    return -1;
+}
+
+int InnerPoints::firstInside(const PointList& ring)
 {
     PlanBox around(ring);
     const double reach = GEOM_TOL + kRounding * around.largest;
@@ -52,7 +95,7 @@ int InnerPoints::firstInside(const PointList& ring) const
     around.box.yMax += reach;
     std::optional<geometry::SegmentIndex> index;
     int tests = 0;
-    return tree_.firstInBox(around.box, [&](int i) {
+    return firstInBox(around.box, [&](int i) {
         const Point3& p = points_[static_cast<std::size_t>(i)];
         if (ring.size() < kSmallRing || tests++ < kPlainTests)
             return geometry::pointInPolygon(p, ring);
@@ -62,7 +105,7 @@ int InnerPoints::firstInside(const PointList& ring) const
     });
 }
 
-int InnerPoints::nearestToLine(const Isoline& line) const
+int InnerPoints::nearestToLine(const Isoline& line)
 {
     const PlanBox around(line);
     const geometry::SegmentIndex index(line, false);
@@ -75,7 +118,7 @@ int InnerPoints::nearestToLine(const Isoline& line) const
         const double bound = std::sqrt(dx * dx + dy * dy + dz * dz) * (1.0 - kRounding) - slack;
         return std::max(bound, 0.0);
     };
-    return tree_.smallest(lowerBound, [&](int i) {
+    return tree().smallest(lowerBound, [&](int i) {
         const Point3& p = points_[static_cast<std::size_t>(i)];
         return geometry::distance(p, index.closest(p).point);
     });

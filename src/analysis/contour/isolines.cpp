@@ -3,7 +3,7 @@
 #include "analysis/contour/chaining.h"
 
 #include <algorithm>
-#include <numeric>
+#include <iterator>
 
 namespace contour {
 
@@ -13,30 +13,40 @@ namespace {
 
 constexpr int kMostMoves = 1000;
 
-// Points' values in order, to see whether a level meets one of them.
-class SortedValues {
+// Points' values, to see whether a level meets one of them. They are looked
+// through as long as that is sooner done than sorting them.
+class Values {
 public:
-    explicit SortedValues(const PointList& points)
+    explicit Values(const PointList& points)
     {
+        values_.reserve(points.size());
         for (const Point3& p : points) {
             if (!std::isnan(p.z))
                 values_.push_back(p.z);
         }
-        std::sort(values_.begin(), values_.end());
     }
 
-    bool meet(double level) const
+    bool meet(double level)
     {
+        const auto isNear = [level](double z) { return std::fabs(z - level) < GEOM_TOL; };
+        if (looks_ < kLooks) {
+            ++looks_;
+            return std::any_of(values_.begin(), values_.end(), isNear);
+        }
+        if (looks_++ == kLooks)
+            std::sort(values_.begin(), values_.end());
         const auto above = std::lower_bound(values_.begin(), values_.end(), level);
-        return (above != values_.end() && std::fabs(*above - level) < GEOM_TOL)
-            || (above != values_.begin() && std::fabs(*(above - 1) - level) < GEOM_TOL);
+        return (above != values_.end() && isNear(*above)) || (above != values_.begin() && isNear(*(above - 1)));
     }
 
 private:
+    static constexpr std::size_t kLooks = 32;
+
     std::vector<double> values_;
+    std::size_t looks_ = 0;
 };
 
-double movedOff(double level, const SortedValues& values)
+double movedOff(double level, Values& values)
 {
     for (int moves = 0; moves < kMostMoves && values.meet(level); ++moves) {
         if (level == 0.0)
@@ -94,12 +104,13 @@ std::vector<RankedLevel> ranked(const std::vector<double>& levels)
     return order;
 }
 
-// Level by level as listed, within a level as the triangles stand.
-std::vector<ContourSegment> cut(const std::vector<Triangle>& triangles, const PointList& vertices,
-                                const std::vector<double>& levels)
+using Segments = std::vector<ContourSegment>;
+
+// One list a level as listed, within a level as the triangles stand.
+std::vector<Segments> cut(const std::vector<Triangle>& triangles, const PointList& vertices,
+                          const std::vector<RankedLevel>& order, std::size_t levels)
 {
-    const std::vector<RankedLevel> order = ranked(levels);
-    std::vector<std::vector<ContourSegment>> byLevel(levels.size());
+    std::vector<Segments> byLevel(levels);
     ContourSegment segment;
     for (const Triangle& t : triangles) {
         const Point3& a = vertices[static_cast<std::size_t>(t.a)];
@@ -113,25 +124,48 @@ std::vector<ContourSegment> cut(const std::vector<Triangle>& triangles, const Po
                 byLevel[next->place].push_back(segment);
         }
     }
-    std::vector<ContourSegment> all;
-    all.reserve(
-        std::accumulate(byLevel.begin(), byLevel.end(), std::size_t(0),
-                        [](std::size_t sum, const std::vector<ContourSegment>& list) { return sum + list.size(); }));
-    for (std::vector<ContourSegment>& list : byLevel) {
-        all.insert(all.end(), list.begin(), list.end());
-        std::vector<ContourSegment>().swap(list);
+    return byLevel;
+}
+
+// Whether no segment of one level can be near one of another.
+bool lieApart(const std::vector<RankedLevel>& order)
+{
+    return std::adjacent_find(
+               order.begin(), order.end(),
+               [](const RankedLevel& a, const RankedLevel& b) { return !(b.level - a.level > 2.0 * GEOM_TOL); })
+        == order.end();
+}
+
+std::vector<Isoline> chained(std::vector<Segments> byLevel)
+{
+    std::vector<Isoline> lines;
+    std::size_t left = 0;
+    for (const Segments& list : byLevel)
+        left += list.size();
+    for (Segments& list : byLevel) {
+        left -= list.size();
+        std::vector<Isoline> found = chainSegments(list, left > 0);
+        lines.insert(lines.end(), std::make_move_iterator(found.begin()), std::make_move_iterator(found.end()));
+        Segments().swap(list);
     }
-    return all;
+    return lines;
 }
 
 } // namespace
 
 std::vector<Isoline> SurfaceModel::isolines(std::vector<double>& levels) const
 {
-    const SortedValues values(points);
+    Values values(points);
     for (double& level : levels)
         level = movedOff(level, values);
-    return chainSegments(cut(triangles, vertices, levels));
+    const std::vector<RankedLevel> order = ranked(levels);
+    std::vector<Segments> byLevel = cut(triangles, vertices, order, levels.size());
+    if (lieApart(order))
+        return chained(std::move(byLevel));
+    Segments all;
+    for (const Segments& list : byLevel)
+        all.insert(all.end(), list.begin(), list.end());
+    return chainSegments(all);
 }
 
 } // namespace contour

@@ -1,10 +1,11 @@
 #include "analysis/contour/surface_model.h"
 
+#include "analysis/contour/border_rows.h"
 #include "analysis/contour/sweep.h"
-#include "geometry/segment_index.h"
 #include "geometry/tolerance_grid.h"
 
 #include <algorithm>
+#include <numeric>
 #include <optional>
 
 namespace contour {
@@ -109,14 +110,44 @@ struct Ranked {
     std::uint32_t point;
 };
 
-// Numbers of the points by x, of equal ones in their order.
+bool comesBefore(const Ranked& a, const Ranked& b) { return a.x != b.x ? a.x < b.x : a.point < b.point; }
+
+// Numbers of the points by x, of equal ones in their order. They are dealt into
+// as many columns as there are points, which leaves little to sort.
 std::vector<Ranked> orderByX(const PointList& points)
 {
-    std::vector<Ranked> order(points.size());
-    for (std::size_t i = 0; i < points.size(); ++i)
-        order[i] = {points[i].x, static_cast<std::uint32_t>(i)};
-    std::sort(order.begin(), order.end(),
-              [](const Ranked& a, const Ranked& b) { return a.x != b.x ? a.x < b.x : a.point < b.point; });
+    const std::size_t count = points.size();
+    std::vector<Ranked> order(count);
+    double least = INFINITY;
+    double most = -INFINITY;
+    for (const Point3& p : points) {
+        least = std::min(least, p.x);
+        most = std::max(most, p.x);
+    }
+    const double columnsPerUnit = static_cast<double>(count) / (most - least);
+    if (!(columnsPerUnit > 0.0 && columnsPerUnit < INFINITY)) {
+        for (std::size_t i = 0; i < count; ++i)
+            order[i] = {points[i].x, static_cast<std::uint32_t>(i)};
+        std::sort(order.begin(), order.end(), comesBefore);
+        return order;
+    }
+    // Never falls as x rises.
+    const auto columnOf = [&](const Point3& p) {
+        return std::min(static_cast<std::size_t>((p.x - least) * columnsPerUnit), count - 1);
+    };
+    std::vector<std::uint32_t> ends(count + 1, 0);
+    for (const Point3& p : points)
+        ++ends[columnOf(p) + 1];
+    std::partial_sum(ends.begin(), ends.end(), ends.begin());
+    for (std::size_t i = 0; i < count; ++i)
+        order[ends[columnOf(points[i])]++] = {points[i].x, static_cast<std::uint32_t>(i)};
+    auto begin = order.begin();
+    for (std::size_t column = 0; column < count; ++column) {
+        const auto end = order.begin() + ends[column];
+        if (end - begin > 1)
+            std::sort(begin, end, comesBefore);
+        begin = end;
+    }
     return order;
 }
 
@@ -173,7 +204,7 @@ bool SurfaceModel::triangulate(const Tick& tick)
 
 void SurfaceModel::trianglesInsideBoundary()
 {
-    const geometry::SegmentIndex border(boundary, true);
+    const BorderRows border(boundary);
     const auto outside = [&](const Triangle& t) {
         const Point3& a = vertices[static_cast<std::size_t>(t.a)];
         const Point3& b = vertices[static_cast<std::size_t>(t.b)];

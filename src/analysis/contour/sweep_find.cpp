@@ -6,14 +6,26 @@ namespace contour {
 
 namespace {
 
-// Doubts are shares of the map's squared extent. Where much is in doubt more is
-// taken on trust, and more neighbours are asked for it; a set on which even that
-// does not help is one of flat triangles.
+// Doubts are shares of the map's squared extent. Where one triangle of so many is
+// in doubt more is taken on trust, and more neighbours are asked for it, up to a
+// limit. Where many are asked that do not go, neighbours are no good.
 constexpr float kLeastTrust = 1e-12F;
-constexpr float kMostTrust = 1e-7F;
+constexpr float kMostTrust = 3e-8F;
 constexpr float kTrustGrows = 8.0F;
-constexpr std::int32_t kDoubtedFor = 16; // of so many triangles one may be doubted
+constexpr std::int32_t kDoubtedOf = 16;
 constexpr std::int32_t kDoubtedAtOnce = 64;
+constexpr std::int32_t kAskedAVertex = 16; // beside three for each that goes
+constexpr std::int32_t kVerticesAWatch = 256;
+
+// Vertices that the tree is asked about at first, and how many times as many as
+// a triangle has outlived then.
+constexpr std::int32_t kFirstLook = 256;
+constexpr std::int32_t kLookGrows = 32;
+
+// A triangle that outlives so many stretches as a rule stays for long, and is
+// left to the tree where more than so many for each vertex of a stretch are open.
+constexpr std::int32_t kStretchesInIndex = 4;
+constexpr std::size_t kOpenAVertex = 4;
 
 // So many vertices tell how their y are spread.
 constexpr std::size_t kVerticesABand = 16;
@@ -27,7 +39,8 @@ Sweep::Sweep(PointList& vertices, std::int32_t count, const std::vector<char>& r
       mesh_(vertices, count),
       index_(someVerticalPlaces(), static_cast<std::size_t>(count)),
       lastIn_(index_.bandCount(), -1),
-      trust_(kLeastTrust)
+      trust_(kLeastTrust),
+      stretchLength_(static_cast<std::int32_t>(std::max(32.0, std::sqrt(static_cast<double>(count)))))
 {
     order_.reserve(2 * vertices.size());
     reach_ = 2.0 * static_cast<double>(trust_) * mesh_.scale();
@@ -57,18 +70,21 @@ std::vector<double> Sweep::someVerticalPlaces() const
 // filled anew with what is open, which is of that order too as a rule.
 void Sweep::startStretch(std::int32_t vertex)
 {
-    const auto length = static_cast<std::int32_t>(std::max(32.0, std::sqrt(static_cast<double>(count_))));
-    stretchEnd_ = std::min(count_, vertex + length);
+    stretchEnd_ = std::min(count_, vertex + stretchLength_);
     index_.begin(at(stretchEnd_ - 1).x);
     for (std::int32_t id : gone_)
         mesh_.release(id);
     gone_.clear();
+    const std::int32_t old = open_.size() > kOpenAVertex * static_cast<std::size_t>(stretchLength_)
+        ? vertex - kStretchesInIndex * stretchLength_
+        : -1;
     std::size_t kept = 0;
     for (std::int32_t id : open_) {
         MeshTriangle& t = mesh_[id];
         if (t.place < 0)
             continue;
-        const CircleIndex::Added added = index_.add(t.circle, id, at(vertex).x);
+        const CircleIndex::Added added =
+            t.corners.c < old ? CircleIndex::Added::Crowded : index_.add(t.circle, id, at(vertex).x);
         if (added == CircleIndex::Added::Waits) {
             open_[kept++] = id;
             continue;
@@ -121,10 +137,19 @@ void Sweep::findPlacesToGo(std::int32_t vertex)
     std::sort(places_.begin(), places_.end());
 }
 
-// At the last vertex that came at about the same height.
+// At the last vertex or at the last one that came at about the same height,
+// whichever is nearer.
 std::int32_t Sweep::placeToStart(std::int32_t vertex) const
 {
-    const std::int32_t last = lastIn_[index_.bandOf(at(vertex).y)];
+    const Point3& p = at(vertex);
+    const auto squaredDistance = [&](std::int32_t other) {
+        const double dx = at(other).x - p.x;
+        const double dy = at(other).y - p.y;
+        return dx * dx + dy * dy;
+    };
+    std::int32_t last = lastIn_[index_.bandOf(p.y)];
+    if (last < 0 || squaredDistance(previous_) < squaredDistance(last))
+        last = previous_;
     const std::int32_t near = last < 0 ? -1 : mesh_.at(last);
     return near < 0 || mesh_[near].place < 0 ? order_.back() : near;
 }
@@ -135,7 +160,7 @@ bool Sweep::findByNeighbours(std::int32_t vertex)
     const std::int32_t holder = mesh_.walk(at(vertex), placeToStart(vertex), order_, [&](MeshTriangle& t) {
         return holds(t, at(vertex)) && doubtOf(t) <= trust_;
     });
-    if (holder < 0 || trust_ > kMostTrust)
+    if (holder < 0 || asksTooMany())
         return false;
     near_.clear();
     near_.push_back(holder);
@@ -146,7 +171,18 @@ bool Sweep::findByNeighbours(std::int32_t vertex)
                 near_.push_back(id);
         }
     }
+    asked_ += static_cast<std::int32_t>(near_.size()) - 3 * static_cast<std::int32_t>(places_.size());
     return true;
+}
+
+bool Sweep::asksTooMany()
+{
+    if (++watched_ < kVerticesAWatch)
+        return false;
+    const bool tooMany = asked_ > kAskedAVertex * watched_;
+    watched_ = 0;
+    asked_ = 0;
+    return tooMany;
 }
 
 // Whether the circle holds the vertex, or might where it and those of all
@@ -185,7 +221,7 @@ bool Sweep::isTrusted(MeshTriangle& t)
     const bool trusted = doubtOf(t) <= trust_;
     ++made_;
     doubted_ += trusted ? 0 : 1;
-    if (doubted_ >= kDoubtedAtOnce + made_ / kDoubtedFor) {
+    if (trust_ * kTrustGrows <= kMostTrust && doubted_ >= kDoubtedAtOnce + made_ / kDoubtedOf) {
         trust_ *= kTrustGrows;
         reach_ = 2.0 * static_cast<double>(trust_) * mesh_.scale();
         made_ = 0;
@@ -217,8 +253,9 @@ void Sweep::findYoungToGo(std::int32_t vertex)
 // From the vertex on it is found by the index or by the tree.
 void Sweep::settle(std::int32_t id, std::int32_t from)
 {
-    const CircleIndex::Added added =
-        from < count_ ? index_.add(mesh_[id].circle, id, at(from).x) : CircleIndex::Added::Passed;
+    if (from >= count_)
+        return;
+    const CircleIndex::Added added = index_.add(mesh_[id].circle, id, at(from).x);
     if (added == CircleIndex::Added::Crowded)
         makeDue(id, from);
     if (added != CircleIndex::Added::Waits)
@@ -227,6 +264,8 @@ void Sweep::settle(std::int32_t id, std::int32_t from)
     open_.push_back(id);
 }
 
+// The tree is asked about a few vertices first: most triangles are gone by then,
+// and those of points in a row cost a look at each of all the others.
 void Sweep::makeDue(std::int32_t id, std::int32_t from)
 {
     if (!firstInCircle_) {
@@ -234,8 +273,15 @@ void Sweep::makeDue(std::int32_t id, std::int32_t from)
         firstDue_.assign(static_cast<std::size_t>(count_), -1);
     }
     MeshTriangle& t = mesh_[id];
-    const std::int32_t due = firstInCircle_->from(from, t.circle);
+    const std::int32_t age = from - std::min(t.corners.c, from);
+    const std::int32_t look = std::max(kFirstLook, std::min(age, count_ / kLookGrows) * kLookGrows);
+    std::int32_t end = from + std::min(look, count_ - from);
+    while (end < count_ && repeats_[static_cast<std::size_t>(end)])
+        ++end; // it will not be looked at
+    std::int32_t due = firstInCircle_->from(from, end, t.circle);
     if (due < 0)
+        due = end; // asked again
+    if (due >= count_)
         return;
     t.due = due;
     std::int32_t& first = firstDue_[static_cast<std::size_t>(due)];
@@ -250,12 +296,16 @@ void Sweep::findDueToGo(std::int32_t vertex)
     if (!firstInCircle_)
         return;
     for (std::int32_t i = firstDue_[static_cast<std::size_t>(vertex)]; i >= 0;) {
-        const Due& due = dues_[static_cast<std::size_t>(i)];
+        const Due due = dues_[static_cast<std::size_t>(i)];
         MeshTriangle& t = mesh_[due.id];
         if (t.place >= 0 && t.due == vertex && t.corners.c == due.born) {
             t.due = kUnasked;
-            if (!wasPassed(t))
-                goes(t, vertex);
+            if (!wasPassed(t)) {
+                if (holds(t, at(vertex)))
+                    goes(t, vertex);
+                else
+                    makeDue(due.id, vertex + 1);
+            }
         }
         i = due.next;
     }

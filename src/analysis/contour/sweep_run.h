@@ -81,6 +81,7 @@ private:
     void addTriangle(const Triangle& corners);
     float doubtOf(MeshTriangle& t) const { return t.doubt < 0.0F ? mesh_.judge(t) : t.doubt; }
     bool isTrusted(MeshTriangle& t);
+    bool asksTooMany();
 
     const Point3& at(std::int32_t vertex) const { return vertices_[static_cast<std::size_t>(vertex)]; }
 
@@ -104,11 +105,14 @@ private:
     std::vector<std::int32_t> firstDue_; // of each vertex in dues_
     bool asksNeighbours_ = true;
     bool beyondMending_ = false;
-    float trust_;                 // the doubt up to which triangles are found by neighbours
-    double reach_ = 0.0;          // twice that, in squared lengths
-    std::int32_t made_ = 0;       // at this trust
-    std::int32_t doubted_ = 0;    // of these
-    std::int32_t previous_ = -1;  // the vertex inserted last
+    float trust_;                // the doubt up to which triangles are found by neighbours
+    double reach_ = 0.0;         // twice that, in squared lengths
+    std::int32_t made_ = 0;      // at this trust
+    std::int32_t doubted_ = 0;   // of these
+    std::int32_t watched_ = 0;   // vertices, since it was last seen whether too many are asked
+    std::int32_t asked_ = 0;     // for them, less three for each that goes
+    std::int32_t previous_ = -1; // the vertex inserted last
+    const std::int32_t stretchLength_;
     std::int32_t stretchEnd_ = 0; // first vertex behind the index's horizon
 };
 

@@ -169,6 +169,55 @@ TEST(AgreementOfHardSets, everyKind)
     }
 }
 
+// Rows, whose triangles are flat: enough of them for the tree to be asked again
+// about triangles that have outlived the first look. And one set that stands on
+// its side, so that its rows are columns.
+TEST(AgreementOfHardSets, longRowsAndColumns)
+{
+    for (int kind : {3, 4, 7, 9}) {
+        samples::Random random(static_cast<std::uint32_t>(7100 + kind));
+        samples::Sample sample;
+        sample.input.points = samples::hardPoints(kind, random, 1300);
+        SCOPED_TRACE("hard kind " + std::to_string(kind));
+        ASSERT_NO_FATAL_FAILURE(compareSurfaces(sample));
+        for (Point3& p : *sample.input.points)
+            std::swap(p.x, p.y);
+        ASSERT_NO_FATAL_FAILURE(compareSurfaces(sample));
+    }
+}
+
+// Triangles between the row and the outer corners wait for the heap beyond it.
+TEST(AgreementOfHardSets, heapBeyondALongRow)
+{
+    for (std::uint32_t seed = 0; seed < 3; ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        samples::Random random(7300 + seed);
+        samples::Sample sample;
+        PointList points;
+        for (int i = 0; i < 700; ++i)
+            points.push_back({0.1 * i, (0.1 + 0.3 * seed) * i, random.in(-5, 5)});
+        for (int i = 0; i < 40; ++i)
+            points.push_back({random.in(90, 200), random.in(-300, 400), random.in(-5, 5)});
+        sample.input.points = points;
+        ASSERT_NO_FATAL_FAILURE(compareSurfaces(sample));
+    }
+}
+
+// Lines of one level are chained for themselves where no other level is near.
+TEST(AgreementOfLevels, apartNearEqualAndInAnyOrder)
+{
+    const std::vector<std::vector<double>> lists{{-2, 0, 2, 4},      {4, -2, 2, 0}, {1, 2, 1},   {1, 1 + 5e-7, 3},
+                                                 {3, 1 + 1.5e-6, 1}, {2, 2, 2},     {NAN, 1, 2}, {}};
+    for (std::size_t i = 0; i < lists.size(); ++i) {
+        SCOPED_TRACE("list " + std::to_string(i));
+        samples::Sample sample;
+        sample.input.points = samples::smoothField(21, 250, 100.0);
+        sample.input.levels = lists[i];
+        sample.parameters.calculateBoundary = true;
+        ASSERT_NO_FATAL_FAILURE(compareBuilds(sample));
+    }
+}
+
 // The kinds of sets and options above are no good if some never come up.
 TEST(AgreementSamples, coverEveryOption)
 {

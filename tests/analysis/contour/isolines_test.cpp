@@ -148,6 +148,39 @@ TEST(Chain, closedLineTakesTheVeryLastSegment)
     EXPECT_EQ(left[0].front().x, -3.0);
 }
 
+// A surface of loose triangles, each cut at 0.5 along the given segment.
+SurfaceModel surfaceCutAlong(const std::vector<ContourSegment>& segments)
+{
+    SurfaceModel model;
+    for (const ContourSegment& s : segments) {
+        const auto first = static_cast<std::int32_t>(model.vertices.size());
+        const Point3 low{20, 30, 0};
+        model.vertices.push_back(low);
+        model.vertices.push_back({2 * s.end.x - low.x, 2 * s.end.y - low.y, 1});
+        model.vertices.push_back({2 * s.start.x - low.x, 2 * s.start.y - low.y, 1});
+        model.triangles.push_back({first, first + 1, first + 2});
+    }
+    return model;
+}
+
+// The very last segment is that of all levels.
+TEST(Chain, veryLastSegmentIsOfTheLastLevel)
+{
+    const SurfaceModel model =
+        surfaceCutAlong({segment(0, 0, 1, 0), segment(1, 1, -3, 0), segment(1, 1, 0, 0), segment(1, 0, 1, 1)});
+    std::vector<double> alone{0.5};
+    const std::vector<Isoline> lines = model.isolines(alone);
+    ASSERT_EQ(lines.size(), 1U);
+    EXPECT_EQ(lines[0].size(), 5U);
+    std::vector<double> followed{0.5, 0.75};
+    const std::vector<Isoline> two = model.isolines(followed);
+    ASSERT_GE(two.size(), 3U);
+    EXPECT_EQ(two[0].size(), 4U);
+    EXPECT_TRUE(isClosedLine(two[0]));
+    EXPECT_EQ(two[1].size(), 2U);
+    EXPECT_EQ(two[1].front().z, 0.5);
+}
+
 TEST(Chain, levelsNeverJoin)
 {
     EXPECT_EQ(chainSegments({segment(0, 0, 1, 0, 1), segment(1, 0, 2, 0, 1.001)}).size(), 2U);
