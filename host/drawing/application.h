@@ -9,6 +9,7 @@
 
 #include <QObject>
 #include <QStringList>
+#include <optional>
 
 // What happens in the host, for its windows.
 class NRX_API HostEvents : public QObject {
@@ -43,6 +44,9 @@ public:
     bool isUntitled() const { return untitled_; }
     // Entities that the user picked before a command, "implied".
     const NcDbObjectIdArray& pickfirst() const { return pickfirst_; }
+    // Those of them that are still there. Looked through once, until it or the
+    // drawing changes.
+    NcDbObjectIdArray livingPickfirst();
 
 private:
     friend class Documents;
@@ -51,6 +55,7 @@ private:
     quint64 savedChange_ = 0;
     bool untitled_ = true;
     NcDbObjectIdArray pickfirst_;
+    std::optional<quint64> walkedAt_; // the drawing's change at which all of pickfirst_ was found living
 };
 
 // Sets the implied selection of the current document and tells the reactors.

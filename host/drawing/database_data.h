@@ -3,6 +3,7 @@
 
 #include "attribute_index.h"
 #include "object_data.h"
+#include "object_table.h"
 
 #include <nrx/database.h>
 
@@ -32,7 +33,7 @@ struct HeaderVariable {
 class UndoJournal;
 
 struct NcDatabaseData {
-    std::map<quint64, std::unique_ptr<NcDbObject>> objects;
+    ObjectTable objects;
     quint64 handleSeed = 1; // the next free handle
     quint64 sequenceSeed = 1;
 

@@ -176,6 +176,7 @@ void Documents::setPickfirst(const NcDbObjectIdArray& ids)
     if (!current_)
         return;
     current_->pickfirst_ = ids;
+    current_->walkedAt_.reset();
     notifyPickfirst();
 }
 

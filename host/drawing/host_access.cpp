@@ -7,9 +7,7 @@ NcDbObject* HostAccess::object(NcDbObjectId id)
 {
     if (id.isNull() || !isDrawingAlive(id.database()))
         return nullptr;
-    const auto& objects = data(*id.database()).objects;
-    const auto found = objects.find(id.handle());
-    return found == objects.end() ? nullptr : found->second.get();
+    return data(*id.database()).objects.find(id.handle());
 }
 
 bool HostAccess::isLiving(NcDbObjectId id)
@@ -54,7 +52,7 @@ NcDbObjectId HostAccess::adopt(NcDbDatabase& database, std::unique_ptr<NcDbObjec
 {
     NcDatabaseData& drawing = data(database);
     noteDrawing(database);
-    if (handle == 0 || drawing.objects.count(handle))
+    if (handle == 0 || drawing.objects.find(handle))
         handle = drawing.handleSeed;
     reserveHandle(database, handle);
     NcObjectData& own = data(*object);
@@ -62,7 +60,7 @@ NcDbObjectId HostAccess::adopt(NcDbDatabase& database, std::unique_ptr<NcDbObjec
     own.handle = handle;
     own.owner = owner;
     own.sequence = drawing.sequenceSeed++;
-    drawing.objects.emplace(handle, std::move(object));
+    drawing.objects.put(handle, std::move(object));
     ++drawing.changeCount;
     if (UndoJournal* journal = recordingJournal(&database))
         journal->noteCreated(own.id());
@@ -117,12 +115,11 @@ bool HostAccess::setHandle(NcDbObject& object, quint64 handle)
     if (own.handle == handle)
         return true;
     NcDatabaseData& drawing = data(*own.database);
-    if (drawing.objects.count(handle))
+    if (drawing.objects.find(handle))
         return false;
     const NcDbObjectId old = own.id();
-    auto node = drawing.objects.extract(own.handle);
-    node.key() = own.handle = handle;
-    drawing.objects.insert(std::move(node));
+    drawing.objects.put(handle, drawing.objects.take(own.handle));
+    own.handle = handle;
     if (!drawing.loading || handle < Q_UINT64_C(0xFFFFFFFFFFFF0000))
         reserveHandle(*own.database, handle);
     for (NcDbObjectId* known : {&drawing.blockTable, &drawing.layerTable, &drawing.ucsTable, &drawing.viewportTable,

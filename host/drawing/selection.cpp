@@ -43,6 +43,21 @@ NcDbObjectIdArray wholeDrawing(const NcDbDatabase& database)
     return ids;
 }
 
+void keepLiving(NcDbObjectIdArray& ids, const std::vector<NcSelectionFilter>& filter)
+{
+    const auto isOut = [&filter](NcDbObjectId id) {
+        const auto* entity = HostAccess::objectAs<NcDbEntity>(id);
+        return !entity || entity->isErased() || !passes(*entity, filter);
+    };
+    ids.erase(std::remove_if(ids.begin(), ids.end(), isOut), ids.end());
+}
+
+bool isImplied(const QString& mode)
+{
+    return mode.compare(QLatin1String("_I"), Qt::CaseInsensitive) == 0
+        || mode.compare(QLatin1String("I"), Qt::CaseInsensitive) == 0;
+}
+
 int candidates(const QString& mode, NcDbObjectIdArray& ids)
 {
     const NcDbDatabase* database = ncdbHostApplicationServices()->workingDatabase();
@@ -53,10 +68,9 @@ int candidates(const QString& mode, NcDbObjectIdArray& ids)
         ids = wholeDrawing(*database);
         return kPromptNormal;
     }
-    if (mode.compare(QLatin1String("_I"), Qt::CaseInsensitive) == 0
-        || mode.compare(QLatin1String("I"), Qt::CaseInsensitive) == 0) {
-        const Document* document = Documents::instance().current();
-        ids = document ? document->pickfirst() : NcDbObjectIdArray();
+    if (isImplied(mode)) {
+        Document* document = Documents::instance().current();
+        ids = document ? document->livingPickfirst() : NcDbObjectIdArray();
         return kPromptNormal;
     }
     if (!mode.isEmpty())
@@ -68,6 +82,20 @@ int candidates(const QString& mode, NcDbObjectIdArray& ids)
 
 } // namespace
 
+NcDbObjectIdArray Document::livingPickfirst()
+{
+    const quint64 change = HostAccess::data(*database_).changeCount;
+    if (walkedAt_ == change)
+        return pickfirst_;
+    NcDbObjectIdArray ids = pickfirst_;
+    keepLiving(ids, {});
+    // Another drawing's changes are not counted here.
+    const auto isOwn = [this](NcDbObjectId id) { return id.database() == database_.get(); };
+    if (ids.size() == pickfirst_.size() && std::all_of(ids.begin(), ids.end(), isOwn))
+        walkedAt_ = change;
+    return ids;
+}
+
 int ncedSSGet(const QString& mode, const std::vector<NcSelectionFilter>& filter, NcSelectionSet& set)
 {
     set.ids.clear();
@@ -75,11 +103,9 @@ int ncedSSGet(const QString& mode, const std::vector<NcSelectionFilter>& filter,
     const int status = candidates(mode, ids);
     if (status != kPromptNormal)
         return status == kPromptEmpty ? kPromptError : status;
-    for (NcDbObjectId id : ids) {
-        const auto* entity = HostAccess::objectAs<NcDbEntity>(id);
-        if (entity && !entity->isErased() && passes(*entity, filter))
-            set.ids.push_back(id);
-    }
+    if (!filter.empty() || !isImplied(mode))
+        keepLiving(ids, filter);
+    set.ids = std::move(ids);
     return set.ids.empty() ? kPromptError : kPromptNormal;
 }
 

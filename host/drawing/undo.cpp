@@ -223,24 +223,23 @@ void UndoJournal::turnObjects(UndoStep& step, std::set<NcDbObjectId>& tables)
     auto& objects = HostAccess::data(database_).objects;
     for (auto& change : step.changes) {
         std::unique_ptr<NcDbObject>& other = change.second.other;
-        const auto found = objects.find(change.first);
-        const NcDbObject* known = other ? other.get() : found == objects.end() ? nullptr : found->second.get();
+        NcDbObject* found = objects.find(change.first);
+        const NcDbObject* known = other ? other.get() : found;
         if (known && known->isKindOf(NcDbSymbolTableRecord::desc()))
             tables.insert(known->ownerId());
         if (known && known->isKindOf(NcDbSymbolTable::desc()))
             tables.insert(known->objectId());
-        if (found == objects.end()) {
+        if (!found) {
             if (other)
-                objects.emplace(change.first, std::move(other));
+                objects.put(change.first, std::move(other));
             continue;
         }
         if (!other) {
-            other = std::move(found->second);
-            objects.erase(found);
+            other = objects.take(change.first);
             continue;
         }
-        exchangeLists(*found->second, *other);
-        found->second.swap(other);
+        exchangeLists(*found, *other);
+        other = objects.put(change.first, std::move(other));
     }
 }
 
