@@ -9,6 +9,26 @@ constexpr int kCircleCorners = 128;
 
 QPointF flat(const NcGePoint3d& p) { return {p.x, p.y}; }
 
+// The corners of a circle of radius 1.
+const QPolygonF& unitCircle()
+{
+    static const QPolygonF circle = [] {
+        QPolygonF made;
+        for (int i = 0; i <= kCircleCorners; ++i)
+            made << QPointF(std::cos(2.0 * M_PI * i / kCircleCorners), std::sin(2.0 * M_PI * i / kCircleCorners));
+        return made;
+    }();
+    return circle;
+}
+
+QPolygonF circleLine(const QPointF& centre, double radius)
+{
+    QPolygonF line = unitCircle();
+    for (QPointF& p : line)
+        p = centre + radius * p;
+    return line;
+}
+
 QPolygonF arcLine(const QPointF& centre, double radius, double start, double sweep)
 {
     // A damaged angle may be anything.
@@ -92,7 +112,7 @@ bool makeCurveFigures(const NcDbEntity& entity, const FigureFrame& frame)
         frame.line(QPolygonF(QVector<QPointF>{flat(line.startPoint()), flat(line.endPoint())}));
     } else if (entity.isKindOf(NcDbCircle::desc())) {
         const auto& circle = static_cast<const NcDbCircle&>(entity);
-        frame.line(arcLine(flat(circle.center()), circle.radius(), 0.0, 2.0 * M_PI));
+        frame.line(circleLine(flat(circle.center()), circle.radius()));
     } else if (entity.isKindOf(NcDbArc::desc())) {
         const auto& arc = static_cast<const NcDbArc&>(entity);
         double sweep = std::fmod(arc.endAngle() - arc.startAngle(), 2.0 * M_PI);

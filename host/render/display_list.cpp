@@ -76,23 +76,35 @@ QRectF grown(const QRectF& box, double by) { return box.adjusted(-by, -by, by, b
 
 } // namespace
 
+const std::vector<QRectF>& DisplayList::boxes() const
+{
+    if (boxes_.size() != figures_.size()) {
+        boxes_.clear();
+        boxes_.reserve(figures_.size());
+        for (const Figure& figure : figures_)
+            boxes_.push_back(figure.box);
+    }
+    return boxes_;
+}
+
 QRectF DisplayList::box() const
 {
     double left = INFINITY, bottom = INFINITY, right = -INFINITY, top = -INFINITY;
-    for (const Figure& figure : figures_) {
-        left = std::min(left, figure.box.left());
-        right = std::max(right, figure.box.right());
-        bottom = std::min(bottom, figure.box.top());
-        top = std::max(top, figure.box.bottom());
+    for (const QRectF& box : boxes()) {
+        left = std::min(left, box.left());
+        right = std::max(right, box.right());
+        bottom = std::min(bottom, box.top());
+        top = std::max(top, box.bottom());
     }
     return left <= right ? QRectF(left, bottom, right - left, top - bottom) : QRectF();
 }
 
 namespace {
 
+// Of a figure whose box is.
 bool isHit(const Figure& figure, const QPointF& at, double tolerance)
 {
-    if (!grown(figure.box, tolerance).contains(at) || distanceTo(figure, at) > tolerance)
+    if (distanceTo(figure, at) > tolerance)
         return false;
     return !figure.clip || figure.clip->containsPoint(at, Qt::OddEvenFill);
 }
@@ -101,38 +113,37 @@ bool isHit(const Figure& figure, const QPointF& at, double tolerance)
 
 NcDbObjectId DisplayList::hit(const QPointF& at, double tolerance) const
 {
-    NcDbObjectId filled;
-    for (auto figure = figures_.rbegin(); figure != figures_.rend(); ++figure) {
-        if (!isHit(*figure, at, tolerance))
-            continue;
-        if (figure->kind != Figure::Fill)
-            return figure->source;
-        if (filled.isNull())
-            filled = figure->source;
-    }
-    return filled;
+    const NcDbObjectIdArray all = hits(at, tolerance);
+    return all.empty() ? NcDbObjectId() : all.front();
 }
 
 NcDbObjectIdArray DisplayList::hits(const QPointF& at, double tolerance) const
 {
     NcDbObjectIdArray lines, fills;
-    std::set<NcDbObjectId> seen;
-    for (auto figure = figures_.rbegin(); figure != figures_.rend(); ++figure)
-        if (figure->kind != Figure::Fill && isHit(*figure, at, tolerance) && seen.insert(figure->source).second)
-            lines.push_back(figure->source);
-    for (auto figure = figures_.rbegin(); figure != figures_.rend(); ++figure)
-        if (figure->kind == Figure::Fill && isHit(*figure, at, tolerance) && seen.insert(figure->source).second)
-            fills.push_back(figure->source);
-    lines.insert(lines.end(), fills.begin(), fills.end());
+    std::set<NcDbObjectId> ofLines, ofFills;
+    const std::vector<QRectF>& boxes = this->boxes();
+    for (size_t i = boxes.size(); i-- > 0;) {
+        if (!grown(boxes[i], tolerance).contains(at) || !isHit(figures_[i], at, tolerance))
+            continue;
+        const bool fill = figures_[i].kind == Figure::Fill;
+        if ((fill ? ofFills : ofLines).insert(figures_[i].source).second)
+            (fill ? fills : lines).push_back(figures_[i].source);
+    }
+    for (const NcDbObjectId& id : fills)
+        if (!ofLines.count(id))
+            lines.push_back(id);
     return lines;
 }
 
 DisplayList DisplayList::only(const NcDbObjectIdArray& sources) const
 {
-    const std::set<NcDbObjectId> wanted(sources.begin(), sources.end());
     DisplayList list;
+    if (sources.empty())
+        return list;
+    const std::set<NcDbObjectId> wanted(sources.begin(), sources.end());
+    const NcDbObjectId first = *wanted.begin(), last = *wanted.rbegin();
     for (const Figure& figure : figures_)
-        if (wanted.count(figure.source))
+        if (!(figure.source < first) && !(last < figure.source) && wanted.count(figure.source))
             list.figures_.push_back(figure);
     return list;
 }

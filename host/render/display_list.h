@@ -39,8 +39,14 @@ struct Figure {
 
 class NRX_API DisplayList {
 public:
-    std::vector<Figure>& figures() { return figures_; }
+    std::vector<Figure>& figures()
+    {
+        boxes_.clear();
+        return figures_;
+    }
     const std::vector<Figure>& figures() const { return figures_; }
+    // The box of each figure, one beside the other: to go over many at little cost.
+    const std::vector<QRectF>& boxes() const;
 
     // Everything's extent; null when nothing shows.
     QRectF box() const;
@@ -59,6 +65,7 @@ public:
 
 private:
     std::vector<Figure> figures_;
+    mutable std::vector<QRectF> boxes_; // empty until they were asked for
 };
 
 // Records a space ("*Model_Space") or a layout ("*Paper_Space") of a drawing.

@@ -1,5 +1,7 @@
 #include "figure_frame.h"
 
+#include "text_painting.h"
+
 namespace {
 
 QRectF boxOf(const std::vector<QPolygonF>& polygons)
@@ -14,10 +16,11 @@ QRectF boxOf(const std::vector<QPolygonF>& polygons)
 
 void FigureFrame::add(Figure figure) const
 {
-    for (QPolygonF& polygon : figure.polygons)
-        polygon = toWorld.map(polygon);
+    if (!toWorld.isIdentity())
+        for (QPolygonF& polygon : figure.polygons)
+            polygon = toWorld.map(polygon);
     if (figure.kind == Figure::Text)
-        figure.box = textOutline(figure.text).boundingRect();
+        figure.box = textBox(figure.text);
     else
         figure.box = boxOf(figure.polygons);
     list->figures().push_back(std::move(figure));

@@ -1,14 +1,16 @@
 #include "figure_painter.h"
 
+#include "quick_painter.h"
 #include "text_painting.h"
 
-#include <QLineF>
+#include <QElapsedTimer>
 
 #include <algorithm>
+#include <limits>
+#include <optional>
 
 namespace {
 
-constexpr double kRimOfHeight = 0.3;
 constexpr int kLeastGrayOnDark = 115;
 constexpr size_t kMostFills = 200;
 
@@ -27,20 +29,35 @@ class FigurePainter {
 public:
     FigurePainter(QPainter& painter, const QTransform& toDevice, const PaintStyle& style)
         : painter_(painter), toDevice_(toDevice), style_(style), onLight_(qGray(style.paper.rgb()) > 127)
-    { }
+    {
+        if (style.quick)
+            quick_.emplace(painter, toDevice, style.paper);
+    }
 
     void paint(const Figure& figure)
     {
+        const QColor color = colorOf(figure);
         const bool clipped = bool(figure.clip);
+        if (quick_) {
+            if (!clipped && !isPicked(figure) && quick_->paint(figure, color))
+                return;
+            quick_->flush();
+        }
         if (clipped) {
             painter_.save();
             QPainterPath clip;
             clip.addPolygon(toDevice_.map(*figure.clip));
             painter_.setClipPath(clip, Qt::IntersectClip);
         }
-        paintShape(figure, colorOf(figure));
+        paintShape(figure, color);
         if (clipped)
             painter_.restore();
+    }
+
+    void finish()
+    {
+        if (quick_)
+            quick_->flush();
     }
 
 private:
@@ -55,9 +72,16 @@ private:
         return keeps ? figure.color : readableOnDark(figure.color);
     }
 
+    bool isPicked(const Figure& figure) const
+    {
+        return !style_.selected.empty() && !figure.background && style_.selected.count(figure.source);
+    }
+
+    QPolygonF onDevice(const QPolygonF& line) const { return quick_ ? quick_->toDevice(line) : toDevice_.map(line); }
+
     void paintShape(const Figure& figure, const QColor& color)
     {
-        const bool picked = !figure.background && style_.selected.count(figure.source);
+        const bool picked = isPicked(figure);
         switch (figure.kind) {
         case Figure::Line: return paintLine(figure, color, picked);
         case Figure::Fill: return paintFill(figure, color, picked);
@@ -75,7 +99,7 @@ private:
 
     void paintLine(const Figure& figure, const QColor& color, bool picked)
     {
-        const QPolygonF line = toDevice_.map(figure.polygons.front());
+        const QPolygonF line = onDevice(figure.polygons.front());
         const double width = figure.thin ? style_.thinWidth : style_.lineWidth;
         painter_.setBrush(Qt::NoBrush);
         if (picked) {
@@ -93,11 +117,8 @@ private:
     void paintText(const FigureText& text, const QColor& color, bool onFill)
     {
         const QPainterPath outline = toDevice_.map(textOutline(text));
-        if (onLight_ || onFill) {
-            const QTransform toPaper = text.placing * toDevice_;
-            const double height = QLineF(toPaper.map(QPointF(0, 0)), toPaper.map(QPointF(0, 1))).length();
-            painter_.strokePath(outline, pen(style_.paper, kRimOfHeight * height));
-        }
+        if (onLight_ || onFill)
+            painter_.fillPath(toDevice_.map(textRim(text)), style_.paper);
         if (style_.liveText)
             paintTextLine(painter_, text, toDevice_, color);
         else
@@ -123,7 +144,7 @@ private:
         QPainterPath path;
         path.setFillRule(Qt::OddEvenFill);
         for (const QPolygonF& loop : figure.polygons) {
-            path.addPolygon(toDevice_.map(loop));
+            path.addPolygon(onDevice(loop));
             path.closeSubpath();
         }
         // A hair line of the same colour closes the seams between neighbours.
@@ -144,6 +165,7 @@ private:
     const PaintStyle& style_;
     const bool onLight_;
     std::vector<QRectF> fills_; // painted so far, on a dark ground
+    std::optional<QuickPainter> quick_;
 };
 
 bool touches(const QRectF& a, const QRectF& b)
@@ -167,12 +189,49 @@ QTransform fitWindow(const QRectF& window, const QRectF& target)
     return fit;
 }
 
+struct FigurePainting::Parts {
+    Parts(const DisplayList& list, QPainter& device, const QTransform& toDevice, PaintStyle given, const QRectF& seen)
+        : figures(list.figures()),
+          boxes(list.boxes()),
+          style(std::move(given)),
+          visible(seen),
+          painter(device, toDevice, style)
+    { }
+
+    const std::vector<Figure>& figures;
+    const std::vector<QRectF>& boxes;
+    const PaintStyle style;
+    const QRectF visible;
+    FigurePainter painter;
+    size_t next = 0;
+};
+
+FigurePainting::FigurePainting(const DisplayList& list, QPainter& painter, const QTransform& toDevice,
+                               const PaintStyle& style, const QRectF& visible)
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    parts_ = std::make_unique<Parts>(list, painter, toDevice, style, visible);
+}
+
+FigurePainting::~FigurePainting() = default;
+
+bool FigurePainting::paint(int milliseconds)
+{
+    constexpr size_t kBetweenLooks = 64;
+    QElapsedTimer clock;
+    clock.start();
+    for (size_t& i = parts_->next; i < parts_->figures.size(); ++i) {
+        if (i % kBetweenLooks == 0 && clock.elapsed() >= milliseconds)
+            return false;
+        if (parts_->visible.isNull() || touches(parts_->boxes[i], parts_->visible))
+            parts_->painter.paint(parts_->figures[i]);
+    }
+    parts_->painter.finish();
+    return true;
+}
+
 void paintFigures(const DisplayList& list, QPainter& painter, const QTransform& toDevice, const PaintStyle& style,
                   const QRectF& visible)
 {
-    painter.setRenderHint(QPainter::Antialiasing);
-    FigurePainter figures(painter, toDevice, style);
-    for (const Figure& figure : list.figures())
-        if (visible.isNull() || touches(figure.box, visible))
-            figures.paint(figure);
+    FigurePainting(list, painter, toDevice, style, visible).paint(std::numeric_limits<int>::max());
 }

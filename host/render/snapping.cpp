@@ -22,12 +22,13 @@ public:
     std::optional<SnapPoint> find(const DisplayList& list)
     {
         const QRectF near(at_.x() - tolerance_, at_.y() - tolerance_, 2.0 * tolerance_, 2.0 * tolerance_);
-        for (const Figure& figure : list.figures()) {
-            const QRectF& box = figure.box;
+        const std::vector<QRectF>& boxes = list.boxes();
+        for (size_t i = 0; i < boxes.size(); ++i) {
+            const QRectF& box = boxes[i];
             if (box.left() > near.right() || box.right() < near.left() || box.top() > near.bottom()
                 || box.bottom() < near.top())
                 continue;
-            takeFigure(figure);
+            takeFigure(list.figures()[i]);
         }
         crossPieces();
         return best_;

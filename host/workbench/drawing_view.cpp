@@ -12,7 +12,6 @@ namespace {
 
 const QColor kDarkGround(30, 36, 42), kLightGround(252, 252, 250);
 const QColor kDarkCursor(200, 205, 210), kLightCursor(70, 75, 80);
-constexpr int kSettleMilliseconds = 120;
 constexpr double kLeastHeight = 1e-6, kGreatestHeight = 1e12;
 
 } // namespace
@@ -28,9 +27,8 @@ DrawingView::DrawingView(Document& document, QWidget* parent) : QWidget(parent),
     HostAccess::data(*document.database()).listeners.push_back(this);
     connect(HostEvents::instance(), &HostEvents::viewChanged, this, &DrawingView::takeView);
     connect(HostEvents::instance(), &HostEvents::pickfirstModified, this, &DrawingView::takePicked);
-    settle_.setSingleShot(true);
-    settle_.setInterval(kSettleMilliseconds);
-    connect(&settle_, &QTimer::timeout, this, &DrawingView::redraw);
+    later_.setSingleShot(true);
+    connect(&later_, &QTimer::timeout, this, &DrawingView::paintLater);
     connect(&DrawingAids::instance(), &DrawingAids::changed, this, QOverload<>::of(&QWidget::update));
     takeView();
 }
@@ -96,7 +94,6 @@ void DrawingView::takePicked()
 void DrawingView::takeView()
 {
     view_ = activeView(*document_.database());
-    viewMoved_ = true;
     update();
 }
 
@@ -111,7 +108,8 @@ void DrawingView::setView(const QPointF& center, double height)
 
 void DrawingView::zoomExtents()
 {
-    const QRectF box = recordDrawing(*document_.database()).box();
+    updateList();
+    const QRectF box = list_.box();
     if (box.isNull())
         return;
     ActiveView present = view_;
@@ -122,7 +120,8 @@ void DrawingView::zoomExtents()
 
 void DrawingView::zoomIfEmpty()
 {
-    const QRectF box = recordDrawing(*document_.database()).box();
+    updateList();
+    const QRectF box = list_.box();
     const QRectF visible = toScreen().inverted().mapRect(QRectF(rect()));
     const bool meet = box.left() <= visible.right() && visible.left() <= box.right() && box.top() <= visible.bottom()
         && visible.top() <= box.bottom();
@@ -159,6 +158,8 @@ void DrawingView::updateList()
 {
     if (!listOld_)
         return;
+    scene_.dropNext();
     list_ = recordDrawing(*document_.database());
     listOld_ = false;
+    sceneOld_ = true;
 }

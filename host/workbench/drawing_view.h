@@ -3,6 +3,7 @@
 #pragma once
 
 #include "view_grips.h"
+#include "view_scene.h"
 
 #include <drawing/application.h>
 #include <drawing/database_data.h>
@@ -11,7 +12,6 @@
 #include <render/figure_painter.h>
 #include <render/snapping.h>
 
-#include <QPixmap>
 #include <QTimer>
 #include <QWidget>
 
@@ -37,6 +37,10 @@ public:
     QRectF visibleWorld() const { return toScreen().inverted().mapRect(QRectF(rect())); }
     // Lets go of a grip that is being pulled; false when none is.
     bool dropGrip();
+
+    // Whether the picture is that of the drawing as it is and where it is; else the
+    // last one stands moved, until the next one is painted.
+    bool isSharp() const { return !listOld_ && !sceneOld_ && scene_.isOf(place()); }
 
     // What the cursor is on, for tips and tests.
     NcDbObjectId hovered() const { return hover_; }
@@ -74,7 +78,12 @@ private:
     void setView(const QPointF& center, double height);
     void updateList();
     PaintStyle style() const;
+    PaintStyle sceneStyle() const;
+    ViewScene::Place place() const { return {toScreen(), size(), devicePixelRatioF()}; }
+    bool isGrabbed() const;
     void paintScene();
+    bool paintPiece();
+    void paintLater();
     void paintAxes(QPainter& painter) const;
     void paintCursor(QPainter& painter) const;
     void paintWindow(QPainter& painter) const;
@@ -91,7 +100,6 @@ private:
     void aim(const QPoint& at);
     void hoverAt(const QPoint& at);
     void turnHover(int step);
-    QSize sceneSize() const { return (QSizeF(size()) * devicePixelRatioF()).toSize(); }
     double pixels(double count) const { return count * view_.height / std::max(1, height()); }
     std::optional<NcGePoint3d> base() const;
     QTransform toScreen() const;
@@ -101,14 +109,9 @@ private:
     Document& document_;
     QColor ground_, cursorColor_;
     DisplayList list_;
-    QPixmap scene_;
+    ViewScene scene_;
     bool listOld_ = true, sceneOld_ = true;
-    // A large drawing takes longer to paint than a hand moves it: meanwhile its last
-    // picture is moved, and painted anew when the hand rests.
-    QTransform scenePlace_; // to the screen, as the scene was painted
-    qint64 sceneCost_ = 0;  // milliseconds
-    bool viewMoved_ = false;
-    QTimer settle_;
+    QTimer later_;        // the next piece of the next picture
     bool placed_ = false; // the widget has had its first size
     ActiveView view_;
     Mode mode_ = Select;

@@ -5,13 +5,15 @@
 #include <drawing/host_access.h>
 #include <render/figure_painter.h>
 
-#include <QElapsedTimer>
+#include <QBackingStore>
 #include <QPainter>
+
+#include <utility>
 
 namespace {
 
 constexpr int kPickPixels = 6;
-constexpr qint64 kQuickMilliseconds = 25; // a frame of a smooth movement
+constexpr int kPieceMilliseconds = 9;
 constexpr double kSnapHalf = 6.0;
 const QColor kSnapColor(0, 160, 60), kHoverColor(255, 150, 30), kFollowedColor(230, 120, 0);
 
@@ -52,27 +54,44 @@ PaintStyle DrawingView::style() const
     return style;
 }
 
+PaintStyle DrawingView::sceneStyle() const
+{
+    PaintStyle look = style();
+    look.quick = true;
+    look.selected.insert(document_.pickfirst().begin(), document_.pickfirst().end());
+    return look;
+}
+
 void DrawingView::paintScene()
 {
-    QElapsedTimer clock;
-    clock.start();
     updateList();
-    // As many dots as the screen has, so that a scaled one shows it sharp.
-    if (scene_.size() != sceneSize()) {
-        scene_ = QPixmap(sceneSize());
-        scene_.setDevicePixelRatio(devicePixelRatioF());
-    }
-    scene_.fill(ground_);
-    QPainter painter(&scene_);
-    PaintStyle look = style();
-    look.selected.insert(document_.pickfirst().begin(), document_.pickfirst().end());
-    const QRectF visible = toScreen().inverted().mapRect(QRectF(rect()));
-    paintFigures(list_, painter, toScreen(), look, visible);
-    paintAxes(painter);
-    grips_.take(document_.pickfirst());
-    sceneOld_ = viewMoved_ = false;
-    scenePlace_ = toScreen();
-    sceneCost_ = clock.elapsed();
+    scene_.paint(list_, sceneStyle(), place());
+    if (std::exchange(sceneOld_, false))
+        grips_.take(document_.pickfirst());
+}
+
+// A piece in each frame and pieces between the frames, each for a part of the time
+// that a smooth movement leaves.
+bool DrawingView::paintPiece()
+{
+    const bool fresh = scene_.paintOn(list_, sceneStyle(), place(), kPieceMilliseconds);
+    if (!isSharp())
+        later_.start();
+    return fresh;
+}
+
+void DrawingView::paintLater()
+{
+    if (!listOld_ && !sceneOld_ && paintPiece())
+        update();
+}
+
+// A picture of the window for a file is to be sharp.
+bool DrawingView::isGrabbed() const
+{
+    QPoint offset;
+    QBackingStore* screen = backingStore();
+    return !screen || redirected(&offset) != screen->paintDevice();
 }
 
 // The directions of the user coordinate system, in the lower left corner.
@@ -169,17 +188,14 @@ void DrawingView::paintSnap(QPainter& painter) const
 
 void DrawingView::paintEvent(QPaintEvent*)
 {
-    const bool old = sceneOld_ || listOld_ || scene_.size() != sceneSize();
-    if (old || (viewMoved_ && sceneCost_ <= kQuickMilliseconds))
+    const bool changed = listOld_ || sceneOld_ || !scene_.isOfSize(place());
+    if (changed || (!isSharp() && isGrabbed()))
         paintScene();
+    else if (!isSharp())
+        paintPiece();
     QPainter painter(this);
-    if (viewMoved_) {
-        painter.fillRect(rect(), ground_);
-        painter.setTransform(scenePlace_.inverted() * toScreen());
-        settle_.start();
-    }
-    painter.drawPixmap(0, 0, scene_);
-    painter.resetTransform();
+    scene_.show(painter, toScreen(), ground_);
+    paintAxes(painter);
     paintHover(painter);
     if (mode_ == Select)
         grips_.paint(painter, toScreen(), cursor_ ? std::optional<QPointF>(*cursor_) : std::nullopt);
