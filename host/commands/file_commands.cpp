@@ -5,6 +5,7 @@
 #include <drawing/edit_operations.h>
 #include <drawing/host_access.h>
 #include <dxf/drawing_file.h>
+#include <render/dark_texts.h>
 #include <render/picture_export.h>
 
 #include <QFileInfo>
@@ -98,6 +99,7 @@ QString exportWithTexts(const NcDbDatabase& drawing, const QString& path)
     if (!isOk(status))
         return drawingFault();
     attributesToTexts(copy);
+    darkenTextsOnFills(copy);
     return isOk(copy.saveAs(path)) ? QString() : QStringLiteral("Файл не записан: ") + path;
 }
 

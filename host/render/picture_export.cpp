@@ -2,6 +2,8 @@
 
 #include "figure_painter.h"
 #include "files/written_file.h"
+#include "text_painting.h"
+#include "web_font.h"
 
 #include <dxf/drawing_file.h>
 
@@ -12,6 +14,7 @@
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPdfWriter>
+#include <QRawFont>
 #include <QSvgGenerator>
 #include <QWidget>
 
@@ -62,6 +65,22 @@ QByteArray pngBytes(const DisplayList& list, const PictureOptions& options)
     return image.save(&buffer, "PNG") ? bytes : QByteArray();
 }
 
+// The font goes along, for machines that lack it: its glyphs of the drawing's texts.
+void embedFont(const DisplayList& list, QByteArray& svg)
+{
+    QString characters;
+    for (const Figure& figure : list.figures())
+        if (figure.kind == Figure::Text)
+            characters += figure.text.text;
+    const QByteArray font = characters.isEmpty() ? QByteArray() : webFont(textFont(), characters);
+    const int at = svg.indexOf("<defs>");
+    if (font.isEmpty() || at < 0)
+        return;
+    svg.insert(at + int(qstrlen("<defs>")),
+               "\n<style type=\"text/css\">@font-face { font-family: '" + textFontName().toUtf8()
+                   + "'; src: url(data:font/woff;base64," + font.toBase64() + ") format('woff'); }</style>");
+}
+
 QByteArray svgBytes(const DisplayList& list, const PictureOptions& options)
 {
     QByteArray bytes;
@@ -80,6 +99,7 @@ QByteArray svgBytes(const DisplayList& list, const PictureOptions& options)
     paintPage(list, painter, page, page.adjusted(margin, margin, -margin, -margin), options,
               std::max(1.0, page.width() / 900.0), Texts::Live);
     painter.end();
+    embedFont(list, bytes);
     return bytes;
 }
 
