@@ -2,7 +2,7 @@
 #include "plot_command.h"
 
 #include <drawing/host_access.h>
-#include <render/sheet.h>
+#include <render/map_legend.h>
 
 #include <QDate>
 #include <QFileInfo>
@@ -60,7 +60,8 @@ void plot()
     if (status != kPromptNormal && status != kPromptEmpty)
         return;
     sheet.date = QDate::currentDate().toString(QStringLiteral("dd.MM.yyyy"));
-    sheet.signs = signsOf(list, sheet);
+    tellMap(*drawing, list, sheet);
+    sheet.signs = legendOf(*drawing, list, sheet);
     if (QFileInfo(path).suffix().isEmpty())
         path += QStringLiteral(".pdf");
     const QString wrong = writeSheet(sheet, list, path);

@@ -88,21 +88,22 @@ double barLength(const Sheet& sheet)
     return 10.0 * power;
 }
 
-std::vector<Sheet::Sign> signsOf(const DisplayList& list, const Sheet& sheet)
+std::vector<Sheet::Sign> signsOf(const DisplayList& list, const Sheet& sheet, const std::set<NcDbObjectId>& told)
 {
     const QRectF shown = shownWorld(sheet);
     std::vector<Sheet::Sign> signs;
     for (const Figure& figure : list.figures()) {
-        if (figure.kind == Figure::Text || figure.background || figure.thin
+        if (figure.kind == Figure::Text || figure.background || figure.thin || told.count(figure.source)
             || !shown.intersects(figure.box.adjusted(-1e-6, -1e-6, 1e-6, 1e-6)))
             continue;
         const auto known = std::find_if(signs.begin(), signs.end(),
                                         [&](const Sheet::Sign& sign) { return sign.text == figure.layer; });
         const bool fills = figure.kind == Figure::Fill;
         if (known == signs.end())
-            signs.push_back({figure.foreground ? QColor(Qt::black) : figure.color, figure.layer, fills});
-        else
-            known->fills = known->fills && fills;
+            signs.push_back({figure.foreground ? QColor(Qt::black) : figure.color, figure.layer,
+                             fills ? Sheet::Sign::Patch : Sheet::Sign::Line});
+        else if (!fills)
+            known->kind = Sheet::Sign::Line;
         if (signs.size() >= kMostSigns)
             break;
     }

@@ -7,12 +7,14 @@
 
 #include <QPainter>
 #include <QStringList>
+#include <set>
 
 struct Sheet {
     struct Sign {
+        enum Kind { Line, Patch, Heading, Note };
         QColor color;
         QString text;
-        bool fills = false; // a patch, else a line
+        Kind kind = Line;
     };
 
     QString paper = QStringLiteral("A3");
@@ -44,8 +46,9 @@ NRX_API double millimetresOfUnit(const Sheet& sheet);
 NRX_API double fittingScale(const Sheet& sheet, const QRectF& window);
 // A round length of the bar, in the drawing's units, and in how many parts.
 NRX_API double barLength(const Sheet& sheet);
-// Layers that show in the field, each by its colour.
-NRX_API std::vector<Sheet::Sign> signsOf(const DisplayList& list, const Sheet& sheet);
+// Layers that show in the field, each by its colour; without what was told before.
+NRX_API std::vector<Sheet::Sign> signsOf(const DisplayList& list, const Sheet& sheet,
+                                         const std::set<NcDbObjectId>& told = {});
 
 // `dots` of the painter make a millimetre.
 NRX_API void paintSheet(QPainter& painter, const Sheet& sheet, const DisplayList& list, double dots);

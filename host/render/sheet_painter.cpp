@@ -118,26 +118,37 @@ private:
         text({at.x() + 4 * part - 10.0, at.y() - 4.5, 24.0, 4.0}, locale.toString(length) + unit, 2.5, Qt::AlignCenter);
     }
 
+    // In as many columns as it takes, from the right to the left.
     void paintLegend(double top)
     {
-        const double width = 55.0, row = 6.0;
-        const QRectF place(fieldOf(sheet_).right() - width - 3.0, top, width, 8.0 + row * double(sheet_.signs.size()));
+        const double width = 55.0, row = 6.0, head = 8.0;
+        const QRectF field = fieldOf(sheet_);
+        const double bottom = field.bottom() - (sheet_.titleBlock ? 5 * kRow : 0.0) - 2.0;
+        const int room = std::max(1, int((bottom - top - head) / row));
+        const int count = int(sheet_.signs.size()), columns = (count + room - 1) / room;
+        const int rows = (count + columns - 1) / columns;
+        const QRectF place(field.right() - columns * width - 3.0, top, columns * width, head + row * rows);
         rectangle(place, kThin, Qt::white);
         text({place.left() + 2.0, place.top() + 1.0, width - 4.0, 5.0}, QStringLiteral("Условные обозначения"), 2.5,
              Qt::AlignVCenter);
-        double y = place.top() + 7.0;
-        for (const Sheet::Sign& sign : sheet_.signs) {
-            const QRectF patch(place.left() + 2.0, y + 1.0, 9.0, 4.0);
-            if (sign.fills) {
-                rectangle(patch, kThin, sign.color);
-            } else {
-                painter_.setPen(pen(2 * kDrawn, sign.color));
-                painter_.drawLine(scaled({patch.left(), patch.center().y()}),
-                                  scaled({patch.right(), patch.center().y()}));
-            }
-            text({patch.right() + 2.0, y, width - 15.0, row}, sign.text, 2.2, Qt::AlignVCenter);
-            y += row;
+        for (int i = 0; i < count; ++i)
+            paintSign(sheet_.signs[size_t(i)],
+                      {place.left() + (i / rows) * width, place.top() + head - 1.0 + (i % rows) * row, width, row});
+    }
+
+    void paintSign(const Sheet::Sign& sign, const QRectF& place)
+    {
+        const QRectF patch(place.left() + 2.0, place.top() + 1.0, 9.0, 4.0);
+        const bool words = sign.kind == Sheet::Sign::Heading || sign.kind == Sheet::Sign::Note;
+        if (sign.kind == Sheet::Sign::Patch) {
+            rectangle(patch, kThin, sign.color);
+        } else if (sign.kind == Sheet::Sign::Line) {
+            painter_.setPen(pen(2 * kDrawn, sign.color));
+            painter_.drawLine(scaled({patch.left(), patch.center().y()}), scaled({patch.right(), patch.center().y()}));
         }
+        const double left = words ? patch.left() : patch.right() + 2.0;
+        text({left, place.top(), place.right() - left - 2.0, place.height()}, sign.text,
+             sign.kind == Sheet::Sign::Heading ? 2.5 : 2.2, Qt::AlignVCenter);
     }
 
     void cell(const QRectF& place, const QString& caption, const QString& words, double height)

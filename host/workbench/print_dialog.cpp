@@ -1,6 +1,7 @@
 #include "print_dialog.h"
 
 #include <nrx/database.h>
+#include <render/map_legend.h>
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -74,6 +75,7 @@ void SheetPreview::mouseMoveEvent(QMouseEvent* event)
 PrintDialog::PrintDialog(NcDbDatabase& drawing, const Sheet& start, const QRectF& seen, QSettings& settings,
                          QWidget* parent)
     : QDialog(parent),
+      drawing_(drawing),
       settings_(settings),
       sheet_(start),
       list_(
@@ -91,6 +93,8 @@ PrintDialog::PrintDialog(NcDbDatabase& drawing, const Sheet& start, const QRectF
     sheet_.landscape = settings.value(kSettings + "landscape", sheet_.landscape).toBool();
     sheet_.organisation = settings.value(kSettings + "organisation").toString();
     sheet_.author = settings.value(kSettings + "author").toString();
+    place(seen_.isEmpty() ? list_.box() : seen_);
+    tellMap(drawing_, list_, sheet_);
     auto* row = new QHBoxLayout(this);
     row->addLayout(makeFields());
     row->addWidget(preview_, 1);
@@ -204,10 +208,15 @@ QWidget* PrintDialog::makeEnds()
     return ends;
 }
 
-void PrintDialog::fit(const QRectF& world)
+void PrintDialog::place(const QRectF& world)
 {
     sheet_.center = world.center();
     sheet_.scale = sheet_.millimetres ? 1.0 : fittingScale(sheet_, world);
+}
+
+void PrintDialog::fit(const QRectF& world)
+{
+    place(world);
     scale_->setEditText(scaleText(sheet_.scale));
     refresh();
 }
@@ -224,7 +233,7 @@ void PrintDialog::takeScale(const QString& text)
 
 void PrintDialog::refresh()
 {
-    sheet_.signs = signsOf(list_, sheet_);
+    sheet_.signs = legendOf(drawing_, list_, sheet_);
     settings_.setValue(kSettings + "paper", sheet_.paper);
     settings_.setValue(kSettings + "landscape", sheet_.landscape);
     settings_.setValue(kSettings + "organisation", sheet_.organisation);

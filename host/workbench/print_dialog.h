@@ -57,10 +57,12 @@ private:
     QWidget* makeEnds();
     QLineEdit* addField(QLayout* form, const QString& caption, const char* name, QString Sheet::*field);
     QCheckBox* addCheck(QLayout* column, const QString& caption, const char* name, bool Sheet::*field);
+    void place(const QRectF& world);
     void fit(const QRectF& world);
     void takeScale(const QString& text);
     void refresh();
 
+    const NcDbDatabase& drawing_;
     QSettings& settings_;
     Sheet sheet_;
     DisplayList list_;

@@ -22,13 +22,13 @@ QString freeName(const NcDbDictionary& groups, const QString& prefix)
 
 } // namespace
 
-NcDbObjectId groupEntities(const QString& prefix, const NcDbObjectIdArray& ids)
+NcDbObjectId groupEntities(const QString& prefix, const NcDbObjectIdArray& ids, const QString& description)
 {
     const Opened<NcDbDictionary> groups = ids.empty() ? Opened<NcDbDictionary>() : openGroups(kForWrite);
     if (!groups)
         return {};
     NcDbObjectId id;
-    const Made<NcDbGroup> group(new NcDbGroup);
+    const Made<NcDbGroup> group(new NcDbGroup(description));
     groups->setAt(freeName(*groups, prefix), group.get(), id);
     group->append(ids);
     return id;

@@ -120,20 +120,26 @@ NcDbObjectIdArray drawPolylines(const QString& layer, const std::vector<contour:
     return ids;
 }
 
-NcCmColor bandColor(const LevelMap& levelMap, double level)
+const LevelRange* bandRange(const LevelMap& levelMap, double level)
 {
     if (levelMap.minimum <= level && level <= levelMap.maximum) {
         for (const LevelRange& range : levelMap.ranges) {
             const double middle = level + (range.max - range.min) * 0.5;
             if (range.min <= middle && middle < range.max)
-                return range.color;
+                return &range;
         }
     }
-    return NcCmColor::fromRGB(255, 255, 255);
+    return nullptr;
+}
+
+NcCmColor bandColor(const LevelMap& levelMap, double level)
+{
+    const LevelRange* range = bandRange(levelMap, level);
+    return range ? range->color : NcCmColor::fromRGB(255, 255, 255);
 }
 
 NcDbObjectIdArray drawHatches(const std::vector<contour::HatchBand>& bands, const LevelMap& levelMap,
-                              const QString& layer)
+                              const QString& layer, const MapSubject& subject)
 {
     NcDbObjectIdArray ids;
     const LayerUnlock unlock(layer);
@@ -145,7 +151,7 @@ NcDbObjectIdArray drawHatches(const std::vector<contour::HatchBand>& bands, cons
     }
     if (!ids.empty()) {
         tellMapsAbove(ids);
-        groupEntities(hatchGroups, ids);
+        groupEntities(hatchGroups, ids, mapDescription(subject, bands, levelMap));
         moveUnderAllElse(ids);
     }
     regenerate();

@@ -3,6 +3,7 @@
 
 #include "analysis/contour/iso_contour_set.h"
 #include "analysis/levels/level_map.h"
+#include "analysis/maps/map_subject.h"
 
 #include <nrx/database.h>
 
@@ -12,10 +13,12 @@
 NcDbObjectIdArray drawPolylines(const QString& layer, const std::vector<contour::PointList>& lists);
 
 // One solid hatch a band, coloured from the level map, under all else, in a new
-// group "TERVA_HATCH_...". Empty when the layer does not exist. The groups of
+// group "TERVA_HATCH_..." whose description tells the subject. Empty when the layer does not exist. The groups of
 // earlier maps that cover it are named on the command line.
 NcDbObjectIdArray drawHatches(const std::vector<contour::HatchBand>& bands, const LevelMap& levelMap,
-                              const QString& layer);
+                              const QString& layer, const MapSubject& subject = {});
 
+// The range in the middle of which the level's band lies; null outside the map.
+const LevelRange* bandRange(const LevelMap& levelMap, double level);
 // White outside the map, else the range in the middle of which the level's band lies.
 NcCmColor bandColor(const LevelMap& levelMap, double level);

@@ -6,6 +6,8 @@
 
 #include <nrx/application.h>
 
+#include <QLocale>
+
 #include <cmath>
 
 namespace {
@@ -41,6 +43,50 @@ TEST_F(MapDrawing, AMissingLayerDrawsNothing)
     EXPECT_TRUE(drawHatches({{0, -3.0, {ring(0, 1, -3)}}}, LevelMap(-3), QStringLiteral("НЕТ")).empty());
     EXPECT_TRUE(entities<NcDbPolyline>().empty());
     EXPECT_TRUE(groupNames().isEmpty());
+}
+
+TEST_F(MapDrawing, TheGroupTellsWhatTheMapShows)
+{
+    LevelMap scale(LevelMap::Temperature);
+    const LevelRange& range = *bandRange(scale, -3.0);
+    MapSubject subject;
+    subject.title = QStringLiteral("Карта температур, °С");
+    subject.cycle = QStringLiteral("3 - 01.10.25\n- 15.10.25");
+    subject.depth = QStringLiteral("6,00 м");
+    const QString name = QString::asprintf("#%02x%02x%02x", range.color.red(), range.color.green(), range.color.blue());
+    const QStringList lines =
+        mapDescription(subject, {{5, -3.0, {ring(0, 10, -3)}}, {9, 500.0, {ring(0, 1, 500)}}}, scale)
+            .split(QLatin1Char('\n'));
+    EXPECT_EQ(lines,
+              (QStringList{"Карта температур, °С", "цикл: 3 - 01.10.25 - 15.10.25", "глубина: 6,00 м",
+                           QStringLiteral("%1 %2 %3").arg(name).arg(range.min).arg(range.max), "#ffffff"}));
+    drawHatches({{5, -3.0, {ring(0, 10, -3)}}}, scale, layer, subject);
+    NcDbDictionary* groups = nullptr;
+    NcDbObjectId id;
+    workingDatabase()->getGroupDictionary(groups, kForRead);
+    groups->getAt(groupNames().first(), id);
+    groups->close();
+    EXPECT_TRUE(
+        Opened<NcDbGroup>(id, kForRead)->description().startsWith(QStringLiteral("Карта температур, °С\nцикл")));
+}
+
+TEST(MapSubjectTest, DepthsAreToldAsTheyWereChosen)
+{
+    QLocale::setDefault(QLocale(QLocale::Russian, QLocale::Russia));
+    Sampling sampling;
+    sampling.key = 6.0;
+    EXPECT_EQ(samplingText(sampling), QStringLiteral("6,00 м"));
+    sampling.mode = Sampling::Elevation;
+    EXPECT_EQ(samplingText(sampling), QStringLiteral("отметка 6,00 м"));
+    sampling.mode = Sampling::Average;
+    sampling.from = 1.0;
+    sampling.to = 10.5;
+    EXPECT_EQ(samplingText(sampling), QStringLiteral("среднее с 1,00 до 10,50 м"));
+    sampling.toEnd = true;
+    EXPECT_EQ(samplingText(sampling), QStringLiteral("среднее с 1,00 м до забоя"));
+    sampling.bottom = true;
+    EXPECT_EQ(samplingText(sampling), QStringLiteral("у забоя"));
+    QLocale::setDefault(QLocale::system());
 }
 
 TEST_F(MapDrawing, ALockedLayerIsUnlockedForTheMapAndLockedAgain)

@@ -162,7 +162,7 @@ TEST_F(SheetTest, TheLegendNamesTheLayersThatShow)
     ASSERT_EQ(signs.size(), 1u);
     EXPECT_EQ(signs[0].text, QStringLiteral("Сваи"));
     EXPECT_EQ(signs[0].color, QColor(255, 0, 0));
-    EXPECT_FALSE(signs[0].fills);
+    EXPECT_EQ(signs[0].kind, Sheet::Sign::Line);
 }
 
 TEST_F(SheetTest, WhatCannotBeWrittenIsTold)

@@ -3,6 +3,7 @@
 #include "analysis/maps/build_messages.h"
 #include "analysis/maps/forms/epoch_choice.h"
 #include "analysis/maps/value_labels.h"
+#include "base/placeholders.h"
 #include "base/text.h"
 #include "formkit/boxes.h"
 
@@ -36,6 +37,12 @@ DeformationMapForm::DeformationMapForm(QWidget* parent)
     values()->verticalHeader()->hide();
     connect(epochs_, &EpochChoice::changed, this, &DeformationMapForm::reload);
     start();
+}
+
+MapSubject DeformationMapForm::subject() const
+{
+    return {QStringLiteral("Карта деформаций, мм"), fill("%1 … %2", epochs_->baseText(), epochs_->currentShown()),
+            QString()};
 }
 
 Loaded DeformationMapForm::load(const MapProgress& progress)

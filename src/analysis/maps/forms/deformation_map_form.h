@@ -12,6 +12,7 @@ public:
     explicit DeformationMapForm(QWidget* parent = nullptr);
 
     int levelMapId() const override { return session().deformationColormapId; }
+    MapSubject subject() const override;
     void drawLabels(const geometry::PointList& points) const override;
 
 protected:

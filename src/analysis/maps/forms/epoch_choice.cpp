@@ -53,3 +53,7 @@ Epochs EpochChoice::epochs() const
 
 QString EpochChoice::baseText() const { return base_->currentText(); }
 QString EpochChoice::currentText() const { return current_->currentText(); }
+QString EpochChoice::currentShown() const
+{
+    return useForecast_->isChecked() ? QStringLiteral("прогноз ") + forecasts_->currentText() : currentText();
+}

@@ -28,6 +28,8 @@ public:
     // What the boxes show of the cycles.
     QString baseText() const;
     QString currentText() const;
+    // The forecast where it stands in the current cycle's place.
+    QString currentShown() const;
 
 signals:
     void changed();

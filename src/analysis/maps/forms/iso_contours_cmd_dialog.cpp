@@ -240,5 +240,6 @@ void IsoContoursCmdDialog::draw(const contour::BuildResult& result)
     if (ui_.IsoContoursOutCheck->isChecked() && contours.ringsBuilt)
         isocontourIds_ = drawPolylines(ui_.IsoContoursOutLayer->currentText(), contours.rings);
     if (ui_.HatchOutChek->isChecked() && contours.ringsBuilt)
-        hatchIds_ = drawHatches(contours.hatchBands(), ui_.ColorMap->current(), ui_.HatchOutLayer->currentText());
+        hatchIds_ =
+            drawHatches(contours.hatchBands(), ui_.ColorMap->current(), ui_.HatchOutLayer->currentText(), subject_);
 }

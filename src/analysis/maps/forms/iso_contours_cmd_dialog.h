@@ -4,6 +4,7 @@
 
 #include "analysis/contour/contour_build.h"
 #include "analysis/maps/forms/iso_contours_widgets.h"
+#include "analysis/maps/map_subject.h"
 
 #include <nrx/object.h>
 
@@ -24,6 +25,9 @@ public:
     const NcDbObjectIdArray& isolineIds() const { return isolineIds_; }
     const NcDbObjectIdArray& isocontourIds() const { return isocontourIds_; }
     const NcDbObjectIdArray& hatchIds() const { return hatchIds_; }
+
+    // What the drawing tells of the map.
+    void setSubject(const MapSubject& subject) { subject_ = subject; }
 
     // The controls as the engine takes them. A parameter that is no number counts as 0.
     contour::BuildParameters parameters() const;
@@ -62,6 +66,7 @@ private:
     contour::SurfaceModel model_;
     contour::BuildInput input_;
     QStringList pointNames_;
+    MapSubject subject_;
     geometry::Box3 box_;
     double tension_ = 0.5;
     NcDbObjectIdArray isolineIds_, isocontourIds_, hatchIds_;

@@ -338,6 +338,7 @@ void runMapDialog(MapDialog& form, QWidget* host)
         dialog.HideBoundSelection(true);
     }
     dialog.SetLevelMapID(form.levelMapId());
+    dialog.setSubject(form.subject());
     if (dialog.exec() != QDialog::Accepted)
         return;
     const bool built = dialog.build();

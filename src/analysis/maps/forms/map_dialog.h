@@ -12,6 +12,7 @@
 #include "analysis/maps/layer_input.h"
 #include "analysis/maps/left_out_points.h"
 #include "analysis/maps/map_place.h"
+#include "analysis/maps/map_subject.h"
 #include "formkit/layout.h"
 #include "formkit/modal.h"
 #include "formkit/table_items.h"
@@ -49,6 +50,8 @@ public:
 
     // The colour map that the project has chosen for such maps.
     virtual int levelMapId() const = 0;
+    // What the drawing tells of the map.
+    virtual MapSubject subject() const = 0;
     // Writes the values beside their points.
     virtual void drawLabels(const geometry::PointList& points) const;
 

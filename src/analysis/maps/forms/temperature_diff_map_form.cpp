@@ -1,6 +1,7 @@
 #include "analysis/maps/forms/temperature_diff_map_form.h"
 
 #include "analysis/maps/value_labels.h"
+#include "base/placeholders.h"
 
 #include <cmath>
 
@@ -13,6 +14,12 @@ TemperatureDiffMapForm::TemperatureDiffMapForm(QWidget* parent)
 {
     layOutWells({{"Исходный цикл измерений", base_}, {"Текущий цикл измерений", current_}}, {base_, current_});
     start();
+}
+
+MapSubject TemperatureDiffMapForm::subject() const
+{
+    return {QStringLiteral("Карта разности температур, °С"),
+            fill("%1 … %2", base_->currentText(), current_->currentText()), depthText()};
 }
 
 Loaded TemperatureDiffMapForm::load(const MapProgress& progress)

@@ -10,6 +10,7 @@ public:
     explicit TemperatureDiffMapForm(QWidget* parent = nullptr);
 
     int levelMapId() const override { return session().dynamicTemperatureColormapId; }
+    MapSubject subject() const override;
     void drawLabels(const geometry::PointList& points) const override;
 
 protected:

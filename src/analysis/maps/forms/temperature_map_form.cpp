@@ -31,6 +31,11 @@ TemperatureMapForm::TemperatureMapForm(QWidget* parent)
     start();
 }
 
+MapSubject TemperatureMapForm::subject() const
+{
+    return {QStringLiteral("Карта температур, °С"), cycle_->currentText(), depthText()};
+}
+
 Loaded TemperatureMapForm::load(const MapProgress& /*progress*/)
 {
     const bool loaded = wells_.load(place(), chosenId(cycle_));

@@ -10,6 +10,7 @@ public:
     explicit TemperatureMapForm(QWidget* parent = nullptr);
 
     int levelMapId() const override { return session().temperatureColormapId; }
+    MapSubject subject() const override;
 
 protected:
     Loaded load(const MapProgress& progress) override;

@@ -39,6 +39,8 @@ void WellMapDialog::showTables()
     recompute();
 }
 
+QString WellMapDialog::depthText() const { return samplingText(sampling_->sampling()); }
+
 void WellMapDialog::recompute() { showSampled(sampling_->sampling()); }
 
 void WellMapDialog::showValues()

@@ -25,6 +25,8 @@ protected:
     virtual QTableWidgetItem* valueItem(size_t well, Sampling::Mode mode, double key) const = 0;
     // What the row titles of the values hold.
     virtual QString keyCaption(Sampling::Mode mode) const = 0;
+    // "6,00 м" and the like, as the pane stands.
+    QString depthText() const;
     // Makes numbers of the logs and shows the points.
     virtual void showSampled(const Sampling& sampling) = 0;
 

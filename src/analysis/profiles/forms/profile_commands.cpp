@@ -49,6 +49,7 @@ bool drawIsotherms(const TemperatureSection& section, int mapType, QWidget* host
     dialog.HidePointSelection(true);
     dialog.HideBoundSelection(true);
     dialog.SetMapType(mapType);
+    dialog.setSubject({QStringLiteral("Температуры по профилю, °С"), {}, {}});
     if (dialog.exec() != QDialog::Accepted)
         return false;
     if (!dialog.build())
