@@ -15,7 +15,9 @@ install(CODE "
   file(CREATE_LINK ../${terva_home}/terva \$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/bin/terva SYMBOLIC)")
 install(FILES packaging/terva.desktop DESTINATION share/applications)
 install(FILES packaging/terva-mime.xml DESTINATION share/mime/packages RENAME terva.xml)
-install(FILES packaging/terva.metainfo.xml DESTINATION share/metainfo)
+# Its name on the machine is that of the component in it.
+set(terva_component arpa.home.terva)
+install(FILES packaging/terva.metainfo.xml DESTINATION share/metainfo RENAME ${terva_component}.metainfo.xml)
 install(FILES packaging/terva.1 DESTINATION share/man/man1)
 install(FILES share/icons/terva.svg DESTINATION share/icons/hicolor/scalable/apps)
 install(DIRECTORY docs/guide/ DESTINATION share/doc/terva/guide FILES_MATCHING PATTERN "*.md" PATTERN "*.png")
