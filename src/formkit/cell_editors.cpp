@@ -1,9 +1,10 @@
 #include "formkit/cell_editors.h"
 
+#include "formkit/number_validator.h"
+
 #include <QAbstractProxyModel>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QRegularExpressionValidator>
 
 namespace formkit {
 
@@ -38,7 +39,7 @@ QWidget* NumberDelegate::createEditor(QWidget* parent, const QStyleOptionViewIte
 {
     auto* line = new QLineEdit(parent);
     line->setFrame(false);
-    line->setValidator(new QRegularExpressionValidator(session().numberPattern, line));
+    line->setValidator(new NumberValidator(line));
     return line;
 }
 

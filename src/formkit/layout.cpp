@@ -3,6 +3,9 @@
 #include "formkit/widgets.h"
 
 #include <QGroupBox>
+#include <QScrollArea>
+#include <QSplitter>
+#include <algorithm>
 
 namespace formkit {
 
@@ -96,9 +99,73 @@ QFormLayout* lines(std::initializer_list<Line> lines)
     return layout;
 }
 
+namespace {
+
+using Stops = std::vector<QWidget*>;
+
+void gather(const QWidget& widget, Stops& stops);
+
+// What is laid out, row by row; a cell that is wide is met once.
+void gather(const QLayout& layout, Stops& stops)
+{
+    std::vector<QLayoutItem*> items;
+    const auto* grid = qobject_cast<const QGridLayout*>(&layout);
+    for (int row = 0; grid && row < grid->rowCount(); ++row)
+        for (int column = 0; column < grid->columnCount(); ++column)
+            if (QLayoutItem* item = grid->itemAtPosition(row, column);
+                item && std::find(items.begin(), items.end(), item) == items.end())
+                items.push_back(item);
+    for (int i = 0; !grid && i < layout.count(); ++i)
+        items.push_back(layout.itemAt(i));
+    for (QLayoutItem* item : items) {
+        if (item->layout())
+            gather(*item->layout(), stops);
+        if (!item->widget())
+            continue;
+        stops.push_back(item->widget());
+        gather(*item->widget(), stops);
+    }
+}
+
+// What a widget shows inside of itself.
+void gather(const QWidget& widget, Stops& stops)
+{
+    const auto* tabs = qobject_cast<const QTabWidget*>(&widget);
+    const auto* splitter = qobject_cast<const QSplitter*>(&widget);
+    const auto* scrolled = qobject_cast<const QScrollArea*>(&widget);
+    for (int i = 0; tabs && i < tabs->count(); ++i)
+        gather(*tabs->widget(i), stops);
+    for (int i = 0; splitter && i < splitter->count(); ++i) {
+        stops.push_back(splitter->widget(i));
+        gather(*splitter->widget(i), stops);
+    }
+    if (scrolled && scrolled->widget())
+        gather(*scrolled->widget(), stops);
+    if (!tabs && !splitter && !scrolled && widget.layout())
+        gather(*widget.layout(), stops);
+}
+
+// Tab goes as one reads, not in the order in which widgets happened to be made.
+void orderTabs(const QWidget& form)
+{
+    Stops stops;
+    gather(form, stops);
+    QWidget* last = nullptr;
+    for (QWidget* stop : stops) {
+        if (stop->focusPolicy() == Qt::NoFocus && !stop->focusProxy())
+            continue;
+        if (last)
+            QWidget::setTabOrder(last, stop);
+        last = stop;
+    }
+}
+
+} // namespace
+
 QWidget* Inside::put(QLayout* layout)
 {
     widget_->setLayout(layout);
+    orderTabs(*widget_);
     return widget_;
 }
 

@@ -1,10 +1,9 @@
 #include "formkit/widgets.h"
 
 #include "formkit/icons.h"
-#include "session/project_session.h"
+#include "formkit/number_validator.h"
 
 #include <QHeaderView>
-#include <QRegularExpressionValidator>
 
 namespace formkit {
 
@@ -66,7 +65,7 @@ QLineEdit* passwordEdit(const QString& name)
 QLineEdit* numberEdit(const QString& name, const QString& text)
 {
     QLineEdit* field = edit(name, text);
-    field->setValidator(new QRegularExpressionValidator(session().numberPattern, field));
+    field->setValidator(new NumberValidator(field));
     return field;
 }
 

@@ -2,6 +2,7 @@
 #include "formkit/end_buttons.h"
 #include "formkit/layout.h"
 #include "formkit/widgets.h"
+#include "support/looks.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -96,7 +97,7 @@ TEST(FormWidgets, CarryTheirNamesAndStarts)
         QString text = typed;
         EXPECT_NE(number->validator()->validate(text, place), QValidator::Invalid) << typed;
     }
-    for (const char* typed : {"a", "1,5", "1e5", " 1"}) {
+    for (const char* typed : {"a", "1,5,0", "1e5", " 1"}) {
         QString text = typed;
         EXPECT_EQ(number->validator()->validate(text, place), QValidator::Invalid) << typed;
     }
@@ -117,6 +118,40 @@ TEST(FormWidgets, CarryTheirNamesAndStarts)
     appendToLog(log.get(), "b");
     EXPECT_EQ(log->toPlainText(), QString("a\nb"));
     EXPECT_TRUE(log->isReadOnly());
+}
+
+TEST(NumberEdit, TakesACommaForAPoint)
+{
+    const std::unique_ptr<QLineEdit> number(numberEdit("N"));
+    QString text = "-1,5";
+    int place = 0;
+    EXPECT_EQ(number->validator()->validate(text, place), QValidator::Acceptable);
+    EXPECT_EQ(text, QString("-1.5"));
+    number->insert("2,25");
+    EXPECT_EQ(number->text(), QString("2.25")) << "what is pasted";
+}
+
+// The reading order, however the widgets happened to be made.
+TEST(FormLayout, TabGoesAsOneReads)
+{
+    auto* last = new QLineEdit;
+    auto* third = new QPushButton("3");
+    auto* second = new QComboBox;
+    auto* first = new QLineEdit;
+    QDialog form;
+    auto* ends = endButtons(&form, {ok(), cancel()});
+    auto* box = group("Группа").grid({{"Раз", first}, {"Два", second}, {nothing(), third}});
+    layOut(&form).column({box, tabs("Pages").pages({{"Лист", row({stretch(), last})}}), ends});
+    form.show();
+    const QList<QWidget*> stops = tabStops(form);
+    ASSERT_EQ(stops.size(), 7);
+    EXPECT_EQ(stops.mid(0, 3), (QList<QWidget*>{first, second, third}));
+    EXPECT_TRUE(qobject_cast<QTabBar*>(stops[3]));
+    EXPECT_EQ(stops[4], last);
+    EXPECT_EQ(tabFaults(form), QStringList());
+
+    QWidget::setTabOrder(third, second);
+    EXPECT_EQ(tabFaults(form).size(), 1) << "the look at forms would notice";
 }
 
 TEST(FormWidgets, AButtonCallsItsSlot)

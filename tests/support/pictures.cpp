@@ -1,5 +1,6 @@
 #include "support/pictures.h"
 
+#include "support/looks.h"
 #include "support/test_database.h"
 
 #include <QAbstractItemView>
@@ -14,6 +15,7 @@
 #include <QSignalBlocker>
 
 #include <functional>
+#include <gtest/gtest.h>
 #include <vector>
 
 namespace {
@@ -109,6 +111,9 @@ bool takePicture(QWidget& form, const QString& name)
 {
     form.show();
     QCoreApplication::processEvents();
+    EXPECT_EQ(cutOff(form), QStringList()) << name;
+    EXPECT_EQ(tooLarge(form), QString()) << name;
+    EXPECT_EQ(tabFaults(form), QStringList()) << name;
     const NeutralTexts neutral(form);
     const QPixmap picture = form.grab();
     const QString folder = qEnvironmentVariable("TERVA_PICTURES");

@@ -5,7 +5,7 @@
 #include <QString>
 #include <QWidget>
 
-/// Shows the form, lets its layout settle and takes its picture. What belongs to the machine
+/// Shows the form, lets its layout settle, looks at it (see looks.h) and takes its picture. What belongs to the machine
 /// alone (folders, databases, the server's port and password) is shown by neutral texts and
 /// stands in the form again afterwards. False when there is nothing to see or the picture
 /// could not be kept.

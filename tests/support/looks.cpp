@@ -1,0 +1,187 @@
+#include "support/looks.h"
+
+#include <QAbstractItemView>
+#include <QAbstractScrollArea>
+#include <QAbstractSpinBox>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollArea>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QToolButton>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+// What the frame of a window and the panel of a desktop take from a screen.
+constexpr int kFrameAndPanel = 56;
+constexpr int kCaptionMargin = 6;
+
+QString nameOf(const QWidget& widget)
+{
+    const auto* button = qobject_cast<const QAbstractButton*>(&widget);
+    const auto* caption = qobject_cast<const QLabel*>(&widget);
+    const QString text = button ? button->text() : caption ? caption->text().left(40) : QString();
+    return QString::fromLatin1(widget.metaObject()->className()) + ' ' + widget.objectName() + " \"" + text + '"';
+}
+
+template <class Kind>
+bool isWithin(const QWidget& widget)
+{
+    for (const QWidget* above = widget.parentWidget(); above; above = above->parentWidget())
+        if (qobject_cast<const Kind*>(above))
+            return true;
+    return false;
+}
+
+// Parts that other widgets are made of, and what scrolls.
+bool isPart(const QWidget& widget)
+{
+    return isWithin<QAbstractItemView>(widget) || isWithin<QTabBar>(widget) || isWithin<QComboBox>(widget)
+        || isWithin<QAbstractSpinBox>(widget) || isWithin<QLineEdit>(widget);
+}
+
+// What only scrolls others is as large as all of them.
+bool isFrame(const QWidget& widget) { return qobject_cast<const QScrollArea*>(&widget) != nullptr; }
+
+bool showsText(const QWidget& widget)
+{
+    const auto* caption = qobject_cast<const QLabel*>(&widget);
+    if (caption)
+        return !caption->wordWrap() && caption->textFormat() != Qt::RichText && !caption->text().isEmpty();
+    const auto* tool = qobject_cast<const QToolButton*>(&widget);
+    return qobject_cast<const QPushButton*>(&widget) || qobject_cast<const QCheckBox*>(&widget)
+        || qobject_cast<const QRadioButton*>(&widget) || (tool && tool->icon().isNull());
+}
+
+// A style gives a button more than its caption needs; "..." stands in less.
+QSize roomWanted(const QWidget& widget)
+{
+    const auto* button = qobject_cast<const QAbstractButton*>(&widget);
+    QSize wanted = widget.minimumSizeHint();
+    if (button && !qobject_cast<const QCheckBox*>(button) && !qobject_cast<const QRadioButton*>(button)) {
+        const QString text = QString(button->text()).remove('&');
+        const int icon = button->icon().isNull() ? 0 : button->iconSize().width() + kCaptionMargin;
+        wanted.setWidth(button->fontMetrics().horizontalAdvance(text) + icon + kCaptionMargin);
+    }
+    return wanted;
+}
+
+bool isLookedAt(const QWidget& widget)
+{
+    return widget.isVisible() && !isPart(widget)
+        && (showsText(widget) || qobject_cast<const QAbstractButton*>(&widget)
+            || qobject_cast<const QAbstractSpinBox*>(&widget) || qobject_cast<const QComboBox*>(&widget)
+            || qobject_cast<const QLineEdit*>(&widget));
+}
+
+QRect placeIn(const QWidget& form, const QWidget& widget)
+{
+    return QRect(widget.mapTo(const_cast<QWidget*>(&form), QPoint()), widget.size());
+}
+
+// --- reading order
+
+struct Stop {
+    QRect place;
+    QString name;
+};
+using Stops = std::vector<Stop>;
+
+// Whether a line through the form parts the first so many stops from the others.
+bool isParted(const Stops& stops, size_t first)
+{
+    const auto edge = [&](size_t from, size_t to, auto value, bool greatest) {
+        int found = value(stops[from].place);
+        for (size_t i = from; i < to; ++i)
+            found = greatest ? std::max(found, value(stops[i].place)) : std::min(found, value(stops[i].place));
+        return found;
+    };
+    const auto top = [](const QRect& rect) { return rect.top(); };
+    const auto bottom = [](const QRect& rect) { return rect.bottom(); };
+    const auto left = [](const QRect& rect) { return rect.left(); };
+    const auto right = [](const QRect& rect) { return rect.right(); };
+    return edge(0, first, bottom, true) < edge(first, stops.size(), top, false)
+        || edge(0, first, right, true) < edge(first, stops.size(), left, false);
+}
+
+void check(const Stops& stops, QStringList& faults)
+{
+    if (stops.size() < 2)
+        return;
+    for (size_t first = 1; first < stops.size(); ++first)
+        if (isParted(stops, first)) {
+            const auto middle = stops.begin() + std::ptrdiff_t(first);
+            check(Stops(stops.begin(), middle), faults);
+            check(Stops(middle, stops.end()), faults);
+            return;
+        }
+    QStringList names;
+    for (const Stop& stop : stops)
+        names << stop.name;
+    faults << names.join(QStringLiteral(", "));
+}
+
+} // namespace
+
+QStringList cutOff(const QWidget& form)
+{
+    QStringList cut;
+    for (const QWidget* widget : form.findChildren<QWidget*>()) {
+        if (!isLookedAt(*widget))
+            continue;
+        const QSize wanted = roomWanted(*widget);
+        if (showsText(*widget) && (widget->width() < wanted.width() || widget->height() < wanted.height()))
+            cut << nameOf(*widget)
+                    + QStringLiteral(" is %1x%2 and wants %3x%4")
+                          .arg(widget->width())
+                          .arg(widget->height())
+                          .arg(wanted.width())
+                          .arg(wanted.height());
+        else if (!isWithin<QAbstractScrollArea>(*widget) && !form.rect().contains(placeIn(form, *widget)))
+            cut << nameOf(*widget) + QStringLiteral(" stands outside of the form");
+    }
+    return cut;
+}
+
+QString tooLarge(const QWidget& form)
+{
+    const double scale = form.devicePixelRatioF();
+    const QSize screen = scale < 1.25 ? QSize(1366, 768) : scale < 1.75 ? QSize(1920, 1080) : QSize(2560, 1440);
+    const QSize room = QSize(int(screen.width() / scale), int(screen.height() / scale) - kFrameAndPanel);
+    const QSize least = form.minimumSizeHint().expandedTo(form.minimumSize());
+    if (least.width() <= room.width() && least.height() <= room.height())
+        return {};
+    return QStringLiteral("needs %1x%2, has %3x%4")
+        .arg(least.width())
+        .arg(least.height())
+        .arg(room.width())
+        .arg(room.height());
+}
+
+QList<QWidget*> tabStops(const QWidget& form)
+{
+    QList<QWidget*> stops;
+    for (QWidget* widget = form.nextInFocusChain(); widget && widget != &form; widget = widget->nextInFocusChain())
+        if (form.isAncestorOf(widget) && (widget->focusPolicy() & Qt::TabFocus) == Qt::TabFocus && widget->isVisible()
+            && widget->isEnabledTo(&form) && !widget->focusProxy() && !isPart(*widget) && !isFrame(*widget))
+            stops << widget;
+    return stops;
+}
+
+QStringList tabFaults(const QWidget& form)
+{
+    Stops stops;
+    for (const QWidget* widget : tabStops(form))
+        stops.push_back({placeIn(form, *widget), nameOf(*widget)});
+    QStringList faults;
+    check(stops, faults);
+    return faults;
+}
