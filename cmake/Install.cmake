@@ -21,6 +21,7 @@ install(FILES packaging/terva.metainfo.xml DESTINATION share/metainfo RENAME ${t
 install(FILES packaging/terva.1 DESTINATION share/man/man1)
 install(FILES share/icons/terva.svg DESTINATION share/icons/hicolor/scalable/apps)
 install(DIRECTORY docs/guide/ DESTINATION share/doc/terva/guide FILES_MATCHING PATTERN "*.md" PATTERN "*.png")
+install(DIRECTORY docs/pictures/ DESTINATION share/doc/terva/pictures FILES_MATCHING PATTERN "*.png")
 install(FILES README.md CHANGELOG.md DESTINATION share/doc/terva)
 
 set(CPACK_GENERATOR DEB)

@@ -7,6 +7,7 @@
 #include <QDockWidget>
 #include <QMainWindow>
 #include <QPointer>
+#include <QScrollArea>
 #include <QTabWidget>
 #include <utility>
 
@@ -26,7 +27,12 @@ struct hostUiPaletteSet::Data {
 
     void add(hostQtPalette* page)
     {
-        tabs->addTab(page->widget_, page->title_);
+        // On a small screen a page is scrolled; the window is not widened by it.
+        auto* area = new QScrollArea;
+        area->setFrameShape(QFrame::NoFrame);
+        area->setWidgetResizable(true);
+        area->setWidget(page->widget_);
+        tabs->addTab(area, page->title_);
         pages.emplace_back(page);
     }
 

@@ -53,6 +53,12 @@ DeskState readDeskState()
     return state;
 }
 
+bool isDrawingNotStored(const QString& path)
+{
+    const auto asked = reinterpret_cast<bool (*)(const char*)>(moduleFunction("terva_drawing_not_stored"));
+    return asked && asked(path.toUtf8().constData());
+}
+
 bool openProjectFile(const QString& path)
 {
     const auto open = reinterpret_cast<void (*)(const char*)>(moduleFunction("terva_open_project"));
@@ -64,7 +70,7 @@ bool openProjectFile(const QString& path)
 void registerDeskCommands()
 {
     const std::pair<const char*, const char*> actions[] = {
-        {"PROPERTIES", "propertiesAction"}, {"PRINT", "print"}, {"STARTPAGE", "startPageAction"}};
+        {"PROPERTIES", "propertiesAction"}, {"PRINT", "print"}, {"STARTPAGE", "startPageAction"}, {"MANUAL", "manualAction"}};
     for (const auto& row : actions)
         addHostCommand(QString::fromLatin1(row.first),
                        [name = QString::fromLatin1(row.second)](const QStringList&) { triggerAction(name); });

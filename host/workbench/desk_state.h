@@ -15,7 +15,9 @@ struct DeskState {
 
 // Empty without a module that tells.
 DeskState readDeskState();
+// Whether it is a position's working copy that was saved and not stored in the database.
+bool isDrawingNotStored(const QString& path);
 // False when no module opens projects.
 bool openProjectFile(const QString& path);
-// OPENPROJECT path, PROPERTIES, PRINT, STARTPAGE: for the window and for scripts.
+// OPENPROJECT path, PROPERTIES, PRINT, STARTPAGE, MANUAL: for the window and for scripts.
 void registerDeskCommands();

@@ -103,6 +103,18 @@ void DrawingKeeper::forget(const Document& document)
     kept_.erase(known);
 }
 
+QString DrawingKeeper::keepClosed(const Document& document, QString* problem)
+{
+    const QDir closed(folder_ + QStringLiteral("/closed"));
+    closed.mkpath(QStringLiteral("."));
+    const QString stem = QFileInfo(document.fileName()).completeBaseName()
+        + QDateTime::currentDateTime().toString(QStringLiteral("_yyyy-MM-dd_HH-mm-ss"));
+    QString path = closed.filePath(stem + QStringLiteral(".dxf"));
+    for (int number = 2; QFileInfo::exists(path); ++number)
+        path = closed.filePath(QStringLiteral("%1_%2.dxf").arg(stem).arg(number));
+    return isOk(writeDrawing(*document.database(), path, problem)) ? path : QString();
+}
+
 std::vector<LeftCopy> DrawingKeeper::left() const
 {
     std::vector<LeftCopy> copies;

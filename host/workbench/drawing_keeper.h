@@ -29,6 +29,10 @@ public:
     // The drawing was saved or closed: its copy goes.
     void forget(const Document& document);
 
+    // Writes what a drawing that a command closes holds unsaved into a dated file.
+    // Its path; empty with the reason in `problem`.
+    QString keepClosed(const Document& document, QString* problem = nullptr);
+
     // Of programs that run no more, the newest first.
     std::vector<LeftCopy> left() const;
     static void remove(const LeftCopy& copy);

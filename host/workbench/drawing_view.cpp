@@ -64,8 +64,11 @@ void DrawingView::setLightGround(bool light)
     redraw();
 }
 
-void DrawingView::objectChanged(NcDbObjectId)
+void DrawingView::objectChanged(NcDbObjectId id)
 {
+    const NcDbObject* changed = HostAccess::object(id);
+    if (changed && (changed->isKindOf(NcDbEntity::desc()) || changed->isKindOf(NcDbLayerTableRecord::desc())))
+        drawn_ = true;
     listOld_ = true;
     redraw();
 }

@@ -33,6 +33,10 @@ public:
     void zoomExtents();
     // Shows the whole drawing when the view that came with it shows nothing of it.
     void zoomIfEmpty();
+    // Whether closing the drawing now would lose what was drawn or changed in it;
+    // what commands note in the drawing's properties is no work of the user's.
+    bool holdsUnsavedWork() const { return drawn_ && document_.isModified(); }
+    void setDrawn(bool drawn) { drawn_ = drawn; } // since it was opened or saved
     // What of the drawing is on the screen.
     QRectF visibleWorld() const { return toScreen().inverted().mapRect(QRectF(rect())); }
     // Lets go of a grip that is being pulled; false when none is.
@@ -112,6 +116,7 @@ private:
     ViewScene scene_;
     bool listOld_ = true, sceneOld_ = true;
     QTimer later_;        // the next piece of the next picture
+    bool drawn_ = false;  // on, since the drawing was opened or saved
     bool placed_ = false; // the widget has had its first size
     ActiveView view_;
     Mode mode_ = Select;

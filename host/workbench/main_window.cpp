@@ -4,6 +4,7 @@
 #include "desk_state.h"
 #include "drawing_keeper.h"
 #include "edit_dialogs.h"
+#include "form_places.h"
 #include "layers_page.h"
 #include "properties_panel.h"
 
@@ -14,6 +15,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
+#include <QScreen>
 #include <QStandardPaths>
 #include <QTabWidget>
 #include <QTimer>
@@ -61,6 +63,7 @@ MainWindow::MainWindow(const QString& profile)
     buildDocks();
     buildFileMenu();
     buildViewMenu();
+    buildHelpMenu();
     buildCommandMenus();
     buildStatusBar();
     registerDeskCommands();
@@ -70,12 +73,15 @@ MainWindow::MainWindow(const QString& profile)
     setPromptBackend(&prompts_);
     line_->setHistory(settings_->value(kHistoryKey).toStringList());
     qApp->installEventFilter(this);
+    new FormPlaces(*settings_, this);
     if (!restoreGeometry(settings_->value(QStringLiteral("geometry")).toByteArray()))
         setWindowState(Qt::WindowMaximized);
+    else if (!isMaximized() && !isFullScreen())
+        setGeometry(placeWithin(geometry(), screen()->availableGeometry())); // another screen than that day
     restoreState(settings_->value(QStringLiteral("state")).toByteArray());
     keepTimer_.setSingleShot(true);
     connect(&keepTimer_, &QTimer::timeout, this, &MainWindow::keepCopies);
-    keepTimer_.start(kFirstKeepMilliseconds);
+    keepTimer_.start(qMin(kFirstKeepMilliseconds, keepMilliseconds()));
 }
 
 MainWindow::~MainWindow()
@@ -148,6 +154,8 @@ void MainWindow::noteSaved(NcApDocument* saved)
     if (auto* document = dynamic_cast<Document*>(saved)) {
         keeper_->lock(document->fileName());
         keeper_->forget(*document);
+        if (DrawingView* view = viewOf(document))
+            view->setDrawn(false);
     }
     showTitles();
 }
@@ -184,6 +192,7 @@ void MainWindow::removeDocument(NcApDocument* document)
     if (document == shown_)
         showInPanels(nullptr);
     if (const auto* closing = dynamic_cast<Document*>(document)) {
+        keepUnsaved(*closing);
         keeper_->forget(*closing);
         keeper_->unlock(closing->fileName());
     }

@@ -12,6 +12,7 @@
 class CommandMenus;
 class DrawingKeeper;
 class LayersPage;
+class ManualWindow;
 class PropertiesPanel;
 class QLabel;
 class StartPage;
@@ -59,6 +60,8 @@ private:
                            void (MainWindow::*act)(), bool onBar);
     void buildViewMenu();
     void buildAids(QMenu* menu);
+    void buildHelpMenu();
+    void showManual();
     void placeDocks();
     void resetLayout();
     void notePalettes();
@@ -96,7 +99,10 @@ private:
     void printDrawing();
     void chooseScript();
     void closeTab(int index);
+    int keepMilliseconds() const;
     bool mayClose(Document& document);
+    bool mayLeaveNotStored(const Document& document);
+    void keepUnsaved(const Document& document);
     void noteRecent(const QString& path);
     void fillRecent();
 
@@ -105,11 +111,13 @@ private:
     CommandLine* line_;
     LayersPage* layers_;
     PropertiesPanel* properties_ = nullptr;
-    NcApDocument* shown_ = nullptr; // in the panels
+    NcApDocument* shown_ = nullptr;     // in the panels
+    const Document* givenUp_ = nullptr; // its changes need not be kept: the user was asked
     DeskPrompts prompts_;
     std::unique_ptr<DrawingKeeper> keeper_;
     CommandMenus* menus_ = nullptr;
-    StartPage* start_ = nullptr; // made when it is first shown
+    StartPage* start_ = nullptr;     // made when it is first shown
+    ManualWindow* manual_ = nullptr; // likewise
     DeskState desk_;
     QTimer deskTimer_, keepTimer_;
     QLabel *deskProject_ = nullptr, *deskCycles_ = nullptr, *deskConnection_ = nullptr;

@@ -194,12 +194,29 @@ void MainWindow::chooseScript()
 bool MainWindow::mayClose(Document& document)
 {
     if (!document.isModified())
-        return true;
+        return mayLeaveNotStored(document);
     const auto answer = QMessageBox::question(this, QStringLiteral("Терва"),
                                               QStringLiteral("Сохранить изменения чертежа ")
                                                   + QFileInfo(document.fileName()).fileName() + QStringLiteral("?"),
                                               QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
-    return answer == QMessageBox::Discard || (answer == QMessageBox::Save && saveDrawing(&document, false));
+    const bool saved = answer == QMessageBox::Save && saveDrawing(&document, false);
+    return (saved || answer == QMessageBox::Discard) && mayLeaveNotStored(document);
+}
+
+// What was saved lies in the working copy alone; others see what is stored.
+bool MainWindow::mayLeaveNotStored(const Document& document)
+{
+    if (document.isUntitled() || !isDrawingNotStored(document.fileName()))
+        return true;
+    QMessageBox question(QMessageBox::Question, QStringLiteral("Терва"),
+                         QStringLiteral("Чертёж %1 сохранён, но не записан в базу данных. Записывает его команда "
+                                        "«Чертёж → база».\n\nЗакрыть его так?")
+                             .arg(QFileInfo(document.fileName()).fileName()),
+                         QMessageBox::NoButton, this);
+    QAbstractButton* close = question.addButton(QStringLiteral("Закрыть"), QMessageBox::AcceptRole);
+    question.addButton(QMessageBox::Cancel);
+    question.exec();
+    return question.clickedButton() == close;
 }
 
 void MainWindow::closeTab(int index)
@@ -209,8 +226,11 @@ void MainWindow::closeTab(int index)
         tabs_->removeTab(index);
         return;
     }
-    if (activeCommand().isEmpty() && mayClose(view->document()))
-        ncDocManagerPtr()->closeDocument(&view->document());
+    if (!activeCommand().isEmpty() || !mayClose(view->document()))
+        return;
+    givenUp_ = &view->document();
+    ncDocManagerPtr()->closeDocument(&view->document());
+    givenUp_ = nullptr;
 }
 
 void MainWindow::noteRecent(const QString& path) { RecentFiles(*settings_, kRecentKey).note(path); }

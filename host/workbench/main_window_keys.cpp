@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QDoubleSpinBox>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -29,6 +30,22 @@ bool takesText(const QWidget* widget)
 bool isNumberField(const QWidget* widget)
 {
     return qobject_cast<const QAbstractSpinBox*>(widget) && qobject_cast<const QDialog*>(widget->window());
+}
+
+// A number takes a point and a comma alike; the field shows that of the user's
+// locale. The other one is typed for the user.
+bool typeDecimalMark(QWidget* widget, const QKeyEvent& key)
+{
+    const auto* field = qobject_cast<const QDoubleSpinBox*>(widget);
+    if (!field || (key.text() != QLatin1String(".") && key.text() != QLatin1String(",")))
+        return false;
+    const QString mark = field->locale().decimalPoint();
+    if (key.text() == mark)
+        return false;
+    QKeyEvent typed(QEvent::KeyPress, mark == QLatin1String(",") ? Qt::Key_Comma : Qt::Key_Period, key.modifiers(),
+                    mark);
+    QCoreApplication::sendEvent(widget, &typed);
+    return true;
 }
 
 bool isEnter(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
@@ -59,6 +76,8 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
         widget->nextInFocusChain()->setFocus();
         return true;
     }
+    if (widget && typeDecimalMark(widget, *key))
+        return true;
     const bool stray = widget && widget->window() == this && widget == QApplication::focusWidget()
         && !QApplication::activeModalWidget() && !QApplication::activePopupWidget() && !takesText(widget)
         && !qobject_cast<DrawingView*>(widget);

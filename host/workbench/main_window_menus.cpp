@@ -4,9 +4,11 @@
 #include "desk_theme.h"
 #include "drawing_aids.h"
 #include "main_window.h"
+#include "manual_window.h"
 
 #include <drawing/application.h>
 
+#include <QCoreApplication>
 #include <QDockWidget>
 #include <QMenu>
 #include <QMenuBar>
@@ -123,6 +125,27 @@ void MainWindow::buildViewMenu()
     add("terva", QStringLiteral("&Начальная страница"), {}, [this] {
         showStartPage();
     })->setObjectName(QStringLiteral("startPageAction"));
+}
+
+void MainWindow::buildHelpMenu()
+{
+    QMenu* menu = menus_->menu(QStringLiteral("Справка"));
+    QAction* manual = menu->addAction(deskIcon(QStringLiteral("help")), QStringLiteral("&Руководство"), this,
+                                      &MainWindow::showManual, Qt::Key_F1);
+    manual->setObjectName(QStringLiteral("manualAction"));
+    manual->setStatusTip(QStringLiteral("Открыть руководство, поставленное с программой"));
+}
+
+void MainWindow::showManual()
+{
+    const QString page = manualPage(QCoreApplication::applicationDirPath());
+    if (page.isEmpty())
+        return tell(QStringLiteral("Руководство не поставлено с программой; команда TERVA_HELP открывает его в сети."));
+    if (!manual_)
+        manual_ = new ManualWindow(page, this);
+    manual_->show();
+    manual_->raise();
+    manual_->activateWindow();
 }
 
 void MainWindow::buildAids(QMenu* menu)

@@ -3,6 +3,7 @@
 #include "entry/command_table.h"
 #include "session/forms/palette_refresh.h"
 #include "session/project_session.h"
+#include "session/saved_copy.h"
 
 namespace {
 
@@ -65,6 +66,8 @@ void tellDesk(const DeskTeller& tell)
             tell(QStringLiteral("refused:") + QString::fromLatin1(command.name), refusal);
     }
 }
+
+bool isDrawingNotStored(const QString& path) { return wasSavedSince(path); }
 
 void openProjectOfDesk(const QString& path)
 {

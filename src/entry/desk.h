@@ -13,5 +13,8 @@ using DeskTeller = std::function<void(const QString& key, const QString& value)>
 // just now. Asks no server.
 void tellDesk(const DeskTeller& tell);
 
+// Whether the file is a position's working copy that was saved and not stored.
+bool isDrawingNotStored(const QString& path);
+
 // Opens the project of that file as TERVA_LOADPROJECT does with a chosen one.
 void openProjectOfDesk(const QString& path);

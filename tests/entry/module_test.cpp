@@ -53,7 +53,7 @@ TEST(Module, ExportsWhatTheHostAsksFor)
 {
     QLibrary library(moduleFile());
     for (const char* name : {"ncrxEntryPoint", "_terva_module_id", "HelloUIDialogcmd", "showDialog", "terva_desk_state",
-                             "terva_open_project"})
+                             "terva_drawing_not_stored", "terva_open_project"})
         EXPECT_NE(library.resolve(name), nullptr) << name;
 }
 

@@ -30,6 +30,7 @@ Q_DECL_EXPORT void terva_desk_state(void (*tell)(void* context, const char* key,
         tell(context, key.toUtf8().constData(), value.toUtf8().constData());
     });
 }
+Q_DECL_EXPORT bool terva_drawing_not_stored(const char* path) { return isDrawingNotStored(QString::fromUtf8(path)); }
 Q_DECL_EXPORT void terva_open_project(const char* path) { openProjectOfDesk(QString::fromUtf8(path)); }
 
 } // extern "C"
