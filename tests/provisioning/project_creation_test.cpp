@@ -514,6 +514,49 @@ TEST_F(MakingAProject, ASchemaWithoutProjectsStopsAtTheConnection)
     EXPECT_FALSE(log_.contains("Обновление"));
 }
 
+// Whichever statement is refused, or the last one that the link carries: what is called a success stands whole.
+TEST_F(MakingAProject, WhicheverStatementIsRefusedItIsNoSuccess)
+{
+    // The tables that are asked for, and no extension, whose laying takes a second a run.
+    QFile script(folder_.filePath("small.sql"));
+    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+    script.write("create table projects (project_id integer primary key generated always as identity, name text, "
+                 "owner text, location text, code text); create table objects (); create table subobjects (); "
+                 "create table positions (); create table spatial_ref_sys (srid integer primary key, auth_name text, "
+                 "auth_srid integer, proj4text text)");
+    script.close();
+    project_.schemaPath = script.fileName();
+    StatementRelay relay;
+    session_.sqlPort = relay.port();
+    using Disturb = void (StatementRelay::*)(int);
+    int disturbed = 0;
+    for (Disturb disturb : {&StatementRelay::refuse, &StatementRelay::cutAfter}) {
+        for (int statement = 1; statement < 100; ++statement) {
+            const NewName fresh;
+            session_.connection.finish();
+            session_.sqlDatabase = fresh.name();
+            session_.projectId = -1;
+            (relay.*disturb)(statement);
+            ConsoleCapture console;
+            const bool made = run();
+            const bool met = relay.hasRefused() || relay.hasCut();
+            if (!made || log_.contains("Ошибка")) {
+                EXPECT_TRUE(log_.contains("Ошибка") && met) << statement << log_;
+            } else {
+                const sql::Connection there(TestServer::conninfo(fresh.name()));
+                EXPECT_EQ(there.run("select name from projects").getvalue(0, 0), QString("Город")) << statement;
+                EXPECT_EQ(there.run("select proj4text from spatial_ref_sys where srid = 9999").getvalue(0, 0),
+                          QString("+proj=longlat"))
+                    << statement;
+            }
+            if (!met)
+                break;
+            ++disturbed;
+        }
+    }
+    EXPECT_GT(disturbed, 20);
+}
+
 TEST_F(MakingAProject, CapitalsInTheNameFailAtTheSchema)
 {
     const QString lower = database_.name();

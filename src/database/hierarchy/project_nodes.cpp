@@ -39,7 +39,10 @@ bool deleteNode(const ProjectNode& node) { return session().run(compose(levelOf(
 
 void moveNode(const ProjectNode& node, int parentId) { session().run(compose(levelOf(node).move, parentId, node.id)); }
 
-void storePlace(const ProjectNode& node) { session().run(compose(levelOf(node).place, node.appearence, node.id)); }
+bool storePlace(const ProjectNode& node)
+{
+    return session().run(compose(levelOf(node).place, node.appearence, node.id)).isCommand();
+}
 
 bool hasPositionCounts() { return session().run("select * from positions_counts").isTuples(); }
 
@@ -69,6 +72,8 @@ bool positionHasElements(int positionId)
                               "(select count(element_id) from tss_elements where position_id = %1) as tss_count, "
                               "(select count(element_id) from tsg_elements where position_id = %1) as tsg_count",
                               positionId));
+    if (!counts.hasRow())
+        return true; // nobody knows
     for (int column = 0; column < counts.nfields(); ++column) {
         if (counts.toInt(0, column) != 0)
             return true;

@@ -28,7 +28,7 @@ bool deleteNode(const ProjectNode& node);
 /// Below another parent, where it keeps its place.
 void moveNode(const ProjectNode& node, int parentId);
 /// Stores the node's place among its siblings.
-void storePlace(const ProjectNode& node);
+bool storePlace(const ProjectNode& node);
 
 /// By the id of a position: how many elements, profiles and contours it has, in the order of countTitles().
 using PositionCounts = QHash<int, QStringList>;

@@ -1,5 +1,6 @@
 #include "database/provisioning/project_creation.h"
 
+#include "base/statement.h"
 #include "database/provisioning/database_making.h"
 #include "database/provisioning/folder_copy.h"
 #include "files/written_file.h"
@@ -196,7 +197,10 @@ bool ProjectCreation::writeProject()
     log_(QStringLiteral("Обновление данных проекта\n "));
     session_.saveProjectRow();
     session_.proj4Text = project_.proj4Text;
-    session_.saveProjection();
+    const bool projected = session_.saveProjection();
+    const auto row = session_.run(compose("SELECT 1 FROM projects WHERE project_id = %1", session_.projectId));
+    if (!projected || !row.hasRow())
+        log_(QStringLiteral("Ошибка !\n"));
     return true;
 }
 

@@ -98,9 +98,15 @@ void ProjectExplorerWidget::swapWith(const QModelIndex& neighbour)
         || item->parent() != sibling->parent() || !item->parent())
         return;
     const QVector<QStandardItem*> open = openItems(item->parent());
+    const ProjectNode before = ProjectTreeModel::nodeOf(item);
     model_->swap(item, sibling);
-    storePlace(ProjectTreeModel::nodeOf(item));
-    storePlace(ProjectTreeModel::nodeOf(sibling));
+    if (!storePlace(ProjectTreeModel::nodeOf(item)) || !storePlace(ProjectTreeModel::nodeOf(sibling))) {
+        // One alone would leave two nodes at one place.
+        const QString problem = session().connection.errorMessage();
+        storePlace(before);
+        say(fill("\nПорядок не изменён: %1\n", problem));
+        return refreshTree();
+    }
     for (const QStandardItem* node : open)
         tree_->expand(indexOf(node));
     choose(item);
