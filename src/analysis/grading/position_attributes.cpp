@@ -50,6 +50,7 @@ PositionAttributes loadAttributes(int positionId)
                 positionId));
     PositionAttributes found;
     found.positionId = positionId;
+    found.unread = !rows.isTuples();
     if (!rows.hasRow())
         return found;
     found.exist = true;
@@ -67,8 +68,14 @@ PositionAttributes loadAttributes(int positionId)
     return found;
 }
 
+// A second row beside one that could not be read would stand for all of the norms.
 bool storeAttributes(PositionAttributes& attributes, QString* problem)
 {
+    if (attributes.unread) {
+        if (problem)
+            *problem = QStringLiteral("прежние нормы позиции не прочитаны. Откройте её паспорт снова.");
+        return false;
+    }
     const QVector<StatementValue> values{attributes.positionId,
                                          numeralOf(attributes.deepMin),
                                          numeralOf(attributes.deepMax),

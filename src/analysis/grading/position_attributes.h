@@ -13,7 +13,8 @@ struct PositionAttributes {
     static constexpr double none = std::numeric_limits<double>::infinity();
 
     bool exist = false;
-    int id = -1; ///< of the row
+    bool unread = false; ///< the server did not say whether there is a row
+    int id = -1;         ///< of the row
     int positionId = -1;
     int normId = -1;
     double deepMin = 0.0;        ///< upper end of the depths of the mean, m
@@ -28,7 +29,7 @@ struct PositionAttributes {
 };
 
 /// One row of many: a position that has several counts with the last one written.
-/// A refused statement gives attributes that do not exist.
+/// A refused statement gives attributes that do not exist and are not stored either.
 PositionAttributes loadAttributes(int positionId);
 
 /// Inserts or updates the row, its id being told then. False when the server refuses.

@@ -48,6 +48,7 @@ struct GradedSide {
 };
 
 struct PositionGrades {
+    bool unread = false; ///< the server refused a part of what they are made of: not to be stored
     int positionId = -1;
     int baseCycle = -1, currentCycle = -1;
     PositionAttributes attributes;

@@ -13,6 +13,14 @@ double metres(const sql::Result& rows, int row, int column)
     return ok && std::isfinite(value) ? value : PositionAttributes::none;
 }
 
+sql::Result read(const Statement& statement, bool* unread)
+{
+    sql::Result rows = session().run(statement);
+    if (unread && !rows.isTuples())
+        *unread = true;
+    return rows;
+}
+
 // Rows of one element stand together: measures beyond the first one are passed over.
 template <class Elements>
 bool isRepeated(const Elements& elements, int id)
@@ -22,13 +30,14 @@ bool isRepeated(const Elements& elements, int id)
 
 } // namespace
 
-std::vector<MeasuredWell> loadWells(int positionId, int cycle)
+std::vector<MeasuredWell> loadWells(int positionId, int cycle, bool* unread)
 {
-    const sql::Result rows = session().run(
+    const sql::Result rows = read(
         compose("select element_id, element_name, meas from ts_elements left join (select element_id, meas_ts_id, meas "
                 "from ts_meas where cycle_id = %2) as mscurr using (element_id) where position_id = %1 "
                 "order by element_name, element_id, meas_ts_id",
-                positionId, cycle));
+                positionId, cycle),
+        unread);
     std::vector<MeasuredWell> wells;
     for (int row = 0; rows.isTuples() && row < rows.ntuples(); ++row) {
         if (isRepeated(wells, rows.toInt(row, 0)))
@@ -40,17 +49,19 @@ std::vector<MeasuredWell> loadWells(int positionId, int cycle)
     return wells;
 }
 
-std::vector<MeasuredMark> loadMarks(int positionId, int baseCycle, int currentCycle)
+std::vector<MeasuredMark> loadMarks(int positionId, int baseCycle, int currentCycle, bool* unread)
 {
     enum Column { Id, Name, Base, Current };
-    const sql::Result rows = session().run(compose(
-        "select element_id, element_name, meas_base, meas_current from dm_elements "
-        "left join (select element_id, meas_dm_id as base_id, meas as meas_base from dm_meas where cycle_id = %2) "
-        "as msbase using (element_id) "
-        "left join (select element_id, meas_dm_id as current_id, meas as meas_current from dm_meas "
-        "where cycle_id = %3) as mscurr using (element_id) "
-        "where position_id = %1 order by element_name, element_id, base_id, current_id",
-        positionId, baseCycle, currentCycle));
+    const sql::Result rows = read(
+        compose(
+            "select element_id, element_name, meas_base, meas_current from dm_elements "
+            "left join (select element_id, meas_dm_id as base_id, meas as meas_base from dm_meas where cycle_id = %2) "
+            "as msbase using (element_id) "
+            "left join (select element_id, meas_dm_id as current_id, meas as meas_current from dm_meas "
+            "where cycle_id = %3) as mscurr using (element_id) "
+            "where position_id = %1 order by element_name, element_id, base_id, current_id",
+            positionId, baseCycle, currentCycle),
+        unread);
     std::vector<MeasuredMark> marks;
     for (int row = 0; rows.isTuples() && row < rows.ntuples(); ++row) {
         if (!isRepeated(marks, rows.toInt(row, Id)))
@@ -60,20 +71,22 @@ std::vector<MeasuredMark> loadMarks(int positionId, int baseCycle, int currentCy
     return marks;
 }
 
-std::vector<MeasuredProfile> loadProfiles(int positionId, int baseCycle, int currentCycle)
+std::vector<MeasuredProfile> loadProfiles(int positionId, int baseCycle, int currentCycle, bool* unread)
 {
     enum Column { Id, Name, Element, Param, X, Y, Base, Current };
-    const sql::Result rows = session().run(compose(
-        "select profile_id, profile_name, element_id, param, x, y, meas_base, meas_current "
-        "from deformation_profiles left join deformation_profiles_points using (profile_id) "
-        "left join dm_elements using (element_id) "
-        "left join (select element_id, meas_dm_id as base_id, meas as meas_base from dm_meas where cycle_id = %2) "
-        "as msbase using (element_id) "
-        "left join (select element_id, meas_dm_id as current_id, meas as meas_current from dm_meas "
-        "where cycle_id = %3) as mscurr using (element_id) "
-        "where deformation_profiles.position_id = %1 "
-        "order by profile_name, profile_id, param, element_id, base_id, current_id",
-        positionId, baseCycle, currentCycle));
+    const sql::Result rows = read(
+        compose(
+            "select profile_id, profile_name, element_id, param, x, y, meas_base, meas_current "
+            "from deformation_profiles left join deformation_profiles_points using (profile_id) "
+            "left join dm_elements using (element_id) "
+            "left join (select element_id, meas_dm_id as base_id, meas as meas_base from dm_meas where cycle_id = %2) "
+            "as msbase using (element_id) "
+            "left join (select element_id, meas_dm_id as current_id, meas as meas_current from dm_meas "
+            "where cycle_id = %3) as mscurr using (element_id) "
+            "where deformation_profiles.position_id = %1 "
+            "order by profile_name, profile_id, param, element_id, base_id, current_id",
+            positionId, baseCycle, currentCycle),
+        unread);
     std::vector<MeasuredProfile> profiles;
     QString last; // of the mark before: its measures beyond the first one
     for (int row = 0; rows.isTuples() && row < rows.ntuples(); ++row) {
@@ -93,13 +106,13 @@ std::vector<MeasuredProfile> loadProfiles(int positionId, int baseCycle, int cur
     return profiles;
 }
 
-ElementCounts loadElementCounts(int positionId)
+ElementCounts loadElementCounts(int positionId, bool* unread)
 {
     enum Column { Dm, Ggs, Rp, Ts, Tsg, Tss };
-    const sql::Result rows =
-        session().run(compose("select dm_count, ggs_count, rp_count, ts_count, tsg_count, tss_count from "
-                              "positions_counts where position_id=%1",
-                              positionId));
+    const sql::Result rows = read(compose("select dm_count, ggs_count, rp_count, ts_count, tsg_count, tss_count from "
+                                          "positions_counts where position_id=%1",
+                                          positionId),
+                                  unread);
     return {rows.toInt(0, Dm), rows.toInt(0, Ggs), rows.toInt(0, Rp),
             rows.toInt(0, Ts), rows.toInt(0, Tsg), rows.toInt(0, Tss)};
 }
@@ -111,9 +124,11 @@ PositionGrades gradedPosition(int positionId, int baseCycle, int currentCycle)
     grades.baseCycle = baseCycle;
     grades.currentCycle = currentCycle;
     grades.attributes = loadAttributes(positionId);
-    grades.elements = loadElementCounts(positionId);
-    gradePosition({loadWells(positionId, currentCycle), loadMarks(positionId, baseCycle, currentCycle),
-                   loadProfiles(positionId, baseCycle, currentCycle)},
+    grades.unread = grades.attributes.unread;
+    bool* unread = &grades.unread;
+    grades.elements = loadElementCounts(positionId, unread);
+    gradePosition({loadWells(positionId, currentCycle, unread), loadMarks(positionId, baseCycle, currentCycle, unread),
+                   loadProfiles(positionId, baseCycle, currentCycle, unread)},
                   grades);
     return grades;
 }

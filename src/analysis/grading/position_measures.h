@@ -7,11 +7,11 @@
 #include <QVector>
 
 /// The elements in the order of their names. Of several measures of one element
-/// in one cycle the first row counts. A refused statement gives none.
-std::vector<MeasuredWell> loadWells(int positionId, int cycle);
-std::vector<MeasuredMark> loadMarks(int positionId, int baseCycle, int currentCycle);
-std::vector<MeasuredProfile> loadProfiles(int positionId, int baseCycle, int currentCycle);
-ElementCounts loadElementCounts(int positionId);
+/// in one cycle the first row counts. A refused statement gives none, and sets `unread`.
+std::vector<MeasuredWell> loadWells(int positionId, int cycle, bool* unread = nullptr);
+std::vector<MeasuredMark> loadMarks(int positionId, int baseCycle, int currentCycle, bool* unread = nullptr);
+std::vector<MeasuredProfile> loadProfiles(int positionId, int baseCycle, int currentCycle, bool* unread = nullptr);
+ElementCounts loadElementCounts(int positionId, bool* unread = nullptr);
 
 /// Attributes, counts, measures and all grades of the position.
 PositionGrades gradedPosition(int positionId, int baseCycle, int currentCycle);

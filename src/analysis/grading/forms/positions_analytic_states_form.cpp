@@ -109,18 +109,24 @@ void PositionsAnalyticStatesForm::run()
     if (!session().checkConnection())
         return status_->setText(QStringLiteral("\nНе установлено соединение с базой данных\n"));
     clearGrades();
+    QStringList unread;
     ProgressBox progress(this, "Обработка позиций", QString(), "Отмена", kQuietTime);
     for (int row = 0; row < positions_.size(); ++row) {
         if (!progress.step(row, positions_.size(), positions_[row].position))
             break;
         if (positions_[row].id == -1)
             continue;
-        const auto graded = grades_.emplace(row, gradedPosition(positions_[row].id, base, current)).first;
-        showGrades(row, graded->second);
+        const PositionGrades graded = gradedPosition(positions_[row].id, base, current);
+        if (graded.unread) {
+            unread << positions_[row].position;
+            continue;
+        }
+        showGrades(row, grades_.emplace(row, graded).first->second);
     }
     progress.step(positions_.size(), positions_.size());
     fitColumns(table_);
-    status_->setText(fill("Обработано позиций: %1 из %2", qint64(grades_.size()), positions_.size()));
+    const QString done = fill("Обработано позиций: %1 из %2", qint64(grades_.size()), positions_.size());
+    status_->setText(unread.isEmpty() ? done : done + ". Не прочитаны данные: " + unread.join(", "));
 }
 
 void PositionsAnalyticStatesForm::showGrades(int row, const PositionGrades& grades)
@@ -199,8 +205,12 @@ void PositionsAnalyticStatesForm::openPassport(int row)
     const auto graded = grades_.find(row);
     if (graded == grades_.end() || !passport.hasChanged())
         return;
-    graded->second = gradedPosition(positions_[row].id, graded->second.baseCycle, graded->second.currentCycle);
-    showGrades(row, graded->second);
+    const PositionGrades again =
+        gradedPosition(positions_[row].id, graded->second.baseCycle, graded->second.currentCycle);
+    if (again.unread)
+        return status_->setText("Не прочитаны данные: " + positions_[row].position);
+    graded->second = again;
+    showGrades(row, again);
 }
 
 void PositionsAnalyticStatesForm::makeCurrent(int row)
