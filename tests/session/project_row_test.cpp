@@ -44,7 +44,7 @@ TEST_F(ProjectRow, AnApostropheMakesTheStatementFail)
     session_.projectName = "О'Коннор";
     session_.saveProjectRow();
     EXPECT_EQ(database_.value("select name from projects"), QString("Город"));
-    EXPECT_EQ(console_.text(), QString());
+    EXPECT_TRUE(console_.text().startsWith("\nДанные проекта не записаны в базу данных: ")) << console_.text();
 }
 
 TEST_F(ProjectRow, AnApostropheRunsNoSecondStatement)

@@ -1,10 +1,12 @@
 #include "drawing/alignment/forms/ucs_selection_form.h"
 
+#include "base/placeholders.h"
 #include "base/text.h"
 #include "drawing/alignment/ucs_table.h"
 #include "formkit/end_buttons.h"
 #include "formkit/layout.h"
 #include "formkit/widgets.h"
+#include "hostkit/console.h"
 #include "session/project_session.h"
 
 #include <QMenu>
@@ -118,7 +120,7 @@ void UCSSelectionForm::saveCurrent()
     ucs->name = storableUcsName(ucs->name);
     QListWidgetItem* item = list_->currentItem();
     if (!updateUcs(idOf(*item), *ucs))
-        return;
+        return say(fill("\nПСК '%1' не сохранена: %2\n", ucs->name, session().connection.errorMessage()));
     item->setText(ucs->name);
     item->setData(dataRole, ucs->text());
 }
@@ -126,8 +128,11 @@ void UCSSelectionForm::saveCurrent()
 void UCSSelectionForm::deleteCurrent()
 {
     const QListWidgetItem* item = list_->currentItem();
-    if (item && deleteUcs(idOf(*item)))
-        delete item;
+    if (!item)
+        return;
+    if (!deleteUcs(idOf(*item)))
+        return say(fill("\nПСК '%1' не удалена: %2\n", item->text(), session().connection.errorMessage()));
+    delete item;
 }
 
 void UCSSelectionForm::showMenu(const QPoint& place)
