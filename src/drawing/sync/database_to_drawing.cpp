@@ -15,6 +15,11 @@
 
 #include <nrx/application.h>
 
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <limits>
+
 namespace {
 
 // A row of a type that nobody knows has no kind, so its record holds no name.
@@ -41,6 +46,14 @@ void mirrorNumbers(ElementBlock& element, const sql::Result& rows, int row, cons
         element.setAttribute(QStringLiteral("de"), fixed(rows.toDouble(row, SyncColumn::Depth), 2));
 }
 
+// 0 where nothing stands; what the server writes and no number is ("Infinity") is none here either.
+double numberOf(const sql::Result& rows, int row, int column)
+{
+    bool ok = false;
+    const double number = rows.toDouble(row, column, &ok);
+    return ok || rows.isNull(row, column) ? number : std::numeric_limits<double>::quiet_NaN();
+}
+
 RowElement elementOfRow(const sql::Result& rows, int row, const Family& family, const StateColors& colors)
 {
     using namespace SyncColumn;
@@ -49,14 +62,14 @@ RowElement elementOfRow(const sql::Result& rows, int row, const Family& family, 
     ElementBlock& element = made.element;
     element.setAttribute(QStringLiteral("element_id"), QString::number(made.id));
     element.setAttribute(QStringLiteral("name"), made.name);
-    element.x = rows.toDouble(row, X);
-    element.y = rows.toDouble(row, Y);
-    element.z = rows.toDouble(row, Z);
+    element.x = numberOf(rows, row, X);
+    element.y = numberOf(rows, row, Y);
+    element.z = numberOf(rows, row, Z);
     mirrorNumbers(element, rows, row, family);
     // The marker's rotation follows from the block's and the properties.
     const int moved = family.hasDepth ? 1 : 0;
-    element.blockRotation = rows.toDouble(row, BlockRotation + moved);
-    element.scale = rows.isNull(row, Scale + moved) ? 1.0 : rows.toDouble(row, Scale + moved);
+    element.blockRotation = numberOf(rows, row, BlockRotation + moved);
+    element.scale = rows.isNull(row, Scale + moved) ? 1.0 : numberOf(rows, row, Scale + moved);
     element.parseProps(rows.getvalue(row, Props + moved));
     element.setState(rows.getvalue(row, State));
     return made;
@@ -120,12 +133,22 @@ void bringRow(const Family& family, RowElement& row, const StateColors& colors)
         overwrite(found, row, drawn, texts);
 }
 
+// The server keeps "NaN" and "Infinity" as numbers; a drawing does not.
+bool isDrawable(const ElementBlock& element)
+{
+    const double numbers[] = {element.x, element.y, element.z, element.blockRotation, element.scale};
+    return std::all_of(std::begin(numbers), std::end(numbers), [](double number) { return std::isfinite(number); });
+}
+
 // What becomes of the rows of one family's statement.
 void bringRows(const Family& family, const sql::Result& rows, const StateColors& colors)
 {
     for (int row = 0; rows.isTuples() && row < rows.ntuples(); ++row) {
         RowElement element = elementOfRow(rows, row, family, colors);
-        bringRow(family, element, colors);
+        if (isDrawable(element.element))
+            bringRow(family, element, colors);
+        else
+            say(fill("\nОшибка: место элемента %1 с ID=%2 в базе данных не число\n", element.name, element.id));
     }
 }
 

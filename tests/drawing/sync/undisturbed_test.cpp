@@ -52,6 +52,24 @@ public:
         lines.sort();
         return lines;
     }
+    // Rows of the position that have a block which says the same, out of so many.
+    void expectInLine(int statement)
+    {
+        for (const Family& family : families()) {
+            for (const QStringList& row : database->rows(
+                     fill("select element_id, type_id, element_name, x, y from %1 join %2 using (element_id) "
+                          "where position_id = 7",
+                          family.elements, family.dynprops))) {
+                const NcDbObjectId id = firstBlock(family, row[0].toInt());
+                ASSERT_FALSE(id.isNull()) << family.elements << row[0] << ", cut at " << statement;
+                const ElementBlock block(id, StateColors());
+                EXPECT_EQ(block.blockName, blockNameByTypeId(row[1])) << family.elements << row[0] << statement;
+                EXPECT_EQ(block.attributes.value("name"), row[2]) << family.elements << row[0] << statement;
+                EXPECT_NEAR(block.x, row[3].toDouble(), 1e-9) << family.elements << row[0] << statement;
+                EXPECT_NEAR(block.y, row[4].toDouble(), 1e-9) << family.elements << row[0] << statement;
+            }
+        }
+    }
     QStringList rowNames()
     {
         QStringList names;
@@ -66,6 +84,15 @@ public:
     NcDbObjectId third;
 
 private:
+    NcDbObjectId firstBlock(const Family& family, int id)
+    {
+        for (const NcDbObjectId& reference : drawing.references()) {
+            const ElementBlock block(reference, StateColors());
+            if (block.family() == &family && block.elementId() == id)
+                return reference;
+        }
+        return {};
+    }
     void fillFamily(const Family& family)
     {
         const int kind = family.kinds.first();
@@ -204,6 +231,25 @@ TEST(RefusedStatement, DrawingToDatabaseByDrawing)
 }
 
 TEST(RefusedStatement, DatabaseToDrawing) { checkEvery(refusal, bringPosition); }
+
+// Who gives one direction up may put all in line by the other: the database then has the last word.
+TEST(CutConnection, IsMendedByTheOtherDirection)
+{
+    StatementRelay relay;
+    int cuts = 0;
+    for (int statement = 1; statement < mostStatements; statement += 3) {
+        World world(relay);
+        relay.cutAfter(statement);
+        world.toDatabase("Drawing");
+        if (!relay.hasCut())
+            break;
+        ++cuts;
+        relay.cutAfter(-1);
+        bringPosition(world);
+        world.expectInLine(statement);
+    }
+    EXPECT_GE(cuts, 9);
+}
 
 // Renumbering the second time would move on: either nothing happened or all.
 TEST(CutConnection, RenumberingHappensWholeOrNotAtAll)
