@@ -6,6 +6,7 @@
 #include <drawing/palette.h>
 
 #include <QHash>
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -193,9 +194,26 @@ bool makeEntityFigures(const NcDbEntity& entity, const FigureFrame& frame)
         || makeTableFigures(entity, frame);
 }
 
+namespace {
+
+bool isFinite(const QPointF& p) { return std::isfinite(p.x()) && std::isfinite(p.y()); }
+
+// One point that is no number would take the box, and so the view, of all the rest.
+bool isDrawable(const Figure& figure)
+{
+    return isFinite(figure.box.topLeft()) && isFinite(figure.box.bottomRight())
+        && std::all_of(figure.polygons.begin(), figure.polygons.end(),
+                       [](const QPolygonF& points) { return std::all_of(points.begin(), points.end(), isFinite); });
+}
+
+} // namespace
+
 DisplayList recordDrawing(const NcDbDatabase& drawing, const QString& space)
 {
     DisplayList list;
     DrawingWalker(drawing, list).walkSpace(space);
+    std::vector<Figure>& figures = list.figures();
+    figures.erase(std::remove_if(figures.begin(), figures.end(), [](const Figure& f) { return !isDrawable(f); }),
+                  figures.end());
     return list;
 }
