@@ -2,8 +2,11 @@
 
 #include "base/placeholders.h"
 
+#include <QDateTime>
 #include <QFile>
+#include <QFileInfo>
 #include <QTextCodec>
+#include <utility>
 
 namespace {
 
@@ -43,14 +46,19 @@ class TextReader {
 public:
     TextReader(QFile& file, TextEncoding encoding) : file_(file), encoding_(encoding) { }
 
+    // The rows of a file that is not whole would be taken for all of it.
     TextFile read()
     {
         text_.encoding = encoding_;
+        const auto before = sizeAndTime();
         QByteArray buffer(longestLine + 1, Qt::Uninitialized); // a line and the zero behind it
         while (!file_.atEnd() && file_.error() == QFileDevice::NoError)
             takeStretch(buffer);
         if (file_.error() != QFileDevice::NoError)
-            text_.remarks << fill(QStringLiteral("Файл прочитан не до конца: %1."), file_.errorString());
+            return nothing(fill(QStringLiteral("Файл прочитан не до конца: %1."), file_.errorString()));
+        if (sizeAndTime() != before)
+            return nothing(QStringLiteral("Файл изменился во время чтения: его ещё пишет другая программа. "
+                                          "Откройте его снова, когда она закончит."));
         tooLong_.tell(QStringLiteral("Пропущены строки длиннее 1 МиБ"), text_.remarks);
         withZeros_.tell(QStringLiteral("Нулевые байты в строках"), text_.remarks);
         if (bareReturns_)
@@ -59,6 +67,20 @@ public:
     }
 
 private:
+    std::pair<qint64, QDateTime> sizeAndTime() const
+    {
+        const QFileInfo now(file_.fileName());
+        return {now.size(), now.lastModified()};
+    }
+
+    TextFile nothing(const QString& remark) const
+    {
+        TextFile text;
+        text.encoding = encoding_;
+        text.remarks << remark;
+        return text;
+    }
+
     // What stands before the next line feed.
     void takeStretch(QByteArray& buffer)
     {

@@ -16,8 +16,8 @@ struct TextFile {
 /// The lines of a file, without their ends (LF, CRLF or a CR alone); a byte order
 /// mark before the first is dropped and makes the encoding UTF-8. Bytes that the encoding does not know become
 /// replacement characters. A line longer than a mebibyte is no row of a survey
-/// and counts as an empty one. A file that cannot be read, or is in UTF-16, has
-/// no lines. All of this is remarked on, a byte order mark where
+/// and counts as an empty one. A file that cannot be read to its end, is being written meanwhile, or is in
+/// UTF-16, has no lines. All of this is remarked on, a byte order mark where
 /// another encoding was wanted, and zero bytes are.
 TextFile readTextFile(const QString& path, TextEncoding encoding);
 

@@ -7,9 +7,12 @@
 #include <QFile>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <atomic>
+#include <chrono>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <random>
+#include <thread>
 
 namespace {
 
@@ -252,6 +255,26 @@ TEST_F(Files, AFileThatIsGoneIsNamed)
     EXPECT_EQ(readTextFile("/proc/self/mem", TextEncoding::Utf8).remarks.value(0).left(25),
               QString("Файл прочитан не до конца"))
         << "a device that stops in the middle";
+}
+
+TEST_F(Files, AFileThatIsBeingWrittenHasNoLinesAndSaysSo)
+{
+    const QString path = write(QByteArray(20 << 20, 'x').replace("xxxxxxxxx", "1;2;3;45\n"));
+    std::atomic<bool> enough{false};
+    std::thread logger([&] {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::Append | QIODevice::Unbuffered));
+        while (!enough) {
+            file.write("6;7");
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+    });
+    const TextFile text = readTextFile(path, TextEncoding::Utf8);
+    enough = true;
+    logger.join();
+    EXPECT_EQ(text.lines.size(), 0);
+    EXPECT_TRUE(text.remarks.value(0).startsWith("Файл изменился во время чтения")) << text.remarks.join('|');
+    EXPECT_GT(readTextFile(path, TextEncoding::Utf8).lines.size(), 1000000) << "all of it, once it is done";
 }
 
 TEST(Cells, KeepEmptyOnesAndSurviveAnEmptySeparator)

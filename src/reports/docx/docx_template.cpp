@@ -90,6 +90,8 @@ void DocxTemplate::readControl(const QDomElement& control)
     const QDomElement properties = control.firstChildElement(QStringLiteral("w:sdtPr"));
     const QDomElement content = control.firstChildElement(QStringLiteral("w:sdtContent"));
     const QString tag = childValue(properties, "w:tag");
+    if (tagElements.contains(tag))
+        qDebug() << "Of several controls with one tag only the last is filled: " << tag;
     if (hasChild(properties, "w:text")) {
         QString value;
         for (const QDomElement& text : docx::descendants(content, "w:t"))

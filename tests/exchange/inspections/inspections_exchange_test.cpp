@@ -5,6 +5,7 @@
 #include "support/session_database.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QSet>
 #include <QTemporaryDir>
@@ -404,6 +405,19 @@ TEST_F(Exchange, ADocumentOfHalfAGigabyteIsRefusedBeforeItIsUnpacked)
     console.take();
     importInspections(plain, 2);
     EXPECT_EQ(console.take(), "\nОшибка: Файл " + plain + " больше 256 МБ. Разделите его на части.\n");
+}
+
+// Three hundred kilobytes that would be three hundred megabytes.
+TEST_F(Exchange, ABombIsLeftBeforeItFillsTheMemory)
+{
+    const QString path = folder.filePath("bomb.json.gz");
+    ASSERT_EQ(writeGzip(path, QByteArray(300 << 20, ' ')).state, GzipState::Done);
+    EXPECT_LT(QFileInfo(path).size(), 1 << 20);
+    const auto before = marks();
+    console.take();
+    EXPECT_EQ(importInspections(path, 2).written, 0);
+    EXPECT_EQ(console.take(), "\nОшибка: Файл " + path + " больше 256 МБ. Разделите его на части.\n");
+    EXPECT_EQ(marks(), before);
 }
 
 TEST_F(Exchange, AnImportThatIsGivenUpKeepsWhatItWrote)

@@ -60,6 +60,20 @@ TEST(DocxTemplateOpen, keepsTheLastOfTwoControlsWithOneTag)
     EXPECT_EQ(textOf(part.documentElement()), "firstnew");
 }
 
+TEST(DocxTemplateOpen, tellsTheLogOfTagsThatStandTwice)
+{
+    static QStringList log;
+    log.clear();
+    Folder folder;
+    DocxTemplate docx;
+    const auto before =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& line) { log << line; });
+    EXPECT_TRUE(docx.open(DocxMaker(paragraph(textControl("once", "a") + textControl("t", "b") + textControl("t", "c")))
+                              .write(folder / "a.docx")));
+    qInstallMessageHandler(before);
+    EXPECT_EQ(log, QStringList("Of several controls with one tag only the last is filled:  \"t\""));
+}
+
 TEST(DocxTemplateOpen, storesControlsWithoutATagUnderTheEmptyTag)
 {
     Folder folder;
