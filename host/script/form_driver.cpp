@@ -9,10 +9,10 @@
 
 namespace {
 
-constexpr int kTickMilliseconds = 5;
+constexpr int kTickMilliseconds = 2;
 // A form that stands idle for so many looks while the script goes on elsewhere
 // was forgotten by the script.
-constexpr int kIdleTicks = 40;
+constexpr int kIdleTicks = 100;
 
 QString windowStepText(const FormStep& step)
 {

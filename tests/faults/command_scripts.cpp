@@ -35,7 +35,7 @@ dialog "Внимание"
 press "Нет для всех"
 press CloseBtn
 )#",
-         false,
+         {},
          {"dm_meas (#,1,2,1,2021-05-15,10.5,1)"}},
         {"element_import", "import_elements", R"#(
 command TERVA_IMPORT_ELEMENTS
@@ -72,7 +72,7 @@ dialog "Выберите JSON файл для импорта"
 files ${FOLDER}/field.json
 press ApplyBtn
 )#",
-         false,
+         {},
          {"dm_inspection (1,1,2,,,,,,3,O'Neil,,)"}},
         {"temperature_map", "map_within_border", R"#(
 include ${COMMON}/border.script
@@ -87,7 +87,9 @@ set HatchOutLayer "Карта"
 press okButton
 )#"},
         // A measure that cannot be loaded is passed over without a word, as it has always been.
-        {"measures", "element_measures", R"#(
+        {"measures",
+         "element_measures",
+         R"#(
 command TERVA_ELEMENT_MEASURES
 dialog "Управление измерениями элементов ГМН"
 press CopyMeasBTN
@@ -102,9 +104,11 @@ dialog "Успех"
 press "OK"
 press CloseBtn
 )#",
-         true},
+         {""}},
         // Their refused statements have always been silent; the table is read anew.
-        {"inspections", "element_inspections", R"#(
+        {"inspections",
+         "element_inspections",
+         R"#(
 command TERVA_ELEMENT_INSPECTIONS
 dialog "Управление состоянием элементов ГМН"
 set ElementTypeCombo "Термометрические скважины"
@@ -115,7 +119,7 @@ dialog "Внимание"
 press "Да"
 press CloseBtn
 )#",
-         true},
+         {""}},
         {"prediction",
          "predict_deformations",
          R"#(
@@ -129,11 +133,13 @@ dialog "Сохранить прогноз"
 press OK
 press CloseBtn
 )#",
-         false,
+         {},
          // Where the place cannot be read the table shows, and stores, the marks of all.
          {"dm_predictions_data (#,4,#,2022-01-05,50.03)"}},
         // A line that cannot be read is not drawn.
-        {"contours", "position_contours", R"#(
+        {"contours",
+         "position_contours",
+         R"#(
 include ${COMMON}/border.script
 command TERVA_POSITION_ADD_CONTOUR
 pick class=NcDbPolyline layer="Граница"
@@ -144,7 +150,7 @@ command TERVA_POSITION_DRAW
 dialog "Вывод геометрии"
 press "ОК"
 )#",
-         true},
+         {""}},
         {"plan", "drawing_to_postgis", R"#(
 command LINE
 point 0,0
@@ -176,6 +182,366 @@ set EndTime "11.01.2026 23:59:59"
 press ApplyBtn
 press CloseBtn
 )#"},
+        {"opening", "save_project", R"#(
+command TERVA_LOADPROJECT
+dialog "Файл проекта"
+files ${PROJECT}
+)#"},
+        {"tree",
+         "build_a_site",
+         R"#(
+command TERVA_PROJECT_EXPLORER
+window "Состав проекта"
+row ProjectTreeView "Город/Объект/Подобъект"
+press create_btn
+cell ProjectTreeView "Город/Объект/Подобъект/Новая позиция" 0 "Ось А"
+row ProjectTreeView "Город/Объект/Подобъект/Ось А"
+press moveUp_btn
+menu ProjectTreeView "Город/Объект/Подобъект/Ось А" 0
+choose "Установить текущей"
+)#",
+         {"UPDATE positions SET position="},
+         {"positions (#,1,\"Ось А\",3,1)", "positions (#,1,\"Новая позиция\",3,1)",
+          "positions (#,1,\"Новая позиция\",2,1)"}},
+        {"tree_taken_apart", "position_passport", R"#(
+command TERVA_PROJECT_EXPLORER
+window "Состав проекта"
+row ProjectTreeView "Город/Объект/Подобъект/Позиция 1"
+press delete_btn
+dialog "Удаление объектов"
+press Да
+dialog "Внимание"
+press Нет
+row ProjectTreeView "Город/Объект/Подобъект/Позиция 2"
+press delete_btn
+dialog "Удаление объектов"
+press Да
+dialog "Внимание"
+press Да
+)#"},
+        {"catalogues", "build_a_site", R"#(
+command TERVA_PROJECT_EXPLORER
+window "Состав проекта"
+set Pages "Циклы измерений"
+press "Циклы измерений/CreateBTN"
+dialog "Цикл измерений"
+set DateBegin 2022-01-01
+set DateEnd 2022-01-31
+press "Сохранить"
+set Pages "Оборудование"
+press "Оборудование/CreateBTN"
+dialog "Устройство"
+set Name "Нивелир"
+set Serial "100"
+press SaveBtn
+set Pages "Исполнители"
+row Performers 0
+press "Исполнители/DeleteBTN"
+dialog "Внимание"
+press Да
+)#"},
+        {"settings", "build_a_site", R"#(
+command TERVA_PROJECT_SETTINGS
+window "Параметры проекта"
+set ProjectDescriprion "Новое место"
+press "Проект/btnApply"
+set Pages "Расстановка"
+menu StatesTable "Существующий" 0
+choose "Создать"
+dialog "Состояние"
+set StateID "lost"
+set Note "Утрачен"
+press OkBtn
+press ApplyBtn
+)#"},
+        {"connection", "build_a_site", R"#(
+command TERVA_PROJECT_SETTINGS
+window "Параметры проекта"
+set Pages "SQL"
+press btn_testconnect
+set Proj4Text "+proj=utm +zone=42 +datum=WGS84 +units=m +no_defs"
+press btn_saveparams
+)#"},
+        {"states", "position_states", R"#(
+command TERVA_POSITION_SUMMARY
+dialog "Геотехническое состояние сооружений"
+set BaseCyclesCombo index:2
+set CurrentCyclesCombo index:0
+press RunBTN
+press SaveStatsZ_btn
+press ExportCSVBTN
+dialog "Экспорт в csv"
+files ${FOLDER}/states
+press CloseBtn
+)#"},
+        {"position_passport", "position_passport", R"#(
+command TERVA_POSITION_PROPS
+dialog "Пасспорт позиции: Позиция 1"
+set AverageDiff "10"
+press SaveBtn
+press CloseBtn
+)#"},
+        {"grounds", "ground_catalogue", R"#(
+command TERVA_EGE
+dialog "Каталог ИГЭ"
+press CreateBTN
+dialog "Создание ИГЭ"
+set code "3"
+set name "Глина"
+set hatch_pattern_name "clay.pat"
+press SaveBtn
+menu EGETable "Суглинок" "Код"
+choose "Удалить"
+dialog "Внимание"
+press "OK"
+press ImportBTN
+dialog "Импорт из CSV"
+files ${FOLDER}/grounds.csv
+dialog "Импорт завершен"
+press "OK"
+press ExportBTN
+dialog "Экспорт в CSV"
+files ${FOLDER}/out.csv
+press CloseBTN
+)#"},
+        {"thermostabiliser_types",
+         "thermostabiliser_catalogue",
+         R"#(
+command TERVA_TSG_CATALOG
+dialog "Типовые элементы ТСГ"
+row CatalogTable "ТК-32"
+press CopyBTN
+cell HeatExchange 1 1 12
+menu HeatExchange 0 0
+choose "Экспорт CSV"
+dialog "Экспорт CSV"
+files ${FOLDER}/pairs.csv
+press SaveBTN
+press CloseBTN
+)#",
+         {},
+         {"tsg_catalog (#,\"ТК-32(копия)\",Типовой,,,,,10,,,,,,0,0:5.1|2:9.4)"}},
+        {"color_map", "color_map_stored", R"#(
+command TERVA_MAP_LEGEND
+dialog "Вставка легенды"
+press LoadColorMapBtn
+dialog "Загрузить цветовую палитру уровней"
+files ${FOLDER}/good.cmp
+press WriteDB_btn
+dialog "Сохранить палитру"
+set input "Моя"
+press OK
+press cancelButton
+)#"},
+        {"color_map_deleted", "color_map_in_use", R"#(
+command TERVA_MAP_LEGEND
+dialog "Вставка легенды"
+set LevelMapType "Моя"
+press DeleteDb_btn
+dialog "Внимание"
+press "Да"
+dialog "Внимание"
+press "Да"
+press cancelButton
+)#"},
+        {"coordinate_system_applied", "apply_coordinate_system", R"#(
+command TERVA_SET_UCS
+dialog "Выбор ПСК"
+set UCSList "Лишняя"
+menu UCSList 0 0
+choose "Удалить"
+set UCSList "По оси"
+set OrigX 110
+press SaveBTN
+press OkBtn
+)#"},
+        {"alignment", "align_by_viewport", R"#(
+command TERVA_INSERT_TS
+keyword Да
+enter
+point 10,20
+esc
+command UCS
+keyword Точки
+point 0,0
+point 0,1
+command TERVA_ALIGN_BY_UCS
+keyword Позиции
+command TERVA_ALIGN_LABELS_BY_UCS
+keyword Чертежу
+command SPACE
+keyword Лист
+command MVIEW
+point 0,0
+point 100,50
+point 20,-10
+string 1:500
+command TERVA_ALIGN_BY_VP
+pick 0,0
+keyword Чертежу
+)#"},
+        {"list",
+         "element_list",
+         R"#(
+command TERVA_ELEMENT_LIST
+window "Элементы ГМН"
+set ElementCombo "Репера"
+row ElementsView "РП-1"
+menu ElementsView "РП-1" "Имя"
+choose "Удалить"
+dialog "Внимание"
+press "Да"
+set ElementCombo "Деформационные марки"
+cell ElementsView "ЧУЖАЯ" "Высота" 1.25
+menu ElementsView "ЧУЖАЯ" "Состояние"
+choose "Сменить состояние"
+dialog "Изменить"
+set SelectionCombo "Разрушена"
+press OkBtn
+)#",
+         {},
+         {"dm_elements (1,dm,ЧУЖАЯ,exist,2,0,0,0,1.25,0,0,1,)", "dm_elements (1,dm,ЧУЖАЯ,broken,2,0,0,0,0,0,0,1,)"}},
+        // What the inspector is refused stays in its fields without a word.
+        {"inspector",
+         "object_inspector",
+         R"#(
+command TERVA_INSERT_DM
+keyword Да
+enter
+point 10,20
+esc
+command TERVA_OBJECT_INSPECTOR
+command SELECT
+select 10,20
+window "Элемент ГМН"
+set ElementName "ДМ-7"
+set X 12.5
+set StateCombo "Разрушена"
+press ApplyBtn
+)#",
+         {"update dm_elements set(", "select element_name from dm_elements", "select meas_dm_id"},
+         {"dm_elements (#,dm,ДМ.100,exist,1,10,20,0,1,0,0,1,)", "dm_elements (#,dm,ДМ-7,exist,1,12.5,20,0,1,0,0,1,)"}},
+        {"backup", "backup", R"#(
+command TERVA_DB_BACKUP
+dialog "Сохранить резервную копию базы данных"
+files ${FOLDER}/copy.sql
+dialog "Успех"
+press OK
+)#"},
+    };
+    return rows;
+}
+
+const std::vector<CommandScript>& quietScripts()
+{
+    static const std::vector<CommandScript> rows = {
+        {"numbering", "numbering", R"#(
+command TERVA_INSERT_DM_ENUMERATOR
+dialog "Настройка нумерации"
+press OkBtn
+command TERVA_INSERT_TS_ENUMERATOR
+dialog "Настройка нумерации"
+press OkBtn
+command TERVA_INSERT_TSS_ENUMERATOR
+dialog "Настройка нумерации"
+press OkBtn
+command TERVA_INSERT_GGS_ENUMERATOR
+dialog "Настройка нумерации"
+press OkBtn
+command TERVA_INSERT_RP_ENUMERATOR
+dialog "Настройка нумерации"
+press OkBtn
+command TERVA_INSERT_IGS_ENUMERATOR
+dialog "Настройка нумерации"
+press OkBtn
+command TERVA_INSERT_TSG_ENUMERATOR
+dialog "Настройка нумерации"
+press OkBtn
+)#"},
+        {"saving", "save_project", R"#(
+command TERVA_SAVEPROJECT
+command TERVA_SAVEPROJECT_AS
+dialog "Файл проекта"
+files ${FOLDER}/copy.terva
+)#"},
+        {"background", "drawing_background", R"#(
+command LINE
+point 0,0
+point 10,20
+esc
+command TERVA_DWG_BACKGROUND
+dialog "Обработка подосновы для проекта"
+set input "0"
+press OK
+command TERVA_MASK_ATTRIBUTES
+)#"},
+        {"samples", "hello", R"#(
+command HELLOQTMODALDLG
+dialog ""
+press OK
+command HELLOQTPALETTE
+window "Test Qt Palette Set"
+close
+command TERVA_ABOUT
+dialog "О программе"
+press OK
+)#"},
+    };
+    return rows;
+}
+
+const std::vector<SameCommand>& sameCommands()
+{
+    static const std::vector<SameCommand> rows = {
+        {"TERVA_INSERT_DMT", "TERVA_INSERT_DM"},
+        {"TERVA_INSERT_DMGL", "TERVA_INSERT_DM"},
+        {"TERVA_INSERT_DMPV", "TERVA_INSERT_DM"},
+        {"TERVA_INSERT_TT", "TERVA_INSERT_TS"},
+        {"TERVA_INSERT_TSS", "TERVA_INSERT_TS"},
+        {"TERVA_INSERT_GGS", "TERVA_INSERT_TS"},
+        {"TERVA_INSERT_RPGL", "TERVA_INSERT_TS"},
+        {"TERVA_INSERT_RPGR", "TERVA_INSERT_TS"},
+        {"TERVA_INSERT_RPST", "TERVA_INSERT_TS"},
+        {"TERVA_INSERT_RPVR", "TERVA_INSERT_TS"},
+        {"TERVA_INSERT_IGS", "TERVA_INSERT_TS"},
+        {"TERVA_INSERT_TSGV", "TERVA_INSERT_TS"},
+        {"TERVA_INSERT_TSGN", "TERVA_INSERT_TS"},
+        {"TERVA_INSERT_TSGVN", "TERVA_INSERT_TS"},
+        {"TERVA_IMPORT_TS_MEASURE", "TERVA_IMPORT_DM_MEASURE"},
+        {"TERVA_IMPORT_RP_MEASURE", "TERVA_IMPORT_DM_MEASURE"},
+        {"TERVA_IMPORT_TSS_MEASURE", "TERVA_IMPORT_DM_MEASURE"},
+        {"TERVA_IMPORT_GGS_MEASURE", "TERVA_IMPORT_DM_MEASURE"},
+        {"TERVA_IMPORT_TSG_MEASURE", "TERVA_IMPORT_DM_MEASURE"},
+    };
+    return rows;
+}
+
+const std::vector<HeldElsewhere>& commandsHeldElsewhere()
+{
+    static const std::vector<HeldElsewhere> rows = {
+        {"TERVA_NEW_PROJECT", {"MakingAProject.WhicheverStatementIsRefusedItIsNoSuccess"}},
+        {"TERVA_SYNC_DWG_DB",
+         {"RefusedStatement.DrawingToDatabaseByPosition", "RefusedStatement.DrawingToDatabaseByDrawing",
+          "CutConnection.DrawingToDatabaseByPosition", "CutConnection.DrawingToDatabaseByDrawing",
+          "StoredDrawing.EndsTheSameWhereverTheConnectionWasCut"}},
+        {"TERVA_SYNC_DB_DWG", {"RefusedStatement.DatabaseToDrawing", "CutConnection.DatabaseToDrawing"}},
+        {"TERVA_DEFORMATION_MAP",
+         {"MapFaults.ARefusedStatementLeavesNothingByHalves", "MapFaults.ACutLinkIsSaidAndTheNextMapIsWhole"}},
+        {"TERVA_TEMP_DIFF_MAP",
+         {"MapFaults.ARefusedStatementLeavesNothingByHalves", "MapFaults.ACutLinkIsSaidAndTheNextMapIsWhole"}},
+        {"TERVA_TEMPERATURE_PROFILE", {"RefusedProfileStatement.DrawsAProfileOrSaysWhyNot"}},
+        {"TERVA_TEMP_DIFF_PROFILE", {"RefusedProfileStatement.DrawsAProfileOrSaysWhyNot"}},
+        {"TERVA_DEF_LINES_PROFILE", {"RefusedProfileStatement.DrawsAProfileOrSaysWhyNot"}},
+        {"TERVA_POSITION_ADD_DM_PROFILE", {"RefusedProfileStatement.StoresAWholeProfileOrNone"}},
+        {"TERVA_POSITION_ADD_TS_PROFILE", {"RefusedProfileStatement.StoresAWholeProfileOrNone"}},
+        {"TERVA_SETTLEMENTS", {"Settlements.WhicheverStatementIsRefusedOrLostItIsSaid"}},
+        {"TERVA_RENUM", {"CutConnection.RenumberingHappensWholeOrNotAtAll"}},
+        // It counts the records of every database that the server has.
+        {"TERVA_ADMIN",
+         {"Administration.ALostServerIsARefusalEverywhere", "Administration.FailuresOfRightsAreCollected",
+          "Admin.RightsThatFailAreTold"}},
+        {"TERVA_REPORTS", {"Documents.ALostServerLeavesHeadingsAlone"}},
+        {"TERVA_HELP", {"Help.OpensTheManualInTheBrowser"}},
     };
     return rows;
 }

@@ -1,7 +1,9 @@
 #include "fault_world.h"
 
 #include "base/placeholders.h"
+#include "drawing/inspector/forms/object_inspector.h"
 #include "entry/module.h"
+#include "entry/palette_sets.h"
 #include "session/project_session.h"
 #include "support/session_wiring.h"
 
@@ -17,9 +19,12 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QEvent>
+#include <QFileDialog>
 #include <QLabel>
 #include <QRegularExpression>
 #include <QSet>
+#include <QTextEdit>
+#include <QTreeView>
 
 namespace {
 
@@ -27,7 +32,47 @@ constexpr int firstKey = 700000; // that the server gives in a run
 // The log tells of the runs; drawings hold the moment of their saving.
 const QStringList unseen = {"audit_log", "positions_files"};
 
-// Hears what windows show while a script is played.
+// Of a table, or of a tree as deep as ours are.
+void addCells(const QAbstractItemModel& model, const QModelIndex& parent, int levels, QString& text)
+{
+    for (int row = 0; row < model.rowCount(parent); ++row) {
+        for (int column = 0; column < model.columnCount(parent); ++column)
+            text += model.index(row, column, parent).data().toString() + '|';
+        text += '\n';
+        if (levels > 1)
+            addCells(model, model.index(row, 0, parent), levels - 1, text);
+    }
+}
+
+// What a user reads in a window.
+QString textsOf(const QWidget& window)
+{
+    constexpr int treeLevels = 4;
+    QString text;
+    if (qobject_cast<const QFileDialog*>(&window))
+        return text;
+    for (const QLabel* label : window.findChildren<QLabel*>())
+        text += label->text() + '\n';
+    for (const QAbstractItemView* view : window.findChildren<QAbstractItemView*>()) {
+        if (view->model())
+            addCells(*view->model(), {}, qobject_cast<const QTreeView*>(view) ? treeLevels : 1, text);
+    }
+    for (const QTextEdit* field : window.findChildren<QTextEdit*>())
+        text += field->toPlainText() + '\n';
+    return text;
+}
+
+QString textsOfPalettes()
+{
+    QString text;
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && !qobject_cast<const QDialog*>(window))
+            text += textsOf(*window);
+    }
+    return text;
+}
+
+// Hears what dialogs show while a script is played.
 class Listener : public QObject {
 public:
     Listener() { qApp->installEventFilter(this); }
@@ -36,23 +81,21 @@ public:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        auto* window = qobject_cast<QDialog*>(watched);
-        if (!window || (event->type() != QEvent::Show && event->type() != QEvent::Hide))
+        if (event->type() != QEvent::Show && event->type() != QEvent::Hide)
             return false;
-        for (const QLabel* label : window->findChildren<QLabel*>())
-            heard += label->text() + '\n';
-        for (const QAbstractItemView* view : window->findChildren<QAbstractItemView*>())
-            heard += QString::number(view->model() ? view->model()->rowCount() : 0) + '\n';
+        if (const auto* window = qobject_cast<QDialog*>(watched))
+            heard += textsOf(*window);
         return false;
     }
 };
 
-// Keys of new rows and numbers of groups differ from run to run.
+// Keys of new rows, numbers of groups and the moment differ from run to run.
 QString withoutKeys(QString text)
 {
     static const QRegularExpression keys("\\b70\\d{4}\\b");
     static const QRegularExpression groups("TERVA_(HATCH|VALS)_\\w+");
-    return text.replace(keys, "#").replace(groups, "TERVA_\\1");
+    static const QRegularExpression moments("20\\d\\d-\\d\\d-\\d\\d[ T]\\d\\d:\\d\\d:\\d\\d[.\\d]*([+-]\\d\\d)?");
+    return text.replace(keys, "#").replace(groups, "TERVA_\\1").replace(moments, "<now>");
 }
 
 QStringList drawingBlocks()
@@ -111,9 +154,20 @@ FaultWorld::FaultWorld(const QString& scenario) : scenario_(scenario)
     const QString before = readStatements(scenarioFolder(scenario) + "/before.sql", variables_);
     if (!before.isEmpty())
         database_.exec(before);
-    // What stands now is kept beside, and laid back before each run.
+    keepBeginning();
+    installRussianTexts();
+    registerHostCommands();
+    addTemplateFolder(QCoreApplication::applicationDirPath());
+    forgetSession();
+    initialiseModule(nullptr);
+    beginning_ = rows();
+    found_ = beginning_;
+}
+
+// What stands now is kept beside, and laid back before each run.
+void FaultWorld::keepBeginning()
+{
     QString keep = "create schema kept;";
-    QString look;
     for (const QStringList& table : database_.rows("select tablename from pg_tables where schemaname = 'public' and "
                                                    "tablename <> 'spatial_ref_sys' order by 1")) {
         keep += fill("create table kept.%1 as table public.%1;", table[0]);
@@ -125,20 +179,12 @@ FaultWorld::FaultWorld(const QString& scenario) : scenario_(scenario)
                                   "from kept.%1;",
                                   table[0], columns);
         if (!unseen.contains(table[0]))
-            look += fill("%1 select '%2 ' || t::text from public.%2 t", look.isEmpty() ? "" : " union all", table[0]);
+            look_ += fill("%1 select '%2 ' || t::text from public.%2 t", look_.isEmpty() ? "" : " union all", table[0]);
     }
-    look_ = look;
     for (const QStringList& sequence : database_.rows("select sequencename from pg_sequences where schemaname = "
                                                       "'public'"))
         keep += fill("select setval('public.%1', %2);", sequence[0], firstKey);
     database_.exec(keep);
-    installRussianTexts();
-    registerHostCommands();
-    addTemplateFolder(QCoreApplication::applicationDirPath());
-    forgetSession();
-    initialiseModule(nullptr);
-    beginning_ = rows();
-    found_ = beginning_;
 }
 
 FaultWorld::~FaultWorld()
@@ -152,6 +198,8 @@ FaultWorld::~FaultWorld()
 void FaultWorld::reset()
 {
     relay_.refuse(-1);
+    destroyPaletteSets();
+    removeObjectInspector();
     closeAllDocuments();
     QString script = "set session_replication_role = replica;";
     QSet<QString> changed(unseen.begin(), unseen.end());
@@ -192,7 +240,15 @@ QStringList FaultWorld::filesMade(bool withDrawings) const
     return found;
 }
 
-Outcome FaultWorld::play(const QString& script, int refused)
+void FaultWorld::arm(Fault fault)
+{
+    if (fault.kind == Fault::Cut)
+        relay_.cutAfter(fault.statement);
+    else
+        relay_.refuse(fault.statement);
+}
+
+Outcome FaultWorld::play(const QString& script, Fault fault)
 {
     reset();
     ScriptRunner loading;
@@ -203,17 +259,17 @@ Outcome FaultWorld::play(const QString& script, int refused)
         << (loading.failure() ? loading.failure()->toString() : QString());
     Listener listener;
     ScriptRunner runner;
-    runner.setStepTimeout(refused < 0 ? 30.0 : 2.0); // a box that does not come is waited for
+    runner.setStepTimeout(fault.kind == Fault::None ? 30.0 : 0.4); // a box that does not come is waited for
     for (auto variable = variables_.begin(); variable != variables_.end(); ++variable)
         runner.setVariable(variable.key(), variable.value());
-    relay_.refuse(refused);
+    arm(fault);
     Outcome outcome;
     if (!runner.playText(script, "script"))
         outcome.stopped = runner.failure()->toString();
-    outcome.statements = relay_.statements();
-    outcome.refused = relay_.hasRefused();
+    outcome.statements = relay_.texts();
+    outcome.met = relay_.hasRefused() || relay_.hasCut();
     relay_.refuse(-1);
-    outcome.said = withoutKeys(runner.console().text() + listener.heard + outcome.stopped);
+    outcome.said = withoutKeys(runner.console().text() + listener.heard + textsOfPalettes() + outcome.stopped);
     outcome.blocks = drawingBlocks();
     outcome.files = filesMade(false);
     found_ = rows();

@@ -9,15 +9,22 @@
 #include <QTemporaryDir>
 #include <memory>
 
+/// What befalls a run: at its n-th statement, counted from 1.
+struct Fault {
+    enum Kind { None, Refused, Cut }; ///< Cut: the link, behind the answer
+    Kind kind = None;
+    int statement = -1;
+};
+
 /// What a run has left, and what the user was told.
 struct Outcome {
-    QStringList rows;   ///< of all tables; keys that the server gave are left out
-    QStringList blocks; ///< what the drawing holds
-    QStringList files;  ///< beside those of the project
-    QString said;       ///< console, boxes, labels and sizes of lists
-    QString stopped;    ///< why the script did not go on; empty for a whole run
-    bool refused = false;
-    int statements = 0;
+    QStringList rows;       ///< of all tables; keys that the server gave are left out
+    QStringList blocks;     ///< what the drawing holds
+    QStringList files;      ///< beside those of the project
+    QString said;           ///< console, boxes, labels and sizes of lists
+    QString stopped;        ///< why the script did not go on; empty for a whole run
+    bool met = false;       ///< whether there was such a statement
+    QStringList statements; ///< that were asked
 
     bool isSame(const Outcome& other) const
     {
@@ -32,13 +39,14 @@ public:
     FaultWorld(const FaultWorld&) = delete;
     FaultWorld& operator=(const FaultWorld&) = delete;
 
-    /// Lays the beginning anew, loads the project, and plays the script with its
-    /// n-th statement refused; -1: none.
-    Outcome play(const QString& script, int refused);
+    /// Lays the beginning anew, loads the project, and plays the script.
+    Outcome play(const QString& script, Fault fault = {});
     /// The tables before any run.
     const QStringList& beginning() const { return beginning_; }
 
 private:
+    void keepBeginning();
+    void arm(Fault fault);
     void reset();
     QStringList rows();
     QStringList filesMade(bool withDrawings) const;

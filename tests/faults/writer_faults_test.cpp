@@ -51,6 +51,39 @@ set PathEdit ${OUT}/out.json
 press ApplyBtn
 expect "успешно завершен"
 )"},
+    {"states", "position_states", "states.csv", R"(
+command TERVA_POSITION_SUMMARY
+dialog "Геотехническое состояние сооружений"
+set BaseCyclesCombo index:2
+set CurrentCyclesCombo index:0
+press RunBTN
+press ExportCSVBTN
+dialog "Экспорт в csv"
+files ${OUT}/states.csv
+dialog "Внимание"
+press "Да"
+press CloseBtn
+)"},
+    {"grounds", "ground_catalogue", "grounds.csv", R"(
+command TERVA_EGE
+dialog "Каталог ИГЭ"
+press ExportBTN
+dialog "Экспорт в CSV"
+files ${OUT}/grounds.csv
+dialog "Внимание"
+press "Да"
+press CloseBTN
+)"},
+    {"color_map", "color_map_stored", "map.cmp", R"(
+command TERVA_MAP_LEGEND
+dialog "Вставка легенды"
+press SaveColorMapBtn
+dialog "Сохранить цветовую палитру уровней"
+files ${OUT}/map.cmp
+dialog "Внимание"
+press "Да"
+press cancelButton
+)"},
     {"drawing", "insert_deformation_marks", "plan.dxf", R"(
 command LINE
 point 0,0

@@ -8,6 +8,8 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <cmath>
+
 namespace {
 
 constexpr int kPollTime = 20; // ms
@@ -40,13 +42,6 @@ QString conninfoFor(int port, const QString& database)
         .arg(QString::number(port), database, TestServer::user(), TestServer::password());
 }
 
-bool pass(int from, int to)
-{
-    char buffer[65536];
-    const ssize_t part = ::recv(from, buffer, sizeof buffer, 0);
-    return part > 0 && ::send(to, buffer, size_t(part), MSG_NOSIGNAL) == part;
-}
-
 } // namespace
 
 SilentServer::SilentServer() { listener_ = listenSomewhere(port_); }
@@ -70,6 +65,23 @@ StallingLink::~StallingLink()
 
 QString StallingLink::conninfo(const QString& database) const { return conninfoFor(port_, database); }
 
+void StallingLink::lose(double share)
+{
+    constexpr double packet = 1448.0; // bytes
+    const double roundTrip = 2.0 * delay_ / 1000.0;
+    most_ = int(1.22 * packet / (roundTrip * std::sqrt(share)));
+}
+
+// One piece; its bytes, or -1 at the end.
+int StallingLink::pass(int from, int to) const
+{
+    char buffer[65536];
+    const ssize_t part = ::recv(from, buffer, sizeof buffer, 0);
+    if (part > 0 && most_ > 0)
+        ::poll(nullptr, 0, int(part * 1000 / most_));
+    return part > 0 && ::send(to, buffer, size_t(part), MSG_NOSIGNAL) == part ? int(part) : -1;
+}
+
 void StallingLink::serve()
 {
     pollfd waiting{listener_, POLLIN, 0};
@@ -89,8 +101,11 @@ void StallingLink::serve()
         }
         if (delay_ > 0)
             ::poll(nullptr, 0, delay_);
-        if ((both[0].revents && !pass(client, server)) || (both[1].revents && !pass(server, client)))
+        const int asked = both[0].revents ? pass(client, server) : 0;
+        const int told = both[1].revents ? pass(server, client) : 0;
+        if (asked < 0 || told < 0)
             break;
+        toClient_ += told;
     }
     ::close(client);
     ::close(server);

@@ -8,10 +8,12 @@
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
-#include <netinet/tcp.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
+
+#include <algorithm>
+#include <vector>
 
 namespace {
 
@@ -48,7 +50,6 @@ bool receive(int socket, QByteArray& bytes)
 
 quint32 number(const QByteArray& bytes, int at) { return qFromBigEndian<quint32>(bytes.constData() + at); }
 
-// One client and its server, message by message.
 // An answer goes on in pieces: held back for each other, they would take 40 ms a statement.
 void sendAtOnce(int socket)
 {
@@ -56,13 +57,13 @@ void sendAtOnce(int socket)
     setsockopt(socket, IPPROTO_TCP, TCP_NODELAY, &yes, sizeof yes);
 }
 
+// One client and its server, message by message.
 class Conversation {
 public:
     Conversation(int client, int server) : client_(client), server_(server)
     {
-        const int on = 1;
-        setsockopt(client_, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
-        setsockopt(server_, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
+        sendAtOnce(client_);
+        sendAtOnce(server_);
     }
     ~Conversation()
     {
@@ -84,8 +85,9 @@ public:
         for (int size = messageSize(); size > 0; size = messageSize()) {
             QByteArray message = asked_.left(size);
             asked_.remove(0, size);
-            if (introduced_)
+            if (introduced_ && !isUtility_)
                 handOver(message, asked);
+            isUtility_ = isUtility_ || (!introduced_ && message.contains("pg_dump"));
             introduced_ = true;
             if (!sendAll(server_, message))
                 return false;
@@ -106,7 +108,7 @@ public:
             // The first one says that the connection stands. It is counted
             // before the client can go on.
             const bool ends = message[0] == 'Z';
-            const bool goesOn = !ends || !greeted_ || answered();
+            const bool goesOn = !ends || !greeted_ || isUtility_ || answered();
             greeted_ = greeted_ || ends;
             if (!sendAll(client_, message) || !goesOn)
                 return false;
@@ -156,6 +158,7 @@ private:
     bool started_ = false;
     bool introduced_ = false;
     bool greeted_ = false;
+    bool isUtility_ = false; // that saves a database: its statements are its own matter
     QByteArray asked_;
     QByteArray told_;
 };
@@ -223,38 +226,52 @@ void StatementRelay::passOn(QByteArray& statement)
         statement.replace(0, 1, "#");
 }
 
+namespace {
+
+// Null when the server takes no connection.
+std::unique_ptr<Conversation> newConversation(int listener)
+{
+    const int client = accept(listener, nullptr, nullptr);
+    const int server = socket(AF_INET, SOCK_STREAM, 0);
+    const sockaddr_in there = address(TestServer::host(), TestServer::port().toInt());
+    if (connect(server, reinterpret_cast<const sockaddr*>(&there), sizeof there) == 0)
+        return std::make_unique<Conversation>(client, server);
+    close(server);
+    close(client);
+    return nullptr;
+}
+
+} // namespace
+
 void StatementRelay::serve()
 {
-    std::unique_ptr<Conversation> talk;
+    std::vector<std::unique_ptr<Conversation>> talks;
     const auto answered = [this] {
         const bool last = ++count_ == limit_ && !cut_;
         cut_ = cut_ || last;
         return !last;
     };
     while (!stop_) {
-        pollfd sockets[3] = {
-            {listener_, POLLIN, 0}, {talk ? talk->client() : -1, POLLIN, 0}, {talk ? talk->server() : -1, POLLIN, 0}};
-        if (poll(sockets, 3, kPollTime) <= 0)
-            continue;
-        bool goesOn = true;
-        if (talk && sockets[1].revents)
-            goesOn = talk->fromClient([this](QByteArray& statement) { passOn(statement); });
-        if (talk && goesOn && sockets[2].revents)
-            goesOn = talk->fromServer(answered);
-        if (!goesOn)
-            talk.reset();
-        if (sockets[0].revents) {
-            const int client = accept(listener_, nullptr, nullptr);
-            const int server = socket(AF_INET, SOCK_STREAM, 0);
-            const sockaddr_in there = address(TestServer::host(), TestServer::port().toInt());
-            if (connect(server, reinterpret_cast<const sockaddr*>(&there), sizeof there) != 0) {
-                close(server);
-                close(client);
-                continue;
-            }
-            sendAtOnce(client);
-            sendAtOnce(server);
-            talk = std::make_unique<Conversation>(client, server);
+        std::vector<pollfd> sockets = {{listener_, POLLIN, 0}};
+        for (const auto& talk : talks) {
+            sockets.push_back({talk->client(), POLLIN, 0});
+            sockets.push_back({talk->server(), POLLIN, 0});
         }
+        if (poll(sockets.data(), sockets.size(), kPollTime) <= 0)
+            continue;
+        for (size_t i = 0; i < talks.size(); ++i) {
+            bool goesOn = true;
+            if (sockets[1 + 2 * i].revents)
+                goesOn = talks[i]->fromClient([this](QByteArray& statement) { passOn(statement); });
+            if (goesOn && sockets[2 + 2 * i].revents)
+                goesOn = talks[i]->fromServer(answered);
+            if (!goesOn)
+                talks[i].reset();
+        }
+        talks.erase(std::remove(talks.begin(), talks.end(), nullptr), talks.end());
+        if (!sockets[0].revents)
+            continue;
+        if (std::unique_ptr<Conversation> talk = newConversation(listener_))
+            talks.push_back(std::move(talk));
     }
 }

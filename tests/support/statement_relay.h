@@ -1,7 +1,7 @@
 #pragma once
-// Stands between a client and the server, keeps the statements that were asked,
+// Stands between clients and the server, keeps the statements that were asked,
 // counts those that were answered, and cuts the connection after one of them or
-// has the server refuse one.
+// has the server refuse one. What pg_dump asks passes uncounted.
 
 #include <QStringList>
 #include <atomic>
