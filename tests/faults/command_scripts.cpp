@@ -540,7 +540,7 @@ const std::vector<HeldElsewhere>& commandsHeldElsewhere()
         {"TERVA_ADMIN",
          {"Administration.ALostServerIsARefusalEverywhere", "Administration.FailuresOfRightsAreCollected",
           "Admin.RightsThatFailAreTold"}},
-        {"TERVA_REPORTS", {"Documents.ALostServerLeavesHeadingsAlone"}},
+        {"TERVA_REPORTS", {"Outputs.StatementsThatFailedAreToldAtTheEnd"}},
         {"TERVA_HELP", {"Help.OpensTheManualInTheBrowser"}},
     };
     return rows;
