@@ -93,6 +93,29 @@ command EXPORT
 string ${OUT}/plan.dxf
 enter
 )"},
+    {"report", "reports_of_every_kind", "movements.docx", R"(
+command TERVA_REPORTS
+dialog "Генератор отчетов"
+row DocumentList "Табл.верт.перемещений"
+press GenerateBTN
+dialog "Сохранить документ"
+files ${OUT}/movements.docx
+dialog "Внимание"
+press "Да"
+expect "Генерация документа '${OUT}/movements.docx' завершена"
+press CancelBtn
+)"},
+    {"passports", "reports_of_every_kind", "Т7.docx", R"(
+command TERVA_REPORTS
+dialog "Генератор отчетов"
+row DocumentList "Пасспорт термоскважины"
+set PartSelector index:4
+set ExportPath "${OUT}"
+set FileOverWrite on
+press GenerateBTN
+expect "Создан файл '${OUT}/Т7.docx'"
+press CancelBtn
+)"},
     {"picture", "insert_deformation_marks", "plan.png", R"(
 command LINE
 point 0,0
@@ -123,6 +146,7 @@ protected:
             {"PROJECT", work() + "/project.terva"},
             {"COMMON", scenarioFolder("common")},
             {"OUT", out()},
+            {"PROGRAM", QCoreApplication::applicationDirPath()},
         };
         database_.exec(readText(scenarioFolder("common") + "/base.sql", {}));
         const QString before =
