@@ -55,6 +55,22 @@ TEST(AttributeTexts, DepthsLimitsAndTheId)
     EXPECT_EQ(attributeIdText(emptyAttributes()), "ID: --");
 }
 
+TEST(AttributeTexts, AnIntervalOfOneDepthIsSet)
+{
+    PositionAttributes given = someAttributes();
+    given.exist = true;
+    const GradeCounts one = {0, 0, 0, 0, 1, 0};
+    given.deepMax = given.deepMin;
+    EXPECT_EQ(thermalRemark(given, one), "") << "the temperature at that depth is taken";
+    given.deepMax = given.deepMin - 0.1;
+    EXPECT_EQ(thermalRemark(given, one), "Не задан интервал глубин");
+    given.deepMin = PositionAttributes::none;
+    EXPECT_EQ(thermalRemark(given, one), "Не задан интервал глубин");
+    given.temperatureH = PositionAttributes::none;
+    EXPECT_EQ(thermalRemark(given, one), "Не задана температура твёрдого состояния Th");
+    EXPECT_EQ(thermalRemark(given, {}), "В позиции нет термоскважин");
+}
+
 TEST(AttributeTexts, RangesOfTheGrades)
 {
     const PositionAttributes given = someAttributes();
@@ -197,6 +213,30 @@ TEST_F(Passport, NormsAreChosenAndStored)
               (QVector<QStringList>{{"12.5"}}))
         << "the row is updated";
     EXPECT_EQ(text(form, "SettlementText"), "12.50 см");
+}
+
+TEST_F(Passport, EveryNormHasItsOwnColumnAndField)
+{
+    const QVector<QPair<const char*, QString>> fields = {
+        {"DeepMin", "1.5"},        {"DeepMax", "11"},         {"TemperatureH", "-0.75"},
+        {"RelativeDiff", "0.006"}, {"AverageDiff", "15"},     {"Roll", "0.004"},
+        {"ConstrHeight", "27.5"},  {"TemperatureBF", "-0.2"}, {"BaseDepth", "8"}};
+    QStringList given;
+    {
+        PositionPassport form(2);
+        for (const auto& [name, value] : fields) {
+            child<QLineEdit>(form, name)->setText(value);
+            given << value;
+        }
+        child<QPushButton>(form, "SaveBtn")->click();
+    }
+    EXPECT_EQ(database.rows("select temperature_deep_min, temperature_deep_max, temperature_h, relativediff, "
+                            "averagediff, roll, constr_height, temperature_bf, base_depth from positions_attributes "
+                            "where position_id = 2"),
+              QVector<QStringList>{given});
+    const PositionPassport anew(2);
+    for (const auto& [name, value] : fields)
+        EXPECT_EQ(number(anew, name), value) << name;
 }
 
 TEST_F(Passport, WhatIsNoNumberIsNotStored)

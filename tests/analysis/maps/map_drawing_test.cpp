@@ -190,6 +190,15 @@ TEST(BandColor, IsThatOfTheRangeInWhoseMiddleTheBandLies)
     EXPECT_EQ(bandColor(map, -20.0).red(), 130);
 }
 
+TEST(BandColor, AMiddleAtABoundIsOfTheUpperRange)
+{
+    LevelMap map(LevelMap::User);
+    map.ranges = {{0.0, 2.0, NcCmColor::fromRGB(1, 1, 1)}, {2.0, 4.0, NcCmColor::fromRGB(2, 2, 2)}};
+    map.recomputeLimits();
+    EXPECT_EQ(bandColor(map, 0.75).red(), 1);
+    EXPECT_EQ(bandColor(map, 1.0).red(), 2);
+}
+
 TEST(BandColor, OutsideAllRangesIsWhite)
 {
     const LevelMap map(LevelMap::Temperature);

@@ -393,6 +393,7 @@ TEST_F(ProfileForms, AForecastStandsInThePlaceOfTheCurrentCycle)
     session().reloadPredictions();
     storeDeformationProfile({{1, 0}, {2, 20}}, "Ось А");
     DeformationLinesForm form;
+    EXPECT_TRUE(child<QCheckBox>(form, "UsePredictionCheck")->isEnabled()) << "one forecast is enough";
     child<QCheckBox>(form, "UsePredictionCheck")->setChecked(true);
     EXPECT_FALSE(child<QComboBox>(form, "CurrentCyclesCombo")->isEnabled());
     EXPECT_TRUE(child<QComboBox>(form, "PredictionsList")->isEnabled());

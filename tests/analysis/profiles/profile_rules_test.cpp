@@ -344,6 +344,17 @@ TEST(SectionFrame, StandsForOneWellForNoneAndForWellsWithoutReadings)
     }
 }
 
+TEST(SectionFrame, ATableOfNoWellsIsTwentyUnitsWide)
+{
+    const Sketch sketch = sectionFrame(TemperatureSection({}, 0, viewAt(0, 0, true)), {"1", "1", false}).sketch;
+    double right = -INFINITY;
+    for (const SketchLine& line : sketch.lines) {
+        for (const geometry::Point3& point : line.points)
+            right = std::max(right, point.x);
+    }
+    EXPECT_EQ(right, 20.0);
+}
+
 TEST(SectionFrame, NamesPicketsAndOffsets)
 {
     EXPECT_EQ(picketText(0, 100), QStringLiteral("Пикет 0"));

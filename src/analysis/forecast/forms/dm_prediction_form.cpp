@@ -46,7 +46,7 @@ DMPredictionForm::DMPredictionForm(QWidget* parent)
             endButtons(this, {rejects("CloseBtn", "Закрыть")}),
         }),
     });
-    resize(1280, 760);
+    resize(1366, 760);
     choose(baseCycle_, session().baseCycleId);
     if (!choose(currentCycle_, session().currentCycleId))
         currentCycle_->setCurrentIndex(currentCycle_->count() - 1);
