@@ -2,7 +2,7 @@
 # of the build alone: a preset without them compiles every unit by itself, so
 # that no include is forgotten.
 
-option(TERVA_PRECOMPILED "Compile the toolkit's headers once for many units" OFF)
+option(TERVA_PRECOMPILED "Compile the toolkit's headers once for many units, and several units at once" OFF)
 
 # The three holders differ in what they see and in how they are compiled: a
 # precompiled header serves only units of the same options, whose definitions

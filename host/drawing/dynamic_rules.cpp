@@ -7,8 +7,6 @@
 
 namespace {
 
-const double kPi = 3.141592653589793;
-
 NcGePoint3d vertexAt(const NcDbEntity& entity, int index)
 {
     NcGePoint3d point;
@@ -70,8 +68,8 @@ void mirrorText(NcDbText& text, const NcGeMatrix3d& matrix, double axisAngle)
         text.setHorizontalMode(NcDbText::kTextLeft);
     if (text.horizontalMode() == NcDbText::kTextLeft && text.verticalMode() == NcDbText::kTextBase)
         text.setPosition(held);
-    const double turned = normalAngle(2.0 * axisAngle - text.rotation() + kPi);
-    text.setRotation(turned > 2.0 * kPi - 1e-12 ? 0.0 : turned);
+    const double turned = normalAngle(2.0 * axisAngle - text.rotation() + M_PI);
+    text.setRotation(turned > 2.0 * M_PI - 1e-12 ? 0.0 : turned);
 }
 
 // Left and right attachments change places.
@@ -80,8 +78,8 @@ void mirrorMText(NcDbMText& text, const NcGeMatrix3d& matrix, double axisAngle)
     const int column = (text.attachment() - 1) % 3;
     text.setLocation(matrix * text.location());
     text.setAttachment(text.attachment() + 2 * (1 - column));
-    const double turned = normalAngle(2.0 * axisAngle - text.rotation() + kPi);
-    text.setRotation(turned > 2.0 * kPi - 1e-12 ? 0.0 : turned);
+    const double turned = normalAngle(2.0 * axisAngle - text.rotation() + M_PI);
+    text.setRotation(turned > 2.0 * M_PI - 1e-12 ? 0.0 : turned);
 }
 
 void mirror(const DynamicBinding& binding, NcDbEntity& entity)

@@ -4,8 +4,6 @@
 #include <cmath>
 
 namespace {
-const double kPi = 3.141592653589793;
-const double kTwoPi = 2.0 * kPi;
 // A mean letter is that wide for its height.
 const double kLetterWidth = 0.8;
 } // namespace
@@ -30,14 +28,14 @@ void ExtentsBuilder::addArc(const NcGePoint3d& centre, double radius, double sta
     const double from = normalAngle(start);
     double sweep = normalAngle(end - start);
     if (sweep == 0.0)
-        sweep = kTwoPi;
+        sweep = 2.0 * M_PI;
     const auto at = [&](double angle) {
         add({centre.x + radius * std::cos(angle), centre.y + radius * std::sin(angle), centre.z});
     };
     at(from);
     at(from + sweep);
     for (int quarter = 0; quarter < 8; ++quarter) {
-        const double angle = quarter * kPi / 2.0;
+        const double angle = quarter * M_PI / 2.0;
         if (angle > from && angle < from + sweep)
             at(angle);
     }
@@ -89,9 +87,9 @@ double normalAngle(double radians)
 {
     if (!std::isfinite(radians))
         return radians;
-    const double rest = std::fmod(radians, kTwoPi);
-    const double positive = rest < 0.0 ? rest + kTwoPi : rest;
-    return positive >= kTwoPi ? 0.0 : positive;
+    const double rest = std::fmod(radians, 2.0 * M_PI);
+    const double positive = rest < 0.0 ? rest + 2.0 * M_PI : rest;
+    return positive >= 2.0 * M_PI ? 0.0 : positive;
 }
 
 void addTextBox(ExtentsBuilder& box, const NcGePoint3d& at, double width, double height, double fromLeft,

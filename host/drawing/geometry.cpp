@@ -8,7 +8,6 @@ const NcGeVector3d NcGeVector3d::kZAxis(0, 0, 1);
 const NcGePoint3d NcGePoint3d::kOrigin(0, 0, 0);
 
 namespace {
-const double kTwoPi = 6.283185307179586;
 }
 
 double NcGeVector3d::length() const { return std::sqrt(dotProduct(*this)); }
@@ -29,7 +28,7 @@ NcGeVector3d NcGeVector3d::crossProduct(const NcGeVector3d& o) const
 double NcGeVector3d::angleTo(const NcGeVector3d& other, const NcGeVector3d& about) const
 {
     const double angle = std::atan2(crossProduct(other).dotProduct(about.normal()), dotProduct(other));
-    return angle < 0.0 ? angle + kTwoPi : angle;
+    return angle < 0.0 ? angle + 2.0 * M_PI : angle;
 }
 
 double NcGePoint3d::distanceTo(const NcGePoint3d& other) const { return (*this - other).length(); }

@@ -1,9 +1,9 @@
 // Points, lines, circles and arcs.
 #include "entity_codec.h"
 
-namespace {
+#include <cmath>
 
-const double kPi = 3.14159265358979323846;
+namespace {
 
 std::unique_ptr<NcDbEntity> readPoint(DxfEntityFields& fields, DxfReadContext&, const DxfEntity&)
 {
@@ -63,8 +63,8 @@ std::unique_ptr<NcDbEntity> readArc(DxfEntityFields& fields, DxfReadContext&, co
     double start = fields.angle(50), end = fields.angle(51);
     if (down) {
         center = planeToWorld(center, {0, 0, -1});
-        const double mirrored = kPi - start;
-        start = kPi - end;
+        const double mirrored = M_PI - start;
+        start = M_PI - end;
         end = mirrored;
     }
     return std::make_unique<NcDbArc>(center, radius, start, end);

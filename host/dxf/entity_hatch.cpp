@@ -10,7 +10,6 @@
 
 namespace {
 
-const double kPi = 3.14159265358979323846;
 const QString kLoops = QStringLiteral("loops");
 constexpr int kMostLoops = 1000000;
 
@@ -59,14 +58,14 @@ void addLoop(const NcDbHatch::Loop& loop, GroupList& list)
 // What stands for a pattern that is not beside the program.
 const LinePattern& slantedLines()
 {
-    static const LinePattern pattern{QStringLiteral("LINES"), {{kPi / 4.0, {}, 0.0, 3.0, {}}}};
+    static const LinePattern pattern{QStringLiteral("LINES"), {{M_PI / 4.0, {}, 0.0, 3.0, {}}}};
     return pattern;
 }
 
 void addPatternLine(const PatternLine& line, double scale, GroupList& list)
 {
     const double c = std::cos(line.angle), s = std::sin(line.angle);
-    list.real(53, std::round(line.angle * 180.0 / kPi * 1e9) / 1e9);
+    list.real(53, std::round(line.angle * 180.0 / M_PI * 1e9) / 1e9);
     list.real(43, line.origin.x() * scale);
     list.real(44, line.origin.y() * scale);
     list.real(45, (line.along * c - line.across * s) * scale);

@@ -7,7 +7,6 @@
 
 namespace {
 
-const double kPi = 3.14159265358979323846;
 constexpr int kStepsOfTurn = 64;
 // No boundary that people draw has more; a damaged count must not cost memory.
 constexpr int kMostEdges = 1000000;
@@ -85,13 +84,13 @@ void HatchLoopReader::readArc()
 {
     const NcGePoint2d center = point(10);
     const double radius = real(40);
-    const double start = real(50) * kPi / 180.0, end = real(51) * kPi / 180.0;
+    const double start = real(50) * M_PI / 180.0, end = real(51) * M_PI / 180.0;
     const double side = integer(73) ? 1.0 : -1.0;
     double sweep = end - start;
     if (sweep <= 0.0)
-        sweep += 2.0 * kPi;
+        sweep += 2.0 * M_PI;
     // Half a turn is the most that a bulge says well.
-    const int pieces = sweep > kPi ? 2 : 1;
+    const int pieces = sweep > M_PI ? 2 : 1;
     for (int i = 0; i < pieces; ++i) {
         const double angle = side * (start + sweep * i / pieces);
         add({center.x + radius * std::cos(angle), center.y + radius * std::sin(angle)},
@@ -103,12 +102,12 @@ void HatchLoopReader::readEllipse()
 {
     const NcGePoint2d center = point(10), major = point(11);
     const double ratio = real(40);
-    const double start = real(50) * kPi / 180.0, end = real(51) * kPi / 180.0;
+    const double start = real(50) * M_PI / 180.0, end = real(51) * M_PI / 180.0;
     const double side = integer(73) ? 1.0 : -1.0;
     double sweep = end - start;
     if (sweep <= 0.0)
-        sweep += 2.0 * kPi;
-    const int steps = int(qBound(2.0, std::ceil(kStepsOfTurn * sweep / (2.0 * kPi)), double(kStepsOfTurn)));
+        sweep += 2.0 * M_PI;
+    const int steps = int(qBound(2.0, std::ceil(kStepsOfTurn * sweep / (2.0 * M_PI)), double(kStepsOfTurn)));
     for (int i = 0; i < steps; ++i) {
         const double angle = side * (start + sweep * i / steps);
         const double along = std::cos(angle), across = ratio * std::sin(angle);

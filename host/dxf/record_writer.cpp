@@ -5,13 +5,12 @@
 
 namespace {
 
-const double kPi = 3.14159265358979323846;
 const QString kExact = QStringLiteral("exact");
 
 // The number of degrees that reads as these radians, if there is one.
 bool degreesOf(double radians, double& degrees)
 {
-    degrees = radians * 180.0 / kPi;
+    degrees = radians * 180.0 / M_PI;
     for (const double candidate : {degrees, std::nextafter(degrees, -1e300), std::nextafter(degrees, 1e300)}) {
         if (radiansOf(candidate) == radians) {
             degrees = candidate;
@@ -25,7 +24,7 @@ bool degreesOf(double radians, double& degrees)
 
 const char* const kKeptVerbatim = "*";
 
-double radiansOf(double degrees) { return degrees * kPi / 180.0; }
+double radiansOf(double degrees) { return degrees * M_PI / 180.0; }
 
 DxfRecordWriter::DxfRecordWriter(DxfWriter& out, const QString& type, quint64 handle, quint64 owner,
                                  const NcObjectData* kept, const DxfIsDead& isDead)
