@@ -7,8 +7,7 @@ const NcGeVector3d NcGeVector3d::kYAxis(0, 1, 0);
 const NcGeVector3d NcGeVector3d::kZAxis(0, 0, 1);
 const NcGePoint3d NcGePoint3d::kOrigin(0, 0, 0);
 
-namespace {
-}
+namespace { }
 
 double NcGeVector3d::length() const { return std::sqrt(dotProduct(*this)); }
 
