@@ -54,7 +54,7 @@ TEST_F(ViewSceneTest, ASmallDrawingIsSharpInEveryFrame)
 TEST_F(ViewSceneTest, ALargeOneIsMovedAndThenPaintedAnew)
 {
     showHundred();
-    fill(8000);
+    fill(800);
     view()->repaint();
     ASSERT_TRUE(view()->isSharp());
     wheel(1);
@@ -70,7 +70,7 @@ TEST_F(ViewSceneTest, ALargeOneIsMovedAndThenPaintedAnew)
 TEST_F(ViewSceneTest, APictureOfTheWindowIsSharpAtOnce)
 {
     showHundred();
-    fill(8000);
+    fill(800);
     view()->repaint();
     wheel(-2);
     const QImage grabbed = view()->grab().toImage();
@@ -82,7 +82,7 @@ TEST_F(ViewSceneTest, APictureOfTheWindowIsSharpAtOnce)
 TEST_F(ViewSceneTest, AChangeInTheMiddleOfAPictureIsSeen)
 {
     showHundred();
-    fill(8000);
+    fill(800);
     view()->repaint();
     wheel(1);
     view()->repaint();
