@@ -17,6 +17,7 @@
 namespace {
 
 constexpr int kDeskMilliseconds = 1500;
+constexpr int kNarrow = 1000, kLeastLabel = 80; // dots
 const QString kMouseHint = QStringLiteral("Колесо: масштаб, средняя кнопка: сдвиг, Esc: отмена");
 const QString kProjects = QStringLiteral("recentProjects"), kDrawings = QStringLiteral("recent");
 
@@ -29,10 +30,17 @@ QLabel* statusLabel(QStatusBar* bar, const char* name)
     return label;
 }
 
+// On a narrow window a label gives way rather than lie over its neighbour; its tip
+// tells all.
+void keepRoom(QLabel* label, int wanted)
+{
+    label->setMinimumWidth(label->window()->width() < kNarrow ? qMin(wanted, kLeastLabel) : wanted);
+}
+
 void tellIn(QLabel* label, const QString& text, const QString& tip)
 {
     label->setText(text);
-    label->setMinimumWidth(text.isEmpty() ? 0 : label->sizeHint().width());
+    keepRoom(label, text.isEmpty() ? 0 : label->sizeHint().width());
     label->setToolTip(tip);
     label->setVisible(!text.isEmpty());
 }
@@ -55,7 +63,6 @@ void MainWindow::buildStatusBar()
     deskCycles_ = statusLabel(statusBar(), "deskCycles");
     deskConnection_ = statusLabel(statusBar(), "deskConnection");
     coordinates_ = statusLabel(statusBar(), "coordinates");
-    coordinates_->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("X 0000000.000   Y 0000000.000")));
     const std::pair<QAction*, const char*> aids[] = {{snaps_, "ПРИВЯЗКА"}, {ortho_, "ОРТО"}, {polar_, "ПОЛЯР"}};
     for (const auto& aid : aids) {
         auto* button = new QToolButton;
@@ -94,6 +101,7 @@ void MainWindow::showDesk()
         : desk_.connection == QStringLiteral("потеряна") ? QStringLiteral("Связь с базой потеряна")
                                                          : QStringLiteral("Без базы");
     tellIn(deskConnection_, desk_.known ? connection : QString(), QStringLiteral("Подключение к базе данных"));
+    keepRoom(coordinates_, fontMetrics().horizontalAdvance(QStringLiteral("X 0000000.000   Y 0000000.000")));
     // Beside what a project has to say there is no room for it.
     if (desk_.hasProject() && statusBar()->currentMessage() == kMouseHint)
         statusBar()->clearMessage();

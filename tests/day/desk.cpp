@@ -179,7 +179,7 @@ void Desk::drag(const QPoint& from, const QPoint& to)
 
 void Desk::keys(const QStringList& names) { hand(QStringList{"key", "--delay", "40"} + names); }
 
-void Desk::type(const QString& text) { hand({"type", "--delay", "25", text}); }
+void Desk::type(const QString& text) { hand({"type", "--delay", "25", "--", text}); }
 
 void Desk::enter(const QString& text)
 {
