@@ -1,5 +1,6 @@
 #include "formkit/layout.h"
 
+#include "formkit/tab_order.h"
 #include "formkit/widgets.h"
 
 #include <QGroupBox>
@@ -145,7 +146,8 @@ void gather(const QWidget& widget, Stops& stops)
         gather(*widget.layout(), stops);
 }
 
-// Tab goes as one reads, not in the order in which widgets happened to be made.
+} // namespace
+
 void orderTabs(const QWidget& form)
 {
     Stops stops;
@@ -159,8 +161,6 @@ void orderTabs(const QWidget& form)
         last = stop;
     }
 }
-
-} // namespace
 
 QWidget* Inside::put(QLayout* layout)
 {

@@ -17,11 +17,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
-// What the frame of a window and the panel of a desktop take from a screen.
-constexpr int kFrameAndPanel = 56;
+// What the frame of a window takes; beside a desktop's panel a form may have to
+// scroll, which the window sees to.
+constexpr int kFrame = 40;
 constexpr int kCaptionMargin = 6;
 
 QString nameOf(const QWidget& widget)
@@ -87,6 +89,16 @@ QRect placeIn(const QWidget& form, const QWidget& widget)
     return QRect(widget.mapTo(const_cast<QWidget*>(&form), QPoint()), widget.size());
 }
 
+// The outermost area of the form in which the widget is scrolled.
+const QScrollArea* areaAround(const QWidget& form, const QWidget& widget)
+{
+    const QScrollArea* found = nullptr;
+    for (const QWidget* above = widget.parentWidget(); above && above != &form; above = above->parentWidget())
+        if (const auto* area = qobject_cast<const QScrollArea*>(above))
+            found = area;
+    return found;
+}
+
 // --- reading order
 
 struct Stop {
@@ -135,7 +147,8 @@ QStringList cutOff(const QWidget& form)
 {
     QStringList cut;
     for (const QWidget* widget : form.findChildren<QWidget*>()) {
-        if (!isLookedAt(*widget))
+        // One that takes any width shows what may be long, a path or a name.
+        if (!isLookedAt(*widget) || widget->sizePolicy().horizontalPolicy() == QSizePolicy::Ignored)
             continue;
         const QSize wanted = roomWanted(*widget);
         if (showsText(*widget) && (widget->width() < wanted.width() || widget->height() < wanted.height()))
@@ -155,7 +168,7 @@ QString tooLarge(const QWidget& form)
 {
     const double scale = form.devicePixelRatioF();
     const QSize screen = scale < 1.25 ? QSize(1366, 768) : scale < 1.75 ? QSize(1920, 1080) : QSize(2560, 1440);
-    const QSize room = QSize(int(screen.width() / scale), int(screen.height() / scale) - kFrameAndPanel);
+    const QSize room = QSize(int(screen.width() / scale), int(screen.height() / scale) - kFrame);
     const QSize least = form.minimumSizeHint().expandedTo(form.minimumSize());
     if (least.width() <= room.width() && least.height() <= room.height())
         return {};
@@ -178,10 +191,19 @@ QList<QWidget*> tabStops(const QWidget& form)
 
 QStringList tabFaults(const QWidget& form)
 {
-    Stops stops;
-    for (const QWidget* widget : tabStops(form))
-        stops.push_back({placeIn(form, *widget), nameOf(*widget)});
     QStringList faults;
+    Stops stops, scrolled;
+    const QScrollArea* area = nullptr; // in which the last stop lies: it counts as one
+    for (const QWidget* widget : tabStops(form)) {
+        const QScrollArea* around = areaAround(form, *widget);
+        if (around && around != area)
+            stops.push_back({placeIn(form, *around), nameOf(*widget)});
+        if (around != area)
+            check(std::exchange(scrolled, {}), faults);
+        (around ? scrolled : stops).push_back({placeIn(form, *widget), nameOf(*widget)});
+        area = around;
+    }
+    check(scrolled, faults);
     check(stops, faults);
     return faults;
 }

@@ -76,15 +76,19 @@ TEST_F(DataViewer, ThePictureHasTheLabelsSizeAndFollowsIt)
     QCoreApplication::processEvents();
     viewer.setMeasure(measure);
     EXPECT_TRUE(label()->hasScaledContents());
-    ASSERT_TRUE(label()->pixmap(Qt::ReturnByValue).size() == label()->size());
+    const auto pictureSize = [this] { // in dots of the form, however sharp
+        const QPixmap picture = label()->pixmap(Qt::ReturnByValue);
+        return (QSizeF(picture.size()) / picture.devicePixelRatioF()).toSize();
+    };
+    ASSERT_TRUE(pictureSize() == label()->size());
     const QSize before = label()->size();
     viewer.resize(1000, 640);
     QCoreApplication::processEvents();
     EXPECT_NE(label()->size(), before);
-    EXPECT_EQ(label()->pixmap(Qt::ReturnByValue).size(), label()->size());
+    EXPECT_EQ(pictureSize(), label()->size());
     viewer.resize(500, 300);
     QCoreApplication::processEvents();
-    EXPECT_EQ(label()->pixmap(Qt::ReturnByValue).size(), label()->size());
+    EXPECT_EQ(pictureSize(), label()->size());
     EXPECT_TRUE(takePicture(viewer, "ts-data-viewer-small"));
 }
 

@@ -70,7 +70,7 @@ Item ProfileDialog::placePane()
                                 stretch(),
                             });
     tolerance_->setValue(Corridor::start);
-    return column({place, corridor});
+    return row({place, growing(corridor)}); // side by side, for screens that are not high
 }
 
 double ProfileDialog::tolerance() const { return Corridor{exact_->isChecked(), tolerance_->value()}.tolerance(); }

@@ -5,6 +5,7 @@
 #include "formkit/boxes.h"
 #include "formkit/modal.h"
 #include "formkit/record_dialog.h"
+#include "formkit/tab_order.h"
 #include "formkit/widgets.h"
 
 using namespace formkit;
@@ -40,6 +41,7 @@ TSLayerEditorDialog::TSLayerEditorDialog(int elementId, QWidget* parent)
     : BaseLayerEditorDialog("TSLayerEditorDialog", elementId, parent)
 {
     addButton(button("CopyFromIGSBtn", "Скопировать из ИГС", this, &TSLayerEditorDialog::copyFromWell));
+    orderTabs(*this);
     reload();
 }
 

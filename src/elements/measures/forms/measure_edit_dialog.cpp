@@ -7,6 +7,7 @@
 #include "base/written_date.h"
 #include "formkit/boxes.h"
 #include "formkit/layout.h"
+#include "formkit/tab_order.h"
 #include "formkit/table_items.h"
 #include "formkit/widgets.h"
 #include "hostkit/console.h"
@@ -96,6 +97,7 @@ MeasureEditDialog::MeasureEditDialog(const MeasureEditor& editor, std::unique_pt
     if (family(editor_.family).hasProfile) {
         profile_ = table("DataView", {"Глубина, м", "Температура, °C "});
         below->insertWidget(1, profile_, 1);
+        orderTabs(*this);
     }
     below->insertWidget(below->count() - 1, status_);
     for (const char* name : {"CycleCombo", "ToolCombo", "PerformerCombo"})

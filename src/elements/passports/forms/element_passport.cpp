@@ -8,6 +8,7 @@
 #include "formkit/boxes.h"
 #include "formkit/end_buttons.h"
 #include "formkit/layout.h"
+#include "formkit/tab_order.h"
 #include "formkit/widgets.h"
 #include "hostkit/console.h"
 
@@ -29,6 +30,7 @@ ElementPassport::ElementPassport(FamilyKey family, int elementId, QWidget* paren
     });
     for (const PassportTab& tab : passportTabs(family))
         addPage(tab.make(record_), tab);
+    orderTabs(*this);
     resize(1100, 660);
     load();
 }
