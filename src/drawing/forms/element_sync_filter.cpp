@@ -5,6 +5,7 @@
 #include "formkit/widgets.h"
 
 #include <QAction>
+#include <algorithm>
 
 using namespace formkit;
 
@@ -46,7 +47,7 @@ ElementSyncFilter::ElementSyncFilter(QWidget* parent) : QDialog(parent)
     }
     parts.push_back(endButtons(this, {accepts("ApplyBtn", "Применить"), cancel()}));
     layOut(this).column(parts);
-    setMinimumWidth(320);
+    setMinimumWidth(std::max(320, minimumSizeHint().width()));
 
     setContextMenuPolicy(Qt::ActionsContextMenu);
     auto* all = new QAction("Выбрать все", this);
