@@ -69,8 +69,10 @@ bool openProjectFile(const QString& path)
 
 void registerDeskCommands()
 {
-    const std::pair<const char*, const char*> actions[] = {
-        {"PROPERTIES", "propertiesAction"}, {"PRINT", "print"}, {"STARTPAGE", "startPageAction"}, {"MANUAL", "manualAction"}};
+    const std::pair<const char*, const char*> actions[] = {{"PROPERTIES", "propertiesAction"},
+                                                           {"PRINT", "print"},
+                                                           {"STARTPAGE", "startPageAction"},
+                                                           {"MANUAL", "manualAction"}};
     for (const auto& row : actions)
         addHostCommand(QString::fromLatin1(row.first),
                        [name = QString::fromLatin1(row.second)](const QStringList&) { triggerAction(name); });

@@ -35,7 +35,8 @@ int runWorkbench(const Options& options, const std::function<bool()>& loadModule
         openStartDocument(); // if the script opened none
         // Not over what was recovered.
         const auto* now = dynamic_cast<const Document*>(ncDocManagerPtr()->curDocument());
-        if (options.drawings.isEmpty() && options.start.isEmpty() && options.play.isEmpty() && now && !now->isModified())
+        if (options.drawings.isEmpty() && options.start.isEmpty() && options.play.isEmpty() && now
+            && !now->isModified())
             window.showStartPage();
         if (!options.play.isEmpty())
             QCoreApplication::exit(play(options.play) ? 0 : 1);

@@ -16,7 +16,10 @@ namespace {
 QString dateFormat() { return QStringLiteral("yyyy-MM-dd"); }
 
 // An id column of a row; -1 when it is absent.
-int idAt(const sql::Result& rows, int row, int column) { return rows.isNull(row, column) ? -1 : rows.toInt(row, column); }
+int idAt(const sql::Result& rows, int row, int column)
+{
+    return rows.isNull(row, column) ? -1 : rows.toInt(row, column);
+}
 
 // The first entry, in list order, of which `matches` is true.
 template <class Matches>

@@ -18,8 +18,8 @@
 struct ProfileWords {
     const char* name; ///< of the dialog
     const char* title;
-    const char* elements; ///< title of the group that says where they are looked for
-    const char* corridor; ///< caption of the choice
+    const char* elements;          ///< title of the group that says where they are looked for
+    const char* corridor;          ///< caption of the choice
     const char* nameAsked = "Имя"; ///< what is asked for when a profile is kept
     formkit::TextPart fileParts = formkit::WithTitles;
 };
