@@ -5,11 +5,47 @@
 #include <nrx/application.h>
 
 #include <QDockWidget>
+#include <QEvent>
+#include <QGuiApplication>
 #include <QMainWindow>
 #include <QPointer>
+#include <QScreen>
 #include <QScrollArea>
 #include <QTabWidget>
+#include <algorithm>
 #include <utility>
+
+namespace {
+
+// On a small screen a page is scrolled; where there is room it is as wide as its form asks, also when the form
+// comes later.
+class PageArea : public QScrollArea {
+public:
+    explicit PageArea(QWidget* page)
+    {
+        setFrameShape(QFrame::NoFrame);
+        setWidgetResizable(true);
+        setWidget(page);
+    }
+    QSize minimumSizeHint() const override
+    {
+        constexpr int widest = 460;
+        const QScreen* screen = QGuiApplication::primaryScreen();
+        const int room = screen ? std::min(widest, screen->availableSize().width() * 3 / 5) : widest;
+        const QSize usual = QScrollArea::minimumSizeHint();
+        return {std::max(usual.width(), std::min(room, widget()->minimumSizeHint().width())), usual.height()};
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (watched == widget() && event->type() == QEvent::LayoutRequest)
+            updateGeometry();
+        return QScrollArea::eventFilter(watched, event);
+    }
+};
+
+} // namespace
 
 struct hostUiPaletteSet::Data {
     QPointer<QDockWidget> dock;
@@ -27,12 +63,7 @@ struct hostUiPaletteSet::Data {
 
     void add(hostQtPalette* page)
     {
-        // On a small screen a page is scrolled; the window is not widened by it.
-        auto* area = new QScrollArea;
-        area->setFrameShape(QFrame::NoFrame);
-        area->setWidgetResizable(true);
-        area->setWidget(page->widget_);
-        tabs->addTab(area, page->title_);
+        tabs->addTab(new PageArea(page->widget_), page->title_);
         pages.emplace_back(page);
     }
 

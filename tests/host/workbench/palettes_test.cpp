@@ -50,6 +50,23 @@ TEST(Palettes, ASetIsAWindowOfItsOwnWithoutAMainWindow)
     EXPECT_GE(set->window()->height(), 300);
 }
 
+TEST(Palettes, ASetIsAsWideAsAFormThatComesLater)
+{
+    int count = 0;
+    const auto set = makeSet(nullptr, count);
+    hostUiPaletteSet_Show(set.get(), true);
+    auto* form = new QLabel;
+    form->setMinimumWidth(380);
+    set->window()->findChild<QLabel*>()->parentWidget()->layout()->addWidget(form);
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+    EXPECT_GE(set->window()->width(), 380);
+    form->setMinimumWidth(5000);
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+    EXPECT_LT(set->window()->width(), 600) << "what is wider than a page may be is scrolled";
+}
+
 TEST(Palettes, PagesAreTabsInTheirOrder)
 {
     int count = 0;
