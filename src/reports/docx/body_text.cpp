@@ -30,8 +30,6 @@ bool holdsReferences(const QByteArray& name)
     return names.contains(name);
 }
 
-bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
-
 /// The children of a body, up to its end tag.
 class BodyReader {
 public:

@@ -7,8 +7,6 @@
 namespace docx {
 namespace {
 
-bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
-
 bool endsName(char c) { return isBlank(c) || c == '>' || c == '/' || c == '='; }
 
 } // namespace

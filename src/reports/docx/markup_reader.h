@@ -17,6 +17,9 @@ struct MarkupAttribute {
     QByteArray written() const { return ' ' + name + '=' + quoted; }
 };
 
+/// White space as markup knows it.
+constexpr bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
+
 bool contains(const QVector<MarkupAttribute>& attributes, const QByteArray& name);
 /// In the place of the one of its name, else behind all.
 void set(const MarkupAttribute& attribute, QVector<MarkupAttribute>* attributes);
