@@ -18,7 +18,7 @@ endif()
 
 # Tests spend their time in what they test, not in their own code.
 set(TERVA_TEST_OPTIONS "")
-if(CMAKE_BUILD_TYPE STREQUAL "Release")
+if(CMAKE_BUILD_TYPE STREQUAL "Release" OR TERVA_SANITIZE)
   set(TERVA_TEST_OPTIONS -O0)
 endif()
 
@@ -127,11 +127,11 @@ function(terva_test_at_scales program sources)
   endforeach()
 endfunction()
 
-# terva_test(<program> [LINKS <target>...])
+# terva_test(<program> [LINKS <target>...] [ALONE <file>...])
 # One GoogleTest program from the sources of this folder, known to ctest under
 # its name. Tests run without a window, in UTC.
 function(terva_test program)
-  cmake_parse_arguments(ARG "" "" "LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "LINKS;ALONE" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
   if(NOT sources)
     return()
@@ -151,6 +151,7 @@ function(terva_test program)
   target_compile_options(${program} PRIVATE ${TERVA_TEST_OPTIONS})
   target_link_libraries(${program} PRIVATE ${ARG_LINKS} test_support GTest::gtest)
   terva_precompile(${program} tests)
+  terva_join(${program} ALONE ${ARG_ALONE})
   add_test(NAME ${program} COMMAND ${program})
   set(environment "QT_QPA_PLATFORM=offscreen;TZ=UTC;LC_ALL=C.UTF-8")
   if(TERVA_SANITIZE)

@@ -4,6 +4,7 @@
 #include "session/project_session.h"
 
 #include <QDomDocument>
+#include <QIODevice>
 
 Enumerator ProjectSession::*const enumeratorsInUse[enumeratorCount] = {
     &ProjectSession::dmEnumerator,  &ProjectSession::tsEnumerator,  &ProjectSession::rpEnumerator,

@@ -1,23 +1,17 @@
 // One profile by depth with its marks, bounds and means.
 #include "charts/depth_chart.h"
 
+#include "charts/axis_ranges.h"
+
 #include <cmath>
 #include <gtest/gtest.h>
 
 namespace {
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
-
 const TemperatureCurve& profile()
 {
     static const TemperatureCurve curve{{1.0, 2.0}, {2.0, -1.0}, {5.0, -4.0}, {11.0, -3.0}};
     return curve;
-}
-
-void expectRange(const PlotAxis& axis, double from, double to)
-{
-    EXPECT_DOUBLE_EQ(axis.minimum, from);
-    EXPECT_DOUBLE_EQ(axis.maximum, to);
 }
 
 class DepthChart : public ::testing::Test {

@@ -1,4 +1,5 @@
 // The adapter itself: ranges, ticks, titles, the key, files.
+#include "charts/axis_ranges.h"
 #include "charts/picture_rules.h"
 #include "charts/plotter/markup_text.h"
 #include "charts/plotter/pixel_cover.h"
@@ -16,7 +17,6 @@
 
 namespace {
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
 const double noNumber = std::nan("");
 
 PlotAxis axisOf(double from, double to, TickLabels labels = TickLabels::Number)

@@ -1,12 +1,11 @@
 #include "charts/sample_charts.h"
 
+#include "charts/axis_ranges.h"
 #include "charts/real_series.h"
 
 #include <cmath>
 
 namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 template <class Chart>
 DrawnChart drawn(Chart& chart, double ratio = 1.0)

@@ -2,12 +2,12 @@
 // depth axis.
 #include "charts/temperature_chart.h"
 
+#include "charts/axis_ranges.h"
+
 #include <cmath>
 #include <gtest/gtest.h>
 
 namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 class TemperatureChart : public ::testing::Test {
 protected:
@@ -40,12 +40,6 @@ protected:
     TSTemperatureChartJK chart;
     QVector<TemperatureCurve> curves{{{100.0, -4.0}, {108.0, -6.0}}, {{102.0, -3.0}, {110.0, 2.0}}};
 };
-
-void expectRange(const PlotAxis& axis, double from, double to)
-{
-    EXPECT_DOUBLE_EQ(axis.minimum, from);
-    EXPECT_DOUBLE_EQ(axis.maximum, to);
-}
 
 void expectZone(const PlotRecord::Rectangle& zone, double left, double right, double bottom, double top,
                 const QColor& fill)

@@ -1,13 +1,12 @@
 // Charts over time: what is plotted, asked of the plotter and its record.
 #include "base/written_date.h"
+#include "charts/axis_ranges.h"
 #include "charts/measure_chart.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
 
 namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 QDateTime day(int year, int month, int number) { return writtenMoment(QDate(year, month, number), QTime(12, 0)); }
 
@@ -32,12 +31,6 @@ const PlotRecord& render(Chart& chart)
 {
     chart.render();
     return chart.plotter().record();
-}
-
-void expectRange(const PlotAxis& axis, double from, double to)
-{
-    EXPECT_DOUBLE_EQ(axis.minimum, from);
-    EXPECT_DOUBLE_EQ(axis.maximum, to);
 }
 
 } // namespace

@@ -11,15 +11,6 @@
 
 namespace {
 
-struct NewPicture {
-    QString tag;
-    bool ofTag = false; ///< else a picture of the body; a tag may be empty
-    QString id;
-    QString path;
-    QPixmap pixmap;
-    QByteArray png; ///< the same, where it is known already
-};
-
 /// Names of parts and ids of relationships are URIs and XML names: Word takes a
 /// file with other characters for a damaged one.
 QString sanitized(const QString& tag, bool (*isAllowed)(QChar))
@@ -60,6 +51,15 @@ public:
     }
 
 private:
+    struct NewPicture {
+        QString tag;
+        bool ofTag = false; ///< else a picture of the body; a tag may be empty
+        QString id;
+        QString path;
+        QPixmap pixmap;
+        QByteArray png; ///< the same, where it is known already
+    };
+
     void collectPictures()
     {
         int counter = 0;

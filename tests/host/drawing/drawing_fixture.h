@@ -8,6 +8,8 @@
 
 #include <cmath>
 
+const double kPi = 3.141592653589793;
+
 class DrawingTest : public ::testing::Test {
 protected:
     void SetUp() override { ncdbHostApplicationServices()->setWorkingDatabase(&drawing); }

@@ -7,8 +7,6 @@
 
 namespace {
 
-const double kPi = 3.141592653589793;
-
 // Answers in the order given, and keeps what was printed and asked.
 class Answers : public PromptBackend {
 public:

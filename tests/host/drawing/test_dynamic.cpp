@@ -2,8 +2,6 @@
 
 namespace {
 
-const double kPi = 3.141592653589793;
-
 DynamicBinding rule(DynamicBinding::Kind kind, NcDbObjectId entity, const QString& parameter,
                     const QString& second = {})
 {

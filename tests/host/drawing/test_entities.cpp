@@ -4,8 +4,6 @@
 
 namespace {
 
-const double kPi = 3.141592653589793;
-
 class Entities : public DrawingTest { };
 
 NcGeMatrix3d quarterTurn() { return NcGeMatrix3d::rotation(kPi / 2.0, NcGeVector3d::kZAxis); }

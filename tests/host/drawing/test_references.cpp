@@ -2,8 +2,6 @@
 
 namespace {
 
-const double kPi = 3.141592653589793;
-
 class References : public DrawingTest {
 protected:
     void SetUp() override

@@ -5,6 +5,7 @@
 #include "formkit/widgets.h"
 #include "session/project_session.h"
 
+#include <QLayout>
 #include <QScrollArea>
 #include <QScrollBar>
 
