@@ -3,6 +3,7 @@
 #include "exchange/forms/measures_view.h"
 #include "formkit/layout.h"
 
+#include <QDialog>
 #include <QHeaderView>
 #include <QProgressBar>
 

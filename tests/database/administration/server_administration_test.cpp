@@ -4,6 +4,8 @@
 #include "base/placeholders.h"
 #include "session/session_fixture.h"
 
+#include <QCoreApplication>
+
 namespace {
 
 // Capitals, blanks, both quotes, a backslash and Cyrillic.

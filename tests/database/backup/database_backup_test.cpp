@@ -6,6 +6,7 @@
 #include "support/test_database.h"
 
 #include <QProcess>
+#include <QSet>
 
 namespace {
 
