@@ -25,6 +25,7 @@
 #include <QSet>
 #include <QTextEdit>
 #include <QTreeView>
+#include <gtest/gtest.h>
 
 namespace {
 

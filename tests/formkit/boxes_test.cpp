@@ -16,6 +16,7 @@
 #include <QProgressBar>
 #include <QProgressDialog>
 #include <QTemporaryDir>
+#include <cmath>
 #include <gtest/gtest.h>
 
 using namespace formkit;

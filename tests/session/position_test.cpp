@@ -8,6 +8,8 @@
 
 #include <drawing/application.h>
 
+#include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>

@@ -3,6 +3,7 @@
 
 #include <drawing/application.h>
 
+#include <QCoreApplication>
 #include <QDockWidget>
 #include <QLabel>
 #include <QMainWindow>
