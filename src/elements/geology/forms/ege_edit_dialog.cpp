@@ -87,7 +87,7 @@ EGEEditDialog::EGEEditDialog(const EgeColumns& columns, QWidget* parent)
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    layout()->replaceWidget(&fields(), scroll);
+    delete layout()->replaceWidget(&fields(), scroll); // the item of the one that stood there
     scroll->setWidget(&fields());
     scroll->setMinimumWidth(captionWidth + leastFieldWidth + scroll->verticalScrollBar()->sizeHint().width());
     scroll->setMinimumHeight(leastHeight);
