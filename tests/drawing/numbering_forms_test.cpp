@@ -72,6 +72,7 @@ TEST(EnumeratorForm, ShowsTheRecordAndItsNextName)
     EXPECT_EQ(child<QLineEdit>(form, "Counter")->text(), "12");
     EXPECT_EQ(child<QSpinBox>(form, "Trailing")->value(), 4);
     EXPECT_EQ(preview(form), "ТС.0012");
+    EXPECT_EQ(form.minimumWidth(), 320) << "the title and a name of some length are read whole";
     savePicture(form, "enumerator_form.png");
 }
 

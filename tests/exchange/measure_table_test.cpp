@@ -320,6 +320,16 @@ TEST_F(ImportProject, OtherFamiliesCheckNothing)
     }
 }
 
+TEST_F(Marks, ColumnsBearTitlesAndRowsNumbers)
+{
+    readLines({"Т-1;05.01.2021;1.5;SN-1"});
+    EXPECT_EQ(table.headerData(Status, Qt::Horizontal, Qt::DisplayRole), "Импорт");
+    EXPECT_EQ(table.headerData(0, Qt::Vertical, Qt::DisplayRole), 1);
+    EXPECT_FALSE(table.headerData(Status, Qt::Horizontal, Qt::ToolTipRole).isValid());
+    for (const int beyond : {-1, table.columnCount()})
+        EXPECT_EQ(table.headerData(beyond, Qt::Horizontal, Qt::DisplayRole), beyond + 1) << "a number as in any table";
+}
+
 TEST_F(ImportProject, AMissingSecondValueDoesNotMatter)
 {
     MeasureTable table(*importFamily(FamilyKey::Rp));

@@ -226,6 +226,37 @@ TEST_F(Summary, TheMenuOpensThePassportAndChoosesThePosition)
     EXPECT_EQ(status(form), "Текущая позиция: Позиция 2");
 }
 
+TEST_F(Summary, WhatCannotBeGradedAnewStaysAndIsTold)
+{
+    PositionsAnalyticStatesForm form;
+    press(form, "RunBTN");
+    const QStringList before = row(list(form), 0);
+    form.show();
+    driver.window("PositionsAnalyticStatesForm")
+        .step("menu", {"PositionList", "0", "2"})
+        .step("choose", {"Пасспорт позиции"});
+    driver.expect("Пасспорт позиции: Позиция 1")
+        .set("AverageDiff", "1")
+        .press("SaveBtn")
+        .call([this](QWidget*) {
+            loseServer();
+            return QString();
+        })
+        .press("CloseBtn");
+    driver.play();
+    EXPECT_TRUE(driver.done()) << driver.report();
+    EXPECT_EQ(status(form), "Не прочитаны данные: Позиция 1");
+    EXPECT_EQ(row(list(form), 0), before);
+}
+
+TEST_F(Summary, WithoutACurrentCycleTheLastOneIsOffered)
+{
+    session().currentCycleId = -1;
+    const PositionsAnalyticStatesForm form;
+    EXPECT_EQ(child<QComboBox>(form, "CurrentCyclesCombo")->currentData(), 2);
+    EXPECT_EQ(child<QComboBox>(form, "BaseCyclesCombo")->currentData(), 1);
+}
+
 TEST_F(Summary, ALongRunCanBeStopped)
 {
     database.exec("insert into positions (position_id, subobject_id, position, appearence) overriding system value "

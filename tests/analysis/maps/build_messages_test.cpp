@@ -48,6 +48,12 @@ TEST(BuildMessage, longListsAreCut)
                              "№ 1, № 2, № 3, № 4, № 5, № 6, № 7, № 8, № 9, № 10 и ещё 3."));
 }
 
+TEST(BuildMessage, tenNamesAreTheWholeList)
+{
+    EXPECT_EQ(pointNames({0, 1, 2, 3, 4, 5, 6, 7, 8, 9}, {}),
+              QStringLiteral("№ 1, № 2, № 3, № 4, № 5, № 6, № 7, № 8, № 9, № 10"));
+}
+
 TEST(BuildMessage, refusedGridAndPointsLeftOutAreTwoLines)
 {
     BuildResult result = resultOf(BuildStatus::Done);

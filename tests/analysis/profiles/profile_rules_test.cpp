@@ -82,6 +82,16 @@ QStringList coveringLabels(const Sketch& sketch)
     return pairs;
 }
 
+double rightEnd(const Sketch& sketch)
+{
+    double right = -INFINITY;
+    for (const SketchLine& line : sketch.lines) {
+        for (const geometry::Point3& point : line.points)
+            right = std::max(right, point.x);
+    }
+    return right;
+}
+
 DeformationProfilePoint mark(const char* name, double x, double base, double current)
 {
     DeformationProfilePoint point;
@@ -346,13 +356,29 @@ TEST(SectionFrame, StandsForOneWellForNoneAndForWellsWithoutReadings)
 
 TEST(SectionFrame, ATableOfNoWellsIsTwentyUnitsWide)
 {
-    const Sketch sketch = sectionFrame(TemperatureSection({}, 0, viewAt(0, 0, true)), {"1", "1", false}).sketch;
-    double right = -INFINITY;
-    for (const SketchLine& line : sketch.lines) {
-        for (const geometry::Point3& point : line.points)
-            right = std::max(right, point.x);
-    }
-    EXPECT_EQ(right, 20.0);
+    EXPECT_EQ(rightEnd(sectionFrame(TemperatureSection({}, 0, viewAt(0, 0)), {"1", "1", false}).sketch), 20.0);
+    const QString cycle = QStringLiteral("9 - 01.07.23 - 31.07.23 - Лето");
+    const Sketch wider = sectionFrame(TemperatureSection({}, 0, viewAt(0, 0)), {"9", cycle, false}).sketch;
+    const double length = SketchText{0, 0, cycle, 2.5}.width();
+    ASSERT_GT(length, 20.0);
+    EXPECT_EQ(rightEnd(wider), 1.0 + length + 1.0) << "the cycle's text has a unit free on both sides";
+}
+
+TEST(SectionFrame, AnUprightTextRisesFromItsPlace)
+{
+    const SketchText upright{10, 20, "12345", 2.0, M_PI / 2.0, SketchText::Left, SketchText::Base};
+    const LabelBox risen = boxOf(upright);
+    EXPECT_NEAR(risen.left, 8.0, 1e-9);
+    EXPECT_NEAR(risen.right, 10.0, 1e-9);
+    EXPECT_NEAR(risen.bottom, 20.0, 1e-9);
+    EXPECT_NEAR(risen.top, 20.0 + upright.width(), 1e-9);
+
+    const SketchText level{10, 20, "12345", 2.0, 0.0, SketchText::Right, SketchText::Top};
+    const LabelBox lying = boxOf(level);
+    EXPECT_NEAR(lying.left, 10.0 - level.width(), 1e-9);
+    EXPECT_NEAR(lying.right, 10.0, 1e-9);
+    EXPECT_NEAR(lying.bottom, 18.0, 1e-9);
+    EXPECT_NEAR(lying.top, 20.0, 1e-9);
 }
 
 TEST(SectionFrame, NamesPicketsAndOffsets)

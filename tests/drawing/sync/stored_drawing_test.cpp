@@ -420,3 +420,21 @@ TEST_F(StoredDrawing, TheTreeOpensADrawingWhenThereIsNone)
     EXPECT_EQ(set.ids.size(), 2u);
     EXPECT_FALSE(findBlockReference("ts_def", "element_id", "5").isNull());
 }
+
+TEST_F(StoredDrawing, TheTreesNewDrawingBearsItsProjectsName)
+{
+    session().projectName = "Проект";
+    for (const int project : {1, -1}) {
+        addTemplateFolder(QCoreApplication::applicationDirPath()); // closing all forgets it
+        session().projectId = project;
+        syncNodeToDrawing(1, SyncLevel::Object, 1);
+        ASSERT_EQ(ncDocManagerPtr()->documentCount(), 1);
+        NcDbDatabaseSummaryInfo info;
+        ncdbGetSummaryInfo(workingDatabase(), info);
+        QString name;
+        EXPECT_EQ(isOk(info.getCustomSummaryInfo("project", name)), project == 1) << project;
+        EXPECT_EQ(name, project == 1 ? "Проект" : QString());
+        closeAllDocuments();
+    }
+    session().projectName.clear();
+}

@@ -116,6 +116,21 @@ TEST_F(AttributeUpdate, TheFilesColumnsGoIntoRowAndBlock)
     EXPECT_EQ(drawing.faults(), QStringList());
 }
 
+TEST_F(AttributeUpdate, WhatTheServerRefusesLeavesTheBlock)
+{
+    ElementBlock block(0);
+    block.setAttribute("element_id", "1");
+    ASSERT_TRUE(block.insertBlock());
+    database->exec("alter table dm_elements add constraint near check (x < 100)");
+    ElementRecord record = named("М-1");
+    record.x = 500;
+    EXPECT_EQ(updateElements({record}, base), 0);
+    database->exec("alter table dm_elements drop constraint near");
+    EXPECT_TRUE(console.text().contains("\nОшибка: элемент М-1 не записан в базу данных: ")) << console.text();
+    EXPECT_EQ(drawing.reference(drawing.references()[0]).position().x, 0.0);
+    EXPECT_EQ(drawing.faults(), QStringList());
+}
+
 TEST_F(AttributeUpdate, WithoutAServerNothingIsKnown)
 {
     database.disconnect();

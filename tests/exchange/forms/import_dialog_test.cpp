@@ -418,6 +418,27 @@ TEST_F(ImportDialogs, ADialogAtWorkShowsItsProgressAndStaysOpen)
     EXPECT_FALSE(dialog.isVisible());
 }
 
+TEST_F(ImportDialogs, ADialogThatWritesStaysOpen)
+{
+    TSImportCmdDialog dialog;
+    dialog.show();
+    child<QComboBox>(dialog, "ImportTemplate")->setCurrentIndex(2);
+    child<QLineEdit>(dialog, "FileName")->setText(write(wellFile));
+    child<QRadioButton>(dialog, "EncodingCP1251")->setChecked(true);
+    child<QRadioButton>(dialog, "EncodingUTF8")->setChecked(true);
+    auto* performers = child<QComboBox>(dialog, "OperatorCombo");
+    performers->setCurrentIndex(performers->findData(1));
+    child<QPushButton>(dialog, "BTNOperatorToAll")->click();
+    const auto leave = [&dialog](QWidget*) {
+        dialog.reject();
+        return dialog.isVisible() ? QString() : QStringLiteral("closed over its own question");
+    };
+    driver.expect("Внимание").call(leave).press("Да для всех");
+    child<QPushButton>(dialog, "ImportBtn")->click();
+    EXPECT_TRUE(driver.done()) << driver.report();
+    EXPECT_EQ(database->value("select count(*) from ts_meas"), "1");
+}
+
 TEST_F(ImportDialogs, AFileDialogThatIsClosedChangesNothing)
 {
     driver.expect(wellsTitle).press("OpenFileBtn");
