@@ -72,12 +72,39 @@ struct hostUiPaletteSet::Data {
         // A window of its own opens as large as its forms ask, within reason.
         if (visible && !shown && dock->isWindow())
             dock->resize(dock->size().expandedTo(dock->sizeHint()).expandedTo({270, 300}).boundedTo({900, 800}));
+        if (visible && !shown && !restored)
+            joinSide();
         dock->setVisible(visible);
         if (visible && !shown && !restored)
             takeWidth();
         shown = shown || visible;
         if (visible)
             dock->raise();
+    }
+
+    // A tab beside what stands on its side already: one below the other they would have half of the height each.
+    void joinSide()
+    {
+        auto* main = qobject_cast<QMainWindow*>(dock->parentWidget());
+        if (!main || dock->isFloating())
+            return;
+        const Qt::DockWidgetArea side = main->dockWidgetArea(dock);
+        QDockWidget* beside = nullptr; // one in sight rather than one that is closed
+        for (QDockWidget* other : main->findChildren<QDockWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+            const bool there = other != dock && !other->isFloating() && main->dockWidgetArea(other) == side;
+            if (there && (!beside || !other->isHidden()))
+                beside = other;
+        }
+        if (beside)
+            main->tabifyDockWidget(beside, dock);
+    }
+
+    // Behind another one's tab it lies outside of the window.
+    bool isBehind() const
+    {
+        const auto* main = qobject_cast<const QMainWindow*>(dock->parentWidget());
+        return main && main->isVisible() && !dock->isFloating() && !main->tabifiedDockWidgets(dock).isEmpty()
+            && dock->geometry().right() < 0;
     }
 
     // Wide enough for its forms, but never so wide that the drawing is squeezed.
@@ -164,9 +191,12 @@ bool hostUiPaletteSet_Create(hostUiPaletteSet* set, const QString& title, unsign
     set->data_->tabs = tabs;
     hostUiPaletteSet::Data* data = set->data_.get();
     QObject::connect(dock, &QObject::destroyed, [data] { data->forgetWidgets(); });
-    if (QMainWindow* main = mainWindowOf(parent))
+    // Once it has a place in the window, the one that the user left it in is not found any more.
+    QMainWindow* main = mainWindowOf(parent);
+    data->restored = main && main->restoreDockWidget(dock);
+    if (main && !data->restored)
         main->addDockWidget(Qt::RightDockWidgetArea, dock);
-    else
+    if (!main)
         dock->setGeometry(rectangle);
     dock->hide();
     return true;
@@ -181,11 +211,8 @@ void hostUiPaletteSet_EnableDocking(hostUiPaletteSet* set, unsigned sides)
 
 void hostUiPaletteSet_RestoreControlBar(hostUiPaletteSet* set, unsigned dockBar)
 {
+    Q_UNUSED(set) // it stands there since it was made
     heard("restore", dockBar);
-    if (!alive(set))
-        return;
-    if (QMainWindow* main = mainWindowOf(set->data_->dock->parentWidget()))
-        set->data_->restored = main->restoreDockWidget(set->data_->dock);
 }
 
 bool hostQtPalette_Create(hostQtPalette* palette, unsigned style, const QString& title)
@@ -239,7 +266,10 @@ void hostUiPaletteSet_Show(hostUiPaletteSet* set, bool visible)
     set->data_->show(visible);
 }
 
-bool IsWindowVisible(const hostUiPaletteSet* set) { return alive(set) && !set->data_->dock->isHidden(); }
+bool IsWindowVisible(const hostUiPaletteSet* set)
+{
+    return alive(set) && !set->data_->dock->isHidden() && !set->data_->isBehind();
+}
 
 QRect hostUiPaletteSet_GetClientRect(const hostUiPaletteSet* set)
 {

@@ -11,11 +11,14 @@
 
 namespace {
 
-const QString kPalettesKey = QStringLiteral("palettes");
+const QString kPalettesKey = QStringLiteral("palettes"), kFrontKey = QStringLiteral("frontPanels");
 constexpr int kLineHeight = 150, kLayersWidth = 270, kRightWidth = 340;
 
 // The command that made the palette; empty for the host's own panels.
 QString commandOf(const QDockWidget& dock) { return dock.property("paletteCommand").toString(); }
+
+// Of several on one side, the one whose tab is chosen.
+bool isInFront(const QDockWidget& dock) { return !dock.isHidden() && dock.geometry().right() >= 0; }
 
 } // namespace
 
@@ -36,6 +39,10 @@ void MainWindow::buildDocks()
     properties->toggleViewAction()->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_1));
     properties->toggleViewAction()->setObjectName(QStringLiteral("propertiesAction"));
     addAction(properties->toggleViewAction());
+    connect(properties->toggleViewAction(), &QAction::triggered, properties, [properties](bool shown) {
+        if (shown)
+            properties->raise();
+    });
     placeDocks();
     const auto say = [this](const QString& why) { prompts_.console().line(why); };
     connect(properties_, &PropertiesPanel::refused, this, say);
@@ -72,6 +79,7 @@ void MainWindow::placeDocks()
     line->show();
     layers->show();
     properties->hide();
+    right->raise();
     resizeDocks({line}, {kLineHeight}, Qt::Vertical);
     resizeDocks({layers, right}, {kLayersWidth, kRightWidth}, Qt::Horizontal);
 }
@@ -88,11 +96,15 @@ void MainWindow::resetLayout()
 
 void MainWindow::notePalettes()
 {
-    QStringList commands;
-    for (const QDockWidget* dock : findChildren<QDockWidget*>())
+    QStringList commands, front;
+    for (const QDockWidget* dock : findChildren<QDockWidget*>()) {
         if (!commandOf(*dock).isEmpty() && !dock->isHidden() && !commands.contains(commandOf(*dock)))
             commands << commandOf(*dock);
+        if (isInFront(*dock))
+            front << dock->objectName();
+    }
     settings_->setValue(kPalettesKey, commands);
+    settings_->setValue(kFrontKey, front);
 }
 
 // The module makes its palettes on first use only, so those that were open are
@@ -103,4 +115,8 @@ void MainWindow::restorePalettes()
     for (const QString& command : commands)
         if (hasCommand(command) && activeCommand().isEmpty())
             runCommandWords({command});
+    const QStringList front = settings_->value(kFrontKey).toStringList();
+    for (QDockWidget* dock : findChildren<QDockWidget*>())
+        if (front.contains(dock->objectName()))
+            dock->raise();
 }

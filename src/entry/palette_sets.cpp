@@ -159,7 +159,11 @@ InspectorPlace inspectorPlace()
         if (hostUiPaletteSet* set = paletteSet(slot))
             hostUiPaletteSet_Show(set, visible);
     };
-    place.isVisible = [] { return paletteSet(slot) && IsWindowVisible(paletteSet(slot)); };
+    // Behind another palette's tab it is kept up to date too.
+    place.isVisible = [] {
+        const QWidget* window = paletteSet(slot) ? paletteSet(slot)->window() : nullptr;
+        return window && !window->isHidden();
+    };
     return place;
 }
 

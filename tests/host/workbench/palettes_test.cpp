@@ -1,8 +1,11 @@
 // Palette sets, with a main window and without.
+#include "window_fixture.h"
+
 #include <nrx/palettes.h>
 
 #include <drawing/application.h>
 
+#include <QAction>
 #include <QCoreApplication>
 #include <QDockWidget>
 #include <QLabel>
@@ -10,6 +13,8 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
+
+#include <map>
 
 namespace {
 
@@ -20,11 +25,11 @@ struct CountedPalette : hostQtPalette {
     int& count_;
 };
 
-std::unique_ptr<hostUiQtPaletteSet> makeSet(QWidget* parent, int& count)
+std::unique_ptr<hostUiQtPaletteSet> makeSet(QWidget* parent, int& count,
+                                            const QString& title = QStringLiteral("Состав проекта"))
 {
     auto set = std::make_unique<hostUiQtPaletteSet>();
-    EXPECT_TRUE(hostUiPaletteSet_Create(set.get(), QStringLiteral("Состав проекта"), 0x50410000,
-                                        QRect(30, 50, 270, 300), parent, 46));
+    EXPECT_TRUE(hostUiPaletteSet_Create(set.get(), title, 0x50410000, QRect(30, 50, 270, 300), parent, 46));
     hostUiPaletteSet_EnableDocking(set.get(), kDockAnySide);
     hostUiPaletteSet_RestoreControlBar(set.get(), 59420);
     for (const char* title : {"Состав", "Циклы"}) {
@@ -152,4 +157,136 @@ TEST(Palettes, AModalFormStandsOverTheMiddleOfItsHost)
     QWinWidget free(nullptr);
     free.showCentered();
     EXPECT_FALSE(free.isVisible());
+}
+
+namespace {
+
+const QStringList kTitles = {QStringLiteral("Состав проекта"), QStringLiteral("Параметры проекта"),
+                             QStringLiteral("Элементы ГМН")};
+
+// The real window with a module's three palettes, each with the command that toggles it.
+class PalettesOfTheWindow : public MainWindowTest {
+protected:
+    void SetUp() override
+    {
+        MainWindowTest::SetUp();
+        sets().clear();
+        for (int i = 0; i < kTitles.size(); ++i)
+            addHostCommand(commandOf(i), [i](const QStringList&) {
+                auto& set = sets()[i];
+                if (set)
+                    return hostUiPaletteSet_Show(set.get(), !IsWindowVisible(set.get()));
+                set = makeSet(ndsw_ncadMainWnd(), count(), kTitles[i]);
+                hostUiPaletteSet_Show(set.get(), true);
+            });
+    }
+    void TearDown() override
+    {
+        sets().clear();
+        MainWindowTest::TearDown();
+    }
+
+    static QString commandOf(int i) { return QStringLiteral("PALETTE%1").arg(i); }
+    static std::map<int, std::unique_ptr<hostUiQtPaletteSet>>& sets()
+    {
+        static std::map<int, std::unique_ptr<hostUiQtPaletteSet>> made;
+        return made;
+    }
+    static int& count()
+    {
+        static int made = 0;
+        return made;
+    }
+
+    void toggle(int i)
+    {
+        window->runLine(commandOf(i));
+        QTest::qWait(300);
+    }
+    QDockWidget* dock(int i) { return window->findChild<QDockWidget*>(kTitles[i]); }
+    bool isSeen(int i) { return dock(i)->isVisible() && !dock(i)->visibleRegion().isEmpty(); }
+    void openAnew()
+    {
+        window->close();
+        closeAllDocuments();
+        sets().clear();
+        window.reset();
+        window = std::make_unique<MainWindow>(folder.filePath(QStringLiteral("p.ini")));
+        window->show();
+        openStartDocument();
+        window->restorePalettes();
+        QTest::qWait(300);
+    }
+};
+
+} // namespace
+
+TEST_F(PalettesOfTheWindow, OpenedOneAfterTheOtherAreTabsAndTheNewestIsInFront)
+{
+    for (int i = 0; i < 3; ++i)
+        toggle(i);
+    EXPECT_EQ(window->tabifiedDockWidgets(dock(0)).size(), 3) << "both others, and the properties that are closed";
+    EXPECT_TRUE(isSeen(2));
+    EXPECT_FALSE(isSeen(0));
+    EXPECT_FALSE(isSeen(1));
+    EXPECT_GT(dock(2)->height(), window->height() / 2) << "it has the whole side";
+    EXPECT_GT(view()->width(), 200);
+    if (qEnvironmentVariableIsSet("TERVA_PICTURES"))
+        window->grab().save(qEnvironmentVariable("TERVA_PICTURES") + QStringLiteral("/palettes-as-tabs.png"));
+
+    toggle(0);
+    EXPECT_TRUE(isSeen(0)) << "the command of one that is behind brings it to the front";
+    toggle(0);
+    EXPECT_TRUE(dock(0)->isHidden());
+    toggle(0);
+    EXPECT_TRUE(isSeen(0));
+}
+
+TEST_F(PalettesOfTheWindow, StandAtTheNextStartAsTheyStood)
+{
+    for (int i = 0; i < 3; ++i)
+        toggle(i);
+    dock(1)->raise();
+    QTest::qWait(300);
+    openAnew();
+    EXPECT_EQ(window->tabifiedDockWidgets(dock(1)).size(), 3);
+    EXPECT_TRUE(isSeen(1)) << "the one that was in front";
+    EXPECT_FALSE(isSeen(2));
+
+    window->addDockWidget(Qt::LeftDockWidgetArea, dock(2));
+    QTest::qWait(300);
+    openAnew();
+    EXPECT_EQ(window->dockWidgetArea(dock(2)), Qt::LeftDockWidgetArea) << "where the user put it";
+    EXPECT_TRUE(isSeen(2));
+    EXPECT_TRUE(isSeen(1));
+    EXPECT_FALSE(window->tabifiedDockWidgets(dock(1)).contains(dock(2)));
+}
+
+TEST_F(PalettesOfTheWindow, AResetOfTheLayoutMakesThemTabsAgain)
+{
+    for (int i = 0; i < 3; ++i)
+        toggle(i);
+    window->addDockWidget(Qt::LeftDockWidgetArea, dock(0));
+    dock(1)->setFloating(true);
+    QTest::qWait(300);
+    for (QAction* action : window->findChildren<QAction*>())
+        if (action->text() == QStringLiteral("Рас&положение по умолчанию"))
+            action->trigger();
+    QTest::qWait(300);
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(window->dockWidgetArea(dock(i)), Qt::RightDockWidgetArea) << i;
+        EXPECT_FALSE(dock(i)->isFloating()) << i;
+    }
+    EXPECT_EQ(window->tabifiedDockWidgets(dock(0)).size(), 3);
+    EXPECT_EQ(int(isSeen(0)) + int(isSeen(1)) + int(isSeen(2)), 1);
+}
+
+TEST_F(PalettesOfTheWindow, ThePropertiesComeToTheFrontWhenAskedFor)
+{
+    toggle(0);
+    auto* properties = window->findChild<QDockWidget*>(QStringLiteral("propertiesDock"));
+    properties->toggleViewAction()->trigger();
+    QTest::qWait(300);
+    EXPECT_FALSE(properties->visibleRegion().isEmpty());
+    EXPECT_FALSE(isSeen(0));
 }
