@@ -4,7 +4,10 @@
 #include "measure.h"
 
 #include <drawing/documents.h>
+#include <render/active_view.h>
+#include <render/display_list.h>
 #include <workbench/drawing_view.h>
+#include <workbench/view_scene.h>
 
 #include <QCoreApplication>
 #include <QThread>
@@ -105,6 +108,58 @@ void benchFrames(int entities)
         tellRest(view);
         tellFrames("moving the cursor", entities,
                    [&](int i) { sendMouse(view, QEvent::MouseMove, QPointF(300 + 5 * i, 200 + 4 * i), Qt::NoButton); });
+    }
+    closeAllDocuments();
+}
+
+void benchTexts(int entities, int inSight)
+{
+    openStartDocument();
+    Document& document = *Documents::instance().current();
+    fillDrawing(*document.database(), entities);
+    const QSize screen(1366, 768);
+    // A quarter of the entities are texts, spread evenly over a square of a thousand units.
+    ActiveView seen;
+    seen.center = {500.0, 500.0};
+    const double area = 1e6 * inSight / (entities / 4.0);
+    seen.height = std::sqrt(area * screen.height() / screen.width());
+    seen.width = area / seen.height;
+    const QRectF part(500.0 - seen.width / 2.0, 500.0 - seen.height / 2.0, seen.width, seen.height);
+    const DisplayList list = recordDrawing(*document.database());
+    DisplayList texts;
+    for (const Figure& figure : list.figures())
+        if (figure.kind == Figure::Text)
+            texts.figures().push_back(figure);
+    PaintStyle look;
+    look.quick = true;
+    for (const double ratio : {1.0, 2.0}) {
+        const ViewScene::Place place{fitWindow(part, QRectF(QPointF(), screen)), screen, ratio};
+        ViewScene scene;
+        char what[80];
+        std::snprintf(what, sizeof what, "%d texts %.0f dots high on a light ground", inSight,
+                      ratio * screen.height() / seen.height);
+        tell(what, timed(5, [&] { scene.paint(texts, look, place); }), kFrame);
+        tell("    with the lines and blocks around them", timed(5, [&] { scene.paint(list, look, place); }), 0.0);
+    }
+    {
+        DrawingView view(document);
+        view.setLightGround(true);
+        view.resize(screen);
+        view.show();
+        setActiveView(*document.database(), seen);
+        QCoreApplication::processEvents();
+        tellRest(view);
+        const QPointF middle(683, 384);
+        QPointF hand = middle;
+        sendMouse(view, QEvent::MouseButtonPress, hand, Qt::MiddleButton);
+        tellFrames("panning them", entities, [&](int i) {
+            hand += QPointF(3.0 * std::cos(i / 9.0), 2.0 * std::sin(i / 9.0));
+            sendMouse(view, QEvent::MouseMove, hand, Qt::MiddleButton);
+        });
+        sendMouse(view, QEvent::MouseButtonRelease, hand, Qt::MiddleButton);
+        tellRest(view);
+        tellFrames("zooming them by wheel", entities, [&](int i) { turnWheel(view, middle, (i / 4) % 2 ? 1 : -1); });
+        tellRest(view);
     }
     closeAllDocuments();
 }

@@ -2,3 +2,5 @@
 #pragma once
 
 void benchFrames(int entities);
+// A light ground with so many readable texts in sight, of a drawing of so many entities.
+void benchTexts(int entities, int inSight);

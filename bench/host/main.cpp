@@ -155,6 +155,8 @@ int main(int argc, char** argv)
     for (const int count : {1000, 10000, 100000})
         if (wants("frames"))
             benchFrames(count);
+    if (wants("texts"))
+        benchTexts(100000, 1000);
     if (missedCount() > 0)
         std::printf("%d MISSED\n", missedCount());
     return missedCount() == 0 ? 0 : 1;

@@ -2,6 +2,7 @@
 
 #include "quick_painter.h"
 #include "text_painting.h"
+#include "text_stamps.h"
 
 #include <QElapsedTimer>
 
@@ -116,13 +117,15 @@ private:
     // dark view it would only thicken the letters, but where they stand on a fill.
     void paintText(const FigureText& text, const QColor& color, bool onFill)
     {
-        const QPainterPath outline = toDevice_.map(textOutline(text));
-        if (onLight_ || onFill)
+        const bool rimmed = onLight_ || onFill;
+        if (quick_ && stampText(painter_, text, toDevice_, color, rimmed ? style_.paper : QColor()))
+            return;
+        if (rimmed)
             painter_.fillPath(toDevice_.map(textRim(text)), style_.paper);
         if (style_.liveText)
             paintTextLine(painter_, text, toDevice_, color);
         else
-            painter_.fillPath(outline, color);
+            painter_.fillPath(toDevice_.map(textOutline(text)), color);
     }
 
     // Among more fills than these each text is not looked for.

@@ -70,8 +70,15 @@ double shapedWidth(const QString& text)
 
 // A piece of text held on the left at the base line, capitals 1 high, y upwards.
 struct Shape {
-    explicit Shape(const QString& text) : outline(shaped(text)), box(outline.boundingRect()), width(shapedWidth(text))
+    explicit Shape(const QString& text)
+        : id(++count()), outline(shaped(text)), box(outline.boundingRect()), width(shapedWidth(text))
     { }
+
+    static quint64& count()
+    {
+        static quint64 made = 0;
+        return made;
+    }
 
     const QPainterPath& thickened()
     {
@@ -84,6 +91,7 @@ struct Shape {
         return rim;
     }
 
+    quint64 id;
     QPainterPath outline, rim; // the rim is empty until it was asked for
     QRectF box;
     double width;
@@ -116,6 +124,19 @@ public:
                              .map(rim ? placed.shape->thickened() : placed.shape->outline));
         path.setFillRule(Qt::WindingFill);
         return path;
+    }
+
+    std::vector<TextPiece> pieces(const QTransform& placing) const
+    {
+        std::vector<TextPiece> pieces;
+        pieces.reserve(shapes_.size());
+        for (const Placed& placed : shapes_)
+            pieces.push_back({placed.shape->id,
+                              [shape = placed.shape](bool rim) -> const QPainterPath& {
+                                  return rim ? shape->thickened() : shape->outline;
+                              },
+                              QTransform::fromTranslate(placed.x, 0.0) * placing});
+        return pieces;
     }
 
     QRectF box() const
@@ -199,6 +220,12 @@ double unitTextWidth(const QString& text) { return ShapedText(text).width(); }
 QPainterPath textOutline(const FigureText& text) { return placedPath(text, false); }
 
 QPainterPath textRim(const FigureText& text) { return placedPath(text, true); }
+
+std::vector<TextPiece> textPieces(const FigureText& text)
+{
+    const ShapedText shapes(text.text);
+    return shapes.pieces(heldFrame(text, shapes.width()) * text.placing);
+}
 
 QRectF textBox(const FigureText& text)
 {

@@ -5,6 +5,7 @@
 #include "display_list.h"
 
 #include <QLineF>
+#include <functional>
 
 class QPainter;
 
@@ -16,6 +17,15 @@ QPainterPath textRim(const FigureText& text);
 QLineF textBar(const FigureText& text);
 // In the same place as the outline of the text.
 void paintTextLine(QPainter& painter, const FigureText& text, const QTransform& toDevice, const QColor& color);
+
+// What a text is put together of: a character, or the whole of a text that cannot be taken apart. Its outline and
+// its rim have capitals 1 high; `placing` takes them to where the text stands.
+struct TextPiece {
+    quint64 id; // of the shape, in this run of the program
+    std::function<const QPainterPath&(bool rim)> path;
+    QTransform placing;
+};
+std::vector<TextPiece> textPieces(const FigureText& text);
 
 class QRawFont;
 // The font of these texts, and the name by which files call it.

@@ -4,11 +4,11 @@
 
 namespace {
 
-// As many dots as the screen has, so that a scaled one shows it sharp.
+// As many dots as the screen has, so that a scaled one shows it sharp. It is painted dot by dot and told its
+// ratio when it is done: into a picture that has one, nothing can be copied as it is.
 QImage emptyPicture(const ViewScene::Place& place, const QColor& ground)
 {
     QImage image((QSizeF(place.size) * place.ratio).toSize(), QImage::Format_RGB32);
-    image.setDevicePixelRatio(place.ratio);
     image.fill(ground);
     return image;
 }
@@ -20,13 +20,16 @@ ViewScene::Next::Next(const DisplayList& list, const PaintStyle& style, const Pl
       image(emptyPicture(where, style.paper)),
       painter(&image),
       figures(list, painter, where.toScreen, style, where.visible())
-{ }
+{
+    painter.scale(where.ratio, where.ratio);
+}
 
 bool ViewScene::goOn(int milliseconds)
 {
     if (!next_->figures.paint(milliseconds))
         return false;
     next_->painter.end();
+    next_->image.setDevicePixelRatio(next_->place.ratio);
     shown_ = next_->image;
     place_ = next_->place;
     next_.reset();

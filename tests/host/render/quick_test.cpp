@@ -6,6 +6,7 @@
 #include <QImage>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <random>
 
@@ -177,6 +178,83 @@ TEST_F(QuickTest, WhatIsPickedShowsHoweverSmall)
     look.selected.insert(small);
     const QImage image = painted(scene.record(), look);
     EXPECT_GT(inked(image), 4);
+}
+
+// Characters that were painted once and are copied since: as dark, as large and, to an eighth of a dot, where
+// their outlines lie, at each scale and on each ground, turned and slanted too.
+TEST_F(QuickTest, CopiedTextsLieWhereTheirOutlinesDo)
+{
+    const auto ink = [](const QImage& image, const QColor& ground) {
+        const QImage grays = image.convertToFormat(QImage::Format_Grayscale8);
+        double sum = 0.0, x = 0.0, y = 0.0;
+        for (int row = 0; row < grays.height(); ++row) {
+            const uchar* line = grays.constScanLine(row);
+            for (int column = 0; column < grays.width(); ++column) {
+                const double dark = std::abs(line[column] - qGray(ground.rgb()));
+                sum += dark;
+                x += dark * column;
+                y += dark * row;
+            }
+        }
+        return std::array<double, 3>{sum, x / sum, y / sum};
+    };
+    std::mt19937 random(11);
+    for (int round = 0; round < 12; ++round) {
+        Scene one;
+        const double height = 4.0 + 0.37 * (random() % 40), angle = round % 3 ? 0.0 : 0.1 * double(random() % 60);
+        const NcGePoint3d at(30 + 0.01 * (random() % 300), 150 + 0.01 * (random() % 300), 0);
+        one.add(new NcDbText(at, QStringLiteral("Т-8,5"), height, angle), QStringLiteral("0"), 7);
+        for (const QColor& ground : {QColor(Qt::white), kPaper}) {
+            for (const double ratio : {1.0, 1.5, 2.0}) {
+                const auto paint = [&](bool quick) {
+                    QImage image((QSizeF(120, 120) * ratio).toSize(), QImage::Format_RGB32);
+                    image.fill(ground);
+                    QPainter painter(&image);
+                    painter.scale(ratio, ratio);
+                    PaintStyle look = style(quick);
+                    look.paper = ground;
+                    paintFigures(one.record(), painter, toScreen(), look);
+                    return image;
+                };
+                const auto copied = ink(paint(true), ground), outlined = ink(paint(false), ground);
+                ASSERT_GT(outlined[0], 1000.0);
+                EXPECT_NEAR(copied[0] / outlined[0], 1.0, 0.06) << round << ' ' << ratio;
+                EXPECT_NEAR(copied[1], outlined[1], 0.2) << round << ' ' << ratio;
+                EXPECT_NEAR(copied[2], outlined[2], 0.2) << round << ' ' << ratio;
+            }
+        }
+    }
+}
+
+TEST_F(QuickTest, ACopiedTextHasARimOnALightGround)
+{
+    scene.add(square(20, 20, 160), QStringLiteral("0"), 5);
+    scene.add(new NcDbText({60, 100, 0}, QStringLiteral("ТС"), 20.0), QStringLiteral("0"), 7);
+    PaintStyle look = style(true);
+    look.paper = Qt::white;
+    const QImage image = painted(scene.record(), look);
+    int white = 0, black = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 40; x < 160; ++x) {
+            white += y > 60 && y < 140 && image.pixelColor(x, y) == QColor(Qt::white);
+            black += image.pixelColor(x, y) == QColor(Qt::black);
+        }
+    EXPECT_GT(black, 80);
+    EXPECT_GT(white, 150) << "it keeps it readable over the fill";
+}
+
+// Where dots cannot be copied as they are, the outline is painted.
+TEST_F(QuickTest, APictureWithARatioOfItsOwnShowsTextsToo)
+{
+    scene.add(new NcDbText({60, 100, 0}, QStringLiteral("ТС"), 20.0), QStringLiteral("0"), 3);
+    QImage image(400, 400, QImage::Format_RGB32);
+    image.setDevicePixelRatio(2.0);
+    image.fill(kPaper);
+    {
+        QPainter painter(&image);
+        paintFigures(scene.record(), painter, toScreen(), style(true));
+    }
+    EXPECT_GT(inked(image), 500);
 }
 
 TEST_F(QuickTest, TurnedTextsKeepTheirBoxes)
