@@ -25,9 +25,9 @@ Mesh::Mesh(const PointList& vertices, std::int32_t count) : vertices_(vertices),
         yMin = std::min(yMin, vertex(i).y);
         yMax = std::max(yMax, vertex(i).y);
     }
-    const double width = vertex(count - 1).x - vertex(0).x;
-    reach_ = width + (yMax - yMin);
-    scale_ = squared(std::max(width, yMax - yMin), 0.0);
+    width_ = vertex(count - 1).x - vertex(0).x;
+    height_ = yMax - yMin;
+    scale_ = squared(std::max(width_, height_), 0.0);
     if (!(scale_ < INFINITY))
         scale_ = NAN; // every circle is in doubt
     // Of n points there are two n triangles; a few wait to be used again.
@@ -54,10 +54,8 @@ std::int32_t Mesh::add(const Triangle& corners)
     return id;
 }
 
-// The difference of the two powers is a linear function of the place. It is known
-// at the corners, where the true power is nothing, and grows from there by no
-// more than its slope: however a circle was computed, this tells how good it is.
-float Mesh::judge(MeshTriangle& t) const
+// Cheap, and enough for all triangles that are not very large or very flat.
+double Mesh::roughDoubt(const MeshTriangle& t) const
 {
     const Point3& a = vertex(t.corners.a);
     const Point3& b = vertex(t.corners.b);
@@ -71,10 +69,65 @@ float Mesh::judge(MeshTriangle& t) const
     const double cx = c.x - b.x;
     const double cy = c.y - b.y;
     // The radius is taken at b, so there is nothing to know there.
-    const double slope =
-        ((atA + rounding) * (std::fabs(cx) + std::fabs(cy)) + (atC + rounding) * (std::fabs(ax) + std::fabs(ay)))
-        / std::fabs(ax * cy - ay * cx);
-    const double doubt = (atC + rounding + slope * reach_) / scale_;
+    const double rise = (atA + rounding) * (std::fabs(cx) * height_ + std::fabs(cy) * width_)
+        + (atC + rounding) * (std::fabs(ax) * height_ + std::fabs(ay) * width_);
+    return atC + rounding + rise / std::fabs(ax * cy - ay * cx);
+}
+
+// By how much the difference of the powers grows from one corner to another. It
+// is the product of their distance and of the sum of their ways from the centre,
+// so that between near corners little is lost to rounding, however large the
+// circle is.
+double Mesh::growth(const Circumcircle& circle, const Point3& from, const Point3& to)
+{
+    const double x = from.x - circle.x;
+    const double y = from.y - circle.y;
+    const double sumX = x + (to.x - circle.x);
+    const double sumY = y + (to.y - circle.y);
+    const double dx = to.x - from.x;
+    const double dy = to.y - from.y;
+    return std::fabs(dx * sumX + dy * sumY)
+        + kRounding
+        * (std::fabs(dx) * (std::fabs(sumX) + 2.0 * std::fabs(x))
+           + std::fabs(dy) * (std::fabs(sumY) + 2.0 * std::fabs(y)));
+}
+
+// Over the two shorter sides.
+double Mesh::closeDoubt(const MeshTriangle& t) const
+{
+    const Circumcircle& circle = t.circle;
+    const Point3* r = &vertex(t.corners.b);
+    const Point3* p = &vertex(t.corners.a);
+    const Point3* q = &vertex(t.corners.c);
+    const double rounding = kRounding * circle.squaredRadius;
+    const double atC = std::fabs(squared(q->x - circle.x, q->y - circle.y) - circle.squaredRadius) + rounding;
+    const double toP = squared(p->x - r->x, p->y - r->y);
+    const double toQ = squared(q->x - r->x, q->y - r->y);
+    const double across = squared(p->x - q->x, p->y - q->y);
+    if (toP > across && toP >= toQ)
+        std::swap(r, q);
+    else if (toQ > across)
+        std::swap(r, p);
+    const double px = p->x - r->x;
+    const double py = p->y - r->y;
+    const double qx = q->x - r->x;
+    const double qy = q->y - r->y;
+    const double area = std::fabs(px * qy - py * qx) - kRounding * (std::fabs(px * qy) + std::fabs(py * qx));
+    if (!(area > 0.0))
+        return INFINITY;
+    const double rise = growth(circle, *r, *p) * (std::fabs(qx) * height_ + std::fabs(qy) * width_)
+        + growth(circle, *r, *q) * (std::fabs(px) * height_ + std::fabs(py) * width_);
+    return atC + rounding + rise / area;
+}
+
+// The difference of the two powers is a linear function of the place. It is known
+// at the corners, where the true power is nothing, and grows from there by no
+// more than its slope: however a circle was computed, this tells how good it is.
+float Mesh::judge(MeshTriangle& t) const
+{
+    double doubt = roughDoubt(t) / scale_;
+    if (!(doubt <= static_cast<double>(kNoDoubt)))
+        doubt = closeDoubt(t) / scale_;
     t.doubt = doubt < static_cast<double>(kNoTrust) ? static_cast<float>(doubt) : kNoTrust;
     return t.doubt;
 }

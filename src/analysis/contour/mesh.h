@@ -25,6 +25,8 @@ class Mesh {
 public:
     // Beyond every doubt that a triangle can be trusted with.
     static constexpr float kNoTrust = 1e30F;
+    // Below it nothing is gained by a closer look.
+    static constexpr float kNoDoubt = 1e-12F;
 
     // `vertices` holds `count` points by x and the corners of the triangle that
     // all of them lie in.
@@ -69,6 +71,9 @@ public:
 
 private:
     const Point3& vertex(std::int32_t v) const { return vertices_[static_cast<std::size_t>(v)]; }
+    double roughDoubt(const MeshTriangle& t) const;
+    double closeDoubt(const MeshTriangle& t) const;
+    static double growth(const Circumcircle& circle, const Point3& from, const Point3& to);
     int sideTowards(const MeshTriangle& t, const Point3& p, std::int32_t from) const;
     std::int32_t holderAmong(const std::vector<std::int32_t>& alive, const Point3& p) const;
 
@@ -76,7 +81,8 @@ private:
     std::vector<MeshTriangle> triangles_;
     std::vector<std::int32_t> free_;
     std::vector<std::int32_t> fan_; // by vertex: the triangle made last that has it as its first corner
-    double reach_ = 0.0;            // no two vertices lie farther apart
+    double width_ = 0.0;            // of the map
+    double height_ = 0.0;
     double scale_ = 0.0;
 };
 

@@ -9,12 +9,12 @@ namespace {
 // Doubts are shares of the map's squared extent. Where one triangle of so many is
 // in doubt more is taken on trust, and more neighbours are asked for it, up to a
 // limit. Where many are asked that do not go, neighbours are no good.
-constexpr float kLeastTrust = 1e-12F;
-constexpr float kMostTrust = 3e-8F;
-constexpr float kTrustGrows = 8.0F;
-constexpr std::int32_t kDoubtedOf = 16;
+constexpr float kLeastTrust = Mesh::kNoDoubt;
+constexpr float kMostTrust = 1e-8F;
+constexpr float kTrustGrows = 4.0F;
+constexpr std::int32_t kDoubtedOf = 64;
 constexpr std::int32_t kDoubtedAtOnce = 64;
-constexpr std::int32_t kAskedAVertex = 16; // beside three for each that goes
+constexpr std::int32_t kAskedAVertex = 48; // beside three for each that goes
 constexpr std::int32_t kVerticesAWatch = 256;
 
 // Vertices that the tree is asked about at first, and how many times as many as
@@ -83,6 +83,10 @@ void Sweep::startStretch(std::int32_t vertex)
         MeshTriangle& t = mesh_[id];
         if (t.place < 0)
             continue;
+        if (asksNeighbours_ && doubtOf(t) <= trust_) { // trust has grown
+            t.due = kByNeighbours;
+            continue;
+        }
         const CircleIndex::Added added =
             t.corners.c < old ? CircleIndex::Added::Crowded : index_.add(t.circle, id, at(vertex).x);
         if (added == CircleIndex::Added::Waits) {
@@ -220,7 +224,7 @@ bool Sweep::isTrusted(MeshTriangle& t)
 {
     const bool trusted = doubtOf(t) <= trust_;
     ++made_;
-    doubted_ += trusted ? 0 : 1;
+    doubted_ += !trusted && t.doubt <= kMostTrust ? 1 : 0;
     if (trust_ * kTrustGrows <= kMostTrust && doubted_ >= kDoubtedAtOnce + made_ / kDoubtedOf) {
         trust_ *= kTrustGrows;
         reach_ = 2.0 * static_cast<double>(trust_) * mesh_.scale();
