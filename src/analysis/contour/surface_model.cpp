@@ -114,7 +114,7 @@ bool comesBefore(const Ranked& a, const Ranked& b) { return a.x != b.x ? a.x < b
 
 // Numbers of the points by x, of equal ones in their order. They are dealt into
 // as many columns as there are points, which leaves little to sort.
-std::vector<Ranked> orderByX(const PointList& points)
+std::vector<Ranked> sortedByX(const PointList& points)
 {
     const std::size_t count = points.size();
     std::vector<Ranked> order(count);
@@ -147,6 +147,35 @@ std::vector<Ranked> orderByX(const PointList& points)
         if (end - begin > 1)
             std::sort(begin, end, comesBefore);
         begin = end;
+    }
+    return order;
+}
+
+// Along a column that is inserted from its one end to the other every vertex takes
+// away most triangles of the one before it, as many as the column beside it has
+// points: the square of its length in all. In halves (the middle, those in the
+// middle of what is left, and so on) these are few more than the triangles that stay.
+std::vector<Ranked> orderByX(const PointList& points)
+{
+    std::vector<Ranked> order = sortedByX(points);
+    std::vector<Ranked> column;
+    for (std::size_t begin = 0, end = 0; begin < order.size(); begin = end) {
+        while (end < order.size() && order[end].x == order[begin].x)
+            ++end;
+        const std::size_t count = end - begin;
+        if (count <= SurfaceModel::kShortColumn)
+            continue;
+        column.assign(order.begin() + static_cast<std::ptrdiff_t>(begin),
+                      order.begin() + static_cast<std::ptrdiff_t>(end));
+        std::stable_sort(column.begin(), column.end(),
+                         [&](const Ranked& a, const Ranked& b) { return points[a.point].y < points[b.point].y; });
+        std::size_t step = 1;
+        while (step <= count / 2)
+            step *= 2;
+        for (auto next = order.begin() + static_cast<std::ptrdiff_t>(begin); step > 0; step /= 2) {
+            for (std::size_t rank = step; rank <= count; rank += 2 * step)
+                *next++ = column[rank - 1];
+        }
     }
     return order;
 }

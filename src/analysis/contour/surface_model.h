@@ -33,6 +33,9 @@ bool isClosedLine(const Isoline& line);
 
 class SurfaceModel {
 public:
+    // Points of equal x up to which they are vertices in the order given.
+    static constexpr std::size_t kShortColumn = 32;
+
     PointList points;                // working set, doubles removed by prepare
     PointList rawPoints;             // as last given, doubles kept
     PointList boundary;              // limits the map; x and y; not closed by a repeated point
@@ -51,7 +54,9 @@ public:
     void setBoundary(const PointList& bounds, bool exactEdges = false);
 
     // Drops the later of two points nearer than GEOM_TOL (value included) and
-    // fills `vertices` sorted by x.
+    // fills `vertices` sorted by x. Of equal x they come in the order given, but
+    // of a long column by y and in halves: every 2^k-th, then those half way
+    // between, and so on. The triangles are the same wherever no circles tie.
     void prepare();
 
     // Needs prepare and three vertices. A vertex nearer in plan than GEOM_TOL to

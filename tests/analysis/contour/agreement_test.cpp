@@ -201,6 +201,29 @@ TEST(AgreementOfHardSets, heapBeyondALongRow)
     compareSurfaces(sample);
 }
 
+// Their columns are long enough to be inserted in halves, some places are doubled.
+TEST(AgreementOfLargeSets, longColumns)
+{
+    for (bool grid : {false, true}) {
+        samples::Random random(7400);
+        samples::Sample sample;
+        PointList points;
+        const int rows = grid ? 36 : 100;
+        for (int i = 0; i < 1200; ++i)
+            points.push_back({7.5 * (i / rows), 0.5 * (i % rows) + (grid ? 0.0 : random.in(0, 0.4)), random.in(-5, 5)});
+        for (int i = 0; i < 40; ++i) {
+            Point3 p = points[static_cast<std::size_t>(random.below(1200))];
+            p.z += i % 2 ? 1.0 : 0.0;
+            points.push_back(p);
+        }
+        sample.input.points = points;
+        sample.input.levels = {-4, -2, 0, 2, 4};
+        sample.parameters.calculateBoundary = true;
+        ASSERT_NO_FATAL_FAILURE(compareSurfaces(sample));
+        ASSERT_NO_FATAL_FAILURE(compareBuilds(sample));
+    }
+}
+
 // Lines of one level are chained for themselves where no other level is near.
 TEST(AgreementOfLevels, apartNearEqualAndInAnyOrder)
 {

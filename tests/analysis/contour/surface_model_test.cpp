@@ -1,4 +1,5 @@
 #include "analysis/contour/surface_model.h"
+#include "samples.h"
 
 #include <gtest/gtest.h>
 
@@ -23,6 +24,23 @@ SurfaceModel triangulatedModelOf(const PointList& points)
     SurfaceModel model = modelOf(points);
     model.triangulate();
     return model;
+}
+
+// The triangles by the places of their corners, in no order.
+std::vector<std::vector<std::pair<double, double>>> placesOf(const SurfaceModel& model)
+{
+    std::vector<std::vector<std::pair<double, double>>> all;
+    for (const contour::Triangle& t : model.triangles) {
+        std::vector<std::pair<double, double>> corners;
+        for (std::int32_t corner : {t.a, t.b, t.c}) {
+            const Point3& p = model.vertices[static_cast<std::size_t>(corner)];
+            corners.emplace_back(p.x, p.y);
+        }
+        std::sort(corners.begin(), corners.end());
+        all.push_back(corners);
+    }
+    std::sort(all.begin(), all.end());
+    return all;
 }
 
 // Value x over a grid of unit squares, points column by column.
@@ -66,6 +84,47 @@ TEST(Prepare, verticesAreByXAndStable)
     SurfaceModel model = modelOf({{2, 9, 0}, {1, 8, 0}, {2, 1, 0}, {1, 3, 0}});
     model.vertices.resize(4);
     EXPECT_EQ(model.vertices, (PointList{{1, 8, 0}, {1, 3, 0}, {2, 9, 0}, {2, 1, 0}}));
+}
+
+TEST(Prepare, aLongColumnComesInHalves)
+{
+    PointList points;
+    for (int i = 1; i <= 32; ++i)
+        points.push_back({5, double(i * 7 % 37), 0});
+    PointList vertices = modelOf(points).vertices;
+    vertices.resize(points.size());
+    EXPECT_EQ(vertices, points); // a short one as given
+
+    points.insert(points.begin(), {5, 100, 0});
+    std::vector<double> sorted;
+    for (const Point3& p : points)
+        sorted.push_back(p.y);
+    std::sort(sorted.begin(), sorted.end());
+    std::vector<double> ys;
+    for (const Point3& p : modelOf(points).vertices)
+        ys.push_back(p.y);
+    EXPECT_EQ(std::vector<double>(ys.begin(), ys.begin() + 7),
+              (std::vector<double>{sorted[31], sorted[15], sorted[7], sorted[23], sorted[3], sorted[11], sorted[19]}));
+    EXPECT_EQ(ys[32], sorted[32]); // the last odd one
+}
+
+// Where no circles tie there is one triangulation, in whatever order it is made.
+TEST(Triangulate, longColumnsHaveTheTrianglesOfTheOrderGiven)
+{
+    samples::Random random(31);
+    for (int round = 0; round < 20; ++round) {
+        PointList points;
+        for (int well = 0; well < 8; ++well) {
+            double y = 0.0;
+            for (int reading = 0; reading < 60; ++reading, y -= random.in(0.2, 1.0))
+                points.push_back({well * 10.0 + 0.1 * round, y, 0});
+        }
+        SurfaceModel given = modelOf(points);
+        std::copy(points.begin(), points.end(), given.vertices.begin());
+        given.triangulate();
+        EXPECT_EQ(placesOf(triangulatedModelOf(points)), placesOf(given)) << "round " << round;
+        EXPECT_GT(given.triangleCount, 800);
+    }
 }
 
 TEST(Prepare, pointsThatAreNoNumbersAreLeftOut)

@@ -17,6 +17,31 @@ void PlainSurface::setPoints(const PointList& given)
     triangulated = false;
 }
 
+// Long columns of equal x by y: ranks that the largest power of two divides, then
+// those that the next one does, down to the odd ones.
+void PlainSurface::inHalves(std::vector<std::size_t>* order) const
+{
+    for (std::size_t i = 0; i < order->size(); ++i) {
+        std::vector<std::size_t> column;
+        for (std::size_t point : *order) {
+            if (points[point].x == points[(*order)[i]].x)
+                column.push_back(point);
+        }
+        if (column.size() > 32) {
+            std::stable_sort(column.begin(), column.end(),
+                             [this](std::size_t a, std::size_t b) { return points[a].y < points[b].y; });
+            std::size_t to = i;
+            for (std::size_t power = std::size_t{1} << 40U; power > 0; power /= 2) {
+                for (std::size_t rank = 1; rank <= column.size(); ++rank) {
+                    if (rank % power == 0 && rank / power % 2 == 1)
+                        (*order)[to++] = column[rank - 1];
+                }
+            }
+        }
+        i += column.size() - 1;
+    }
+}
+
 void PlainSurface::prepare()
 {
     for (std::size_t i = points.size(); i-- > 0;) {
@@ -41,6 +66,7 @@ void PlainSurface::prepare()
     }
     std::stable_sort(order.begin(), order.end(),
                      [this](std::size_t a, std::size_t b) { return points[a].x < points[b].x; });
+    inHalves(&order);
     vertices.clear();
     repeats.clear();
     for (std::size_t i : order) {

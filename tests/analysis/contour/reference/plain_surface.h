@@ -48,6 +48,7 @@ public:
 private:
     bool seenFrom(const Point3& p, const std::vector<Edge>& edges) const;
     std::vector<char> exactHole(const std::vector<Triangle>& all, const Point3& p) const;
+    void inHalves(std::vector<std::size_t>* order) const;
     void addExactBorder();
     int nearest(double x, double y) const;
 
