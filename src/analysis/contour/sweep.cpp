@@ -54,7 +54,7 @@ void Sweep::insert(std::int32_t vertex)
 {
     findPlacesToGo(vertex);
     removePlaces(vertex);
-    if (!beyondMending_ && !seesLoop(vertices_, edges_, at(vertex)))
+    if (contradicted_ || (!beyondMending_ && !seesLoop(vertices_, edges_, at(vertex))))
         mendHole(vertex);
     forgetRemoved();
     const std::size_t before = order_.size();

@@ -14,7 +14,7 @@ constexpr float kMostTrust = 1e-8F;
 constexpr float kTrustGrows = 4.0F;
 constexpr std::int32_t kDoubtedOf = 64;
 constexpr std::int32_t kDoubtedAtOnce = 64;
-constexpr std::int32_t kAskedAVertex = 48; // beside three for each that goes
+constexpr std::int32_t kAskedAVertex = 128; // beside three for each that goes
 constexpr std::int32_t kVerticesAWatch = 256;
 
 // Vertices that the tree is asked about at first, and how many times as many as
@@ -126,8 +126,18 @@ bool Sweep::holds(const MeshTriangle& t, const Point3& p)
 void Sweep::findPlacesToGo(std::int32_t vertex)
 {
     places_.clear();
+    contradicted_ = false;
     if (asksNeighbours_ && !findByNeighbours(vertex))
         stopAskingNeighbours(vertex);
+    if (!contradicted_)
+        findIndexedToGo(vertex);
+    findDueToGo(vertex);
+    findYoungToGo(vertex);
+    std::sort(places_.begin(), places_.end());
+}
+
+void Sweep::findIndexedToGo(std::int32_t vertex)
+{
     index_.at(at(vertex).x, at(vertex).y, [&](std::int32_t id) {
         MeshTriangle& t = mesh_[id];
         if (t.place < 0)
@@ -136,9 +146,6 @@ void Sweep::findPlacesToGo(std::int32_t vertex)
             goes(t, vertex);
         return true;
     });
-    findDueToGo(vertex);
-    findYoungToGo(vertex);
-    std::sort(places_.begin(), places_.end());
 }
 
 // At the last vertex or at the last one that came at about the same height,
@@ -159,6 +166,9 @@ std::int32_t Sweep::placeToStart(std::int32_t vertex) const
 }
 
 // False when the vertex lies in no triangle, so that there is none to begin with.
+// Those that go hang together with the first one if they are a hole that the
+// vertex sees the whole rim of. Points on a circle are near all triangles: it is
+// enough then to come upon one that goes and lies apart.
 bool Sweep::findByNeighbours(std::int32_t vertex)
 {
     const std::int32_t holder = mesh_.walk(at(vertex), placeToStart(vertex), order_, [&](MeshTriangle& t) {
@@ -166,16 +176,30 @@ bool Sweep::findByNeighbours(std::int32_t vertex)
     });
     if (holder < 0 || asksTooMany())
         return false;
+    going_.clear();
     near_.clear();
-    near_.push_back(holder);
+    const auto ask = [&](std::int32_t id) {
+        if (id >= 0 && mesh_[id].mark < seenBy(vertex) && isNear(mesh_[id], vertex))
+            (mesh_[id].mark == goesWith(vertex) ? going_ : near_).push_back(id);
+    };
+    const auto askAround = [&](std::int32_t id) {
+        for (std::int32_t beside : mesh_[id].beside)
+            ask(beside);
+    };
     isNear(mesh_[holder], vertex);
-    for (std::size_t i = 0; i < near_.size(); ++i) {
-        for (std::int32_t id : mesh_[near_[i]].beside) {
-            if (id >= 0 && mesh_[id].mark < seenBy(vertex) && isNear(mesh_[id], vertex))
-                near_.push_back(id);
-        }
+    const bool firstGoes = mesh_[holder].mark == goesWith(vertex);
+    (firstGoes ? going_ : near_).push_back(holder);
+    std::size_t around = 0;
+    std::size_t aroundNear = 0;
+    while (!contradicted_ && (around < going_.size() || aroundNear < near_.size())) {
+        if (around == going_.size())
+            askAround(near_[aroundNear++]);
+        else if (firstGoes && aroundNear > 0)
+            contradicted_ = true;
+        else
+            askAround(going_[around++]);
     }
-    asked_ += static_cast<std::int32_t>(near_.size()) - 3 * static_cast<std::int32_t>(places_.size());
+    asked_ += static_cast<std::int32_t>(near_.size()) - 2 * static_cast<std::int32_t>(going_.size());
     return true;
 }
 

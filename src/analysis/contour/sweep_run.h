@@ -67,6 +67,7 @@ private:
     bool isNear(MeshTriangle& t, std::int32_t vertex);
     void stopAskingNeighbours(std::int32_t from);
     void findYoungToGo(std::int32_t vertex);
+    void findIndexedToGo(std::int32_t vertex);
     void findDueToGo(std::int32_t vertex);
     void makeDue(std::int32_t id, std::int32_t from);
     void settle(std::int32_t id, std::int32_t from);
@@ -95,7 +96,8 @@ private:
     std::vector<std::int32_t> order_;  // triangles as the array holds them
     std::vector<std::int32_t> young_;  // made by the last vertex
     std::vector<std::int32_t> open_;   // in the index: a vertex can still meet them
-    std::vector<std::int32_t> near_;   // found by neighbours for the vertex at hand
+    std::vector<std::int32_t> going_;  // found by neighbours for the vertex at hand
+    std::vector<std::int32_t> near_;   // the same, may go by rounding alone
     std::vector<std::int32_t> places_;
     std::vector<Removal> removed_; // for the vertex at hand
     std::vector<Edge> edges_;
@@ -104,6 +106,7 @@ private:
     std::vector<Due> dues_;
     std::vector<std::int32_t> firstDue_; // of each vertex in dues_
     bool asksNeighbours_ = true;
+    bool contradicted_ = false; // those that go are no hole, whatever others go
     bool beyondMending_ = false;
     float trust_;                // the doubt up to which triangles are found by neighbours
     double reach_ = 0.0;         // twice that, in squared lengths
