@@ -1,15 +1,18 @@
 // Very large files in the window of an import: seconds, growth, memory, and for how long the window
-// stood still.
+// stood still while the file was read, a value given to all rows, and the table looked through.
 #include "exchange/forms/measure_import_dialog.h"
+#include "spent_time.h"
 #include "support/console_capture.h"
 #include "support/position_session.h"
 
 #include <script/modal_driver.h>
 
 #include <QApplication>
-#include <QElapsedTimer>
+#include <QComboBox>
 #include <QFile>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QTabWidget>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -30,25 +33,28 @@ public:
     {
         timer_.setInterval(5);
         QObject::connect(&timer_, &QTimer::timeout, [this] { look(); });
-        clock_.start();
         timer_.start();
     }
-    double longest()
+    SpentTime longest()
     {
         look();
-        return double(longest_) / 1000.0;
+        return longest_;
     }
 
 private:
     void look()
     {
-        longest_ = qMax(longest_, clock_.elapsed());
-        clock_.restart();
+        const SpentTime now = timerOfStretch_.spent();
+        const SpentTime stretch = {now.clock - before_.clock, now.own - before_.own, now.server - before_.server};
+        if (stretch.judged() > longest_.judged())
+            longest_ = stretch;
+        before_ = now;
     }
 
     QTimer timer_;
-    QElapsedTimer clock_;
-    qint64 longest_ = 0;
+    SpentTimer timerOfStretch_;
+    SpentTime before_;
+    SpentTime longest_;
 };
 
 double processorSeconds() { return double(std::clock()) / CLOCKS_PER_SEC; }
@@ -84,9 +90,29 @@ void writeRows(const QString& path, int rows)
 struct Reading {
     double seconds = 0.0;
     double bytes = 0.0;
-    double still = 0.0;
+    SpentTime still;
+    SpentTime stillLater;
     int rows = 0;
 };
+
+// What a user does next.
+void useTable(MeasureImportDialog& dialog)
+{
+    dialog.findChild<QComboBox*>("DeviceCombo")->setCurrentIndex(1);
+    dialog.findChild<QPushButton*>("BTNToolToAll")->click();
+    auto* view = dialog.findChild<QTableView*>("measuresView");
+    for (const double part : {0.5, 1.0, 0.0}) {
+        view->verticalScrollBar()->setValue(int(part * view->verticalScrollBar()->maximum()));
+        QApplication::processEvents();
+    }
+    view->scrollToBottom();
+    QApplication::processEvents();
+    dialog.findChild<QTabWidget*>()->setCurrentIndex(1);
+    QApplication::processEvents();
+    view = dialog.findChild<QTableView*>("RawInput");
+    view->scrollToBottom();
+    QApplication::processEvents();
+}
 
 Reading read(const QString& path, int rows)
 {
@@ -96,11 +122,19 @@ Reading read(const QString& path, int rows)
     driver.expect("Открыть файл").files({path});
     const double before = peakBytes();
     const double start = processorSeconds();
+    Reading reading;
+    {
+        Stillness still;
+        dialog.findChild<QPushButton*>("OpenFileBtn")->click();
+        reading.seconds = processorSeconds() - start;
+        reading.still = still.longest();
+    }
+    reading.bytes = (peakBytes() - before) / rows;
+    reading.rows = dialog.findChild<QTableView*>("measuresView")->model()->rowCount();
     Stillness still;
-    dialog.findChild<QPushButton*>("OpenFileBtn")->click();
-    const double spent = processorSeconds() - start;
-    return {spent, (peakBytes() - before) / rows, still.longest(),
-            dialog.findChild<QTableView*>("measuresView")->model()->rowCount()};
+    useTable(dialog);
+    reading.stillLater = still.longest();
+    return reading;
 }
 
 } // namespace
@@ -123,12 +157,16 @@ int main(int argc, char** argv)
         const Reading reading = read(path, rows);
         const double growth = before > 0.0 ? reading.seconds / before : 10.0;
         before = reading.seconds;
-        const bool good =
-            reading.rows == rows && growth <= growthBound && reading.bytes <= bytesBound && reading.still <= stillBound;
+        const bool good = reading.rows == rows && growth <= growthBound && reading.bytes <= bytesBound
+            && reading.still.judged() <= stillBound && reading.stillLater.judged() <= stillBound;
         kept = kept && good;
-        std::printf("%8d rows (%d read): %.2f s, %.1f times those of a tenth, %.0f bytes a row at the peak, the window "
-                    "stood still for %.2f s at most%s\n",
-                    rows, reading.rows, reading.seconds, growth, reading.bytes, reading.still, good ? "" : "   MISSED");
+        std::printf("%8d rows (%d read): %.2f s, %.1f times those of a tenth, %.0f bytes a row at the peak\n", rows,
+                    reading.rows, reading.seconds, growth, reading.bytes);
+        for (const auto& [when, still] : {std::make_pair("is read", reading.still), {"is used", reading.stillLater}})
+            std::printf("         the window stands still while it %s for %.2f s at most, of which %.2f of the "
+                        "processor\n",
+                        when, still.clock, still.own + still.server);
+        std::printf("%s", good ? "" : "   MISSED\n");
         std::fflush(stdout);
     }
     return kept ? 0 : 1;

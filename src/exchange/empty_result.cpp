@@ -118,7 +118,7 @@ private:
         const auto known = lines_.find(encoding);
         if (known != lines_.end())
             return known->second;
-        return lines_.emplace(encoding, readTextFile(path_, encoding).lines.mid(0, mostLines)).first->second;
+        return lines_.emplace(encoding, readFirstLines(path_, encoding, mostLines)).first->second;
     }
 
     QString captions() const

@@ -77,7 +77,7 @@ ReadMeasure makeCandidate(const ImportFamily& family, const ReadingTask& task, c
 } // namespace
 
 MeasureTable::Measures readMeasures(const ImportFamily& family, const ReadingTask& task,
-                                    const std::function<void(int)>& progress)
+                                    const std::function<bool(int)>& progress)
 {
     MeasureTable::Measures measures;
     MeasureLists lists = task.lists;
@@ -88,10 +88,10 @@ MeasureTable::Measures readMeasures(const ImportFamily& family, const ReadingTas
     for (int line = 0; line < task.lines.size(); ++line) {
         if (reader.read(task.lines[line], row) == RowReader::Line::Data)
             measures.push_back(makeCandidate(family, task, lists, row, matcher));
-        if (progress && (line + 1) % family.progressStep == 0)
-            progress(line + 1);
+        if (progress && (line + 1) % family.progressStep == 0 && !progress(line + 1))
+            return {};
     }
-    if (progress)
-        progress(task.lines.size());
+    if (progress && !progress(task.lines.size()))
+        return {};
     return measures;
 }

@@ -18,6 +18,6 @@ struct ReadingTask {
 };
 
 /// `progress` is told the number of lines read, every family.progressStep lines
-/// and at the end.
+/// and at the end; false from it ends the reading with no measure at all.
 MeasureTable::Measures readMeasures(const ImportFamily& family, const ReadingTask& task,
-                                    const std::function<void(int lines)>& progress = {});
+                                    const std::function<bool(int lines)>& progress = {});

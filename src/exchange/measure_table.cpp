@@ -27,12 +27,6 @@ QString entryText(const EntryList& list, int index)
 
 QString numberText(double number) { return std::isfinite(number) ? general(number) : QString(); }
 
-// A cell of copied text stays on its line.
-QString onOneLine(QString text)
-{
-    return text.replace(QLatin1Char('\n'), QLatin1Char(' ')).replace(QLatin1Char('\r'), QLatin1Char(' '));
-}
-
 TSMeasure* well(const BaseMeasure& measure) { return static_cast<TSMeasure*>(const_cast<BaseMeasure*>(&measure)); }
 
 } // namespace
@@ -44,22 +38,31 @@ MeasureTable::~MeasureTable() = default;
 
 void MeasureTable::clear() { setMeasures({}, {}); }
 
-void MeasureTable::setMeasures(Measures measures, const ElementScope& scope)
+// Rows are shown when all are ready: what is painted meanwhile is an empty table.
+bool MeasureTable::setMeasures(Measures measures, const ElementScope& scope, const WorkStep& step)
 {
     beginResetModel();
     scope_ = scope;
     criteria_.forget();
     rows_.clear();
-    rows_.reserve(measures.size());
+    endResetModel();
+    std::vector<Row> rows;
+    rows.reserve(measures.size());
     for (ReadMeasure& read : measures) {
         Row row;
         row.value = numberText(read.measure->values[0]);
         row.measure = std::move(read.measure);
         row.losses = std::move(read.losses);
-        rows_.push_back(std::move(row));
+        rows.push_back(std::move(row));
+        if (!goesOn(step, int(rows.size()), int(measures.size())))
+            return false;
     }
-    evaluateAll();
+    if (!evaluateAll(rows, step))
+        return false;
+    beginResetModel();
+    rows_ = std::move(rows);
     endResetModel();
+    return true;
 }
 
 // --- rules ----------------------------------------------------------------------
@@ -71,21 +74,28 @@ bool MeasureTable::hasData(const BaseMeasure& measure) const
     return !::family(family_.family).hasProfile || !well(measure)->profile.isEmpty();
 }
 
-void MeasureTable::evaluateAll()
+bool MeasureTable::evaluateAll(std::vector<Row>& rows, const WorkStep& step)
 {
-    readAhead();
-    for (Row& row : rows_)
+    if (!readAhead(rows, step))
+        return false;
+    int done = 0;
+    for (Row& row : rows) {
         evaluate(row);
+        if (!goesOn(step, ++done, int(rows.size())))
+            return false;
+    }
+    return true;
 }
 
-// What the checks of all rows will ask for.
-void MeasureTable::readAhead()
+// What the checks of all rows will ask for. Half-read answers are no harm: what is missing is asked
+// for when its row comes.
+bool MeasureTable::readAhead(const std::vector<Row>& rows, const WorkStep& step)
 {
     if (!family_.check)
-        return;
+        return true;
     QVector<MeasureKey> wanted;
     QSet<MeasureKey> seen;
-    for (const Row& row : rows_) {
+    for (const Row& row : rows) {
         const MeasureKey key(row.measure->elementId, row.measure->cycleId);
         if (key.first < 0 || seen.contains(key))
             continue;
@@ -94,7 +104,7 @@ void MeasureTable::readAhead()
         if (position >= 0 && criteria_.norms(position).found)
             wanted.append(key);
     }
-    criteria_.readAhead(family_.check->previous, wanted);
+    return criteria_.readAhead(family_.check->previous, wanted, step);
 }
 
 void MeasureTable::evaluate(Row& row)
@@ -137,14 +147,18 @@ bool MeasureTable::takeValue(Row& row, const QString& text)
 // --- one value for all rows ---------------------------------------------------------
 
 template <class Change>
-void MeasureTable::changeAll(Change change)
+void MeasureTable::changeAll(Change change, const WorkStep& step)
 {
     if (rows_.empty())
         return;
     criteria_.forget();
-    for (Row& row : rows_)
+    const WorkStep told = step ? [&](int done, int total) { return step(done, total), true; } : WorkStep();
+    int done = 0;
+    for (Row& row : rows_) {
         change(row);
-    evaluateAll();
+        goesOn(told, ++done, rowCount());
+    }
+    evaluateAll(rows_, told);
     emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
 }
 
@@ -178,78 +192,14 @@ bool MeasureTable::takeLists(BaseMeasure& measure, const MeasureLists& lists) co
     return kept;
 }
 
-void MeasureTable::giveCycle(int id)
+void MeasureTable::giveId(ImportContent content, int id, const WorkStep& step)
 {
-    changeAll([id](Row& row) { row.measure->setCycleId(id); });
+    changeAll([&](Row& row) { takeId(*row.measure, content, id); }, step);
 }
 
-void MeasureTable::giveDevice(int id)
+void MeasureTable::giveValue(const QString& text, const WorkStep& step)
 {
-    changeAll([id](Row& row) { row.measure->setDeviceId(id); });
-}
-
-void MeasureTable::givePerformer(int id)
-{
-    changeAll([id](Row& row) { row.measure->setPerformerId(id); });
-}
-
-void MeasureTable::giveValue(const QString& text)
-{
-    changeAll([&text](Row& row) { takeValue(row, text); });
-}
-
-// --- what is read off ------------------------------------------------------------------
-
-std::vector<ImportCandidate> MeasureTable::candidates() const
-{
-    std::vector<ImportCandidate> all;
-    all.reserve(rows_.size());
-    for (const Row& row : rows_)
-        all.push_back({row.measure.get(), row.checked});
-    return all;
-}
-
-ImportSummary MeasureTable::summary() const
-{
-    ImportSummary summary;
-    for (const Row& row : rows_) {
-        ++summary.total;
-        summary.withoutData += !hasData(*row.measure);
-        if (!row.importable)
-            continue;
-        ++summary.verified;
-        if (!family_.check)
-            continue;
-        const Verdict verdict = family_.check->verdict(*row.measure);
-        summary.valid += verdict == Verdict::Valid;
-        summary.warnings += verdict == Verdict::Warning;
-        summary.errors += verdict == Verdict::Error;
-    }
-    return summary;
-}
-
-QString MeasureTable::summaryText() const
-{
-    const ImportSummary all = summary();
-    if (!family_.check || all.verified == 0)
-        return fill("Всего: %1 | Без данных: %2 | Верифицированных: %3", all.total, all.withoutData, all.verified);
-    return fill("Всего: %1 | Без данных: %2 | Верифицированных: %3 (из них валидных %4, с предупреждениями %5, с "
-                "ошибками %6)",
-                all.total, all.withoutData, all.verified, all.valid, all.warnings, all.errors);
-}
-
-QString MeasureTable::uncheckedText() const
-{
-    QString text;
-    for (const Row& row : rows_) {
-        if (row.checked)
-            continue;
-        QStringList cells;
-        for (const ImportColumn& column : family_.columns)
-            cells.append(onOneLine(shown(row, column.content).toString()));
-        text += cells.join(QLatin1Char('\t')) + QLatin1Char('\n');
-    }
-    return text;
+    changeAll([&text](Row& row) { takeValue(row, text); }, step);
 }
 
 // --- model --------------------------------------------------------------------------------

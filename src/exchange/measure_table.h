@@ -6,6 +6,7 @@
 #include "exchange/import_family.h"
 #include "exchange/measure_import.h"
 #include "exchange/reading_loss.h"
+#include "exchange/work_step.h"
 
 #include <QAbstractTableModel>
 #include <memory>
@@ -37,25 +38,27 @@ public:
     ~MeasureTable() override;
 
     void clear();
-    /// Replaces the rows; each measure is checked.
-    void setMeasures(Measures measures, const ElementScope& scope);
+    /// Replaces the rows; each measure is checked. False when the step has stopped it:
+    /// the table is empty then.
+    bool setMeasures(Measures measures, const ElementScope& scope, const WorkStep& step = {});
     /// Lists that were changed while the table stands. An id that a list lost
     /// is cleared.
     void setLists(const MeasureLists& lists);
 
-    // --- one value for all rows -------------------------------------------------
-    void giveCycle(int id);
-    void giveDevice(int id);
-    void givePerformer(int id);
+    // --- one value for all rows: what the step answers stops nothing --------------
+    void giveCycle(int id, const WorkStep& step = {}) { giveId(ImportContent::Cycle, id, step); }
+    void giveDevice(int id, const WorkStep& step = {}) { giveId(ImportContent::Device, id, step); }
+    void givePerformer(int id, const WorkStep& step = {}) { giveId(ImportContent::Performer, id, step); }
     /// The cells show the text; one that is no number changes nothing.
-    void giveValue(const QString& text);
+    void giveValue(const QString& text, const WorkStep& step = {});
 
     // --- what is read off ----------------------------------------------------------
     std::vector<ImportCandidate> candidates() const;
     ImportSummary summary() const;
     QString summaryText() const;
-    /// The unchecked rows, cells joined by tabs, each row ended by a line feed.
-    QString uncheckedText() const;
+    /// The unchecked rows, cells joined by tabs, each row ended by a line feed; those before
+    /// the row at which the step stopped it.
+    QString uncheckedText(const WorkStep& step = {}) const;
 
     // --- model -----------------------------------------------------------------------
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -75,15 +78,16 @@ private:
         QVector<ReadingLoss> losses;
     };
 
-    void evaluateAll();
-    void readAhead();
+    void giveId(ImportContent content, int id, const WorkStep& step);
+    bool evaluateAll(std::vector<Row>& rows, const WorkStep& step);
+    bool readAhead(const std::vector<Row>& rows, const WorkStep& step);
     void evaluate(Row& row);
     bool hasData(const BaseMeasure& measure) const;
     bool takeId(BaseMeasure& measure, ImportContent content, int id) const;
     bool takeLists(BaseMeasure& measure, const MeasureLists& lists) const;
     static bool takeValue(Row& row, const QString& text);
     template <class Change>
-    void changeAll(Change change);
+    void changeAll(Change change, const WorkStep& step);
     ImportContent contentOf(const QModelIndex& index) const;
     QVariant shown(const Row& row, ImportContent content) const;
     static QString tip(const Row& row, ImportContent content);

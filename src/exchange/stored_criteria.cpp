@@ -58,11 +58,13 @@ PreviousMeasure StoredCriteria::previous(const char* statement, int elementId, i
 
 // The statement of one element and cycle becomes a part of the one that asks for many: their names
 // are none of its own tables'.
-void StoredCriteria::readAhead(const char* statement, const QVector<MeasureKey>& wanted)
+bool StoredCriteria::readAhead(const char* statement, const QVector<MeasureKey>& wanted, const WorkStep& step)
 {
     enum Column { Element, Cycle, Value, MeasureId };
     const Statement one = compose(statement, Identifier("asked_element"), Identifier("asked_cycle"));
     for (int first = 0; first < wanted.size(); first += askedAtOnce) {
+        if (step && !step(first, wanted.size()))
+            return false;
         QVector<Statement> pairs;
         for (const MeasureKey& key : wanted.mid(first, askedAtOnce))
             pairs.append(compose("(%1,%2)", key.first, key.second));
@@ -76,6 +78,7 @@ void StoredCriteria::readAhead(const char* statement, const QVector<MeasureKey>&
             previous.text = rows.getvalue(row, Value);
         }
     }
+    return true;
 }
 
 void StoredCriteria::forget()

@@ -2,6 +2,8 @@
 // same wells thousands of times over, so answers are kept until forget().
 #pragma once
 
+#include "exchange/work_step.h"
+
 #include <QHash>
 #include <QPair>
 #include <QString>
@@ -32,8 +34,8 @@ public:
     /// `statement` has the value in its first column; %1 is the element, %2 the cycle.
     PreviousMeasure previous(const char* statement, int elementId, int cycleId);
     /// Asks for many at once what previous() would ask for one by one; over a slow link the
-    /// round trips are what takes the time.
-    void readAhead(const char* statement, const QVector<MeasureKey>& wanted);
+    /// round trips are what takes the time. False once the step has stopped it.
+    bool readAhead(const char* statement, const QVector<MeasureKey>& wanted, const WorkStep& step = {});
     void forget();
 
 private:

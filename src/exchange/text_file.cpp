@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTextCodec>
+#include <limits>
 #include <utility>
 
 namespace {
@@ -44,7 +45,9 @@ private:
 
 class TextReader {
 public:
-    TextReader(QFile& file, TextEncoding encoding) : file_(file), encoding_(encoding) { }
+    TextReader(QFile& file, TextEncoding encoding, const WorkStep& step, int most)
+        : file_(file), encoding_(encoding), step_(step), most_(most)
+    { }
 
     // The rows of a file that is not whole would be taken for all of it.
     TextFile read()
@@ -52,8 +55,11 @@ public:
         text_.encoding = encoding_;
         const auto before = sizeAndTime();
         QByteArray buffer(longestLine + 1, Qt::Uninitialized); // a line and the zero behind it
-        while (!file_.atEnd() && file_.error() == QFileDevice::NoError)
+        while (!file_.atEnd() && file_.error() == QFileDevice::NoError && text_.lines.size() < most_) {
             takeStretch(buffer);
+            if (!goesOn(before.first))
+                return nothing(QStringLiteral("Чтение файла остановлено."));
+        }
         if (file_.error() != QFileDevice::NoError)
             return nothing(fill(QStringLiteral("Файл прочитан не до конца: %1."), file_.errorString()));
         if (sizeAndTime() != before)
@@ -67,6 +73,13 @@ public:
     }
 
 private:
+    bool goesOn(qint64 size)
+    {
+        constexpr int between = 1024; // stretches
+        constexpr qint64 unit = 1024;
+        return !step_ || ++stretches_ % between != 0 || step_(int(file_.pos() / unit), int(size / unit));
+    }
+
     std::pair<qint64, QDateTime> sizeAndTime() const
     {
         const QFileInfo now(file_.fileName());
@@ -114,6 +127,9 @@ private:
 
     QFile& file_;
     TextEncoding encoding_;
+    const WorkStep& step_;
+    int most_;
+    int stretches_ = 0;
     TextFile text_;
     NamedLines tooLong_, withZeros_;
     bool bareReturns_ = false;
@@ -131,9 +147,7 @@ bool isUtf16(const QByteArray& head)
     return head.size() >= 4 && ((zeros[0] > many && zeros[1] == 0) || (zeros[1] > many && zeros[0] == 0));
 }
 
-} // namespace
-
-TextFile readTextFile(const QString& path, TextEncoding encoding)
+TextFile readUpTo(int most, const QString& path, TextEncoding encoding, const WorkStep& step)
 {
     TextFile nothing;
     nothing.encoding = encoding;
@@ -149,15 +163,27 @@ TextFile readTextFile(const QString& path, TextEncoding encoding)
         return nothing;
     }
     if (file.peek(3) != "\xEF\xBB\xBF")
-        return TextReader(file, encoding).read();
+        return TextReader(file, encoding, step, most).read();
     file.read(3);
-    TextFile text = TextReader(file, TextEncoding::Utf8).read();
+    TextFile text = TextReader(file, TextEncoding::Utf8, step, most).read();
     if (encoding != TextEncoding::Utf8)
         text.remarks.prepend(QStringLiteral("Файл начинается с метки порядка байтов: его кодировка UTF-8."));
     return text;
 }
 
+} // namespace
+
+TextFile readTextFile(const QString& path, TextEncoding encoding, const WorkStep& step)
+{
+    return readUpTo(std::numeric_limits<int>::max(), path, encoding, step);
+}
+
 QStringList readLines(const QString& path, TextEncoding encoding) { return readTextFile(path, encoding).lines; }
+
+QStringList readFirstLines(const QString& path, TextEncoding encoding, int most)
+{
+    return readUpTo(most, path, encoding, {}).lines.mid(0, most);
+}
 
 QStringList splitCells(const QString& line, const QString& separator)
 {

@@ -1,6 +1,8 @@
 // Delimited text files as loggers and people write them.
 #pragma once
 
+#include "exchange/work_step.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -18,11 +20,15 @@ struct TextFile {
 /// replacement characters. A line longer than a mebibyte is no row of a survey
 /// and counts as an empty one. A file that cannot be read to its end, is being written meanwhile, or is in
 /// UTF-16, has no lines. All of this is remarked on, a byte order mark where
-/// another encoding was wanted, and zero bytes are.
-TextFile readTextFile(const QString& path, TextEncoding encoding);
+/// another encoding was wanted, and zero bytes are. The step is told kibibytes; a
+/// reading that it stops has no lines and says so.
+TextFile readTextFile(const QString& path, TextEncoding encoding, const WorkStep& step = {});
 
 /// The lines alone.
 QStringList readLines(const QString& path, TextEncoding encoding);
+
+/// So many lines from the beginning, or fewer: the rest is not read.
+QStringList readFirstLines(const QString& path, TextEncoding encoding, int most);
 
 /// The cells of a line, empty ones kept. Without a separator the line is one cell.
 QStringList splitCells(const QString& line, const QString& separator);

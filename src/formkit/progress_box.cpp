@@ -42,7 +42,8 @@ bool ProgressBox::step(int done, int total, const QString& text)
     if (pace_.isDue(done, total) || another) {
         box_->setMaximum(total);
         box_->setValue(done);
-        QCoreApplication::processEvents();
+        // Until the box stands before the form, clicks in the form wait.
+        QCoreApplication::processEvents(box_->isVisible() ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
     }
     return !box_->wasCanceled();
 }

@@ -158,6 +158,24 @@ TEST_F(Files, AByteOrderMarkSetsTheEncoding)
     EXPECT_EQ(readTextFile(write("Имя;1\n"), TextEncoding::Windows1251).encoding, TextEncoding::Windows1251);
 }
 
+TEST_F(Files, ReadingTellsKibibytesAndStopsWithoutLines)
+{
+    const QString path = write(QByteArray("a;1234567890123\n").repeated(64 * 1024)); // a mebibyte
+    int last = 0;
+    const TextFile whole = readTextFile(path, TextEncoding::Utf8, [&](int done, int total) {
+        EXPECT_GT(done, last);
+        EXPECT_EQ(total, 1024);
+        last = done;
+        return true;
+    });
+    EXPECT_EQ(last, 1024);
+    EXPECT_EQ(whole.lines.size(), 64 * 1024);
+    const TextFile stopped = readTextFile(path, TextEncoding::Utf8, [](int done, int) { return done < 500; });
+    EXPECT_EQ(stopped.lines.size(), 0);
+    EXPECT_EQ(stopped.remarks, QStringList("Чтение файла остановлено."));
+    EXPECT_EQ(readFirstLines(path, TextEncoding::Utf8, 3), whole.lines.mid(0, 3));
+}
+
 TEST_F(Files, AFileThatCannotBeReadHasNoLines)
 {
     EXPECT_TRUE(readLines("/nowhere/file.csv", TextEncoding::Utf8).isEmpty());

@@ -270,12 +270,33 @@ TEST_F(Marks, ProgressMovesEveryThirdLine)
     for (int i = 0; i < 7; ++i)
         lines += "Т-1;05.01.2021;1.5;SN-1";
     QVector<int> steps;
-    readMeasures(*importFamily(FamilyKey::Dm), task(FamilyKey::Dm, lines), [&](int line) { steps.append(line); });
+    const auto step = [&](int line) {
+        steps.append(line);
+        return true;
+    };
+    readMeasures(*importFamily(FamilyKey::Dm), task(FamilyKey::Dm, lines), step);
     EXPECT_EQ(steps, QVector<int>({3, 6, 8}));
     steps.clear();
-    readMeasures(*importFamily(FamilyKey::Ggs), task(FamilyKey::Ggs, lines.mid(0, 3)),
-                 [&](int line) { steps.append(line); });
+    readMeasures(*importFamily(FamilyKey::Ggs), task(FamilyKey::Ggs, lines.mid(0, 3)), step);
     EXPECT_EQ(steps, QVector<int>({1, 2, 3, 3}));
+}
+
+TEST_F(Marks, WhatIsStoppedLeavesNoRow)
+{
+    const ImportFamily& marks = *importFamily(FamilyKey::Dm);
+    const ReadingTask reading = task(FamilyKey::Dm, {markHeader, "Т-1;05.01.2021;1.5;SN-1", "Т-2;05.01.2021;1.5;SN-1"});
+    EXPECT_EQ(readMeasures(marks, reading, [](int line) { return line < 3; }).size(), 0u);
+    EXPECT_EQ(readMeasures(marks, reading, [](int) { return true; }).size(), 2u);
+    read(table, FamilyKey::Dm, reading.lines);
+    ASSERT_EQ(table.rowCount(), 2);
+    int told = 0;
+    EXPECT_FALSE(table.setMeasures(readMeasures(marks, reading), reading.scope, [&](int done, int total) {
+        told = done;
+        return done < total;
+    }));
+    EXPECT_EQ(told, 2);
+    EXPECT_EQ(table.rowCount(), 0);
+    EXPECT_EQ(table.summaryText(), "Всего: 0 | Без данных: 0 | Верифицированных: 0");
 }
 
 TEST_F(Marks, RepeatedTextsAreMatchedAsTheFirstTime)

@@ -5,7 +5,6 @@
 #include "exchange/forms/import_combos.h"
 #include "exchange/forms/import_questions.h"
 #include "exchange/forms/measures_view.h"
-#include "exchange/measure_reading.h"
 #include "formkit/file_questions.h"
 #include "formkit/progress_box.h"
 #include "formkit/table_items.h"
@@ -20,6 +19,10 @@ using namespace formkit;
 namespace {
 
 enum Column { ElementColumn = 1, CycleColumn, DeviceColumn, PerformerColumn };
+
+const QString readingFile = QStringLiteral("Чтение файла");
+const QString readingLines = QStringLiteral("Разбор строк");
+const QString checkingRows = QStringLiteral("Проверка строк");
 
 const auto choiceChanged = QOverload<int>::of(&QComboBox::currentIndexChanged);
 
@@ -54,12 +57,14 @@ void MeasureImportDialog::connectFormat()
 
 void MeasureImportDialog::connectForAll()
 {
-    connect(ui_.BTNCyclesToAll, &QPushButton::clicked, this,
-            [this] { table_.giveCycle(ui_.CyclesCombo->currentData().toInt()); });
-    connect(ui_.BTNToolToAll, &QPushButton::clicked, this,
-            [this] { table_.giveDevice(ui_.DeviceCombo->currentData().toInt()); });
-    connect(ui_.BTNOperatorToAll, &QPushButton::clicked, this,
-            [this] { table_.givePerformer(ui_.OperatorCombo->currentData().toInt()); });
+    using Give = void (MeasureTable::*)(int id, const WorkStep& step);
+    const auto toAll = [this](const QPushButton* button, const QComboBox* combo, Give give) {
+        connect(button, &QPushButton::clicked, this,
+                [=] { giveAll([&](const WorkStep& step) { (table_.*give)(combo->currentData().toInt(), step); }); });
+    };
+    toAll(ui_.BTNCyclesToAll, ui_.CyclesCombo, &MeasureTable::giveCycle);
+    toAll(ui_.BTNToolToAll, ui_.DeviceCombo, &MeasureTable::giveDevice);
+    toAll(ui_.BTNOperatorToAll, ui_.OperatorCombo, &MeasureTable::givePerformer);
     connect(ui_.BTNCycleList, &QPushButton::clicked, this, [this] { showCatalogue(CatalogueKind::Cycles); });
     connect(ui_.BTNDevicesList, &QPushButton::clicked, this, [this] { showCatalogue(CatalogueKind::Devices); });
     connect(ui_.BTNPerformersList, &QPushButton::clicked, this, [this] { showCatalogue(CatalogueKind::Performers); });
@@ -89,6 +94,8 @@ void MeasureImportDialog::reject()
 
 void MeasureImportDialog::chooseFile()
 {
+    if (busy_)
+        return;
     QStringList filters;
     for (const ImportTemplate& format : family_.templates)
         filters.append(format.filter);
@@ -127,6 +134,8 @@ void MeasureImportDialog::reloadLists()
 
 void MeasureImportDialog::showCatalogue(CatalogueKind kind)
 {
+    if (busy_)
+        return;
     openCatalogue(kind, this);
     reloadLists();
     table_.setLists(lists_);
@@ -142,20 +151,40 @@ void MeasureImportDialog::readFile()
     task.positionId = chosenPosition();
     loadScope(measureFamily(family_.family)->elementTable, task.positionId, ui_.AllDatabase->isChecked(), task.scope);
     table_.clear();
-    const TextFile text = readTextFile(ui_.FileName->text(), ui_.encoding());
+    ProgressBox box(this, family_.title, readingFile, "Остановить");
+    const TextFile text = readTextFile(ui_.FileName->text(), ui_.encoding(),
+                                       [&](int done, int total) { return box.step(done, total, readingFile); });
     task.lines = text.lines;
     ui_.chooseEncoding(text.encoding);
     task.separator = ui_.separator();
     task.format = &family_.templates[qMax(0, ui_.ImportTemplate->currentIndex())];
     task.lists = lists_;
     raw_.setLines(task.lines, task.separator);
-    progress_.start(ui_.ReadProgress, task.lines.size());
-    table_.setMeasures(readMeasures(family_, task, [this](int line) { progress_.step(line); }), task.scope);
+    const bool whole = takeLines(task, box);
     elements_ = task.scope.elements;
     setDelegates(elements_);
     ui_.measuresView->fitRows();
     showSummary();
-    showRemarks(text.remarks, !text.lines.isEmpty());
+    if (whole)
+        showRemarks(text.remarks, !text.lines.isEmpty());
+    else
+        showRemarks({"Чтение файла остановлено."}, false);
+}
+
+// False when the user has stopped it: the table is empty then.
+bool MeasureImportDialog::takeLines(const ReadingTask& task, ProgressBox& box)
+{
+    const int lines = task.lines.size();
+    progress_.start(ui_.ReadProgress, lines);
+    bool whole = true;
+    MeasureTable::Measures measures = readMeasures(family_, task, [&](int line) {
+        progress_.step(line);
+        whole = box.step(line, lines, readingLines);
+        return whole;
+    });
+    return whole && table_.setMeasures(std::move(measures), task.scope, [&](int done, int total) {
+        return box.step(done, total, checkingRows);
+    });
 }
 
 // On the command line, and where the user looks.
@@ -192,6 +221,15 @@ void MeasureImportDialog::setDelegates(const EntryList& elements)
     }
 }
 
+void MeasureImportDialog::giveAll(const std::function<void(const WorkStep& step)>& give)
+{
+    if (busy_)
+        return;
+    const QScopedValueRollback<bool> giving(busy_, true);
+    ProgressBox box(this, family_.title, checkingRows, QString());
+    give([&](int done, int total) { return box.step(done, total); });
+}
+
 void MeasureImportDialog::showSummary() { ui_.SummaryLabel->setText(table_.summaryText()); }
 
 // --- what is written -------------------------------------------------------------
@@ -211,4 +249,14 @@ void MeasureImportDialog::runImport()
         });
 }
 
-void MeasureImportDialog::copyErrors() const { copyText(table_.uncheckedText()); }
+void MeasureImportDialog::copyErrors()
+{
+    if (busy_)
+        return;
+    const QScopedValueRollback<bool> copying(busy_, true);
+    ProgressBox box(this, family_.title, "Копирование строк", "Остановить");
+    bool whole = true;
+    const QString text = table_.uncheckedText([&](int done, int total) { return whole = box.step(done, total); });
+    if (whole)
+        copyText(text);
+}

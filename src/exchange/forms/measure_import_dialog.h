@@ -5,11 +5,12 @@
 
 #include "database/catalogues/forms/catalogue_box.h"
 #include "exchange/forms/import_controls.h"
-#include "exchange/measure_table.h"
+#include "exchange/measure_reading.h"
 #include "exchange/raw_lines.h"
 #include "formkit/progress_box.h"
 
 #include <QDialog>
+#include <functional>
 
 class MeasureImportDialog : public QDialog {
     Q_OBJECT
@@ -23,6 +24,8 @@ protected:
     const ImportFamily& family() const { return family_; }
     ImportControls& controls() { return ui_; }
     MeasureTable& table() { return table_; }
+    /// Gives all rows something under a box of progress.
+    void giveAll(const std::function<void(const WorkStep& step)>& give);
 
 private:
     void connectFormat();
@@ -34,11 +37,12 @@ private:
     void reloadLists();
     void showCatalogue(CatalogueKind kind);
     void readFile();
+    bool takeLines(const ReadingTask& task, formkit::ProgressBox& box);
     void setDelegates(const EntryList& elements);
     void showSummary();
     void showRemarks(QStringList remarks, bool anyLine);
     void runImport();
-    void copyErrors() const;
+    void copyErrors();
 
     const ImportFamily& family_;
     ImportControls ui_;

@@ -28,7 +28,9 @@ void TSImportCmdDialog::addAirTemperature()
 {
     airTemperature_ = realSpin("EnvTempSpin", -100.0, 100.0, 0.1);
     const QPushButton* toAll = controls().addForAll("Температура воздуха", airTemperature_, "BTNEnvTempToAll");
-    connect(toAll, &QPushButton::clicked, this, [this] { table().giveValue(fixed(airTemperature_->value(), 2)); });
+    connect(toAll, &QPushButton::clicked, this, [this] {
+        giveAll([&](const WorkStep& step) { table().giveValue(fixed(airTemperature_->value(), 2), step); });
+    });
 }
 
 void TSImportCmdDialog::addProfileButtons()
