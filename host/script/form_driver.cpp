@@ -153,14 +153,14 @@ void FormDriver::workOn(QWidget* window)
     }
     idleTicks_ = 0;
     if (step->verb == QLatin1String("window")) {
-        checkTimeout(step, window == base_ ? nullptr : window);
+        waitAtRest(step, window == base_ ? nullptr : window);
     } else if (step->verb != QLatin1String("dialog")) {
         doStep(window, *step);
     } else if (window != base_ && titleFits(window, step->words.value(0))) { // NOLINT(bugprone-branch-clone)
         touch();
         script_.advance();
     } else {
-        checkTimeout(step, window == base_ ? nullptr : window);
+        waitAtRest(step, window == base_ ? nullptr : window);
     }
 }
 
@@ -283,8 +283,21 @@ void FormDriver::noteProgressBars()
 
 void FormDriver::checkTimeout(const FormStep* step, QWidget* window)
 {
-    if (sinceProgress_.elapsed() <= timeout_)
-        return;
+    if (sinceProgress_.elapsed() > timeout_)
+        giveUp(step, window);
+}
+
+// Nothing is at work here: another window comes at once or not at all.
+void FormDriver::waitAtRest(const FormStep* step, QWidget* window)
+{
+    if (patience_ > 0 && ++looksAtRest_ > patience_)
+        giveUp(step, window);
+    else
+        checkTimeout(step, window);
+}
+
+void FormDriver::giveUp(const FormStep* step, QWidget* window)
+{
     touch();
     const QString what =
         step ? QStringLiteral("не дождались: ") + windowStepText(*step) : QStringLiteral("окно не отвечает");

@@ -42,10 +42,17 @@ public:
     void stop();
     // Milliseconds without progress after which a step fails.
     void setStepTimeout(int milliseconds) { timeout_ = milliseconds; }
+    // How often a window at rest, or none, is looked at before what the script waits for there is
+    // held for missing; 0: the time alone counts.
+    void setPatience(int looks) { patience_ = looks; }
     // From now on every modal window is closed, so that what runs can end.
     void closeEverything();
     // Something went on: the time limit starts anew.
-    void touch() { sinceProgress_.restart(); }
+    void touch()
+    {
+        sinceProgress_.restart();
+        looksAtRest_ = 0;
+    }
     // No step is under way.
     bool isIdle() const { return !posted_ && atWork_.empty(); }
     // A window to work on stands open.
@@ -63,6 +70,8 @@ private:
     void fail(const QString& what, int place, QWidget* window);
     void noteProgressBars();
     void checkTimeout(const FormStep* step, QWidget* window);
+    void waitAtRest(const FormStep* step, QWidget* window);
+    void giveUp(const FormStep* step, QWidget* window);
     bool isAtWork(QWidget* window) const;
     bool isKnown(QWidget* window) const;
     QWidget* target() const;
@@ -71,6 +80,8 @@ private:
     QTimer timer_;
     QElapsedTimer sinceProgress_, waiting_;
     int timeout_ = 60000;
+    int patience_ = 0;
+    int looksAtRest_ = 0;
     int waitFor_ = 0;
     int idleTicks_ = 0;
     bool posted_ = false;

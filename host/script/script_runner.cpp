@@ -41,6 +41,12 @@ void ScriptRunner::setStepTimeout(double seconds)
         watchdog_->setLimit(int(seconds * 1000.0));
 }
 
+void ScriptRunner::setPatience(int looks)
+{
+    patience_ = looks;
+    driver_.setPatience(looks);
+}
+
 void ScriptRunner::enableWatchdog(std::function<void(const QString&)> report)
 {
     watchdog_ = std::make_unique<Watchdog>([this, report = std::move(report)] {
@@ -119,11 +125,13 @@ void ScriptRunner::playFormSteps()
 {
     QElapsedTimer grace;
     grace.start();
+    int looks = 0;
     while (!failure_ && currentStep()) {
         const bool any = driver_.hasWindow() || !driver_.isIdle() || step_.verb == QLatin1String("window");
+        looks = any ? 0 : looks + 1;
         if (any)
             grace.restart();
-        else if (grace.elapsed() > kWindowGraceMilliseconds)
+        else if (grace.elapsed() > kWindowGraceMilliseconds || (patience_ > 0 && looks > patience_))
             return fail(QStringLiteral("действие «") + step_.verb + QStringLiteral("» без окна: окно не открыто"));
         QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
     }

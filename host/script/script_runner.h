@@ -37,6 +37,9 @@ public:
     void setSink(std::function<void(const QString&)> sink) { console_.setSink(std::move(sink)); }
     // Seconds without progress after which a step fails; 60 at first.
     void setStepTimeout(double seconds);
+    // For those who know that steps will fail: how often a window at rest, or none, is looked at
+    // before what is awaited there is held for missing.
+    void setPatience(int looks);
     // Ends the program when its main thread stands still for a step's time.
     void enableWatchdog(std::function<void(const QString&)> report);
     // A verb of the caller's own. It gets the words and returns what is wrong.
@@ -96,6 +99,7 @@ private:
     FormDriver driver_;
     std::unique_ptr<Watchdog> watchdog_;
     double timeout_ = 60.0;
+    int patience_ = 0;
     int commandDepth_ = 0;
     int cancels_ = 0;
     bool playing_ = false;

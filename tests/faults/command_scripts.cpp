@@ -428,120 +428,46 @@ files ${FOLDER}/copy.sql
 dialog "Успех"
 press OK
 )#"},
-    };
-    return rows;
-}
-
-const std::vector<CommandScript>& quietScripts()
-{
-    static const std::vector<CommandScript> rows = {
-        {"numbering", "numbering", R"#(
-command TERVA_INSERT_DM_ENUMERATOR
-dialog "Настройка нумерации"
-press OkBtn
-command TERVA_INSERT_TS_ENUMERATOR
-dialog "Настройка нумерации"
-press OkBtn
-command TERVA_INSERT_TSS_ENUMERATOR
-dialog "Настройка нумерации"
-press OkBtn
-command TERVA_INSERT_GGS_ENUMERATOR
-dialog "Настройка нумерации"
-press OkBtn
-command TERVA_INSERT_RP_ENUMERATOR
-dialog "Настройка нумерации"
-press OkBtn
-command TERVA_INSERT_IGS_ENUMERATOR
-dialog "Настройка нумерации"
-press OkBtn
-command TERVA_INSERT_TSG_ENUMERATOR
-dialog "Настройка нумерации"
-press OkBtn
+        {"report_tables", "reports_of_every_kind", R"#(
+command TERVA_REPORTS
+dialog "Генератор отчетов"
+row DocumentList "Табл.верт.перемещений"
+set PartSelector index:4
+press GenerateBTN
+dialog "Сохранить документ"
+files ${FOLDER}/movements.docx
+row DocumentList "Ведомость разницы т-р"
+row TemplateList "Ведомость изменения температур"
+set PartSelector index:4
+press GenerateBTN
+dialog "Сохранить документ"
+files ${FOLDER}/differences.docx
+row DocumentList "Ведомость обследования ГМН"
+set PartSelector index:4
+press GenerateBTN
+dialog "Сохранить документ"
+files ${FOLDER}/inspections.docx
+row DocumentList "Ведомость элементов ГМН"
+set PartSelector index:4
+press GenerateBTN
+dialog "Сохранить документ"
+files ${FOLDER}/lists.docx
+press CancelBtn
 )#"},
-        {"saving", "save_project", R"#(
-command TERVA_SAVEPROJECT
-command TERVA_SAVEPROJECT_AS
-dialog "Файл проекта"
-files ${FOLDER}/copy.terva
+        {"report_series", "reports_of_every_kind", R"#(
+command TERVA_REPORTS
+dialog "Генератор отчетов"
+row DocumentList "Тех. состояние сооружения."
+set BaseCycleCombo index:1
+set ExportPath "${FOLDER}"
+set MergeFiles on
+press GenerateBTN
+row DocumentList "Пасспорт термоскважины"
+set PartSelector index:4
+set ExportPath "${FOLDER}"
+press GenerateBTN
+press CancelBtn
 )#"},
-        {"background", "drawing_background", R"#(
-command LINE
-point 0,0
-point 10,20
-esc
-command TERVA_DWG_BACKGROUND
-dialog "Обработка подосновы для проекта"
-set input "0"
-press OK
-command TERVA_MASK_ATTRIBUTES
-)#"},
-        {"samples", "hello", R"#(
-command HELLOQTMODALDLG
-dialog ""
-press OK
-command HELLOQTPALETTE
-window "Test Qt Palette Set"
-close
-command TERVA_ABOUT
-dialog "О программе"
-press OK
-)#"},
-    };
-    return rows;
-}
-
-const std::vector<SameCommand>& sameCommands()
-{
-    static const std::vector<SameCommand> rows = {
-        {"TERVA_INSERT_DMT", "TERVA_INSERT_DM"},
-        {"TERVA_INSERT_DMGL", "TERVA_INSERT_DM"},
-        {"TERVA_INSERT_DMPV", "TERVA_INSERT_DM"},
-        {"TERVA_INSERT_TT", "TERVA_INSERT_TS"},
-        {"TERVA_INSERT_TSS", "TERVA_INSERT_TS"},
-        {"TERVA_INSERT_GGS", "TERVA_INSERT_TS"},
-        {"TERVA_INSERT_RPGL", "TERVA_INSERT_TS"},
-        {"TERVA_INSERT_RPGR", "TERVA_INSERT_TS"},
-        {"TERVA_INSERT_RPST", "TERVA_INSERT_TS"},
-        {"TERVA_INSERT_RPVR", "TERVA_INSERT_TS"},
-        {"TERVA_INSERT_IGS", "TERVA_INSERT_TS"},
-        {"TERVA_INSERT_TSGV", "TERVA_INSERT_TS"},
-        {"TERVA_INSERT_TSGN", "TERVA_INSERT_TS"},
-        {"TERVA_INSERT_TSGVN", "TERVA_INSERT_TS"},
-        {"TERVA_IMPORT_TS_MEASURE", "TERVA_IMPORT_DM_MEASURE"},
-        {"TERVA_IMPORT_RP_MEASURE", "TERVA_IMPORT_DM_MEASURE"},
-        {"TERVA_IMPORT_TSS_MEASURE", "TERVA_IMPORT_DM_MEASURE"},
-        {"TERVA_IMPORT_GGS_MEASURE", "TERVA_IMPORT_DM_MEASURE"},
-        {"TERVA_IMPORT_TSG_MEASURE", "TERVA_IMPORT_DM_MEASURE"},
-    };
-    return rows;
-}
-
-const std::vector<HeldElsewhere>& commandsHeldElsewhere()
-{
-    static const std::vector<HeldElsewhere> rows = {
-        {"TERVA_NEW_PROJECT", {"MakingAProject.WhicheverStatementIsRefusedItIsNoSuccess"}},
-        {"TERVA_SYNC_DWG_DB",
-         {"RefusedStatement.DrawingToDatabaseByPosition", "RefusedStatement.DrawingToDatabaseByDrawing",
-          "CutConnection.DrawingToDatabaseByPosition", "CutConnection.DrawingToDatabaseByDrawing",
-          "StoredDrawing.EndsTheSameWhereverTheConnectionWasCut"}},
-        {"TERVA_SYNC_DB_DWG", {"RefusedStatement.DatabaseToDrawing", "CutConnection.DatabaseToDrawing"}},
-        {"TERVA_DEFORMATION_MAP",
-         {"MapFaults.ARefusedStatementLeavesNothingByHalves", "MapFaults.ACutLinkIsSaidAndTheNextMapIsWhole"}},
-        {"TERVA_TEMP_DIFF_MAP",
-         {"MapFaults.ARefusedStatementLeavesNothingByHalves", "MapFaults.ACutLinkIsSaidAndTheNextMapIsWhole"}},
-        {"TERVA_TEMPERATURE_PROFILE", {"RefusedProfileStatement.DrawsAProfileOrSaysWhyNot"}},
-        {"TERVA_TEMP_DIFF_PROFILE", {"RefusedProfileStatement.DrawsAProfileOrSaysWhyNot"}},
-        {"TERVA_DEF_LINES_PROFILE", {"RefusedProfileStatement.DrawsAProfileOrSaysWhyNot"}},
-        {"TERVA_POSITION_ADD_DM_PROFILE", {"RefusedProfileStatement.StoresAWholeProfileOrNone"}},
-        {"TERVA_POSITION_ADD_TS_PROFILE", {"RefusedProfileStatement.StoresAWholeProfileOrNone"}},
-        {"TERVA_SETTLEMENTS", {"Settlements.WhicheverStatementIsRefusedOrLostItIsSaid"}},
-        {"TERVA_RENUM", {"CutConnection.RenumberingHappensWholeOrNotAtAll"}},
-        // It counts the records of every database that the server has.
-        {"TERVA_ADMIN",
-         {"Administration.ALostServerIsARefusalEverywhere", "Administration.FailuresOfRightsAreCollected",
-          "Admin.RightsThatFailAreTold"}},
-        {"TERVA_REPORTS", {"Outputs.StatementsThatFailedAreToldAtTheEnd"}},
-        {"TERVA_HELP", {"Help.OpensTheManualInTheBrowser"}},
     };
     return rows;
 }

@@ -4,6 +4,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <ostream>
 #include <vector>
 
 struct CommandScript {
@@ -16,6 +17,8 @@ struct CommandScript {
     /// Rows that a run leaves which was cut short between two that belong together.
     QStringList alsoLeft = {};
 };
+
+void PrintTo(const CommandScript& command, std::ostream* stream);
 
 /// One of each family of commands.
 const std::vector<CommandScript>& commandScripts();

@@ -2,6 +2,7 @@
 // One scenario's database and folder, in which a command is played again and
 // again, each time from the same beginning.
 
+#include "kept_tables.h"
 #include "scenario.h"
 #include "support/statement_relay.h"
 #include "support/test_database.h"
@@ -42,13 +43,11 @@ public:
     /// Lays the beginning anew, loads the project, and plays the script.
     Outcome play(const QString& script, Fault fault = {});
     /// The tables before any run.
-    const QStringList& beginning() const { return beginning_; }
+    const QStringList& beginning() const { return tables_->beginning(); }
 
 private:
-    void keepBeginning();
     void arm(Fault fault);
     void reset();
-    QStringList rows();
     QStringList filesMade(bool withDrawings) const;
 
     TestDatabase database_;
@@ -56,8 +55,6 @@ private:
     QTemporaryDir folder_;
     QString scenario_;
     Variables variables_;
-    QMap<QString, QString> layBack_; // the script that lays a table anew
-    QString look_;                   // every row of every table
-    QStringList beginning_;
+    std::unique_ptr<KeptTables> tables_;
     QStringList found_; // by the last run
 };

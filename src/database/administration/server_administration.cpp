@@ -147,8 +147,11 @@ RoleDeletion ServerAdministration::deleteRole(const QString& name) const
             note(messageOf(inside));
             continue;
         }
-        note(command(inside, compose("REASSIGN OWNED BY %1 TO postgres;", role)));
-        note(command(inside, compose("DROP OWNED BY %1;", role)));
+        const Refusal kept = command(inside, compose("REASSIGN OWNED BY %1 TO postgres;", role));
+        note(kept);
+        // What could not be handed over would be lost.
+        if (!kept)
+            note(command(inside, compose("DROP OWNED BY %1;", role)));
     }
     deletion.refusal = command(server_, compose("DROP ROLE %1;", role));
     return deletion;

@@ -98,32 +98,34 @@ GzipOutcome readPlain(QFile& file, qint64 most, QByteArray& contents)
 
 class Packer {
 public:
-    explicit Packer(WrittenFile& file) : file_(file)
-    {
-        deflateInit2(&stream_, Z_DEFAULT_COMPRESSION, Z_DEFLATED, gzipOnly, 8, Z_DEFAULT_STRATEGY);
-    }
+    explicit Packer(WrittenFile& file)
+        : file_(file),
+          begun_(deflateInit2(&stream_, Z_DEFAULT_COMPRESSION, Z_DEFLATED, gzipOnly, 8, Z_DEFAULT_STRATEGY))
+    { }
     ~Packer() { deflateEnd(&stream_); }
     Packer(const Packer&) = delete;
     Packer& operator=(const Packer&) = delete;
 
-    bool write(QByteArray contents)
+    // Z_OK; Z_ERRNO when the file takes no more; else why the packing stopped.
+    int write(QByteArray contents)
     {
         stream_.next_in = bytesOf(contents);
         stream_.avail_in = uInt(contents.size());
-        int code = Z_OK;
-        while (code != Z_STREAM_END) {
+        int code = begun_;
+        while (code == Z_OK) {
             stream_.next_out = bytesOf(output_);
             stream_.avail_out = outputSize;
             code = deflate(&stream_, Z_FINISH);
             if (!file_.write(output_.left(outputSize - int(stream_.avail_out))))
-                return false;
+                return Z_ERRNO;
         }
-        return true;
+        return code == Z_STREAM_END ? Z_OK : code;
     }
 
 private:
     WrittenFile& file_;
     z_stream stream_ = {};
+    int begun_;
     QByteArray output_ = QByteArray(outputSize, Qt::Uninitialized);
 };
 
@@ -146,8 +148,9 @@ GzipOutcome writeGzip(const QString& path, const QByteArray& contents)
     WrittenFile file(path);
     if (!file.open())
         return {GzipState::NotOpened, file.problem(), Z_ERRNO};
-    if (!Packer(file).write(contents))
-        return {GzipState::NotWritten, file.problem(), Z_ERRNO};
+    const int code = Packer(file).write(contents);
+    if (code != Z_OK)
+        return {GzipState::NotWritten, code == Z_ERRNO ? file.problem() : QStringLiteral("не хватает памяти"), code};
     if (!file.commit())
         return {GzipState::NotClosed, file.problem(), Z_ERRNO};
     return {};

@@ -339,6 +339,17 @@ TEST_F(ScriptRunnerTest, StopsWhenAWindowDoesNotCome)
     stops("command FORM\ndialog Параметры\nset NameEdit a\ndialog Внимание", 4, "не дождались");
 }
 
+// Whose steps are to fail waits for no clock, and misses nothing that comes.
+TEST_F(ScriptRunnerTest, PatienceCountsLooksAtWhatIsAtRest)
+{
+    runner.setStepTimeout(3600.0);
+    runner.setPatience(20);
+    stops("command FORM\ndialog Параметры\nset NameEdit a\ndialog Внимание", 4, "не дождались");
+    stops("press Да", 1, "без окна");
+    plays("command FORM\ndialog Параметры\npress OkBTN\ndialog Вопрос\npress Да\ncommand BOX\ndialog Внимание\n"
+          "press Нет");
+}
+
 TEST_F(ScriptRunnerTest, StopsWhenAWindowIsForgotten)
 {
     stops("command FORM\ndialog Параметры\nset NameEdit a\n", 3, "ждёт, а сценарий о нём молчит");
