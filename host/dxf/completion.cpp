@@ -151,7 +151,7 @@ void FileCompletion::ensureRecord(const QString& table, const QString& name, con
     DxfRecords& records = tableRecords(table);
     for (const DxfRecord& record : records) {
         if (record.type != QLatin1String("TABLE")
-            && firstValue(record.groups, 2).compare(name, Qt::CaseInsensitive) == 0)
+            && fromCaretCoding(firstValue(record.groups, 2)).compare(name, Qt::CaseInsensitive) == 0)
             return;
     }
     const int handleCode = table == QLatin1String("DIMSTYLE") ? 105 : 5;
@@ -159,7 +159,7 @@ void FileCompletion::ensureRecord(const QString& table, const QString& name, con
                      {{handleCode, handleText(newHandle())},
                       {100, QStringLiteral("AcDbSymbolTableRecord")},
                       {100, QLatin1String(subclass)},
-                      {2, name},
+                      {2, toCaretCoding(name)},
                       {70, QStringLiteral("0")}}};
     record.groups.insert(record.groups.end(), groups.begin(), groups.end());
     records.push_back(std::move(record));

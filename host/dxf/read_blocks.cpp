@@ -3,6 +3,7 @@
 #include "table_block.h"
 
 #include <dxf/own_data.h>
+#include <dxf/text_coding.h>
 
 namespace {
 
@@ -12,10 +13,13 @@ const QString kCopy = QStringLiteral("copy"), kTable = QStringLiteral("table"),
 // Bits of a block's flags that tell what it is called and holds.
 constexpr int kAnonymous = 1, kHasDefinitions = 2;
 
+// References are read with the same coding, else they would miss their block.
+QString nameIn(const DxfGroups& groups, int code) { return blockName(fromCaretCoding(firstValue(groups, code))); }
+
 QString nameOf(const DxfBlock& block)
 {
-    const QString name = firstValue(block.begin.groups, 2);
-    return blockName(name.isEmpty() ? firstValue(block.begin.groups, 3) : name);
+    const QString name = nameIn(block.begin.groups, 2);
+    return name.isEmpty() ? nameIn(block.begin.groups, 3) : name;
 }
 
 // The block that an entity of the file points to and that has to be read for it.
@@ -134,7 +138,7 @@ QSet<QString> foldedBlocks(const DxfDocument& document)
     QSet<QString> folded, needed, names;
     const DxfTable* table = document.table(QStringLiteral("BLOCK_RECORD"));
     for (const DxfRecord& record : table ? table->records : DxfRecords()) {
-        const QString name = blockName(firstValue(record.groups, 2)).toUpper();
+        const QString name = nameIn(record.groups, 2).toUpper();
         const DxfEntityFields fields(record.groups);
         names.insert(name);
         if (fields.own().has(kCopy) || fields.own().has(kTable))
@@ -152,7 +156,7 @@ void readBlockRecords(const DxfDocument& document, const QSet<QString>& folded, 
 {
     const DxfTable* table = document.table(QStringLiteral("BLOCK_RECORD"));
     for (const DxfRecord& record : table ? table->records : DxfRecords()) {
-        const QString name = blockName(firstValue(record.groups, 2));
+        const QString name = nameIn(record.groups, 2);
         if (!folded.contains(name.toUpper()))
             readRecord(record, name, database);
     }
@@ -187,7 +191,7 @@ void readDynamicDefinitions(const DxfDocument& document, NcDbDatabase& database)
     const DxfTable* table = document.table(QStringLiteral("BLOCK_RECORD"));
     for (const DxfRecord& record : table ? table->records : DxfRecords()) {
         const DxfEntityFields fields(record.groups);
-        NcDbBlockTableRecord* block = blockNamed(database, blockName(firstValue(record.groups, 2)));
+        NcDbBlockTableRecord* block = blockNamed(database, nameIn(record.groups, 2));
         if (!block || !fields.own().has(kDynamic))
             continue;
         QStringList lines;

@@ -109,7 +109,7 @@ Enumerator readNumbering(const QDomElement& element, const Enumerator& byDefault
         const int value = element.attribute(name).toInt(&ok);
         return ok ? value : fallback;
     };
-    const QString prefix = element.attribute(QStringLiteral("Prefix"));
+    const QString prefix = storableInXml(element.attribute(QStringLiteral("Prefix"))); // as it would be stored again
     return {prefix.isEmpty() ? byDefault.prefix : prefix, number(QStringLiteral("Counter"), byDefault.counter),
             number(QStringLiteral("Trailing"), byDefault.trailing)};
 }

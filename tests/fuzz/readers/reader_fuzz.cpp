@@ -145,7 +145,12 @@ QString fuzzProject(const QByteArray& input)
     const std::optional<ProjectFile> again = readProject(projectFileText(session), defaults);
     if (!again)
         return "a saved project file does not open";
-    return valuesOf(*file) == valuesOf(*again) ? QString() : QString("a saved project file says something else");
+    const QStringList before = valuesOf(*file), after = valuesOf(*again);
+    for (int i = 0; i < qMin(before.size(), after.size()); ++i) {
+        if (before[i] != after[i])
+            return "a saved project file says something else: \"" + before[i] + "\" / \"" + after[i] + '"';
+    }
+    return before.size() == after.size() ? QString() : QString("a saved project file holds more or less");
 }
 
 QString fuzzTable(const QByteArray& input)

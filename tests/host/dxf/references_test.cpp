@@ -62,6 +62,24 @@ int blockCount(const NcDbDatabase& database)
 
 } // namespace
 
+// A file writes carets and characters below the blank as pairs; a block's name that is not read back so grew at every
+// save.
+TEST_F(ReferenceFile, namesOfBlocksWithCaretsStayAsTheyAre)
+{
+    const QString name = QStringLiteral("план^ A^M\u0001");
+    auto& table = *HostAccess::objectAs<NcDbBlockTable>(drawing.blockTableId());
+    const NcDbObjectId block = HostAccess::addRecord(table, std::make_unique<NcDbBlockTableRecord>(), name);
+    const NcDbObjectId id =
+        HostAccess::addEntity(model(drawing), std::make_unique<NcDbBlockReference>(NcGePoint3d(1, 2, 0), block));
+    save();
+    NcDbDatabase read;
+    ASSERT_EQ(read.readDwgFile(path()), NcStatus::Ok);
+    EXPECT_EQ(HostAccess::recordId(read, read.blockTableId(), name).handle(), block.handle());
+    const auto* reference = HostAccess::objectAs<NcDbBlockReference>({&read, id.handle()});
+    ASSERT_NE(reference, nullptr);
+    EXPECT_EQ(reference->blockTableRecord().handle(), block.handle());
+}
+
 TEST_F(ReferenceFile, defaultValuesPointToTheDefinition)
 {
     add(QString());
