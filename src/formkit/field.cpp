@@ -137,6 +137,14 @@ Field&& Field::step(double wanted) &&
     return std::move(*this);
 }
 
+Field&& Field::in(const QString& wanted) &&
+{
+    unit = wanted;
+    return std::move(*this);
+}
+
+Field&& Field::withoutUnit() && { return std::move(*this).in(QStringLiteral("")); }
+
 Field&& Field::dressed(const QString& wanted) &&
 {
     sheet = wanted;

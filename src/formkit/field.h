@@ -14,6 +14,7 @@
 #include "formkit/choices.h"
 
 #include <functional>
+#include <optional>
 
 class QWidget;
 
@@ -70,6 +71,9 @@ public:
     Field&& starts(const QString& value) &&;     ///< what a new record shows
     Field&& tip(const QString& text) &&;
     Field&& step(double step) &&;
+    /// The unit of a number whose caption does not tell it behind a comma or in brackets.
+    Field&& in(const QString& unit) &&;
+    Field&& withoutUnit() &&; ///< a count, an identifier, a factor
     /// The style of a button that wears a colour; %1 is the colour.
     Field&& dressed(const QString& sheet) &&;
     /// An empty text goes into a statement as this, e.g. "null" or "0".
@@ -84,6 +88,7 @@ public:
     QString pattern;
     QString start;
     QString toolTip;
+    std::optional<QString> unit; ///< empty: it has none
     QString empty;
     double least = 0.0;
     double most = 0.0;

@@ -3,6 +3,7 @@
 #include "base/placeholders.h"
 #include "base/text.h"
 #include "formkit/layout.h"
+#include "formkit/unit.h"
 #include "formkit/widgets.h"
 
 #include <QRegularExpressionValidator>
@@ -129,6 +130,7 @@ FieldEditor colourEditor(const Field& field, const Changed& changed)
 {
     QPushButton* patch = button(field.name, QString());
     patch->setMinimumHeight(patch->sizeHint().height()); // the colour takes its frame away
+    patch->setProperty("showsValue", true);              // no letter of it becomes a key
     const auto show = [patch, changed, wears = field.wears, sheet = field.sheet](const QString& value) {
         const bool another = patch->text() != value;
         const QColor colour = wears(value);
@@ -182,6 +184,9 @@ FieldEditor makeEditor(const Field& field, const std::function<void()>& changed)
 {
     FieldEditor made = editorOf(field, changed);
     made.widget->setToolTip(field.toolTip);
+    if (field.kind == FieldKind::Number || field.kind == FieldKind::Integer || field.kind == FieldKind::Decimal) {
+        field.unit ? sayUnit(made.widget, *field.unit) : takeUnitFrom(field.caption, made.widget);
+    }
     return made;
 }
 

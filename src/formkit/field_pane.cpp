@@ -1,6 +1,7 @@
 #include "formkit/field_pane.h"
 
 #include <QFormLayout>
+#include <QLabel>
 #include <QScopedValueRollback>
 
 namespace formkit {
@@ -13,6 +14,8 @@ FieldPane::FieldPane(const FieldList& fields, QWidget* parent)
         editors_.push_back(makeEditor(field, [this] { noteChange(); }));
         const FieldEditor& made = editors_.back();
         layout_->addRow(field.kind == FieldKind::Check ? QString() : field.caption, made.place);
+        if (auto* caption = qobject_cast<QLabel*>(layout_->labelForField(made.place)))
+            caption->setBuddy(made.widget); // which may stand in its place with a button
     }
     showStart();
 }

@@ -1,8 +1,10 @@
 #include "formkit/layout.h"
 
 #include "formkit/tab_order.h"
+#include "formkit/unit.h"
 #include "formkit/widgets.h"
 
+#include <QAbstractButton>
 #include <QGroupBox>
 #include <QScrollArea>
 #include <QSplitter>
@@ -10,7 +12,54 @@
 
 namespace formkit {
 
+namespace {
+
+QWidget* fieldIn(const QLayout* layout);
+
+// What is written or chosen in: the widget, or the first such in it. Null for none.
+QWidget* fieldOf(QWidget* widget)
+{
+    if (!widget || qobject_cast<QAbstractButton*>(widget) || qobject_cast<QGroupBox*>(widget)
+        || qobject_cast<QTabWidget*>(widget))
+        return nullptr;
+    return widget->focusPolicy() & Qt::TabFocus ? widget : fieldIn(widget->layout());
+}
+
+QWidget* fieldIn(const QLayout* layout)
+{
+    QWidget* field = nullptr;
+    for (int i = 0; layout && !field && i < layout->count(); ++i)
+        field =
+            layout->itemAt(i)->layout() ? fieldIn(layout->itemAt(i)->layout()) : fieldOf(layout->itemAt(i)->widget());
+    return field;
+}
+
+// A caption is no value that the form shows; a sign for a key in it would be taken for one.
+bool isCaption(const QLabel& label)
+{
+    return !label.buddy() && !label.text().isEmpty() && !label.text().contains(QLatin1Char('&'))
+        && !(label.textInteractionFlags() & Qt::TextSelectableByMouse);
+}
+
+// Keys and readers of the screen go by it from the caption to the field.
+void lead(QLabel* caption, QWidget* field)
+{
+    if (!caption || !field)
+        return;
+    caption->setBuddy(field);
+    takeUnitFrom(caption->text(), field);
+}
+
+} // namespace
+
 Item::Item(const QString& caption) : widget_(label(caption)) { }
+
+void Item::nameBy(const Item& before) const
+{
+    auto* caption = qobject_cast<QLabel*>(before.widget_);
+    if (caption && isCaption(*caption))
+        lead(caption, widget_ ? fieldOf(widget_) : fieldIn(layout_));
+}
 
 void Item::putInto(QBoxLayout& layout) const
 {
@@ -39,6 +88,12 @@ void Item::putInto(QFormLayout& layout, const QString& caption) const
         caption.isNull() ? layout.addRow(widget_) : layout.addRow(caption, widget_);
     else if (layout_)
         caption.isNull() ? layout.addRow(layout_) : layout.addRow(caption, layout_);
+    if (caption.isEmpty() || caption.contains(QLatin1Char('&')))
+        return;
+    if (widget_)
+        lead(qobject_cast<QLabel*>(layout.labelForField(widget_)), fieldOf(widget_));
+    else if (layout_)
+        lead(qobject_cast<QLabel*>(layout.labelForField(layout_)), fieldIn(layout_));
 }
 
 QWidget* Item::asWidget() const { return widget_ || !layout_ ? widget_ : Inside(new QWidget).put(layout_); }
@@ -62,10 +117,22 @@ Item wide(int columns, Item item)
 namespace {
 
 template <class Items>
+void nameFields(const Items& items)
+{
+    const Item* before = nullptr;
+    for (const Item& item : items) {
+        if (before)
+            item.nameBy(*before);
+        before = &item;
+    }
+}
+
+template <class Items>
 QBoxLayout* fillBox(QBoxLayout* layout, const Items& items)
 {
     for (const Item& item : items)
         item.putInto(*layout);
+    nameFields(items);
     return layout;
 }
 
@@ -87,6 +154,7 @@ QGridLayout* grid(const std::vector<Cells>& rows)
             item.putInto(*layout, row, column);
             column += item.columns();
         }
+        nameFields(cells);
         ++row;
     }
     return layout;

@@ -1,5 +1,6 @@
 #pragma once
-// Layouts as nested lists, so that the code of a form reads as the form looks:
+// Layouts as nested lists, so that the code of a form reads as the form looks; a
+// caption is the buddy of the field behind it:
 //
 //   layOut(this).column({
 //       group("Граница:").grid({
@@ -33,6 +34,8 @@ public:
     /// As one widget; a layout gets one of its own, with the usual margins.
     QWidget* asWidget() const;
     int columns() const { return columns_; }
+    /// Makes the field of this item, its first one, what the caption before it leads to.
+    void nameBy(const Item& before) const;
 
 private:
     friend Item stretch();

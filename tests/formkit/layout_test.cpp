@@ -1,6 +1,8 @@
 // Layouts as nested lists.
 #include "formkit/end_buttons.h"
+#include "formkit/field_pane.h"
 #include "formkit/layout.h"
+#include "formkit/unit.h"
 #include "formkit/widgets.h"
 #include "support/looks.h"
 
@@ -152,6 +154,114 @@ TEST(FormLayout, TabGoesAsOneReads)
 
     QWidget::setTabOrder(third, second);
     EXPECT_EQ(tabFaults(form).size(), 1) << "the look at forms would notice";
+}
+
+// What Alt and the caption's letter lead to, and what a reader of the screen says.
+QWidget* namedBy(const QWidget& form, const char* caption)
+{
+    for (const QLabel* label : form.findChildren<QLabel*>())
+        if (label->text() == QString::fromUtf8(caption))
+            return label->buddy();
+    ADD_FAILURE() << "no caption " << caption;
+    return nullptr;
+}
+
+TEST(FormLayout, ACaptionLeadsToTheFieldBehindIt)
+{
+    QWidget form;
+    layOut(&form).column({
+        group("Группа").grid({
+            {"В сетке", growing(edit("InGrid")), button("Read", "Прочитать")},
+            {"Перед рядом", row({edit("InRow"), dotsButton("Dots")})},
+            {"Перед значением", readOut("Value", "5")},
+            {"Перед кнопкой", button("Pressed", "...")},
+            {nothing(), "Перед местом", nothing(), edit("Far")},
+        }),
+        row({"В ряду", combo("Combo"), "Далеко", stretch(), spin("Spin", 0, 5)}),
+        lines({{"В строке", pane(row({edit("InPane"), dotsButton("More")}))}, {"Строка", row({edit("InLine")})}}),
+        note("Status", "Всё хорошо"),
+        listBox("List"),
+        column({"Над полем", linesEdit("Below", 2)}),
+    });
+    EXPECT_EQ(namedBy(form, "В сетке")->objectName(), QString("InGrid"));
+    EXPECT_EQ(namedBy(form, "Перед рядом")->objectName(), QString("InRow"));
+    EXPECT_EQ(namedBy(form, "Перед значением"), nullptr) << "nothing is written there";
+    EXPECT_EQ(namedBy(form, "Перед кнопкой"), nullptr) << "a button has a caption of its own";
+    EXPECT_EQ(namedBy(form, "Перед местом"), nullptr);
+    EXPECT_EQ(namedBy(form, "В ряду")->objectName(), QString("Combo"));
+    EXPECT_EQ(namedBy(form, "Далеко"), nullptr);
+    EXPECT_EQ(namedBy(form, "В строке")->objectName(), QString("InPane"));
+    EXPECT_EQ(namedBy(form, "Строка")->objectName(), QString("InLine"));
+    EXPECT_EQ(namedBy(form, "Над полем")->objectName(), QString("Below"));
+
+    FieldPane pane({Field::text("Name", "Имя"),
+                    Field::path("Path", "Путь", "Choose", [](QWidget*, const QString& now) { return now; })});
+    EXPECT_EQ(namedBy(pane, "Имя")->objectName(), QString("Name"));
+    EXPECT_EQ(namedBy(pane, "Путь")->objectName(), QString("Path"));
+}
+
+TEST(FormLayout, ASignForAKeyInACaptionIsNoKey)
+{
+    QWidget form;
+    layOut(&form).row({"Песок & глина", edit("E")});
+    EXPECT_EQ(namedBy(form, "Песок & глина"), nullptr) << "as a buddy's caption it would lose the sign";
+}
+
+TEST(Units, StandInCaptionsBehindACommaOrInBrackets)
+{
+    const std::vector<std::pair<const char*, const char*>> rows = {
+        {"Абсолютная отметка, м", "м"},
+        {"Уровень грунтовых вод (м):", "м"},
+        {"Теплопроводность талого грунта λth, Вт/(м·°C)", "Вт/(м·°C)"},
+        {"Сопротивление под нижним концом сваи R (опытное), кПа", "кПа"},
+        {"Шаг изотерм, °C", "°C"},
+        {"Эффективность", ""},
+        {"Высота(h)", ""},
+        {"Расстояние <", ""},
+        {"", ""},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(unitIn(QString::fromUtf8(row.first)), QString::fromUtf8(row.second)) << row.first;
+}
+
+TEST(Units, AreToldByTheFieldsTip)
+{
+    const std::unique_ptr<QDoubleSpinBox> depth(inUnit("м", tipped(realSpin("D", 0, 9), "От устья")));
+    EXPECT_EQ(depth->toolTip(), QString("От устья\nЕдиница измерения: м"));
+    EXPECT_EQ(depth->accessibleDescription(), QString("Единица измерения: м"));
+    EXPECT_EQ(depth->statusTip(), QString("Единица измерения: м"));
+    EXPECT_EQ(depth->whatsThis(), depth->toolTip());
+    sayUnit(depth.get(), QStringLiteral("см"));
+    EXPECT_EQ(depth->toolTip(), QString("От устья\nЕдиница измерения: см")) << "the last one holds";
+    const std::unique_ptr<QSpinBox> count(withoutUnit(tipped(spin("N", 0, 9), "Сколько раз")));
+    EXPECT_EQ(count->toolTip(), QString("Сколько раз"));
+    EXPECT_TRUE(count->property("unit").isValid());
+}
+
+TEST(Units, ComeFromTheCaptionOrTheField)
+{
+    QWidget form;
+    FieldPane* pane = nullptr;
+    layOut(&form).column({
+        row({"Длина, м", numberEdit("Length"), "Имя, отчество", edit("Person")}),
+        pane = new FieldPane({
+            Field::number("Depth", "Глубина, м"),
+            Field::number("Z", "Отметка").in("мм"),
+            Field::integer("Count", "Число", 0, 9).withoutUnit(),
+            Field::decimal("Other", "Иное", 0, 1),
+            Field::text("Told", "Фамилия, имя"),
+        }),
+    });
+    const auto unit = [&](const char* name) { return form.findChild<QWidget*>(name)->property("unit"); };
+    EXPECT_EQ(unit("Length").toString(), QString("м"));
+    EXPECT_FALSE(unit("Person").isValid()) << "no number";
+    EXPECT_EQ(unit("Depth").toString(), QString("м"));
+    EXPECT_EQ(unit("Z").toString(), QString("мм"));
+    EXPECT_TRUE(unit("Count").isValid());
+    EXPECT_EQ(unit("Count").toString(), QString());
+    EXPECT_FALSE(unit("Told").isValid());
+    ASSERT_EQ(unitFaults(form).size(), 1) << "the look at forms notices";
+    EXPECT_TRUE(unitFaults(form)[0].contains("Other"));
 }
 
 TEST(FormWidgets, AButtonCallsItsSlot)

@@ -21,9 +21,9 @@ namespace {
 const FieldList everyKind = {
     Field::text("Text", "Текст").required().longest(4),
     Field::password("Password", "Пароль"),
-    Field::number("Number", "Число").emptyAs("null"),
-    Field::integer("Integer", "Целое", 0, 9).starts("3"),
-    Field::decimal("Decimal", "Дробное", -1.0, 1.0, 3),
+    Field::number("Number", "Число").emptyAs("null").withoutUnit(),
+    Field::integer("Integer", "Целое", 0, 9).starts("3").in("шт."),
+    Field::decimal("Decimal", "Дробное", -1.0, 1.0, 3).withoutUnit(),
     Field::lines("Lines", "Строки"),
     Field::date("Date", "Дата"),
     Field::check("Check", "Да"),

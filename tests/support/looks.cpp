@@ -5,6 +5,7 @@
 #include <QAbstractSpinBox>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDateTimeEdit>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -14,6 +15,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
+#include <QValidator>
 
 #include <algorithm>
 #include <cmath>
@@ -99,6 +101,24 @@ const QScrollArea* areaAround(const QWidget& form, const QWidget& widget)
     return found;
 }
 
+// --- units
+
+// A line that takes numbers and no letters.
+bool takesNumbersAlone(const QLineEdit& line)
+{
+    QString number = QStringLiteral("-1.5"), letter = QStringLiteral("a");
+    int place = 0;
+    return line.validator() && line.validator()->validate(number, place) == QValidator::Acceptable
+        && line.validator()->validate(letter, place) == QValidator::Invalid;
+}
+
+bool isNumberField(const QWidget& widget)
+{
+    const auto* line = qobject_cast<const QLineEdit*>(&widget);
+    return (line && takesNumbersAlone(*line))
+        || (qobject_cast<const QAbstractSpinBox*>(&widget) && !qobject_cast<const QDateTimeEdit*>(&widget));
+}
+
 // --- reading order
 
 struct Stop {
@@ -177,6 +197,15 @@ QString tooLarge(const QWidget& form)
         .arg(least.height())
         .arg(room.width())
         .arg(room.height());
+}
+
+QStringList unitFaults(const QWidget& form)
+{
+    QStringList faults;
+    for (const QWidget* widget : form.findChildren<QWidget*>())
+        if (isNumberField(*widget) && !isPart(*widget) && !widget->property("unit").isValid())
+            faults << nameOf(*widget);
+    return faults;
 }
 
 QList<QWidget*> tabStops(const QWidget& form)

@@ -18,5 +18,8 @@ QString tooLarge(const QWidget& form);
 /// a part being what a straight line through the form parts from the rest.
 QStringList tabFaults(const QWidget& form);
 
+/// Fields for numbers that declare neither their unit nor that they have none.
+QStringList unitFaults(const QWidget& form);
+
 /// The widgets that Tab reaches, in its order.
 QList<QWidget*> tabStops(const QWidget& form);

@@ -114,6 +114,7 @@ bool takePicture(QWidget& form, const QString& name)
     EXPECT_EQ(cutOff(form), QStringList()) << name;
     EXPECT_EQ(tooLarge(form), QString()) << name;
     EXPECT_EQ(tabFaults(form), QStringList()) << name;
+    EXPECT_EQ(unitFaults(form), QStringList()) << name;
     const NeutralTexts neutral(form);
     const QPixmap picture = form.grab();
     const QString folder = qEnvironmentVariable("TERVA_PICTURES");

@@ -5,6 +5,7 @@
 #include "formkit/boxes.h"
 #include "formkit/layout.h"
 #include "formkit/modal.h"
+#include "formkit/unit.h"
 #include "formkit/widgets.h"
 
 using namespace formkit;
@@ -37,8 +38,9 @@ ProjectPlacementProps::ProjectPlacementProps(QWidget* parent) : QWidget(parent)
     layOut(this).column({
         row({
             growing(wrapped("Масштабный  коэфициент элементов"), 2),
-            growing(scale_ = tipped(realSpin("ScaleFactor", 0.01, 1000.0, 0.1),
-                                    "Коэффициент вставки блоков 1 (1:1000), 0.5 (1:500), 2 (1:2000) и т.д.")),
+            growing(scale_ =
+                        withoutUnit(tipped(realSpin("ScaleFactor", 0.01, 1000.0, 0.1),
+                                           "Коэффициент вставки блоков 1 (1:1000), 0.5 (1:500), 2 (1:2000) и т.д."))),
         }),
         label("Цветовые схемы:"),
         colorMaps(),

@@ -9,7 +9,7 @@ namespace {
 const FieldList numbering = {
     Field::text("Prefix", "Префикс"),
     Field::text("Counter", "Счетчик"),
-    Field::integer("Trailing", "Число знаков", 0, 999),
+    Field::integer("Trailing", "Число знаков", 0, 999).withoutUnit(),
     Field::shown("TextLabel", "Следующее имя"),
 };
 

@@ -4,6 +4,7 @@
 #include "charts/forms/ts_data_viewer.h"
 #include "elements/measures/forms/button_delegate.h"
 #include "exchange/forms/measures_view.h"
+#include "formkit/unit.h"
 
 using namespace formkit;
 
@@ -26,7 +27,7 @@ TSImportCmdDialog::TSImportCmdDialog(QWidget* parent) : MeasureImportDialog(*imp
 
 void TSImportCmdDialog::addAirTemperature()
 {
-    airTemperature_ = realSpin("EnvTempSpin", -100.0, 100.0, 0.1);
+    airTemperature_ = inUnit("°C", realSpin("EnvTempSpin", -100.0, 100.0, 0.1));
     const QPushButton* toAll = controls().addForAll("Температура воздуха", airTemperature_, "BTNEnvTempToAll");
     connect(toAll, &QPushButton::clicked, this, [this] {
         giveAll([&](const WorkStep& step) { table().giveValue(fixed(airTemperature_->value(), 2), step); });

@@ -9,6 +9,7 @@
 #include "formkit/end_buttons.h"
 #include "formkit/layout.h"
 #include "formkit/table_items.h"
+#include "formkit/unit.h"
 #include "formkit/widgets.h"
 
 #include <QSignalBlocker>
@@ -25,13 +26,14 @@ struct NumberField {
     const char* name;
     const char* caption;
     double PositionAttributes::*value;
+    const char* unit = ""; // of a caption that tells none
 };
 
 const std::array<NumberField, 9> numberFields = {{
     {"DeepMin", "Глубина осреднения от, м", &PositionAttributes::deepMin},
     {"DeepMax", "Глубина осреднения до, м", &PositionAttributes::deepMax},
-    {"TemperatureH", "Температура тв.состояния Th", &PositionAttributes::temperatureH},
-    {"TemperatureBF", "Температура начала замерзания Tbf", &PositionAttributes::temperatureBf},
+    {"TemperatureH", "Температура тв.состояния Th", &PositionAttributes::temperatureH, "°C"},
+    {"TemperatureBF", "Температура начала замерзания Tbf", &PositionAttributes::temperatureBf, "°C"},
     {"BaseDepth", "Глубина основания фундамента, м", &PositionAttributes::baseDepth},
     {"RelativeDiff", "Относительная осадка", &PositionAttributes::relativeDiff},
     {"AverageDiff", "Максимальная средняя осадка, см", &PositionAttributes::averageDiff},
@@ -83,7 +85,8 @@ Item PositionPassport::attributesPage()
 {
     std::vector<Cells> fields;
     for (const NumberField& field : numberFields) {
-        edits_.append(numberEdit(field.name));
+        const QString told = unitIn(QString::fromUtf8(field.caption));
+        edits_.append(inUnit(told.isEmpty() ? QString::fromUtf8(field.unit) : told, numberEdit(field.name)));
         fields.push_back({field.caption, growing(edits_.last())});
     }
     ranges_ = table("GradeRanges", {"Состояние", "Температура", "Осадка", "Отн. осадка"});

@@ -6,6 +6,7 @@
 #include "formkit/file_questions.h"
 #include "formkit/layout.h"
 #include "formkit/table_items.h"
+#include "formkit/unit.h"
 #include "formkit/widgets.h"
 #include "session/project_session.h"
 
@@ -57,7 +58,8 @@ QTableWidgetItem* colorItem(const NcCmColor& color)
     return item;
 }
 
-QDoubleSpinBox* limit(const char* name) { return realSpin(name, -1e6, 1e6); }
+// In the unit of what the map shows: degrees, metres or millimetres.
+QDoubleSpinBox* limit(const char* name) { return withoutUnit(realSpin(name, -1e6, 1e6)); }
 
 } // namespace
 
@@ -79,7 +81,7 @@ void ColorMapWidget::build()
             "Максимум",
             growing(levelMax_ = limit("LevelMax")),
             "Число уровней",
-            growing(levelCount_ = spin("LevelCountSpin", 0, kMaximumCount)),
+            growing(levelCount_ = withoutUnit(spin("LevelCountSpin", 0, kMaximumCount))),
         }),
         row({
             button("SaveColorMapBtn", "Сохранить в файл", this, &ColorMapWidget::saveToFile),

@@ -3,6 +3,7 @@
 #include "analysis/levels/forms/color_map_widget.h"
 #include "formkit/end_buttons.h"
 #include "formkit/layout.h"
+#include "formkit/unit.h"
 #include "formkit/widgets.h"
 
 #include <QDialog>
@@ -69,9 +70,9 @@ QWidget* IsoContoursWidgets::methodPane()
     return group("Метод построения ")
         .grid({
             {wide(4, MethodCombo = combo("MethodCombo"))},
-            {MethodParamOneLabel = label("Степень"), MethodParamOne = number("MethodParamOne", "2.0"),
-             MethodParamTwoLabel = label("Точки"), MethodParamTwo = number("MethodParamTwo", "15")},
-            {hidden(number("MethodParamThree", "0"))},
+            {MethodParamOneLabel = label("Степень"), MethodParamOne = withoutUnit(number("MethodParamOne", "2.0")),
+             MethodParamTwoLabel = label("Точки"), MethodParamTwo = withoutUnit(number("MethodParamTwo", "15"))},
+            {hidden(withoutUnit(number("MethodParamThree", "0")))},
         });
 }
 
@@ -79,13 +80,14 @@ QWidget* IsoContoursWidgets::linePane()
 {
     return group("Линии").grid({
         {wide(2, SplineLine = check("SplineLine", "Сглаживать линии", true)), "Точек",
-         SplinePointNum = spin("SplinePointNum", 1, kMostPoints, 10)},
-        {"Натяжение", wide(2, TauSlider = slider("TauSlider", 0, 100, 50)), TauValue = number("TauValue", "0.50")},
+         SplinePointNum = withoutUnit(spin("SplinePointNum", 1, kMostPoints, 10))},
+        {"Натяжение", wide(2, TauSlider = slider("TauSlider", 0, 100, 50)),
+         TauValue = withoutUnit(number("TauValue", "0.50"))},
         {wide(2, IsolineFilterCheck = check("IsolineFilterCheck", "Фильтровать линии")), "Расстояние <",
-         FilterLinesDistance = number("FilterLinesDistance", "0.1")},
+         FilterLinesDistance = inUnit("м", number("FilterLinesDistance", "0.1"))},
         {wide(2, RefineLine = check("RefineLine", "Разбивать отрезки")), "Расстояние >",
-         RefineLineDist = number("RefineLineDist", "50.0")},
-        {wide(2, nothing()), "Число точек", RefineLineCount = spin("RefineLineCount", 1, kMostPoints, 5)},
+         RefineLineDist = inUnit("м", number("RefineLineDist", "50.0"))},
+        {wide(2, nothing()), "Число точек", RefineLineCount = withoutUnit(spin("RefineLineCount", 1, kMostPoints, 5))},
     });
 }
 

@@ -1,6 +1,7 @@
 #include "analysis/maps/forms/sampling_pane.h"
 
 #include "formkit/layout.h"
+#include "formkit/unit.h"
 #include "formkit/widgets.h"
 
 #include <QSignalBlocker>
@@ -10,7 +11,7 @@ using namespace formkit;
 namespace {
 
 // Depths and elevations in metres.
-QDoubleSpinBox* metres(const char* name) { return realSpin(name, -10000.0, 10000.0, 0.5); }
+QDoubleSpinBox* metres(const char* name) { return inUnit("м", realSpin(name, -10000.0, 10000.0, 0.5)); }
 
 void setQuietly(QDoubleSpinBox* spin, double value)
 {

@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "formkit/boxes.h"
 #include "formkit/table_items.h"
+#include "formkit/unit.h"
 #include "hostkit/console.h"
 #include "session/project_session.h"
 
@@ -66,7 +67,7 @@ Item ProfileDialog::placePane()
                             .row({
                                 exact_ = radio("MatchPreciss", "Точно"),
                                 corridor_ = radio("MatcTolerance", words_.corridor, true),
-                                tolerance_ = realSpin("Tolerance", 0.01, 1000.0, 0.5),
+                                tolerance_ = inUnit("м", realSpin("Tolerance", 0.01, 1000.0, 0.5)),
                                 stretch(),
                             });
     tolerance_->setValue(Corridor::start);

@@ -66,7 +66,7 @@ Record cycleRecord()
         "CycleForm",
         "Цикл измерений",
         {
-            Field::integer("CycleNumber", "Номер цикла", 0, std::numeric_limits<int>::max()),
+            Field::integer("CycleNumber", "Номер цикла", 0, std::numeric_limits<int>::max()).withoutUnit(),
             Field::date("DateBegin", "Дата начала"),
             Field::date("DateEnd", "Дата окончания"),
             Field::text("Description", "Описание"),

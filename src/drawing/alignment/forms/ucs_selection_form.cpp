@@ -5,6 +5,7 @@
 #include "drawing/alignment/ucs_table.h"
 #include "formkit/end_buttons.h"
 #include "formkit/layout.h"
+#include "formkit/unit.h"
 #include "formkit/widgets.h"
 #include "hostkit/console.h"
 #include "session/project_session.h"
@@ -22,12 +23,13 @@ constexpr int dataRole = Qt::UserRole + 1;
 struct FieldRow {
     const char* caption;
     std::array<const char*, 3> names;
+    const char* unit; // of the directions none
 };
 
 const std::array<FieldRow, 3> fieldRows = {{
-    {"Базовая точка", {"OrigX", "OrigY", "OrigZ"}},
-    {"Ось Х", {"xAxisX", "xAxisY", "xAxisZ"}},
-    {"Ось Y", {"yAxisX", "yAxisY", "yAxisZ"}},
+    {"Базовая точка", {"OrigX", "OrigY", "OrigZ"}, "м"},
+    {"Ось Х", {"xAxisX", "xAxisY", "xAxisZ"}, ""},
+    {"Ось Y", {"yAxisX", "yAxisY", "yAxisZ"}, ""},
 }};
 
 int idOf(const QListWidgetItem& item) { return item.data(idRole).toInt(); }
@@ -61,7 +63,7 @@ QLayout* UCSSelectionForm::numbers()
     for (const FieldRow& described : fieldRows) {
         rows.push_back({described.caption});
         for (const char* name : described.names) {
-            rows.back().push_back(fields_[at] = numberEdit(name));
+            rows.back().push_back(fields_[at] = inUnit(described.unit, numberEdit(name)));
             connect(fields_[at++], &QLineEdit::textChanged, this, &UCSSelectionForm::enableButtons);
         }
     }

@@ -2,6 +2,7 @@
 
 #include "base/placeholders.h"
 #include "elements/geology/ground_hatches.h"
+#include "formkit/unit.h"
 #include "formkit/widgets.h"
 #include "session/project_session.h"
 
@@ -36,7 +37,9 @@ Field kindOf(const EgeColumn& column)
             .dressed(QStringLiteral("QPushButton { background-color: %1; border: 1px solid #888; }"));
     if (column.name == patternField)
         return Field::choice(name, caption, patternChoices);
-    return column.isNumber() ? Field::number(name, caption) : Field::text(name, caption);
+    if (!column.isNumber())
+        return Field::text(name, caption);
+    return Field::number(name, caption).in(unitIn(column.caption())); // the catalogue's own texts tell it
 }
 
 FieldList fieldsOf(const EgeColumns& columns)

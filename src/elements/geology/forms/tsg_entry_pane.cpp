@@ -19,13 +19,13 @@ FieldList naming() { return {Field::text("name", "Наименование").req
 FieldList condenser()
 {
     return {number("condensator_area", "Площадь, м²"), number("condensator_radius", "Радиус, м"),
-            number("condensatot_eff", "Эффективность")};
+            number("condensatot_eff", "Эффективность").withoutUnit()};
 }
 
 FieldList evaporator()
 {
     return {number("vaporizer_area", "Площадь, м²"), number("vaporizer_length", "Длина, м"),
-            number("vaporizer_radius", "Радиус, м"), number("vaporizer_eff", "Эффективность")};
+            number("vaporizer_radius", "Радиус, м"), number("vaporizer_eff", "Эффективность").withoutUnit()};
 }
 
 FieldList exchanger()

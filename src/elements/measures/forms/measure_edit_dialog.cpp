@@ -21,7 +21,8 @@ namespace {
 
 const QString dayFormat = QStringLiteral("yyyy-MM-dd");
 
-// The range of a number that says none: fields are bound to it.
+// The range of a number that says none: fields are bound to it. An accuracy and a density are kept in
+// the unit that the survey uses.
 Field plainNumber(const char* name, const char* caption) { return Field::decimal(name, caption, 0.0, 99.99, 4); }
 
 const MeasureEditor& editorOf(FamilyKey family)
@@ -33,10 +34,11 @@ const MeasureEditor& editorOf(FamilyKey family)
          {Field::decimal("t_vozd", "Температура воздуха, °C", -100.0, 100.0).step(0.1)}},
         {FamilyKey::Rp,
          "RPMeasureEditDialog",
-         {plainNumber("meas", "Абсолютная отметка, м"), plainNumber("precis", "Точность")}},
+         {plainNumber("meas", "Абсолютная отметка, м"), plainNumber("precis", "Точность").withoutUnit()}},
         {FamilyKey::Tss,
          "TSSMeasureEditDialog",
-         {plainNumber("meas_density", "Плотность снега"), plainNumber("meas_heigth", "Высота снега")}},
+         {plainNumber("meas_density", "Плотность снега").withoutUnit(),
+          plainNumber("meas_heigth", "Высота снега").in("мм")}},
         {FamilyKey::Ggs, "GGSMeasureEditDialog", {plainNumber("meas", "Уровень грунтовых вод, м")}},
         {FamilyKey::Tsg,
          "TSGMeasureEditDialog",

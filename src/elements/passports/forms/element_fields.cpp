@@ -21,7 +21,7 @@ Field fieldOf(const PassportField& field, const PassportRecord& record)
     const QByteArray caption = field.caption.toUtf8();
     switch (field.kind) {
     case PassportFieldKind::Text: return Field::text(field.name, caption);
-    case PassportFieldKind::Number: return Field::number(field.name, caption);
+    case PassportFieldKind::Number: return Field::number(field.name, caption).in("м"); // places, heights, depths
     case PassportFieldKind::Type: return Field::choice(field.name, caption, [&record] { return record.lists.types; });
     case PassportFieldKind::State: return Field::choice(field.name, caption, [] { return session().stateEntries(); });
     case PassportFieldKind::Position:
