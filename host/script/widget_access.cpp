@@ -281,7 +281,8 @@ bool widgetValue(const QWidget* widget, QString& value)
     else if (const auto* real = qobject_cast<const QDoubleSpinBox*>(widget))
         value = QString::number(real->value(), 'f', real->decimals());
     else if (const auto* group = qobject_cast<const QGroupBox*>(widget))
-        value = group->isCheckable() ? QString::fromLatin1(group->isChecked() ? "on" : "off") : group->title();
+        value = group->isCheckable() ? QString::fromLatin1(group->isChecked() ? "on" : "off")
+                                     : plainCaption(group->title());
     else if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
         value = button->isCheckable() ? QString::fromLatin1(button->isChecked() ? "on" : "off")
                                       : plainCaption(button->text());
@@ -296,7 +297,7 @@ bool widgetValue(const QWidget* widget, QString& value)
     else if (const auto* text = qobject_cast<const QPlainTextEdit*>(widget))
         value = text->toPlainText();
     else if (const auto* label = qobject_cast<const QLabel*>(widget))
-        value = label->text();
+        value = label->buddy() ? plainCaption(label->text()) : label->text();
     else if (const auto* bar = qobject_cast<const QProgressBar*>(widget))
         value = QString::number(bar->value());
     else

@@ -44,7 +44,7 @@ bool loadModules(ModuleHost& host, const QStringList& paths)
 bool needsNoDisplay(int argc, char** argv)
 {
     for (int i = 1; i < argc; ++i)
-        for (const char* option : {"--batch", "--help", "-h"})
+        for (const char* option : {"--batch", "--help", "-h", "--version", "-v"})
             if (qstrncmp(argv[i], option, qstrlen(option)) == 0)
                 return true;
     return false;

@@ -1,9 +1,11 @@
 #include "main_window.h"
 
 #include "command_menus.h"
+#include "desk_icons.h"
 #include "desk_state.h"
 #include "drawing_keeper.h"
 #include "edit_dialogs.h"
+#include "form_mnemonics.h"
 #include "form_places.h"
 #include "layers_page.h"
 #include "properties_panel.h"
@@ -52,6 +54,7 @@ MainWindow::MainWindow(const QString& profile)
 {
     setObjectName(QStringLiteral("mainWindow"));
     setWindowTitle(QStringLiteral("Терва"));
+    QApplication::setWindowIcon(deskIcon(QStringLiteral("terva")));
     resize(1280, 800);
     tabs_->setObjectName(QStringLiteral("documentTabs"));
     tabs_->setDocumentMode(true);
@@ -74,6 +77,7 @@ MainWindow::MainWindow(const QString& profile)
     line_->setHistory(settings_->value(kHistoryKey).toStringList());
     qApp->installEventFilter(this);
     new FormPlaces(*settings_, this);
+    new FormMnemonics(this);
     if (!restoreGeometry(settings_->value(QStringLiteral("geometry")).toByteArray()))
         setWindowState(Qt::WindowMaximized);
     else if (!isMaximized() && !isFullScreen())
@@ -156,6 +160,8 @@ void MainWindow::noteSaved(NcApDocument* saved)
         keeper_->forget(*document);
         if (DrawingView* view = viewOf(document))
             view->setDrawn(false);
+        // A command may make its drawing first and give it its file then.
+        QTimer::singleShot(0, this, &MainWindow::closeUntouchedStart);
     }
     showTitles();
 }

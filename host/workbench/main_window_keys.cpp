@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTextEdit>
+#include <QValidator>
 
 namespace {
 
@@ -26,10 +27,23 @@ bool takesText(const QWidget* widget)
         || (items && items->editTriggers() != QAbstractItemView::NoEditTriggers);
 }
 
-// Whether the widget is a field for a number in a dialog.
+// A line that takes numbers and no letters.
+bool takesNumbersAlone(const QLineEdit* line)
+{
+    QString number = QStringLiteral("-1.5"), letter = QStringLiteral("a");
+    int place = 0;
+    return line && line->validator() && line->validator()->validate(number, place) == QValidator::Acceptable
+        && line->validator()->validate(letter, place) == QValidator::Invalid;
+}
+
+// Whether the widget is a field for a number in a dialog; that of a cell belongs to its table.
 bool isNumberField(const QWidget* widget)
 {
-    return qobject_cast<const QAbstractSpinBox*>(widget) && qobject_cast<const QDialog*>(widget->window());
+    const auto* line = qobject_cast<const QLineEdit*>(widget);
+    return qobject_cast<const QDialog*>(widget->window())
+        && (qobject_cast<const QAbstractSpinBox*>(widget)
+            || (takesNumbersAlone(line)
+                && !qobject_cast<const QAbstractItemView*>(line->parentWidget()->parentWidget())));
 }
 
 // A number takes a point and a comma alike; the field shows that of the user's
@@ -72,8 +86,10 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
     auto* key = static_cast<QKeyEvent*>(event);
     // Enter in a number field is done with the field, not with the form.
     if (widget && isEnter(key->key()) && isNumberField(widget)) {
-        static_cast<QAbstractSpinBox*>(widget)->interpretText();
-        widget->nextInFocusChain()->setFocus();
+        if (auto* spin = qobject_cast<QAbstractSpinBox*>(widget))
+            spin->interpretText();
+        QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+        QCoreApplication::sendEvent(widget, &tab);
         return true;
     }
     if (widget && typeDecimalMark(widget, *key))

@@ -8,6 +8,7 @@ bool parseOptions(const QStringList& arguments, Options& options, QString& messa
     parser.setApplicationDescription(QStringLiteral("Терва: чертежи и данные геотехнического мониторинга.\n"
                                                     "Без --batch открывает рабочее окно."));
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Эта справка."));
+    const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")}, QStringLiteral("Версия."));
     const QCommandLineOption batch(QStringLiteral("batch"), QStringLiteral("Исполнить сценарий без окна."),
                                    QStringLiteral("файл"));
     const QCommandLineOption play(QStringLiteral("play"), QStringLiteral("Исполнить сценарий в окне и закрыть его."),
@@ -26,14 +27,16 @@ bool parseOptions(const QStringList& arguments, Options& options, QString& messa
                                      QStringLiteral("секунды"));
     const QCommandLineOption profile(QStringLiteral("profile"), QStringLiteral("Файл настроек окна."),
                                      QStringLiteral("файл"));
-    parser.addOptions({help, batch, play, start, module, noModule, variable, timeout, profile});
+    parser.addOptions({help, version, batch, play, start, module, noModule, variable, timeout, profile});
     parser.addPositionalArgument(QStringLiteral("файлы"),
                                  QStringLiteral("Проекты .terva, чертежи .dxf и .dwg, сценарии .script."),
                                  QStringLiteral("[файлы...]"));
 
     good = parser.parse(arguments);
     message = good ? parser.helpText() : parser.errorText();
-    if (!good || parser.isSet(help))
+    if (good && parser.isSet(version))
+        message = QStringLiteral("Терва " TERVA_VERSION);
+    if (!good || parser.isSet(help) || parser.isSet(version))
         return false;
     options.batch = parser.value(batch);
     options.play = parser.value(play);

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -144,4 +145,14 @@ TEST_F(BatchTest, HelpIsPrintedInRussian)
     EXPECT_TRUE(run.out.contains(QStringLiteral("Вызов:"))) << run.out.toStdString();
     EXPECT_TRUE(run.out.contains(QStringLiteral("--batch <файл>")));
     EXPECT_FALSE(run.out.contains(QStringLiteral("Options")));
+}
+
+TEST_F(BatchTest, TheVersionIsPrinted)
+{
+    for (const char* option : {"--version", "-v"}) {
+        const Outcome run = runProgram({QString::fromLatin1(option)});
+        EXPECT_EQ(run.code, 0);
+        EXPECT_TRUE(QRegularExpression(QStringLiteral("^Терва \\d+\\.\\d+\\.\\d+\\n$")).match(run.out).hasMatch())
+            << run.out.toStdString();
+    }
 }

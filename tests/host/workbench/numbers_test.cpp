@@ -6,6 +6,9 @@
 #include <QApplication>
 #include <QDialog>
 #include <QDoubleSpinBox>
+#include <QPushButton>
+#include <QRegularExpressionValidator>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -64,6 +67,38 @@ TEST_F(Numbers, ASpinBoxTakesAPointAndAComma)
     speak(QLocale::Russian);
     typed(QStringLiteral("2.5"));
     EXPECT_TRUE(shown.startsWith(QStringLiteral("2,5"))) << shown;
+}
+
+TEST_F(Numbers, EnterLeavesANumbersFieldAndNotTheForm)
+{
+    QDialog form(window.get());
+    auto* column = new QVBoxLayout(&form);
+    auto* line = new QLineEdit;
+    line->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[-0-9.]*")), line));
+    auto* spin = new QDoubleSpinBox;
+    auto* caption = new QLabel(QStringLiteral("между ними"));
+    auto* name = new QLineEdit;
+    auto* ok = new QPushButton(QStringLiteral("OK"));
+    ok->setDefault(true);
+    for (QWidget* part : std::initializer_list<QWidget*>{line, caption, spin, name, ok})
+        column->addWidget(part);
+    QObject::connect(ok, &QPushButton::clicked, &form, &QDialog::accept);
+    form.show();
+    form.activateWindow();
+    line->setFocus();
+    QTest::qWait(20);
+    int edited = 0;
+    QObject::connect(line, &QLineEdit::editingFinished, &form, [&edited] { ++edited; });
+    QTest::keyClicks(line, QStringLiteral("2.5"));
+    QTest::keyClick(line, Qt::Key_Return);
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_GE(edited, 1);
+    EXPECT_TRUE(spin->hasFocus()) << "the next field, not the caption before it";
+    QTest::keyClick(spin, Qt::Key_Return);
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_TRUE(name->hasFocus());
+    QTest::keyClick(name, Qt::Key_Return);
+    EXPECT_FALSE(form.isVisible()) << "in a text Enter accepts";
 }
 
 TEST_F(Numbers, WhatIsTypedIntoAPropertyIsReadEitherWay)
