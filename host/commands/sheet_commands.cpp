@@ -24,6 +24,10 @@ void turnToSpace()
     data.currentSpace = word == QLatin1String("Paper") ? data.paperSpace : data.modelSpace;
     ++data.changeCount;
     setCurrentViewport(*drawing, {});
+    // The window goes on showing the model: what is drawn meanwhile is seen on the sheet alone.
+    sayLine(word == QLatin1String("Paper")
+                ? QStringLiteral("Чертите на листе; окно показывает модель, лист виден в окне печати.")
+                : QStringLiteral("Чертите в модели."));
 }
 
 // The window takes the current coordinate system, and its X axis runs along the sheet.

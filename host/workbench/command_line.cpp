@@ -140,6 +140,7 @@ void CommandLine::enter()
         typed_ << text;
     turned_.clear();
     offers_->setStringList({});
+    completer_->popup()->hide(); // the toolkit leaves an empty list standing when Tab has completed the line
     recalled_ = typed_.size();
     emit entered(text);
 }

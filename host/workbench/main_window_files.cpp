@@ -1,4 +1,5 @@
 // What the window does with files.
+#include "busy_cursor.h"
 #include "desk_state.h"
 #include "drawing_keeper.h"
 #include "main_window.h"
@@ -82,9 +83,9 @@ bool MainWindow::openDrawing(const QString& path)
         question.exec();
         if (question.clickedButton() != copy)
             return false;
-        opened = isOk(Documents::instance().openCopy(path, QFileInfo(path).fileName(), true));
+        opened = busily([&] { return isOk(Documents::instance().openCopy(path, QFileInfo(path).fileName(), true)); });
     } else {
-        opened = isOk(ncDocManagerPtr()->appContextOpenDocument(path));
+        opened = busily([&] { return isOk(ncDocManagerPtr()->appContextOpenDocument(path)); });
     }
     if (!opened) {
         keeper_->unlock(path);
@@ -141,7 +142,8 @@ bool MainWindow::saveDrawing(NcApDocument* saved, bool askName)
         return false;
     const QString holder = keeper_->lock(path);
     QString problem = holder.isEmpty() ? QString() : QStringLiteral("открыт в другой программе: ") + holder;
-    if (!holder.isEmpty() || !isOk(Documents::instance().saveAs(document, path, &problem))) {
+    const auto save = [&] { return isOk(Documents::instance().saveAs(document, path, &problem)); };
+    if (!holder.isEmpty() || !busily(save)) {
         QMessageBox::warning(this, QStringLiteral("Сохранить"),
                              QStringLiteral("Чертёж не записан:\n") + path + QLatin1Char('\n') + problem);
         return false;
@@ -175,7 +177,7 @@ void MainWindow::exportDrawing()
                                    QFileInfo(view->document().fileName()).completeBaseName() + QStringLiteral(".png"));
     if (path.isEmpty())
         return;
-    const QString wrong = exportPicture(*view->document().database(), path);
+    const QString wrong = busily([&] { return exportPicture(*view->document().database(), path); });
     if (wrong.isEmpty())
         return tell(QStringLiteral("Записан файл ") + path);
     QMessageBox::warning(this, QStringLiteral("Экспорт рисунка"), wrong);

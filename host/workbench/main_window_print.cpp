@@ -1,4 +1,5 @@
 // Printing the current drawing.
+#include "busy_cursor.h"
 #include "main_window.h"
 #include "print_dialog.h"
 
@@ -24,7 +25,7 @@ void printOnPaper(const Sheet& sheet, const DisplayList& list, QWidget* parent)
     printer.setFullPage(true);
     QPainter painter;
     if (painter.begin(&printer))
-        paintSheet(painter, sheet, list, printer.resolution() / 25.4);
+        busily([&] { paintSheet(painter, sheet, list, printer.resolution() / 25.4); });
     else
         QMessageBox::warning(parent, QStringLiteral("Печать"), QStringLiteral("Принтер не принимает лист."));
 }
@@ -52,7 +53,7 @@ void MainWindow::printDrawing()
                                        QStringLiteral("pictures"), name + QStringLiteral(".pdf"));
         if (path.isEmpty())
             return;
-        const QString wrong = writeSheet(dialog.sheet(), dialog.list(), path);
+        const QString wrong = busily([&] { return writeSheet(dialog.sheet(), dialog.list(), path); });
         if (wrong.isEmpty()) {
             tell(QStringLiteral("Записан файл ") + path);
             dialog.accept();

@@ -207,3 +207,41 @@ TEST_F(MainWindowTest, ASheetIsPlottedByACommand)
     EXPECT_TRUE(history().contains(QStringLiteral("Масштаб пишется так: 1:500.")));
     EXPECT_FALSE(QFile::exists(folder.filePath(QStringLiteral("b.pdf"))));
 }
+
+TEST_F(Files, TheStartDrawingGivesWayToOneThatACommandMadeAndSaved)
+{
+    ASSERT_EQ(ncDocManagerPtr()->documentCount(), 1);
+    ASSERT_TRUE(isOk(ncDocManagerPtr()->appContextNewDocument(QString())));
+    ASSERT_EQ(ncDocManagerPtr()->documentCount(), 2);
+    ASSERT_TRUE(isOk(ncDocManagerPtr()->saveDocumentAs(&current(), path("позиция.dxf"))));
+    EXPECT_TRUE(QTest::qWaitFor([] { return ncDocManagerPtr()->documentCount() == 1; }));
+    EXPECT_EQ(current().fileName(), path("позиция.dxf"));
+
+    openStartDocument();
+    ASSERT_TRUE(isOk(ncDocManagerPtr()->appContextNewDocument(QString())));
+    ASSERT_TRUE(isOk(ncDocManagerPtr()->saveDocumentAs(&current(), path("другая.dxf"))));
+    QTest::qWait(100);
+    EXPECT_GT(ncDocManagerPtr()->documentCount(), 1) << "nothing that the user opened is closed";
+}
+
+TEST_F(Files, WhileOneIsReadOrWrittenTheCursorSaysSo)
+{
+    QVector<Qt::CursorShape> shapes;
+    const auto look = [&shapes] {
+        const QCursor* cursor = QApplication::overrideCursor();
+        shapes << (cursor ? cursor->shape() : Qt::ArrowCursor);
+    };
+    const QString name = saved("a.dxf");
+    HostEvents* events = HostEvents::instance();
+    const auto opened = QObject::connect(events, &HostEvents::documentOpened, window.get(), look);
+    const auto written = QObject::connect(events, &HostEvents::documentSaved, window.get(), look);
+    ASSERT_TRUE(window->openDrawing(name));
+    window->runLine(QStringLiteral("CIRCLE 0,0 7"));
+    for (QAction* action : window->findChildren<QAction*>())
+        if (action->shortcut() == QKeySequence(QKeySequence::Save))
+            action->trigger();
+    QObject::disconnect(opened);
+    QObject::disconnect(written);
+    EXPECT_EQ(shapes, (QVector<Qt::CursorShape>{Qt::WaitCursor, Qt::WaitCursor}));
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "and is the usual one again";
+}

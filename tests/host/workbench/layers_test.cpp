@@ -108,7 +108,7 @@ TEST_F(Layers, TheFilterListsWhatHoldsIt)
 {
     addLayer(drawing(), QStringLiteral("Карта температур"));
     addLayer(drawing(), QStringLiteral("План"));
-    QTest::qWait(80);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return shown().size() == 3; }));
     auto* filter = window->findChild<QLineEdit*>(QStringLiteral("layerFilter"));
     filter->setText(QStringLiteral("темп"));
     EXPECT_EQ(shown(), QStringList{QStringLiteral("Карта температур")});

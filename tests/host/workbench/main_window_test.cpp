@@ -6,6 +6,9 @@
 
 #include <script/modal_driver.h>
 
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCompleter>
 #include <QDockWidget>
 #include <QMenuBar>
 #include <QTabWidget>
@@ -244,6 +247,28 @@ TEST_F(MainWindowTest, AScriptPlaysInTheWindow)
     EXPECT_EQ(edit()->text(), QStringLiteral("слово"));
     EXPECT_TRUE(history().contains(QStringLiteral("Радиус: 5")));
 }
+
+// The toolkit would leave it standing over the history, empty.
+TEST_F(MainWindowTest, TheListOfNamesGoesWhenTheLineIsEntered)
+{
+    window->activateWindow();
+    edit()->setFocus();
+    QTest::qWait(20);
+    for (const bool tab : {false, true}) {
+        QTest::keyClicks(edit(), QStringLiteral("zoo"));
+        EXPECT_TRUE(QTest::qWaitFor([this] { return edit()->completer()->popup()->isVisible(); }));
+        if (tab)
+            QTest::keyClick(edit(), Qt::Key_Tab);
+        QTimer::singleShot(50, window.get(), [this] {
+            EXPECT_FALSE(edit()->completer()->popup()->isVisible());
+            QTest::keyClick(edit(), Qt::Key_Escape);
+        });
+        QTest::keyClick(edit(), Qt::Key_Return);
+        QTest::qWait(80);
+    }
+}
+
+TEST_F(MainWindowTest, TheWindowHasTheProgramsIcon) { EXPECT_FALSE(QApplication::windowIcon().isNull()); }
 
 TEST(CommandTable, RowsAreReadAndNonsenseIsPassedOver)
 {

@@ -79,7 +79,8 @@ TEST_F(PropertiesPanelTest, WhatIsNoNumberIsRefusedInWords)
     enter(editor<QLineEdit>("radius"), QStringLiteral("много"));
     EXPECT_EQ(circle(0).radius(), 5.0);
     EXPECT_TRUE(history().contains(QStringLiteral("Радиус: нужно число, а не «много»."))) << history().toStdString();
-    EXPECT_EQ(editor<QLineEdit>("radius")->text(), QStringLiteral("5"));
+    const auto restored = [this] { return editor<QLineEdit>("radius")->text() == QStringLiteral("5"); };
+    EXPECT_TRUE(QTest::qWaitFor(restored)) << editor<QLineEdit>("radius")->text();
     enter(editor<QLineEdit>("radius"), QStringLiteral("-1"));
     EXPECT_EQ(circle(0).radius(), 5.0);
     EXPECT_TRUE(history().contains(QStringLiteral("значение приняли 0 из 1")));
