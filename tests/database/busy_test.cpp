@@ -63,6 +63,15 @@ TEST_F(BusyTest, ALongOneIsShownAndItsAnswerComesAllTheSame)
     EXPECT_GT(seen_.asked, 1);
 }
 
+TEST_F(BusyTest, ATimeOutOfTheServersIsAFailureAndTheNextStatementWorks)
+{
+    ASSERT_TRUE(connection_.run("set statement_timeout = 100").isCommand());
+    const sql::Result result = connection_.run("select pg_sleep(30)");
+    EXPECT_EQ(result.status(), sql::Status::FatalError);
+    EXPECT_TRUE(result.errorMessage().contains("statement timeout")) << result.errorMessage();
+    EXPECT_EQ(connection_.run("select 7").getvalue(0, 0), QString("7"));
+}
+
 TEST_F(BusyTest, GivingUpCancelsTheStatementAndKeepsTheConnection)
 {
     seen_.giveUpAt = 2;

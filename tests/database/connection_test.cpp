@@ -2,7 +2,11 @@
 #include "database/sql/connection.h"
 #include "support/test_database.h"
 
+#include <arpa/inet.h>
 #include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
 
 namespace {
 
@@ -187,6 +191,31 @@ TEST_F(ConnectionTest, EscapesNamesAndValues)
     EXPECT_EQ(connection_.escapeLiteral("О'Нил"), QString("'О''Нил'"));
     EXPECT_EQ(connection_.run(compose("select %1", connection_.literal("a'; drop table t --"))).getvalue(0, 0),
               QString("a'; drop table t --"));
+}
+
+// A link that died without a word is asked for after ten seconds and given up within half a minute.
+TEST_F(ConnectionTest, TheLinkIsAskedWhetherItIsAlive)
+{
+    const auto option = [](int socket, int level, int name) {
+        int value = -1;
+        socklen_t size = sizeof value;
+        return getsockopt(socket, level, name, &value, &size) == 0 ? value : -1;
+    };
+    int found = 0;
+    for (int socket = 3; socket < 1024; ++socket) {
+        sockaddr_in server{};
+        socklen_t size = sizeof server;
+        if (getpeername(socket, reinterpret_cast<sockaddr*>(&server), &size) != 0
+            || ntohs(server.sin_port) != TestServer::port().toInt())
+            continue;
+        ++found;
+        EXPECT_EQ(option(socket, SOL_SOCKET, SO_KEEPALIVE), 1);
+        EXPECT_EQ(option(socket, IPPROTO_TCP, TCP_KEEPIDLE), 10);
+        EXPECT_EQ(option(socket, IPPROTO_TCP, TCP_KEEPINTVL), 5);
+        EXPECT_EQ(option(socket, IPPROTO_TCP, TCP_KEEPCNT), 3);
+        EXPECT_EQ(option(socket, IPPROTO_TCP, TCP_USER_TIMEOUT), 30000);
+    }
+    EXPECT_GT(found, 0);
 }
 
 TEST_F(ConnectionTest, ALostServerFailsTheStatementAndANewConnectionHeals)

@@ -125,6 +125,21 @@ TEST_F(Marks, ARowWhoseNumberLostAPartIsMarked)
     EXPECT_FALSE(table.index(0, Value).data(Qt::ToolTipRole).toString().contains("прочитано"));
 }
 
+// Quotation marks are letters like others: what stands between them is split all the same.
+TEST_F(Marks, QuotedCellsAreSplitPlainlyAndTheirRowsCannotBeImported)
+{
+    readLines({"\"Т-1;левая\";05.01.2021;1.5;SN-1", "\"Т-1", "верх\";05.01.2021;1.5;SN-1", "Т-2;05.01.2021;1.5;SN-1"});
+    table.givePerformer(1);
+    ASSERT_EQ(table.rowCount(), 3) << "a line of one cell is no row";
+    EXPECT_EQ(cell(table, 0, Value), "5.01") << "the date stands where the value is read";
+    EXPECT_EQ(cell(table, 1, Element), "верх\" (ID: -1)");
+    for (const int row : {0, 1}) {
+        EXPECT_FALSE(isEnabled(table, row)) << row;
+        EXPECT_NE(cell(table, row, Status), "OK") << row;
+    }
+    EXPECT_EQ(cell(table, 2, Status), "OK");
+}
+
 TEST_F(Wells, LossesOfProfileAndAirAreMarked)
 {
     readLines({"Т-1;SN-1;05.01.2021;12:30;-5,2;-1;1e1;-1;-1", "Т-2;SN-1;05.01.2021;12:30;-5;-1;-1;-1;-1",

@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr int mostStatements = 400;
-
 class AdministrationFaults : public ::testing::Test {
 protected:
     AdministrationFaults()

@@ -8,7 +8,6 @@
 #include "writer_world.h"
 
 #include <QRegularExpression>
-#include <QSet>
 #include <QThread>
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -108,8 +107,6 @@ class ChangesShortOfMemory : public ::testing::TestWithParam<CommandScript>, pro
 protected:
     ChangesShortOfMemory() : ShortOfMemory(GetParam().scenario, GetParam().script) { }
 };
-
-QSet<QString> setOf(const QStringList& lines) { return QSet<QString>(lines.begin(), lines.end()); }
 
 } // namespace
 

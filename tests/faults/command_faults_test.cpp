@@ -14,12 +14,8 @@
 
 namespace {
 
-constexpr int mostStatements = 400;
-
 class EveryCommand : public ::testing::TestWithParam<CommandScript> { };
 class QuietCommand : public ::testing::TestWithParam<CommandScript> { };
-
-QSet<QString> setOf(const QStringList& lines) { return QSet<QString>(lines.begin(), lines.end()); }
 
 std::string nameOf(const ::testing::TestParamInfo<CommandScript>& command) { return command.param.name; }
 

@@ -98,11 +98,6 @@ const std::vector<HeldElsewhere>& commandsHeldElsewhere()
          {"MapFaults.ARefusedStatementLeavesNothingByHalves", "MapFaults.ACutLinkIsSaidAndTheNextMapIsWhole"}},
         {"TERVA_TEMP_DIFF_MAP",
          {"MapFaults.ARefusedStatementLeavesNothingByHalves", "MapFaults.ACutLinkIsSaidAndTheNextMapIsWhole"}},
-        {"TERVA_TEMPERATURE_PROFILE", {"RefusedProfileStatement.DrawsAProfileOrSaysWhyNot"}},
-        {"TERVA_TEMP_DIFF_PROFILE", {"RefusedProfileStatement.DrawsAProfileOrSaysWhyNot"}},
-        {"TERVA_DEF_LINES_PROFILE", {"RefusedProfileStatement.DrawsAProfileOrSaysWhyNot"}},
-        {"TERVA_POSITION_ADD_DM_PROFILE", {"RefusedProfileStatement.StoresAWholeProfileOrNone"}},
-        {"TERVA_POSITION_ADD_TS_PROFILE", {"RefusedProfileStatement.StoresAWholeProfileOrNone"}},
         {"TERVA_SETTLEMENTS", {"Settlements.WhicheverStatementIsRefusedOrLostItIsSaid"}},
         {"TERVA_RENUM", {"CutConnection.RenumberingHappensWholeOrNotAtAll"}},
         // It works on the whole server, whose databases no run of a script can lay anew.

@@ -428,6 +428,64 @@ files ${FOLDER}/copy.sql
 dialog "Успех"
 press OK
 )#"},
+        {"sections", "temperature_diff_profile", R"#(
+include ${COMMON}/border.script
+command PLINE
+point 0,10
+point 100,10
+enter
+command TERVA_TEMPERATURE_PROFILE
+pick 50,10
+dialog "Профиль температур."
+set MeasData index:1
+press okButton
+point 0,300
+dialog "Построение изоконтуров"
+set HatchOutLayer "Карта"
+press okButton
+command TERVA_TEMP_DIFF_PROFILE
+pick 50,10
+dialog "Профиль разности температур."
+set BaseCycleCombo index:0
+set MeasData index:1
+press okButton
+point 0,-300
+dialog "Построение изоконтуров"
+set HatchOutLayer "Карта"
+press okButton
+)#"},
+        {"epures", "deformation_epures", R"#(
+command TERVA_DEF_LINES_PROFILE
+esc
+dialog "Эпюры деформаций"
+set BaseCyclesCombo index:0
+set CurrentCyclesCombo index:2
+press okButton
+point 100,200
+)#"},
+        {"stored_profiles", "position_profiles", R"#(
+command PLINE
+point 0,0
+point 25,0
+point 25,40
+enter
+command TERVA_POSITION_ADD_DM_PROFILE
+pick class=NcDbPolyline
+dialog "Создание профиля"
+press WriteDBbtn
+dialog "Сохранение профиля"
+press OK
+press CloseBtn
+command TERVA_POSITION_ADD_TS_PROFILE
+pick class=NcDbPolyline
+dialog "Создание профиля"
+set Tolerance 30
+press WriteDBbtn
+dialog "Сохранение профиля"
+set input "По углу"
+press OK
+press CloseBtn
+)#"},
         {"report_tables", "reports_of_every_kind", R"#(
 command TERVA_REPORTS
 dialog "Генератор отчетов"

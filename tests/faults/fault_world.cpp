@@ -22,7 +22,6 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QRegularExpression>
-#include <QSet>
 #include <QTextEdit>
 #include <QTreeView>
 #include <gtest/gtest.h>

@@ -10,6 +10,8 @@
 #include <QTemporaryDir>
 #include <memory>
 
+constexpr int mostStatements = 400; ///< of a run that ends
+
 /// What befalls a run: at its n-th statement, counted from 1.
 struct Fault {
     enum Kind { None, Refused, Cut }; ///< Cut: the link, behind the answer

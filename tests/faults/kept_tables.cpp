@@ -3,7 +3,6 @@
 #include "base/placeholders.h"
 
 #include <QRegularExpression>
-#include <QSet>
 #include <algorithm>
 #include <iterator>
 

@@ -4,10 +4,13 @@
 #include "support/test_database.h"
 
 #include <QMap>
+#include <QSet>
 #include <QStringList>
 
 /// Without what differs from run to run: keys of new rows, numbers of groups and the moment.
 QString withoutKeys(QString text);
+
+inline QSet<QString> setOf(const QStringList& lines) { return QSet<QString>(lines.begin(), lines.end()); }
 
 class KeptTables {
 public:

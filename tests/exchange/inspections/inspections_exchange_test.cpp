@@ -339,9 +339,12 @@ TEST_F(Exchange, APhotoIsStoredAsItsBytes)
     EXPECT_EQ(import(R"({"dm": [{"element_id": 1, "photos": "AP8="}]})").written, 1);
     EXPECT_TRUE(console.text().contains(" - Сохранение фото для inspect_id: 11... OK\n"));
     EXPECT_EQ(database.value("select encode(photos, 'hex') from dm_inspection where inspect_id = 11"), "00ff");
-    EXPECT_EQ(import(R"({"dm": [{"element_id": 1, "photos": "AP8"}]})").written, 1);
-    EXPECT_TRUE(
-        console.text().contains(" - Сохранение фото для inspect_id: 11...  ОШИБКА: Не удалось декодировать base64.\n"));
+    for (const char* junk : {"AP8", "A!P8=", "AP 8=", "AP8=\u0416"}) {
+        EXPECT_EQ(import(QByteArray(R"({"dm": [{"element_id": 1, "photos": ")") + junk + "\"}]}").written, 1);
+        EXPECT_TRUE(console.text().contains(
+            " - Сохранение фото для inspect_id: 11...  ОШИБКА: Не удалось декодировать base64.\n"))
+            << junk;
+    }
     for (const char* other : {"null", R"(["AP8="])", "5"}) {
         EXPECT_EQ(import(QByteArray(R"({"dm": [{"element_id": 1, "photos": )") + other + "}]}").written, 1);
         EXPECT_FALSE(console.text().contains("фото")) << other;
