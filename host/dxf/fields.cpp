@@ -61,7 +61,7 @@ void DxfFields::split(const DxfGroups& groups)
             parts_.back().to = int(items_.size());
             parts_.push_back({group.value.trimmed(), int(items_.size()), 0});
             continue;
-        } else if (group.code == 101 && kind == kPlain) {
+        } else if (group.code == 101 && kind == kPlain && parts_.size() > 1) { // the head embeds nothing
             kind = kEmbedded;
         }
         const bool opens = group.code == 102 && kind == kPlain && group.value.trimmed().startsWith(QLatin1Char('{'));

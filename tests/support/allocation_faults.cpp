@@ -1,8 +1,8 @@
 #include "support/allocation_faults.h"
 
-#include <QCoreApplication>
+#include "support/preloaded.h"
+
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 
 AllocationRun runShortOfMemory(const QString& program, const QStringList& arguments, const QString& start,
@@ -11,9 +11,7 @@ AllocationRun runShortOfMemory(const QString& program, const QStringList& argume
     constexpr int longest = 60000; // ms
     const QTemporaryDir own;
     const QString count = own.filePath(QStringLiteral("count"));
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("LD_PRELOAD"),
-                       QCoreApplication::applicationDirPath() + QStringLiteral("/libterva_allocation_faults.so"));
+    QProcessEnvironment environment = preloading(QStringLiteral("libterva_allocation_faults.so"));
     environment.insert(QStringLiteral("QT_HASH_SEED"), QStringLiteral("0")); // attributes stand in one order
     environment.insert(QStringLiteral("TERVA_ALLOCATION_START"), start);
     environment.insert(QStringLiteral("TERVA_ALLOCATION_FOLDER"), folder);

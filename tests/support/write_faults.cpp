@@ -1,17 +1,15 @@
 #include "support/write_faults.h"
 
-#include <QCoreApplication>
+#include "support/preloaded.h"
+
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 
 FaultRun runWithFault(const QString& program, const QStringList& arguments, const QString& folder, int at, int error)
 {
     const QTemporaryDir own;
     const QString count = own.filePath(QStringLiteral("count"));
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("LD_PRELOAD"),
-                       QCoreApplication::applicationDirPath() + QStringLiteral("/libterva_faults.so"));
+    QProcessEnvironment environment = preloading(QStringLiteral("libterva_faults.so"));
     environment.insert(QStringLiteral("TERVA_FAULT_FOLDER"), folder + QLatin1Char('/'));
     environment.insert(QStringLiteral("TERVA_FAULT_AT"), QString::number(at));
     environment.insert(QStringLiteral("TERVA_FAULT"), error == 0 ? QStringLiteral("kill") : QString::number(error));
