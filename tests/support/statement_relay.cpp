@@ -102,18 +102,20 @@ public:
     {
         if (!receive(server_, told_))
             return false;
-        while (told_.size() >= 5 && quint32(told_.size()) >= 1 + number(told_, 1)) {
-            const QByteArray message = told_.left(int(1 + number(told_, 1)));
-            told_.remove(0, message.size());
+        // What came at once goes on at once: a row a packet would cost more than the statement.
+        bool goesOn = true;
+        int end = 0;
+        while (goesOn && told_.size() - end >= 5 && quint32(told_.size() - end) >= 1 + number(told_, end + 1)) {
             // The first one says that the connection stands. It is counted
             // before the client can go on.
-            const bool ends = message[0] == 'Z';
-            const bool goesOn = !ends || !greeted_ || isUtility_ || answered();
+            const bool ends = told_[end] == 'Z';
+            goesOn = !ends || !greeted_ || isUtility_ || answered();
             greeted_ = greeted_ || ends;
-            if (!sendAll(client_, message) || !goesOn)
-                return false;
+            end += int(1 + number(told_, end + 1));
         }
-        return true;
+        const bool sent = end == 0 || sendAll(client_, told_.left(end));
+        told_.remove(0, end);
+        return sent && goesOn;
     }
 
 private:
