@@ -83,6 +83,7 @@ private:
     void showCursor(const NcGePoint3d& world);
     void showAids();
     bool takeStrayKey(QKeyEvent* event);
+    bool takeKey(QWidget* widget, QKeyEvent* key);
     void finishOrRepeat();
     void connectView(DrawingView* view);
     void closeUntouchedStart();

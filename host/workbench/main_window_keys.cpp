@@ -80,22 +80,26 @@ bool MainWindow::takeStrayKey(QKeyEvent* event)
     return true;
 }
 
-bool MainWindow::eventFilter(QObject* watched, QEvent* event)
+bool MainWindow::takeKey(QWidget* widget, QKeyEvent* key)
 {
-    auto* widget = event->type() == QEvent::KeyPress ? qobject_cast<QWidget*>(watched) : nullptr;
-    auto* key = static_cast<QKeyEvent*>(event);
     // Enter in a number field is done with the field, not with the form.
-    if (widget && isEnter(key->key()) && isNumberField(widget)) {
+    if (isEnter(key->key()) && isNumberField(widget)) {
         if (auto* spin = qobject_cast<QAbstractSpinBox*>(widget))
             spin->interpretText();
         QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
         QCoreApplication::sendEvent(widget, &tab);
         return true;
     }
-    if (widget && typeDecimalMark(widget, *key))
+    if (typeDecimalMark(widget, *key))
         return true;
-    const bool stray = widget && widget->window() == this && widget == QApplication::focusWidget()
+    const bool stray = widget->window() == this && widget == QApplication::focusWidget()
         && !QApplication::activeModalWidget() && !QApplication::activePopupWidget() && !takesText(widget)
         && !qobject_cast<DrawingView*>(widget);
-    return (stray && takeStrayKey(key)) || QMainWindow::eventFilter(watched, event);
+    return stray && takeStrayKey(key);
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* widget = event->type() == QEvent::KeyPress ? qobject_cast<QWidget*>(watched) : nullptr;
+    return (widget && takeKey(widget, static_cast<QKeyEvent*>(event))) || QMainWindow::eventFilter(watched, event);
 }
