@@ -160,6 +160,13 @@ TEST_F(Wells, AToolTipNamesTheFirstFiveLosses)
     const QStringList lines = table.index(0, Element).data(Qt::ToolTipRole).toString().split('\n');
     ASSERT_EQ(lines.size(), 7);
     EXPECT_EQ(lines.last(), "и ещё: 2");
+
+    read(table, FamilyKey::Ts,
+         {"Имя;Серийный номер;Дата замера;Время замера;Темп.возд;1;2;3;4;5",
+          "Т-1;SN-1;05.01.2021;12:30;-5;\u22121;\u22121;\u22121;\u22121;\u22121"});
+    const QString five = table.index(0, Element).data(Qt::ToolTipRole).toString();
+    EXPECT_EQ(five.count('\n'), 5);
+    EXPECT_FALSE(five.contains("и ещё")) << five;
 }
 
 TEST_F(Marks, AToolTipTellsTheDate)
@@ -217,7 +224,9 @@ TEST_F(Marks, OneChangeGivesOneNotice)
     readLines({"Т-1;05.01.2021;1.5;SN-1", "Т-2;05.01.2021;1.5;SN-1"});
     QSignalSpy notices(&table, &QAbstractItemModel::dataChanged);
     table.setData(table.index(0, Performer), 1, Qt::UserRole);
-    EXPECT_EQ(notices.size(), 1);
+    ASSERT_EQ(notices.size(), 1);
+    EXPECT_EQ(notices[0][0].toModelIndex(), table.index(0, 0)) << "the whole row: its status may be another";
+    EXPECT_EQ(notices[0][1].toModelIndex(), table.index(0, table.columnCount() - 1));
     table.giveCycle(3);
     EXPECT_EQ(notices.size(), 2);
 }
@@ -359,7 +368,7 @@ TEST_F(ImportProject, OtherFamiliesCheckNothing)
 TEST_F(Marks, ColumnsBearTitlesAndRowsNumbers)
 {
     readLines({"Т-1;05.01.2021;1.5;SN-1"});
-    EXPECT_EQ(table.headerData(Status, Qt::Horizontal, Qt::DisplayRole), "Импорт");
+    EXPECT_EQ(table.headerData(Status, Qt::Horizontal, Qt::DisplayRole).toString(), "Статус");
     EXPECT_EQ(table.headerData(0, Qt::Vertical, Qt::DisplayRole), 1);
     EXPECT_FALSE(table.headerData(Status, Qt::Horizontal, Qt::ToolTipRole).isValid());
     for (const int beyond : {-1, table.columnCount()})

@@ -293,6 +293,25 @@ TEST_F(Prediction, AFailedLoadLeavesNothing)
     EXPECT_TRUE(chart(form).isNull());
 }
 
+TEST_F(Prediction, LoadingTellsWhetherAllMarksWereRead)
+{
+    ForecastScope scope;
+    scope.position = 1;
+    QVector<MarkMeasures> marks;
+    QVector<int> steps;
+    EXPECT_TRUE(loadMarks(scope, marks, [&steps](int done, int total) {
+        EXPECT_EQ(total, 2);
+        steps.append(done);
+        return true;
+    }));
+    EXPECT_EQ(marks.size(), 2);
+    EXPECT_EQ(steps, (QVector<int>{1, 2}));
+    EXPECT_FALSE(loadMarks(scope, marks, [](int done, int) { return done < 2; }));
+    EXPECT_TRUE(marks.isEmpty()) << "none is better than some";
+    loseServer();
+    EXPECT_FALSE(loadMarks(scope, marks));
+}
+
 TEST_F(Prediction, AMarkMeasuredTwiceInACycleIsTold)
 {
     database.exec("insert into dm_meas (element_id, cycle_id, date, meas) values (1, 2, '2023-07-20', 99.9)");

@@ -193,6 +193,7 @@ TEST_F(Passport, NormsAreChosenAndStored)
     PositionPassport form(2);
     auto* norms = child<QComboBox>(form, "NormList");
     EXPECT_EQ(norms->itemText(0), "Не выбрана");
+    EXPECT_EQ(norms->minimumContentsLength(), 20) << "long names do not widen the form";
     const int elevator = norms->findText("4.1 - ", Qt::MatchStartsWith);
     ASSERT_GT(elevator, 0);
     norms->setCurrentIndex(elevator);

@@ -123,6 +123,15 @@ TEST(Gradient, NeverGivesMoreRangesThanAskedFor)
     }
 }
 
+TEST(Gradient, OfANarrowerSpanForgetsTheWiderOne)
+{
+    LevelMap map;
+    map.fillGradient(-10.0, 10.0, 4);
+    map.fillGradient(-1.0, 2.0, 3);
+    EXPECT_EQ(map.minimum, -1.0);
+    EXPECT_EQ(map.maximum, 2.0);
+}
+
 TEST(Gradient, OfNoRangeOrAnEmptySpanIsEmpty)
 {
     LevelMap map(LevelMap::Temperature);

@@ -6,6 +6,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -49,7 +50,16 @@ TEST_F(MapBuilding, AMapThatDrewNothingHasNoLabels)
     driver.expect(QStringLiteral("Построение карты температур"))
         .set(QStringLiteral("LabelsOutEnabled"), QStringLiteral("on"))
         .press(QStringLiteral("okButton"));
+    const auto asksForNeither = [](QWidget* contours) {
+        QStringList shown;
+        for (const QGroupBox* group : contours->findChildren<QGroupBox*>()) {
+            if (group->isVisible())
+                shown << group->title();
+        }
+        return shown.contains("Точки поверхности:") || shown.contains("Граница:") ? shown.join(", ") : QString();
+    };
     driver.expect(QStringLiteral("Построение изоконтуров"))
+        .call(asksForNeither)
         .set(QStringLiteral("HatchOutChek"), QStringLiteral("off"))
         .press(QStringLiteral("okButton"));
     BorderAnswer answer(border);

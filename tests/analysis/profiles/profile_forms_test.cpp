@@ -235,6 +235,19 @@ TEST_F(ProfileForms, AStoredProfileWhoseWellsAreGoneSaysSo)
                              "Скважина одна: изотерм не будет."));
 }
 
+TEST_F(ProfileForms, AProfileThatSomebodyElseDeletedIsNotShown)
+{
+    storeTemperatureProfile("А");
+    storeTemperatureProfile("Б");
+    TemperatureProfileForm form;
+    form.offerStored();
+    database.exec("delete from termal_profiles where profile_name = 'Б'");
+    child<QTableWidget>(form, "ProfilesTable")->setCurrentCell(1, 0);
+    EXPECT_EQ(label(form, "PolySelected"), QStringLiteral("Не указана"));
+    EXPECT_EQ(label(form, "StatusLabel"), QStringLiteral("Ошибка соединения с базой данных"));
+    EXPECT_TRUE(usedNames(form).isEmpty());
+}
+
 TEST_F(ProfileForms, WithoutProfilesAndWithoutAServerTheStatusSaysSo)
 {
     TemperatureProfileForm form;

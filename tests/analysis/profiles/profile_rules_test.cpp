@@ -168,7 +168,7 @@ TEST(ProfileLine, IsReadBackFromItsText)
     const ProfileLine line = ProfileLine::ofText(QStringLiteral("0 0,10 0,10 20"));
     EXPECT_EQ(line.length(), 30.0);
     EXPECT_EQ(line.vertexCount(), 3);
-    EXPECT_EQ(ProfileLine::ofText(QStringLiteral("nonsense,1 2")).vertexCount(), 1);
+    EXPECT_EQ(ProfileLine::ofText(QStringLiteral("nonsense,1 2,3 x,x 4,5")).vertexCount(), 1);
     EXPECT_EQ(line.at(15).point.y, 5.0);
     EXPECT_EQ(line.at(-1).point.x, 0.0);
     EXPECT_EQ(line.at(99).point.y, 20.0);
@@ -362,6 +362,32 @@ TEST(SectionFrame, ATableOfNoWellsIsTwentyUnitsWide)
     const double length = SketchText{0, 0, cycle, 2.5}.width();
     ASSERT_GT(length, 20.0);
     EXPECT_EQ(rightEnd(wider), 1.0 + length + 1.0) << "the cycle's text has a unit free on both sides";
+}
+
+TEST(SectionFrame, ItsTableIsRuledRoundHeadsAndCells)
+{
+    const Sketch sketch = sectionFrame(TemperatureSection({}, 0, viewAt(0, 0)), {"1", "1", false}).sketch;
+    const double left = -2.0 - SketchText{0, 0, "Расстояние, м.", 2.5}.width() - 2.0;
+    std::vector<double> upright, level;
+    for (const SketchLine& line : sketch.lines) {
+        const geometry::Point3 &from = line.points.front(), &to = line.points.back();
+        if (from.x == to.x && from.y == -10.0 && to.y == -40.0)
+            upright.push_back(from.x);
+        if (from.y == to.y && from.x == left && to.x == 20.0)
+            level.push_back(from.y);
+    }
+    EXPECT_EQ(upright, (std::vector<double>{left, -1.5, 20.0}));
+    EXPECT_EQ(level, (std::vector<double>{-10.0, -20.0, -30.0, -40.0}));
+}
+
+TEST(SectionFrame, NeighbouringLabelsMayTouch)
+{
+    LabelField field;
+    EXPECT_TRUE(field.take({0, 0, 1, 1}));
+    EXPECT_FALSE(field.take({0.5, 0.5, 1.5, 1.5}));
+    for (const LabelBox& beside : {LabelBox{1, 0, 2, 1}, {-1, 0, 0, 1}, {0, 1, 1, 2}, {0, -1, 1, 0}})
+        EXPECT_TRUE(field.take(beside)) << beside.left << " " << beside.bottom;
+    EXPECT_FALSE(field.isFree({0.9, 0.9, 1.0, 1.0}));
 }
 
 TEST(SectionFrame, AnUprightTextRisesFromItsPlace)

@@ -195,6 +195,17 @@ TEST_P(DatabaseToDrawing, SurvivesARowOfNothingButItsKey)
     EXPECT_EQ(markers(), QStringList(circle(10, 0, 0)));
 }
 
+TEST_P(DatabaseToDrawing, ARowWithoutScaleAndRotationStandsUprightAtItsSize)
+{
+    addRow(family(), 31, "М1");
+    database->exec("update " + family().elements + " set scale = null, block_rotation = null");
+    toDrawing(mask());
+    ASSERT_EQ(drawing.references().size(), 1);
+    const ElementBlock block(drawing.references()[0]);
+    EXPECT_NEAR(block.scale, 1.0, 1e-12);
+    EXPECT_NEAR(block.blockRotation, 0.0, 1e-12);
+}
+
 INSTANTIATE_TEST_SUITE_P(Families, DatabaseToDrawing, allFamilyKeys, familyName<::testing::TestParamInfo<FamilyKey>>);
 
 TEST_F(RowsToDrawing, AreReadByTheseStatements)

@@ -107,6 +107,29 @@ TEST_F(DevicesForm, TheHeadersMenuGivesRoles)
     EXPECT_EQ(form.findChild<RoleView*>("RawInput")->roles().columnOf(DeviceRole::Serial), 0);
 }
 
+TEST_F(DevicesForm, RolesAreForColumnsThatAreThere)
+{
+    DevicesImportForm form;
+    open(form, "SN-7;коса;новая\n");
+    form.show();
+    auto* raw = form.findChild<RoleView*>("RawInput");
+    bool opened = false;
+    // A menu would wait for its user.
+    QTimer menus;
+    QObject::connect(&menus, &QTimer::timeout, [&opened] {
+        if (QWidget* menu = QApplication::activePopupWidget()) {
+            opened = true;
+            menu->close();
+        }
+    });
+    menus.start(0);
+    emit raw->verticalHeader()->customContextMenuRequested(QPoint(3, 3));
+    EXPECT_FALSE(opened) << "rows hold no role here";
+    auto* header = raw->horizontalHeader();
+    emit header->customContextMenuRequested(QPoint(header->length() + 3, 3));
+    EXPECT_FALSE(opened) << "there is no column";
+}
+
 TEST_F(DevicesForm, AKnownSerialAsksWithItsFourAnswers)
 {
     DevicesImportForm form;

@@ -138,6 +138,7 @@ TEST_F(ImportDialogs, ControlsHaveTheirCaptionsAndStartingValues)
     EXPECT_EQ(air->minimum(), -100.0);
     EXPECT_EQ(air->maximum(), 100.0);
     EXPECT_EQ(air->singleStep(), 0.1);
+    EXPECT_EQ(child<QTableView>(dialog, "measuresView")->horizontalHeader()->defaultSectionSize(), 160);
     child<QRadioButton>(dialog, "SeparatorCustom")->setChecked(true);
     EXPECT_TRUE(child<QLineEdit>(dialog, "CustomSepValue")->isEnabled());
 }

@@ -1,3 +1,4 @@
+#include "exchange/geology/forms/geology_commands.h"
 #include "exchange/geology/forms/igs_geology_import_dialog.h"
 
 #include "exchange/geology/geology_fixture.h"
@@ -126,4 +127,21 @@ TEST_F(GeologyDialog, TickedWellsAreImportedAndTheDialogCloses)
     EXPECT_EQ(records(), QVector<QStringList>({{"1", "2021-06-05"}}));
     EXPECT_EQ(layers().size(), 2);
     EXPECT_TRUE(console.text().endsWith("\n Импортировано скважин: 1"));
+}
+
+TEST_F(GeologyDialog, TheCommandTellsOfItsEnd)
+{
+    QFile wells(folder.filePath("wells.csv"));
+    ASSERT_TRUE(wells.open(QIODevice::WriteOnly));
+    wells.write(file);
+    wells.close();
+    driver.expect("Импорт геологии скважин").press("CloseBtn");
+    importGeologyCommand();
+    EXPECT_TRUE(driver.done()) << driver.report();
+    EXPECT_EQ(console.take(), "");
+    driver.expect("Импорт геологии скважин").set("Encoding", "UTF-8").press("OpenFileBtn");
+    driver.expect("Открыть файл").files({wells.fileName()}).press("ImportBtn");
+    importGeologyCommand();
+    EXPECT_TRUE(driver.done()) << driver.report();
+    EXPECT_TRUE(console.text().endsWith("\n Импортировано скважин: 2\n Импорт геологии завершен")) << console.text();
 }

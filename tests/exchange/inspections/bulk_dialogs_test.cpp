@@ -1,6 +1,7 @@
 // The two questions as forms.
 #include "exchange/inspections/forms/inspections_bulk_export_dialog.h"
 #include "exchange/inspections/forms/inspections_bulk_import_dialog.h"
+#include "exchange/inspections/forms/inspections_commands.h"
 #include "support/pictures.h"
 #include "support/session_database.h"
 
@@ -86,4 +87,24 @@ TEST_F(BulkDialogs, WithoutAFileNothingBegins)
     in.accept();
     EXPECT_NE(in.result(), int(QDialog::Accepted));
     EXPECT_TRUE(driver.done()) << driver.report();
+}
+
+TEST_F(BulkDialogs, WithoutACycleTheCommandsEnd)
+{
+    session().currentCycleId = -1;
+    driver.expect("Массовый импорт обследований").set("PathEdit", folder.filePath("нет.json")).press("ApplyBtn");
+    importInspectionsCommand();
+    EXPECT_TRUE(driver.done()) << driver.report();
+    EXPECT_EQ(console.take(), "\nОшибка: Цикл не выбран.\n");
+
+    const QString path = folder.filePath("цикл.gz");
+    driver.expect("Массовый экспорт инспекций").set("PathEdit", path).press("CancelBtn");
+    exportInspectionsCommand();
+    EXPECT_TRUE(driver.done()) << driver.report();
+    EXPECT_EQ(console.take(), "");
+    driver.expect("Массовый экспорт инспекций").set("PathEdit", path).press("ApplyBtn");
+    exportInspectionsCommand();
+    EXPECT_TRUE(driver.done()) << driver.report();
+    EXPECT_TRUE(console.text().endsWith("Экспорт (Tree) успешно завершен: " + path + "\n")) << console.text();
+    EXPECT_TRUE(QFile::exists(path));
 }
