@@ -288,7 +288,9 @@ TEST_F(Prediction, AFailedLoadLeavesNothing)
     DMPredictionForm form;
     elements(form).item(0, 9)->setCheckState(Qt::Checked);
     loseServer();
+    console.take();
     choose(form, "PositionCombo", -1);
+    EXPECT_TRUE(console.take().contains("Измерения марок не прочитаны: сервер отказал или не отвечает"));
     EXPECT_EQ(elements(form).rowCount(), 0);
     EXPECT_TRUE(chart(form).isNull());
 }

@@ -114,9 +114,11 @@ void DMPredictionForm::reload()
 {
     {
         ProgressBox progress(this, "Загрузка измерений", QString());
-        loadMarks(scope_->scope(), marks_, [&progress](int done, int total) {
+        const bool loaded = loadMarks(scope_->scope(), marks_, [&progress](int done, int total) {
             return progress.step(done, total, fill("Марка %1 из %2", done, total));
         });
+        if (!loaded)
+            say("\nИзмерения марок не прочитаны: сервер отказал или не отвечает\n");
     }
     tellRepeated();
     {
