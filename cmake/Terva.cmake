@@ -4,6 +4,10 @@ add_library(terva_options INTERFACE)
 # Units of libraries and of programs are compiled alike, so that they can share
 # precompiled headers; the toolkit asks for this code model in any case.
 target_compile_options(terva_options INTERFACE -Wall -Wextra -fPIC)
+if(TERVA_PRECOMPILED)
+  # Of joined units the compiler takes each file for a header and warns of what only it can see.
+  target_compile_options(terva_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Wno-subobject-linkage>)
+endif()
 if(TERVA_SANITIZE)
   target_compile_options(terva_options INTERFACE -fsanitize=address,undefined
     -fno-sanitize-recover=undefined -fno-omit-frame-pointer -g1)
