@@ -46,6 +46,10 @@ public:
     // last one stands moved, until the next one is painted.
     bool isSharp() const { return !listOld_ && !sceneOld_ && scene_.isOf(place()); }
 
+    // How long a frame may paint before it shows what there is; a test takes that time away.
+    void setPieceTime(int milliseconds) { pieceTime_ = milliseconds; }
+    static constexpr int kPieceMilliseconds = 9;
+
     // What the cursor is on, for tips and tests.
     NcDbObjectId hovered() const { return hover_; }
     const std::optional<SnapPoint>& snap() const { return snap_; }
@@ -115,7 +119,8 @@ private:
     DisplayList list_;
     ViewScene scene_;
     bool listOld_ = true, sceneOld_ = true;
-    QTimer later_;        // the next piece of the next picture
+    QTimer later_; // the next piece of the next picture
+    int pieceTime_ = kPieceMilliseconds;
     bool drawn_ = false;  // on, since the drawing was opened or saved
     bool placed_ = false; // the widget has had its first size
     ActiveView view_;

@@ -13,7 +13,6 @@
 namespace {
 
 constexpr int kPickPixels = 6;
-constexpr int kPieceMilliseconds = 9;
 constexpr double kSnapHalf = 6.0;
 const QColor kSnapColor(0, 160, 60), kHoverColor(255, 150, 30), kFollowedColor(230, 120, 0);
 
@@ -74,7 +73,7 @@ void DrawingView::paintScene()
 // that a smooth movement leaves.
 bool DrawingView::paintPiece()
 {
-    const bool fresh = scene_.paintOn(list_, sceneStyle(), place(), kPieceMilliseconds);
+    const bool fresh = scene_.paintOn(list_, sceneStyle(), place(), pieceTime_);
     if (!isSharp())
         later_.start();
     return fresh;
