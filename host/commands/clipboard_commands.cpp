@@ -73,8 +73,11 @@ void pasteClip()
         return;
     if (!clipboard().drawing)
         return sayLine(QStringLiteral("Буфер обмена пуст."));
+    const NcGePoint3d base = clipboard().base;
+    const auto placing = [base](const NcGePoint3d& p) { return NcGeMatrix3d::translation(p - base); };
+    const FollowedEntities followed(livingEntities(*clipboard().drawing), placing);
     if (askPoint(QStringLiteral("\nТочка вставки: "), at))
-        paste(NcGeMatrix3d::translation(at - clipboard().base));
+        paste(placing(at));
 }
 
 void pasteOriginal()

@@ -49,12 +49,20 @@ void DrawingView::setMode(Mode mode, const std::optional<NcGePoint3d>& base)
     hover_ = NcDbObjectId();
     grips_.drop();
     const FollowedEntities* followed = mode == PickPoint ? FollowedEntities::present() : nullptr;
-    if (followed)
-        updateList();
-    followed_ = followed ? list_.only(followed->entities()) : DisplayList();
+    followed_ = followed ? figuresOf(followed->entities()) : DisplayList();
     if (cursor_)
         aim(*cursor_);
     update();
+}
+
+// What is pasted follows the point while it lies in the clipboard's drawing.
+DisplayList DrawingView::figuresOf(const NcDbObjectIdArray& entities)
+{
+    const NcDbDatabase* drawing = entities.empty() ? nullptr : entities.front().database();
+    if (drawing && drawing != document_.database())
+        return recordDrawing(*drawing).only(entities);
+    updateList();
+    return list_.only(entities);
 }
 
 void DrawingView::setLightGround(bool light)

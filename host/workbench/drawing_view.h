@@ -85,6 +85,7 @@ private:
     void takePicked();
     void setView(const QPointF& center, double height);
     void updateList();
+    DisplayList figuresOf(const NcDbObjectIdArray& entities);
     PaintStyle style() const;
     PaintStyle sceneStyle() const;
     ViewScene::Place place() const { return {toScreen(), size(), devicePixelRatioF()}; }

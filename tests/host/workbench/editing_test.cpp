@@ -24,6 +24,19 @@ protected:
         showHundred();
     }
 
+    // Dots about a point that differ, without the lines of the cursor which cross there.
+    int changedAbout(double x, double y, const QImage& before, const QImage& during)
+    {
+        const QPoint middle = pixel(x, y);
+        const QRect around(pixel(x - 6, y + 6), pixel(x + 6, y - 6));
+        int changed = 0;
+        for (int px = around.left(); px <= around.right(); ++px)
+            for (int py = around.top(); py <= around.bottom(); ++py)
+                if (std::abs(px - middle.x()) > 2 && std::abs(py - middle.y()) > 2)
+                    changed += before.pixel(px, py) != during.pixel(px, py);
+        return changed;
+    }
+
     NcDbDatabase& drawing() { return *view()->document().database(); }
     NcDbObjectIdArray all() { return livingEntities(drawing()); }
     template <class T>
@@ -186,16 +199,28 @@ TEST_F(Editing, WhatIsMovedFollowsTheCursor)
              during = view()->grab().toImage();
              click(30, 20);
          }});
-    // Without the lines of the cursor, which cross in the middle.
-    const QPoint middle = pixel(30, 20);
-    const QRect around(pixel(24, 26), pixel(36, 14));
-    int changed = 0;
-    for (int x = around.left(); x <= around.right(); ++x)
-        for (int y = around.top(); y <= around.bottom(); ++y)
-            if (std::abs(x - middle.x()) > 2 && std::abs(y - middle.y()) > 2)
-                changed += before.pixel(x, y) != during.pixel(x, y);
-    EXPECT_GT(changed, 40) << "it is drawn where it would come to stand";
+    EXPECT_GT(changedAbout(30, 20, before, during), 40) << "it is drawn where it would come to stand";
     EXPECT_NEAR(entity<NcDbCircle>(0).center().x, 30.0, 0.3);
+}
+
+TEST_F(Editing, WhatIsPastedFollowsTheCursor)
+{
+    window->runLine(QStringLiteral("CIRCLE 0,0 5"));
+    setPickfirst(all());
+    trigger("COPYCLIP");
+    setPickfirst({});
+    QImage before, during;
+    run(QStringLiteral("PASTECLIP"), {[&] {
+            move(-30, -30);
+            before = view()->grab().toImage();
+            move(25, 15);
+            during = view()->grab().toImage();
+            click(25, 15);
+        }});
+    EXPECT_GT(changedAbout(30, 20, before, during), 40) << "its lower left corner is at the cursor";
+    ASSERT_EQ(all().size(), 2u);
+    EXPECT_NEAR(entity<NcDbCircle>(1).center().x, 30.0, 0.3);
+    EXPECT_NEAR(entity<NcDbCircle>(1).center().y, 20.0, 0.3);
 }
 
 TEST_F(Editing, ADoubleClickEditsATextAsOneStep)
