@@ -72,11 +72,24 @@ CommandLine::CommandLine(QWidget* parent)
     setPrompt(QString());
 }
 
+// The pane is low: it ends with its last words, and no empty lines stand between
+// what one writer ended and the next begins.
 void CommandLine::append(const QString& text)
 {
-    QTextCursor end(history_->document());
-    end.movePosition(QTextCursor::End);
-    end.insertText(text);
+    const QChar lineEnd = QLatin1Char('\n');
+    int from = 0, to = text.size();
+    while (lineEnded_ && from < to && text[from] == lineEnd)
+        ++from;
+    while (to > from && text[to - 1] == lineEnd)
+        --to;
+    if (to > from) {
+        QTextCursor end(history_->document());
+        end.movePosition(QTextCursor::End);
+        end.insertText((lineEnded_ && !history_->document()->isEmpty() ? QString(lineEnd) : QString())
+                       + text.mid(from, to - from));
+        lineEnded_ = false;
+    }
+    lineEnded_ = lineEnded_ || to < text.size();
     history_->verticalScrollBar()->setValue(history_->verticalScrollBar()->maximum());
 }
 

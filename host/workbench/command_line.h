@@ -46,6 +46,7 @@ private:
     QPlainTextEdit* history_;
     QLabel* prompt_;
     QLineEdit* line_;
+    bool lineEnded_ = false; // of the history, and not shown yet
     QLabel* words_; // keywords of the prompt
     QCompleter* completer_;
     QStringListModel* offers_;

@@ -1,8 +1,10 @@
 #include "desk_theme.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QPalette>
-#include <QStyle>
+#include <QProxyStyle>
+#include <QStyleOption>
 
 namespace {
 
@@ -35,11 +37,45 @@ QPalette darkPalette()
     return palette;
 }
 
+bool isDarkPalette(const QPalette& palette) { return palette.color(QPalette::Window).lightness() < 128; }
+
+// The toolkit draws the edges of fields and boxes darker than what they stand on,
+// which on dark windows nobody sees.
+class DeskStyle : public QProxyStyle {
+public:
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override
+    {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        if (!isDarkPalette(option->palette))
+            return;
+        const QColor edge = option->palette.color(option->state & State_Enabled ? QPalette::Active : QPalette::Disabled,
+                                                  QPalette::PlaceholderText);
+        painter->save();
+        painter->setBrush(Qt::NoBrush);
+        painter->setPen(edge);
+        if (element == PE_IndicatorItemViewItemCheck || element == PE_IndicatorCheckBox
+            || (element == PE_FrameLineEdit && !(option->state & State_HasFocus)))
+            painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+        if (element == PE_IndicatorTabClose) {
+            QRectF cross(0, 0, 8, 8);
+            cross.moveCenter(QRectF(option->rect).center());
+            painter->setRenderHint(QPainter::Antialiasing);
+            painter->setPen(QPen(option->palette.color(QPalette::WindowText), 1.6));
+            painter->drawLine(cross.topLeft(), cross.bottomRight());
+            painter->drawLine(cross.topRight(), cross.bottomLeft());
+        }
+        painter->restore();
+    }
+};
+
 } // namespace
 
 void setDarkTheme(bool dark)
 {
-    static bool isDark = false;
+    static bool isDark = false, styled = false;
+    if (!std::exchange(styled, true))
+        QApplication::setStyle(new DeskStyle);
     if (dark != isDark)
         QApplication::setPalette(dark ? darkPalette() : QApplication::style()->standardPalette());
     isDark = dark;

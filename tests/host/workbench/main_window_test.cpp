@@ -279,3 +279,23 @@ TEST(CommandTable, RowsAreReadAndNonsenseIsPassedOver)
     EXPECT_EQ(rows[0].caption, QStringLiteral("Открыть…"));
     EXPECT_TRUE(rows[1].command.isEmpty());
 }
+
+TEST_F(MainWindowTest, TheSpaceThatIsDrawnOnIsTold)
+{
+    window->runLine(QStringLiteral("SPACE Лист"));
+    EXPECT_TRUE(
+        history().contains(QStringLiteral("Чертите на листе; окно показывает модель, лист виден в окне печати.")));
+    EXPECT_FALSE(history().contains(QStringLiteral("Чертите в модели.")));
+    window->runLine(QStringLiteral("SPACE Модель"));
+    EXPECT_TRUE(history().contains(QStringLiteral("Чертите в модели.")));
+}
+
+TEST_F(MainWindowTest, TheHistoryHasNoEmptyLines)
+{
+    window->runLine(QStringLiteral("CIRCLE 0,0 5"));
+    window->runLine(QStringLiteral("SPACE Лист"));
+    const QStringList lines = history().split(QLatin1Char('\n'));
+    EXPECT_FALSE(lines.contains(QString())) << history().toStdString();
+    EXPECT_TRUE(lines.last().startsWith(QStringLiteral("Чертите на листе")));
+    EXPECT_TRUE(lines.contains(QStringLiteral("Команда: SPACE Лист"))) << history().toStdString();
+}
