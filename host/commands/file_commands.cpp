@@ -4,6 +4,7 @@
 #include <drawing/documents.h>
 #include <drawing/edit_operations.h>
 #include <drawing/host_access.h>
+#include <drawing/long_work.h>
 #include <dxf/drawing_file.h>
 #include <render/dark_texts.h>
 #include <render/picture_export.h>
@@ -31,8 +32,10 @@ void newDrawing()
 void openDrawing()
 {
     QString path;
-    if (askText(QStringLiteral("\nИмя файла чертежа: "), path)
-        && !isOk(ncDocManagerPtr()->appContextOpenDocument(path))) {
+    if (!askText(QStringLiteral("\nИмя файла чертежа: "), path))
+        return;
+    const auto shown = showWork(QStringLiteral("Открытие чертежа"));
+    if (!isOk(ncDocManagerPtr()->appContextOpenDocument(path))) {
         sayFailed(QStringLiteral("Чертёж не открывается"), path);
         sayLine(drawingFault());
     }
@@ -41,6 +44,7 @@ void openDrawing()
 void saveUnder(const QString& path)
 {
     QString problem;
+    const auto shown = showWork(QStringLiteral("Сохранение чертежа"));
     if (!isOk(Documents::instance().saveAs(ncDocManagerPtr()->curDocument(), path, &problem)))
         sayFailure(QStringLiteral("Чертёж не записан: ") + path + QStringLiteral(": ") + problem);
 }
@@ -132,6 +136,7 @@ void exportDrawing()
             options.largeSheet = false;
         texts = texts || word == QLatin1String("Texts");
     }
+    const auto shown = showWork(QStringLiteral("Экспорт рисунка"));
     const bool isDxf = path.endsWith(QLatin1String(".dxf"), Qt::CaseInsensitive);
     const QString wrong = texts && isDxf ? exportWithTexts(*drawing, path) : exportPicture(*drawing, path, options);
     if (!wrong.isEmpty())

@@ -2,6 +2,7 @@
 #include "plot_command.h"
 
 #include <drawing/host_access.h>
+#include <drawing/long_work.h>
 #include <render/map_legend.h>
 
 #include <QDate>
@@ -64,6 +65,7 @@ void plot()
     sheet.signs = legendOf(*drawing, list, sheet);
     if (QFileInfo(path).suffix().isEmpty())
         path += QStringLiteral(".pdf");
+    const auto shown = showWork(QStringLiteral("Лист в PDF"));
     const QString wrong = writeSheet(sheet, list, path);
     if (!wrong.isEmpty())
         return sayFailure(wrong);

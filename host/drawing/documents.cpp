@@ -2,6 +2,7 @@
 
 #include "editor_reactors.h"
 #include "host_access.h"
+#include "long_work.h"
 #include "undo.h"
 
 #include <dxf/drawing_file.h>
@@ -68,6 +69,7 @@ void Documents::take(std::unique_ptr<Document> document)
     keepJournal(*taken->database());
     taken->savedChange_ = changeCount(*taken->database());
     documents_.push_back(std::move(document));
+    const LongWork unwatched; // nobody stops what others do with it
     emit HostEvents::instance()->documentOpened(taken);
     makeCurrent(taken);
 }
@@ -167,6 +169,7 @@ NcStatus Documents::saveAs(NcApDocument* document, const QString& path, QString*
     saved->fileName_ = cleaned(path);
     saved->untitled_ = false;
     saved->savedChange_ = changeCount(*saved->database());
+    const LongWork unwatched;
     emit HostEvents::instance()->documentSaved(saved);
     return NcStatus::Ok;
 }

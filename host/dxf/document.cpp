@@ -1,11 +1,18 @@
 #include "document.h"
 
+#include <drawing/long_work.h>
+
 namespace {
+
+constexpr double kFrom = 0.4, kTo = 0.5; // shares of the work of opening a file
 
 // Groups before the first group of code 0 make no record; they are an error.
 bool splitRecords(const DxfGroups& groups, DxfRecords& records)
 {
+    WorkPart work(groups.size(), kFrom, kTo);
     for (const DxfGroup& group : groups) {
+        if (!work.next())
+            return false;
         if (group.code == 0)
             records.push_back({group.value.trimmed(), {}});
         else if (records.empty())

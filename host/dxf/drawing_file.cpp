@@ -6,6 +6,7 @@
 #include "files/written_file.h"
 #include "group_reader.h"
 
+#include <drawing/long_work.h>
 #include <drawing/nesting.h>
 
 #include <QFile>
@@ -16,6 +17,12 @@ QString& lastFault()
 {
     static QString fault;
     return fault;
+}
+
+NcStatus stopped()
+{
+    lastFault() = QStringLiteral("Чтение отменено.");
+    return NcStatus::FileAccess;
 }
 
 } // namespace
@@ -29,11 +36,15 @@ NcStatus readDrawingBytes(NcDbDatabase& database, const QByteArray& bytes)
     {
         DxfGroups groups;
         if (!readGroups(bytes, groups) || !readDocument(groups, document)) {
+            if (LongWork::isStopped())
+                return stopped();
             lastFault() = QStringLiteral("Файл не является чертежом DXF или оборван.");
             return NcStatus::FileFormat;
         }
     }
     fillDrawing(database, std::move(document));
+    if (LongWork::isStopped())
+        return stopped();
     lastFault() = nestingFault(database);
     return lastFault().isEmpty() ? NcStatus::Ok : NcStatus::FileFormat;
 }
@@ -52,5 +63,11 @@ QByteArray drawingBytes(const NcDbDatabase& database) { return drawingText(datab
 
 NcStatus writeDrawing(const NcDbDatabase& database, const QString& path, QString* problem)
 {
-    return saveFile(path, drawingText(database), problem) ? NcStatus::Ok : NcStatus::FileAccess;
+    const QByteArray text = drawingText(database);
+    if (text.isEmpty()) {
+        if (problem)
+            *problem = QStringLiteral("запись отменена");
+        return NcStatus::FileAccess;
+    }
+    return saveFile(path, text, problem) ? NcStatus::Ok : NcStatus::FileAccess;
 }

@@ -25,13 +25,15 @@
 // Fill a drawing that holds its empty tables only and is being loaded; the way
 // in is NcDbDatabase::readDwgFile. FileAccess: the file is missing or cannot be
 // read. FileFormat: it is no such text, was cut short, or its blocks hold
-// themselves or nest beyond measure. Either leaves the drawing as it was.
+// themselves or nest beyond measure. Either leaves the drawing as it was; so does
+// work that was stopped (drawing/long_work.h), which is told as FileAccess.
 NRX_API NcStatus readDrawing(NcDbDatabase& database, const QString& path);
 NRX_API NcStatus readDrawingBytes(NcDbDatabase& database, const QByteArray& bytes);
 
 // Why the last drawing was not read, for the user; empty when it was.
 NRX_API QString drawingFault();
 
+// Empty when the work was stopped.
 NRX_API QByteArray drawingBytes(const NcDbDatabase& database);
 // Written beside the path and moved over it; FileAccess when that fails, and
 // what was there stays and the reason is given.

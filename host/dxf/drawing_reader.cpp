@@ -52,7 +52,8 @@ void fillDrawing(NcDbDatabase& database, DxfDocument document)
     readHeader(document, database);
     readTables(document, database);
     readBlockRecords(document, foldedBlocks(document), database);
-    readEntities(document, database);
+    if (!readEntities(document, database))
+        return;
     readDynamicDefinitions(document, database);
     readObjects(document, database);
     addMissingLayers(database);

@@ -6,5 +6,5 @@
 #include <nrx/database.h>
 
 // The drawing holds its tables only and is being loaded. Never fails: what makes
-// no sense is left out or kept as it stands.
+// no sense is left out or kept as it stands. Work that is stopped leaves it half filled.
 void fillDrawing(NcDbDatabase& database, DxfDocument document);

@@ -2,6 +2,8 @@
 
 #include "writer_parts.h"
 
+#include <drawing/long_work.h>
+
 #include <algorithm>
 
 namespace {
@@ -61,6 +63,8 @@ QByteArray drawingText(const NcDbDatabase& database)
         database, HostAccess::data(database), completion, context, {}, modelExtents(HostAccess::data(database))};
     DxfWriter header, tables, blocks, entities, objects;
     writeBlocksAndEntities(parts, blocks, entities);
+    if (LongWork::isStopped())
+        return {};
     writeTables(parts, tables);
     for (const DxfWriter* section : {&entities, &blocks, &tables})
         parts.longData.insert(parts.longData.end(), section->longData.begin(), section->longData.end());

@@ -1,4 +1,4 @@
-// A drawing as the text of a file.
+// A drawing as the text of a file; empty when the work was stopped.
 #pragma once
 
 #include <nrx/database.h>

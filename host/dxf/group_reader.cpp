@@ -2,9 +2,15 @@
 
 #include "text_coding.h"
 
+#include <drawing/long_work.h>
+
 #include <QTextCodec>
 
 namespace {
+
+// About as much as a group takes in a file; shares of the work of opening one.
+constexpr int kBytesOfGroup = 14;
+constexpr double kSplit = 0.15, kCoded = 0.4;
 
 struct RawGroup {
     int code;
@@ -40,11 +46,12 @@ bool splitGroups(const QByteArray& bytes, std::vector<RawGroup>& groups)
 {
     int at = bytes.startsWith("\xEF\xBB\xBF") ? 3 : 0;
     int from = 0, size = 0;
+    WorkPart work(size_t(bytes.size() / kBytesOfGroup), 0.0, kSplit);
     while (takeLine(bytes, at, from, size)) {
         bool ok = false;
         RawGroup group;
         group.code = trimmedText(bytes, from, size).toInt(&ok);
-        if (!ok || group.code < -5 || group.code > 1071 || !takeLine(bytes, at, group.from, group.size))
+        if (!ok || group.code < -5 || group.code > 1071 || !takeLine(bytes, at, group.from, group.size) || !work.next())
             return false;
         if (group.code == 0 && valueOf(bytes, group) == "EOF")
             return true;
@@ -88,7 +95,10 @@ bool readGroups(const QByteArray& bytes, DxfGroups& groups)
     QTextCodec* codec = codecOf(bytes, raw);
     groups.clear();
     groups.reserve(raw.size());
+    WorkPart work(raw.size(), kSplit, kCoded);
     for (const RawGroup& group : raw) {
+        if (!work.next())
+            return false;
         const char* value = bytes.constData() + group.from;
         groups.push_back({group.code, withoutUnicodeEscapes(codec->toUnicode(value, group.size))});
     }

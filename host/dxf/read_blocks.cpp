@@ -2,6 +2,7 @@
 #include "reader_parts.h"
 #include "table_block.h"
 
+#include <drawing/long_work.h>
 #include <dxf/own_data.h>
 #include <dxf/text_coding.h>
 
@@ -12,6 +13,7 @@ const QString kCopy = QStringLiteral("copy"), kTable = QStringLiteral("table"),
               kReference = QStringLiteral("reference"), kDynamic = QStringLiteral("dynamic");
 // Bits of a block's flags that tell what it is called and holds.
 constexpr int kAnonymous = 1, kHasDefinitions = 2;
+constexpr double kBefore = 0.5, kRead = 0.97; // shares of the work of opening a file
 
 // References are read with the same coding, else they would miss their block.
 QString nameIn(const DxfGroups& groups, int code) { return blockName(fromCaretCoding(firstValue(groups, code))); }
@@ -170,10 +172,13 @@ void readBlockRecords(const DxfDocument& document, const QSet<QString>& folded, 
     }
 }
 
-void readEntities(const DxfDocument& document, NcDbDatabase& database)
+bool readEntities(const DxfDocument& document, NcDbDatabase& database)
 {
     DxfReadContext context{database};
+    WorkPart work(document.blocks.size() + document.entities.size(), kBefore, kRead);
     for (const DxfBlock& block : document.blocks) {
+        if (!work.next())
+            return false;
         NcDbBlockTableRecord* record = blockNamed(database, nameOf(block));
         if (record)
             fill(block.entities, *record, context);
@@ -181,9 +186,12 @@ void readEntities(const DxfDocument& document, NcDbDatabase& database)
     NcDbBlockTableRecord& model = ensureSpace(database, kModelSpace);
     NcDbBlockTableRecord& paper = ensureSpace(database, kPaperSpace);
     for (const DxfEntity& record : document.entities) {
+        if (!work.next())
+            return false;
         std::unique_ptr<NcDbEntity> entity = readEntity(record, context);
         addEntity(record, context.paper ? paper : model, std::move(entity), context);
     }
+    return true;
 }
 
 void readDynamicDefinitions(const DxfDocument& document, NcDbDatabase& database)

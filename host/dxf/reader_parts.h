@@ -18,7 +18,8 @@ void readHeaderReferences(const DxfDocument& document, NcDbDatabase& database);
 void readTables(const DxfDocument& document, NcDbDatabase& database);
 // All blocks without what they hold, then what they hold.
 void readBlockRecords(const DxfDocument& document, const QSet<QString>& folded, NcDbDatabase& database);
-void readEntities(const DxfDocument& document, NcDbDatabase& database);
+// False when the work was stopped.
+bool readEntities(const DxfDocument& document, NcDbDatabase& database);
 // Parameters of dynamic blocks, which name entities.
 void readDynamicDefinitions(const DxfDocument& document, NcDbDatabase& database);
 // Groups and draw orders; all other objects are kept.

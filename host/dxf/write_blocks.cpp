@@ -1,12 +1,15 @@
 // The sections of blocks and of entities.
 #include "writer_parts.h"
 
+#include <drawing/long_work.h>
+
 #include <algorithm>
 
 namespace {
 
 const QString kBegin = QStringLiteral("AcDbBlockBegin");
 constexpr int kAnonymous = 1, kHasDefinitions = 2;
+constexpr double kWritten = 0.95; // share of the work of saving a file
 
 struct BlockHead {
     QString name;
@@ -65,7 +68,11 @@ NcDbObjectIdArray drawOrderOf(const NcDbBlockTableRecord& block)
 
 void writeContents(const NcDbBlockTableRecord& block, FileParts& parts)
 {
-    for (NcDbObjectId id : drawOrderOf(block)) {
+    const NcDbObjectIdArray entities = drawOrderOf(block);
+    WorkPart work(entities.size(), 0.0, kWritten);
+    for (NcDbObjectId id : entities) {
+        if (!work.next())
+            return;
         const auto* entity = HostAccess::objectAs<NcDbEntity>(id);
         if (entity && !entity->isErased())
             writeEntity(*entity, id.handle(), block.objectId().handle(), isPaper(block, parts), parts.context);

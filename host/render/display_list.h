@@ -68,7 +68,11 @@ private:
     mutable std::vector<QRectF> boxes_; // empty until they were asked for
 };
 
-// Records a space ("*Model_Space") or a layout ("*Paper_Space") of a drawing.
+// Of a long work that records a drawing and then paints it.
+constexpr double kRecordedOfWork = 0.4;
+
+// Records a space ("*Model_Space") or a layout ("*Paper_Space") of a drawing; a part
+// of it when the work was stopped (drawing/long_work.h).
 NRX_API DisplayList recordDrawing(const NcDbDatabase& drawing, const QString& space = QStringLiteral("*Model_Space"));
 
 // The outline of a text in the world; the same on every machine.

@@ -2,6 +2,7 @@
 #include "entity_figures.h"
 
 #include <drawing/host_access.h>
+#include <drawing/long_work.h>
 #include <drawing/nesting.h>
 #include <drawing/palette.h>
 
@@ -35,7 +36,11 @@ public:
         const auto* block = HostAccess::objectAs<NcDbBlockTableRecord>(id);
         if (!block)
             return;
-        for (const NcDbObjectId& entityId : drawOrder(*block)) {
+        const NcDbObjectIdArray entities = drawOrder(*block);
+        WorkPart work(entities.size(), 0.0, kRecordedOfWork);
+        for (const NcDbObjectId& entityId : entities) {
+            if (!work.next())
+                return;
             const auto* entity = HostAccess::objectAs<NcDbEntity>(entityId);
             if (!entity || entity->isErased())
                 continue;

@@ -4,6 +4,8 @@
 #include "text_painting.h"
 #include "text_stamps.h"
 
+#include <drawing/long_work.h>
+
 #include <QElapsedTimer>
 
 #include <algorithm>
@@ -237,4 +239,17 @@ void paintFigures(const DisplayList& list, QPainter& painter, const QTransform& 
                   const QRectF& visible)
 {
     FigurePainting(list, painter, toDevice, style, visible).paint(std::numeric_limits<int>::max());
+}
+
+double FigurePainting::share() const { return double(parts_->next) / double(parts_->figures.size() + 1); }
+
+bool paintFiguresOn(const DisplayList& list, QPainter& painter, const QTransform& toDevice, const PaintStyle& style,
+                    const QRectF& visible)
+{
+    constexpr int kBetweenLooks = 20; // ms
+    FigurePainting painting(list, painter, toDevice, style, visible);
+    while (!painting.paint(kBetweenLooks))
+        if (!LongWork::goOn(kRecordedOfWork + (1.0 - kRecordedOfWork) * painting.share()))
+            return false;
+    return true;
 }

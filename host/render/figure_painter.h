@@ -32,6 +32,10 @@ NRX_API QTransform fitWindow(const QRectF& window, const QRectF& target);
 NRX_API void paintFigures(const DisplayList& list, QPainter& painter, const QTransform& toDevice,
                           const PaintStyle& style, const QRectF& visible = {});
 
+// The same as the second half of a long work, which may be stopped: false then.
+NRX_API bool paintFiguresOn(const DisplayList& list, QPainter& painter, const QTransform& toDevice,
+                            const PaintStyle& style, const QRectF& visible = {});
+
 // The same piece by piece; list and painter outlive it and stay as they are.
 class NRX_API FigurePainting {
 public:
@@ -41,6 +45,7 @@ public:
 
     // Goes on for about that long; true when all is painted.
     bool paint(int milliseconds);
+    double share() const; // of the figures that are painted
 
 private:
     struct Parts;

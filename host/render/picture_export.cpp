@@ -5,6 +5,7 @@
 #include "text_painting.h"
 #include "web_font.h"
 
+#include <drawing/long_work.h>
 #include <dxf/drawing_file.h>
 
 #include <QBuffer>
@@ -20,6 +21,7 @@
 
 namespace {
 
+const QString kStopped = QStringLiteral("Запись отменена.");
 constexpr int kPdfDotsPerInch = 600;
 // Part of the picture left free on each side.
 constexpr double kPictureMargin = 0.03;
@@ -46,7 +48,7 @@ void paintPage(const DisplayList& list, QPainter& painter, const QRectF& page, c
     const QRectF window = options.window.isNull() ? list.box() : options.window;
     if (!options.window.isNull())
         painter.setClipRect(target);
-    paintFigures(list, painter, fitWindow(window, target), styleOf(options, lineWidth, texts));
+    paintFiguresOn(list, painter, fitWindow(window, target), styleOf(options, lineWidth, texts));
 }
 
 QByteArray pngBytes(const DisplayList& list, const PictureOptions& options)
@@ -159,8 +161,10 @@ QString exportPicture(NcDbDatabase& drawing, const QString& path, const PictureO
     const QString ending = file.suffix().toLower();
     if (!QDir().mkpath(file.absolutePath()))
         return QStringLiteral("папка «") + file.absolutePath() + QStringLiteral("» не создана");
-    if (ending == QLatin1String("dxf"))
-        return saveBytes(file.absoluteFilePath(), drawingBytes(drawing));
+    if (ending == QLatin1String("dxf")) {
+        const QByteArray text = drawingBytes(drawing);
+        return LongWork::isStopped() ? kStopped : saveBytes(file.absoluteFilePath(), text);
+    }
     if (ending != QLatin1String("png") && ending != QLatin1String("svg") && ending != QLatin1String("pdf"))
         return QStringLiteral("окончание «") + ending + QStringLiteral("» не png, svg, pdf или dxf");
     if (options.pixels.width() < 16 || options.pixels.height() < 16 || options.pixels.width() > 20000
@@ -170,5 +174,7 @@ QString exportPicture(NcDbDatabase& drawing, const QString& path, const PictureO
     const QByteArray bytes = ending == QLatin1String("png") ? pngBytes(list, options)
         : ending == QLatin1String("svg")                    ? svgBytes(list, options)
                                                             : pdfBytes(list, options);
+    if (LongWork::isStopped())
+        return kStopped;
     return saveBytes(file.absoluteFilePath(), bytes);
 }

@@ -24,5 +24,6 @@ struct PictureOptions {
 // Returns what is wrong.
 NRX_API QString saveWindowPicture(QWidget& window, const QString& path);
 
-// Writes a PNG, SVG, PDF or DXF by the path's ending. Returns what is wrong.
+// Writes a PNG, SVG, PDF or DXF by the path's ending. Returns what is wrong; nothing
+// is written of work that was stopped (drawing/long_work.h).
 NRX_API QString exportPicture(NcDbDatabase& drawing, const QString& path, const PictureOptions& options = {});

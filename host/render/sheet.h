@@ -52,5 +52,5 @@ NRX_API std::vector<Sheet::Sign> signsOf(const DisplayList& list, const Sheet& s
 
 // `dots` of the painter make a millimetre.
 NRX_API void paintSheet(QPainter& painter, const Sheet& sheet, const DisplayList& list, double dots);
-// Returns what is wrong.
+// Returns what is wrong; nothing is written of work that was stopped (drawing/long_work.h).
 NRX_API QString writeSheet(const Sheet& sheet, const DisplayList& list, const QString& path);

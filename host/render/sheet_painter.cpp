@@ -3,6 +3,8 @@
 #include "files/written_file.h"
 #include "sheet.h"
 
+#include <drawing/long_work.h>
+
 #include <QBuffer>
 #include <QLocale>
 #include <QPdfWriter>
@@ -58,7 +60,7 @@ private:
         style.liveText = true;
         painter_.save();
         painter_.setClipRect(scaled(field));
-        paintFigures(list, painter_, toDevice, style, shownWorld(sheet_));
+        paintFiguresOn(list, painter_, toDevice, style, shownWorld(sheet_));
         painter_.restore();
     }
 
@@ -219,6 +221,8 @@ QString writeSheet(const Sheet& sheet, const DisplayList& list, const QString& p
             return QStringLiteral("лист не построен");
         paintSheet(painter, sheet, list, kDotsPerInch / kInch);
     }
+    if (LongWork::isStopped())
+        return QStringLiteral("Запись отменена.");
     QString problem;
     if (!saveFile(path, bytes, &problem))
         return QStringLiteral("файл «") + path + QStringLiteral("» не записан: ") + problem;

@@ -1,5 +1,6 @@
 #include "main_window.h"
 
+#include "busy_box.h"
 #include "command_menus.h"
 #include "desk_icons.h"
 #include "desk_state.h"
@@ -74,6 +75,7 @@ MainWindow::MainWindow(const QString& profile)
     showDesk();
     setMainWindow(this);
     setPromptBackend(&prompts_);
+    setWorkBox([this](const QString& title) { return std::make_shared<BusyBox>(this, title); });
     line_->setHistory(settings_->value(kHistoryKey).toStringList());
     qApp->installEventFilter(this);
     new FormPlaces(*settings_, this);
@@ -96,6 +98,7 @@ MainWindow::~MainWindow()
     // Views look at their drawings to the end; the drawings outlive the window.
     delete tabs_;
     setPromptBackend(nullptr);
+    setWorkBox({});
     setMainWindow(nullptr);
 }
 

@@ -93,7 +93,7 @@ private:
     void runPending();
     void newDrawing();
     void chooseDrawing();
-    bool saveDrawing(NcApDocument* document, bool askName);
+    bool saveDrawing(NcApDocument* given, bool askName);
     void saveCurrent();
     void saveCurrentAs();
     void exportDrawing();

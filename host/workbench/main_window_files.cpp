@@ -1,5 +1,5 @@
 // What the window does with files.
-#include "busy_cursor.h"
+#include "busy_box.h"
 #include "desk_state.h"
 #include "drawing_keeper.h"
 #include "main_window.h"
@@ -72,7 +72,12 @@ bool MainWindow::openDrawing(const QString& path)
 {
     const bool alreadyHere = Documents::instance().find(path) != nullptr;
     const QString holder = alreadyHere ? QString() : keeper_->lock(path);
-    bool opened = false;
+    bool opened = false, cancelled = false;
+    const auto busily = [&](const std::function<NcStatus()>& open) {
+        const BusyBox busy(this, QStringLiteral("Открытие чертежа"));
+        opened = isOk(open());
+        cancelled = busy.cancelled();
+    };
     if (!holder.isEmpty()) {
         QMessageBox question(QMessageBox::Question, QStringLiteral("Открыть"),
                              QStringLiteral("Чертёж %1 открыт в другой программе:\n%2.\n\nОткрыть его копию?")
@@ -83,14 +88,18 @@ bool MainWindow::openDrawing(const QString& path)
         question.exec();
         if (question.clickedButton() != copy)
             return false;
-        opened = busily([&] { return isOk(Documents::instance().openCopy(path, QFileInfo(path).fileName(), true)); });
+        busily([&] { return Documents::instance().openCopy(path, QFileInfo(path).fileName(), true); });
     } else {
-        opened = busily([&] { return isOk(ncDocManagerPtr()->appContextOpenDocument(path)); });
+        busily([&] { return ncDocManagerPtr()->appContextOpenDocument(path); });
     }
     if (!opened) {
         keeper_->unlock(path);
-        QMessageBox::warning(this, QStringLiteral("Открыть"),
-                             QStringLiteral("Чертёж не открывается:\n") + path + QLatin1Char('\n') + drawingFault());
+        if (cancelled)
+            tell(QStringLiteral("Открытие отменено: ") + path);
+        else
+            QMessageBox::warning(this, QStringLiteral("Открыть"),
+                                 QStringLiteral("Чертёж не открывается:\n") + path + QLatin1Char('\n')
+                                     + drawingFault());
         return false;
     }
     noteRecent(path);
@@ -127,9 +136,9 @@ void MainWindow::chooseDrawing()
         openDrawing(path);
 }
 
-bool MainWindow::saveDrawing(NcApDocument* saved, bool askName)
+bool MainWindow::saveDrawing(NcApDocument* given, bool askName)
 {
-    auto* document = static_cast<Document*>(saved);
+    auto* document = static_cast<Document*>(given);
     const QString before = document->fileName();
     QString path = before;
     if (askName || document->isUntitled()) {
@@ -140,12 +149,23 @@ bool MainWindow::saveDrawing(NcApDocument* saved, bool askName)
     }
     if (path.isEmpty())
         return false;
+    const bool heldBefore = keeper_->holds(path);
     const QString holder = keeper_->lock(path);
     QString problem = holder.isEmpty() ? QString() : QStringLiteral("открыт в другой программе: ") + holder;
-    const auto save = [&] { return isOk(Documents::instance().saveAs(document, path, &problem)); };
-    if (!holder.isEmpty() || !busily(save)) {
-        QMessageBox::warning(this, QStringLiteral("Сохранить"),
-                             QStringLiteral("Чертёж не записан:\n") + path + QLatin1Char('\n') + problem);
+    bool saved = false, cancelled = false;
+    if (holder.isEmpty()) {
+        const BusyBox busy(this, QStringLiteral("Сохранение чертежа"));
+        saved = isOk(Documents::instance().saveAs(document, path, &problem));
+        cancelled = busy.cancelled();
+    }
+    if (!saved) {
+        if (!heldBefore)
+            keeper_->unlock(path);
+        if (cancelled)
+            tell(QStringLiteral("Сохранение отменено: ") + path);
+        else
+            QMessageBox::warning(this, QStringLiteral("Сохранить"),
+                                 QStringLiteral("Чертёж не записан:\n") + path + QLatin1Char('\n') + problem);
         return false;
     }
     if (before != document->fileName())
@@ -177,9 +197,12 @@ void MainWindow::exportDrawing()
                                    QFileInfo(view->document().fileName()).completeBaseName() + QStringLiteral(".png"));
     if (path.isEmpty())
         return;
-    const QString wrong = busily([&] { return exportPicture(*view->document().database(), path); });
+    const auto [wrong, cancelled] = busyWriting(this, QStringLiteral("Экспорт рисунка"),
+                                                [&] { return exportPicture(*view->document().database(), path); });
     if (wrong.isEmpty())
         return tell(QStringLiteral("Записан файл ") + path);
+    if (cancelled)
+        return tell(wrong);
     QMessageBox::warning(this, QStringLiteral("Экспорт рисунка"), wrong);
 }
 

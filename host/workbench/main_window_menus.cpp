@@ -32,6 +32,7 @@ QAction* MainWindow::addFileAction(const char* icon, const QString& caption, con
                                    const QKeySequence& keys, void (MainWindow::*act)(), bool onBar)
 {
     auto* action = new QAction(deskIcon(QString::fromLatin1(icon)), caption, this);
+    action->setObjectName(QString::fromLatin1(icon));
     action->setShortcut(keys);
     action->setStatusTip(tip);
     const QString shown = keys.toString(QKeySequence::NativeText);
@@ -60,8 +61,7 @@ void MainWindow::buildFileMenu()
                   QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), &MainWindow::saveCurrentAs, false)
         ->setObjectName(QStringLiteral("saveAs"));
     addFileAction("print", QStringLiteral("&Печать…"), QStringLiteral("Напечатать чертёж в масштабе"),
-                  QKeySequence::Print, &MainWindow::printDrawing, true)
-        ->setObjectName(QStringLiteral("print"));
+                  QKeySequence::Print, &MainWindow::printDrawing, true);
     addFileAction("export", QStringLiteral("&Экспорт рисунка…"), QStringLiteral("Записать чертёж картинкой или файлом"),
                   {}, &MainWindow::exportDrawing, false);
     menu->addSeparator();

@@ -1,5 +1,5 @@
 // Printing the current drawing.
-#include "busy_cursor.h"
+#include "busy_box.h"
 #include "main_window.h"
 #include "print_dialog.h"
 
@@ -24,10 +24,14 @@ void printOnPaper(const Sheet& sheet, const DisplayList& list, QWidget* parent)
         return;
     printer.setFullPage(true);
     QPainter painter;
-    if (painter.begin(&printer))
-        busily([&] { paintSheet(painter, sheet, list, printer.resolution() / 25.4); });
-    else
+    if (!painter.begin(&printer)) {
         QMessageBox::warning(parent, QStringLiteral("Печать"), QStringLiteral("Принтер не принимает лист."));
+        return;
+    }
+    const BusyBox busy(parent, QStringLiteral("Печать"));
+    paintSheet(painter, sheet, list, printer.resolution() / 25.4);
+    if (busy.cancelled())
+        printer.abort();
 }
 
 } // namespace
@@ -53,10 +57,13 @@ void MainWindow::printDrawing()
                                        QStringLiteral("pictures"), name + QStringLiteral(".pdf"));
         if (path.isEmpty())
             return;
-        const QString wrong = busily([&] { return writeSheet(dialog.sheet(), dialog.list(), path); });
+        const auto [wrong, cancelled] = busyWriting(&dialog, QStringLiteral("Лист в PDF"),
+                                                    [&] { return writeSheet(dialog.sheet(), dialog.list(), path); });
         if (wrong.isEmpty()) {
             tell(QStringLiteral("Записан файл ") + path);
             dialog.accept();
+        } else if (cancelled) {
+            tell(wrong);
         } else {
             QMessageBox::warning(&dialog, QStringLiteral("Печать"), wrong);
         }
