@@ -335,3 +335,79 @@ TEST_F(Day, WhatIsNotPossibleIsGreyWithItsReasonAndRecentFilesComeBack)
     desk_->keys({"ctrl+q"});
     EXPECT_EQ(desk_->ended(), 0);
 }
+
+TEST_F(Day, WhatIsCutIsPastedAKeywordIsClickedAndALargeSheetPrinted)
+{
+    ASSERT_TRUE(desk_->start({}));
+    ASSERT_TRUE(desk_->waitFor("title", "Начало"));
+    for (const char* circle : {"CIRCLE 0,0 5", "CIRCLE 100,100 5"}) {
+        desk_->enter(circle);
+        waitForPrompt("Команда:");
+    }
+    showAll();
+    clickWorld(5, 0);
+    ASSERT_TRUE(desk_->waitFor("picked", "NcDbCircle"));
+    desk_->keys({"ctrl+x"});
+    EXPECT_TRUE(desk_->waitFor("content commandHistory", "Вырезано объектов: 1"));
+    desk_->keys({"ctrl+v"});
+    waitForPrompt("Точка вставки");
+    clickWorld(50, 20); // its lower left corner
+    EXPECT_TRUE(desk_->waitFor("content commandHistory", "Вставлено объектов: 1"));
+    desk_->keys({"Escape"});
+    EXPECT_EQ(desk_->ask("picked"), QString());
+    clickWorld(60, 25);
+    EXPECT_TRUE(desk_->waitFor("picked", "NcDbCircle"));
+
+    // The keywords of a prompt, by the mouse: the last one, then the first.
+    for (const bool last : {true, false}) {
+        desk_->enter("SPACE");
+        waitForPrompt("Пространство");
+        const QRect words = desk_->find("widget commandKeywords");
+        const QPoint at(last ? words.right() - 10 : words.left() + 10, words.center().y());
+        desk_->drag(at, at);
+        EXPECT_TRUE(desk_->waitFor("content commandHistory", last ? "Чертите на листе" : "Чертите в модели"));
+        waitForPrompt("Команда:");
+    }
+
+    desk_->enter("PLOT");
+    waitForPrompt("мя файла листа");
+    desk_->enter(path("large.pdf"));
+    waitForPrompt("Формат");
+    desk_->enter("A1");
+    waitForPrompt("Масштаб");
+    desk_->enter("1:500");
+    waitForPrompt("ередина");
+    desk_->enter("50,50");
+    waitForPrompt("Название");
+    desk_->enter("План");
+    EXPECT_TRUE(desk_->waitFor("content commandHistory", "Записан лист A1, 1:500"));
+    const QSizeF page = pageSize(path("large.pdf"));
+    EXPECT_NEAR(page.width(), 594.0, 0.5); // upright, as what is drawn
+    EXPECT_NEAR(page.height(), 841.0, 0.5);
+}
+
+TEST_F(Day, ALongOpeningIsCancelled)
+{
+    const int lines = 250000; // which no machine reads in half a second
+    QFile file(path("large.dxf"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("0\nSECTION\n2\nENTITIES\n");
+    for (int i = 0; i < lines; ++i)
+        file.write(QStringLiteral("0\nLINE\n8\n0\n10\n%1\n20\n%2\n30\n0\n11\n%1\n21\n0\n31\n0\n")
+                       .arg(i % 500)
+                       .arg(1 + i / 500)
+                       .toUtf8());
+    file.write("0\nENDSEC\n0\nEOF\n");
+    file.close();
+    ASSERT_TRUE(desk_->start({}));
+    ASSERT_TRUE(desk_->waitFor("title", "Начало"));
+    desk_->enter("OPEN");
+    waitForPrompt("мя файла");
+    desk_->enter(path("large.dxf"));
+    ASSERT_TRUE(desk_->waitFor("title", "Открытие чертежа"));
+    desk_->click("button Отмена");
+    EXPECT_TRUE(desk_->waitFor("content commandHistory", "Чтение отменено."));
+    EXPECT_FALSE(desk_->ask("title").contains("large.dxf"));
+    desk_->keys({"ctrl+q"});
+    EXPECT_EQ(desk_->ended(), 0);
+}

@@ -220,3 +220,24 @@ TEST_F(Busy, WorkIsStoppedWhereverItIs)
     EXPECT_TRUE(isOk(drawing.readDwgFile(large)));
     EXPECT_EQ(int(livingEntities(drawing).size()), kCircles);
 }
+
+TEST_F(Busy, WhatFollowsOnAnOpeningOrASavingIsNoPartOfIt)
+{
+    const QString large = file("большой.dxf");
+    int asked = 0, after = 0;
+    const LongWork work([&](double) { return ++asked > 0; });
+    const auto reactor = [&] {
+        const int before = asked;
+        EXPECT_TRUE(LongWork::goOn(0.5));
+        after += asked == before;
+    };
+    HostEvents* events = HostEvents::instance();
+    const auto opened = QObject::connect(events, &HostEvents::documentOpened, window.get(), reactor);
+    const auto saved = QObject::connect(events, &HostEvents::documentSaved, window.get(), reactor);
+    ASSERT_TRUE(isOk(Documents::instance().open(large)));
+    ASSERT_TRUE(isOk(Documents::instance().saveAs(&current(), large)));
+    QObject::disconnect(opened);
+    QObject::disconnect(saved);
+    EXPECT_EQ(after, 2);
+    EXPECT_GT(asked, 0);
+}
