@@ -13,6 +13,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QFile>
+#include <QFileDialog>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -240,4 +241,32 @@ TEST_F(Busy, WhatFollowsOnAnOpeningOrASavingIsNoPartOfIt)
     QObject::disconnect(saved);
     EXPECT_EQ(after, 2);
     EXPECT_GT(asked, 0);
+}
+
+TEST_F(Busy, ACancelledSheetLeavesTheDialogOpen)
+{
+    fill(*current().database());
+    bool open = false;
+    QTimer::singleShot(200, [&] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        QTimer names;
+        QObject::connect(&names, &QTimer::timeout, [this] {
+            auto* asked = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            if (!asked)
+                return;
+            asked->selectFile(path("лист.pdf"));
+            QMetaObject::invokeMethod(asked, "accept");
+        });
+        names.start(5);
+        watch(true);
+        dialog->findChild<QPushButton*>(QStringLiteral("printPdf"))->click();
+        open = dialog->isVisible();
+        dialog->reject();
+    });
+    trigger("print");
+    EXPECT_TRUE(open);
+    EXPECT_EQ(titles, QStringList{QStringLiteral("Лист в PDF")});
+    EXPECT_FALSE(QFile::exists(path("лист.pdf")));
+    EXPECT_TRUE(history().contains(QStringLiteral("Запись отменена.")));
 }
