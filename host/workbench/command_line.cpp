@@ -2,6 +2,7 @@
 
 #include "completion.h"
 
+#include <QAbstractItemView>
 #include <QCompleter>
 #include <QFontDatabase>
 #include <QHBoxLayout>
