@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QScrollBar>
 #include <QStringListModel>
 #include <QVBoxLayout>
@@ -68,7 +69,10 @@ CommandLine::CommandLine(QWidget* parent)
     completer_->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
     line_->setCompleter(completer_);
     connect(line_, &QLineEdit::textEdited, this, &CommandLine::offer);
-    static_cast<CommandEdit*>(line_)->take = [this](QEvent* event) { return takeEvent(event); };
+    // The line outlives this object's own part at the end.
+    static_cast<CommandEdit*>(line_)->take = [self = QPointer<CommandLine>(this)](QEvent* event) {
+        return self && self->takeEvent(event);
+    };
     connect(line_, &QLineEdit::returnPressed, this, &CommandLine::enter);
     setPrompt(QString());
 }
