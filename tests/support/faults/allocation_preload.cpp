@@ -93,6 +93,8 @@ int openFile(const char* name, const char* path, int flags, mode_t mode)
 
 } // namespace
 
+#include "opened_files.h"
+
 extern "C" {
 
 void* malloc(std::size_t size) { return fails() ? nullptr : __libc_malloc(size); }
@@ -100,24 +102,6 @@ void* malloc(std::size_t size) { return fails() ? nullptr : __libc_malloc(size);
 void* calloc(std::size_t count, std::size_t size) { return fails() ? nullptr : __libc_calloc(count, size); }
 
 void* realloc(void* block, std::size_t size) { return fails() ? nullptr : __libc_realloc(block, size); }
-
-int open(const char* path, int flags, ...)
-{
-    va_list more;
-    va_start(more, flags);
-    const mode_t mode = flags & (O_CREAT | O_TMPFILE) ? va_arg(more, mode_t) : 0;
-    va_end(more);
-    return openFile("open", path, flags, mode);
-}
-
-int open64(const char* path, int flags, ...)
-{
-    va_list more;
-    va_start(more, flags);
-    const mode_t mode = flags & (O_CREAT | O_TMPFILE) ? va_arg(more, mode_t) : 0;
-    va_end(more);
-    return openFile("open64", path, flags, mode);
-}
 
 int rename(const char* from, const char* to) noexcept
 {

@@ -78,25 +78,9 @@ int openFile(const char* name, const char* path, int flags, mode_t mode)
 
 } // namespace
 
+#include "opened_files.h"
+
 extern "C" {
-
-int open(const char* path, int flags, ...)
-{
-    va_list more;
-    va_start(more, flags);
-    const mode_t mode = flags & (O_CREAT | O_TMPFILE) ? va_arg(more, mode_t) : 0;
-    va_end(more);
-    return openFile("open", path, flags, mode);
-}
-
-int open64(const char* path, int flags, ...)
-{
-    va_list more;
-    va_start(more, flags);
-    const mode_t mode = flags & (O_CREAT | O_TMPFILE) ? va_arg(more, mode_t) : 0;
-    va_end(more);
-    return openFile("open64", path, flags, mode);
-}
 
 ssize_t write(int file, const void* bytes, size_t size)
 {
