@@ -1,7 +1,7 @@
 // What the tests of the charts ask of an axis, and the number that no axis holds.
 #pragma once
 
-#include "charts/plotter/plot_record.h"
+#include "charts/plotter/plot_items.h"
 
 #include <gtest/gtest.h>
 

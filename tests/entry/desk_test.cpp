@@ -37,9 +37,11 @@ TEST_F(Desk, WithoutAProjectCommandsSayTheWordsOfTheirGuards)
     EXPECT_EQ(all.value("refused:TERVA_DB_BACKUP"), QStringLiteral("Ошибка: База данных не подключена."));
     for (const char* free : {"TERVA_INSERT_RPGL", "TERVA_INSERT_DM_ENUMERATOR", "TERVA_LOADPROJECT", "TERVA_ABOUT"})
         EXPECT_FALSE(all.contains(QStringLiteral("refused:") + free)) << free;
-    for (const Command& command : commandTable())
-        if (!command.action)
+    for (const Command& command : commandTable()) {
+        if (!command.action) {
             EXPECT_EQ(all.value(QStringLiteral("refused:") + command.name), QStringLiteral("Команда пока недоступна"));
+        }
+    }
     EXPECT_EQ(all.value("connection"), QStringLiteral("нет"));
     EXPECT_EQ(all.value("position"), QString());
 }

@@ -24,8 +24,9 @@ void expectPlainAnswers(const PointList& border, samples::Random& random)
         ASSERT_EQ(rows.insideEvenOdd(x, y), geometry::insideEvenOdd(x, y, border)) << x << ' ' << y;
         inside += rows.insideEvenOdd(x, y) ? 1 : 0;
     }
-    if (border.size() > 20)
+    if (border.size() > 20) {
         EXPECT_GT(inside, 20);
+    }
 }
 
 TEST(BorderRows, answerAsThePlainRule)

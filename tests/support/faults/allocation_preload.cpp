@@ -8,6 +8,8 @@
 //   TERVA_ALLOCATION_COUNT   file that gets the numbers of allocations: all, those before the first
 //                            file that is opened for writing in the folder, those before the last
 //                            that is moved there
+#include "opened_files.h"
+
 #include <atomic>
 #include <cerrno>
 #include <cstdarg>
@@ -92,8 +94,6 @@ int openFile(const char* name, const char* path, int flags, mode_t mode)
 }
 
 } // namespace
-
-#include "opened_files.h"
 
 extern "C" {
 

@@ -5,6 +5,8 @@
 //   TERVA_FAULT_AT       which call, from 1; 0 counts only
 //   TERVA_FAULT          an errno by its number, or "kill"
 //   TERVA_FAULT_COUNT    file that gets the number of calls at the end
+#include "opened_files.h"
+
 #include <cerrno>
 #include <csignal>
 #include <cstdarg>
@@ -77,8 +79,6 @@ int openFile(const char* name, const char* path, int flags, mode_t mode)
 }
 
 } // namespace
-
-#include "opened_files.h"
 
 extern "C" {
 

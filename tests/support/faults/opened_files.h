@@ -1,9 +1,13 @@
-// Both names by which a program opens files, for a preloaded library; its openFile(name, path, flags, mode), which
-// stands before this is included, does the work.
+// Both names by which a program opens files, for a preloaded library, whose openFile does the work.
 #pragma once
 
 #include <cstdarg>
 #include <fcntl.h>
+
+namespace {
+// name: "open" or "open64", by which the library's own is found; the result is that of open().
+int openFile(const char* name, const char* path, int flags, mode_t mode);
+} // namespace
 
 extern "C" {
 
