@@ -50,13 +50,13 @@ function(terva_meta_objects target)
 endfunction()
 
 # terva_join(<target> [ALONE <file>...])
-# Eight units of the target are compiled as one, so that their headers are read and the templates of the toolkit
+# Sixteen units of the target are compiled as one, so that their headers are read and the templates of the toolkit
 # made once for all of them: half of the time of a build. Units whose own names stand in another unit of the folder
 # too are compiled alone. The daily and the sanitizer preset compile every unit by itself.
 function(terva_join target)
   cmake_parse_arguments(ARG "" "" "ALONE" ${ARGN})
   if(TERVA_PRECOMPILED)
-    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 16)
     set_source_files_properties(${ARG_ALONE} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
   endif()
 endfunction()
@@ -80,9 +80,7 @@ function(terva_library target)
     elseif(NOT ARG_PLAIN)
       terva_precompile(${target} core)
     endif()
-    if(NOT ARG_PLAIN)
-      terva_join(${target} ALONE ${ARG_ALONE})
-    endif()
+    terva_join(${target} ALONE ${ARG_ALONE})
     set(scope PUBLIC)
   else()
     add_library(${target} INTERFACE)

@@ -10,7 +10,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QPointer>
 #include <QScrollBar>
 #include <QStringListModel>
 #include <QVBoxLayout>
@@ -69,13 +68,13 @@ CommandLine::CommandLine(QWidget* parent)
     completer_->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
     line_->setCompleter(completer_);
     connect(line_, &QLineEdit::textEdited, this, &CommandLine::offer);
-    // The line outlives this object's own part at the end.
-    static_cast<CommandEdit*>(line_)->take = [self = QPointer<CommandLine>(this)](QEvent* event) {
-        return self && self->takeEvent(event);
-    };
+    static_cast<CommandEdit*>(line_)->take = [this](QEvent* event) { return takeEvent(event); };
     connect(line_, &QLineEdit::returnPressed, this, &CommandLine::enter);
     setPrompt(QString());
 }
+
+// The line is taken down after this, and has events still.
+CommandLine::~CommandLine() { static_cast<CommandEdit*>(line_)->take = nullptr; }
 
 // The pane is low: it ends with its last words, and no empty lines stand between
 // what one writer ended and the next begins.

@@ -14,6 +14,7 @@ class CommandLine : public QWidget {
     Q_OBJECT
 public:
     explicit CommandLine(QWidget* parent = nullptr);
+    ~CommandLine() override;
 
     // Text of the console, line ends where they stand.
     void append(const QString& text);
@@ -47,7 +48,7 @@ private:
     QLabel* prompt_;
     QLineEdit* line_;
     bool lineEnded_ = false; // of the history, and not shown yet
-    QLabel* words_; // keywords of the prompt
+    QLabel* words_;          // keywords of the prompt
     QCompleter* completer_;
     QStringListModel* offers_;
     QStringList names_, keywords_, typed_;

@@ -115,6 +115,8 @@ protected:
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
         environment.insert(QStringLiteral("HOME"), folder_.path());
+        for (const QString& name : {QStringLiteral("PASSWORD"), QStringLiteral("PASSWORD64")})
+            environment.insert(name, variables_[name]);
         process.setProcessEnvironment(environment);
         process.setWorkingDirectory(folder_.path());
         if (!settings_.modes.isEmpty() && asSuperuser())
@@ -124,11 +126,14 @@ protected:
             process.start(program, arguments());
     }
 
+    // Without the password: a command line is seen by all.
     QStringList arguments() const
     {
         const QString script = own("scenario.script");
         QStringList words = wantsPlayer(GetParam()) ? QStringList{"--play", script} : QStringList{"--batch", script};
         for (auto variable = variables_.begin(); variable != variables_.end(); ++variable) {
+            if (variable.key().startsWith(QLatin1String("PASSWORD")))
+                continue;
             if (!wantsPlayer(GetParam()))
                 words.append(QStringLiteral("--var"));
             words.append(variable.key() + QLatin1Char('=') + variable.value());
