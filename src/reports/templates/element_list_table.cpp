@@ -7,6 +7,8 @@
 #include "reports/templates/table_rows.h"
 #include "session/project_session.h"
 
+#include <cmath>
+
 namespace {
 
 constexpr int coordinateDecimals = 2;
@@ -26,7 +28,17 @@ enum Column {
     HColumn
 };
 
-QString number(double value) { return fixed(value, coordinateDecimals); }
+double numberAt(const sql::Result& rows, int row, Column column)
+{
+    return rows.isNull(row, column) ? ElementListRow::none : rows.toDouble(row, column);
+}
+
+QString missing() { return QStringLiteral("--"); }
+
+QString number(double value) { return std::isfinite(value) ? fixed(value, coordinateDecimals) : missing(); }
+
+// An element that was never placed in the project's system has no geometry.
+QString orMissing(double angle, QString (*text)(double)) { return std::isfinite(angle) ? text(angle) : missing(); }
 
 } // namespace
 
@@ -37,8 +49,8 @@ QVector<ElementListRow> loadElementList(FamilyKey key, const ProjectPart& part)
     QVector<ElementListRow> elements;
     for (int i = 0; i < rows.ntuples(); ++i)
         elements.append({rows.getvalue(i, PositionColumn), rows.getvalue(i, NameColumn), rows.getvalue(i, TypeColumn),
-                         rows.toDouble(i, YColumn), rows.toDouble(i, XColumn), rows.toDouble(i, LongitudeColumn),
-                         rows.toDouble(i, LatitudeColumn), rows.toDouble(i, ZColumn), rows.toDouble(i, HColumn)});
+                         numberAt(rows, i, YColumn), numberAt(rows, i, XColumn), numberAt(rows, i, LongitudeColumn),
+                         numberAt(rows, i, LatitudeColumn), numberAt(rows, i, ZColumn), numberAt(rows, i, HColumn)});
     return elements;
 }
 
@@ -48,7 +60,7 @@ void fillElementListTable(DocxTable& table, const QVector<ElementListRow>& eleme
     int counted = 0;
     for (const ElementListRow& element : elements)
         rows.add({QString::number(++counted), element.position, element.name, element.type, number(element.y),
-                  number(element.x), cells::longitude(element.longitude), cells::latitude(element.latitude),
-                  number(element.z), number(element.h)});
+                  number(element.x), orMissing(element.longitude, cells::longitude),
+                  orMissing(element.latitude, cells::latitude), number(element.z), number(element.h)});
     rows.finish();
 }

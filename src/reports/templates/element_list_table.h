@@ -5,9 +5,13 @@
 #include "reports/docx/docx_table.h"
 #include "reports/templates/report_parameters.h"
 
+#include <limits>
+
 struct ElementListRow {
+    static constexpr double none = std::numeric_limits<double>::infinity();
+
     QString position, name, type;
-    double y = 0.0, x = 0.0, longitude = 0.0, latitude = 0.0, z = 0.0, h = 0.0;
+    double y = none, x = none, longitude = none, latitude = none, z = none, h = none; ///< written as "--" when none
 };
 
 QVector<ElementListRow> loadElementList(FamilyKey family, const ProjectPart& part);

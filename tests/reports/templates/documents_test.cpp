@@ -182,7 +182,8 @@ TEST_F(Documents, ListsOfElements)
     const QString type = database.value("select name from dm_types order by type_id limit 1");
     EXPECT_EQ(made(kind).mid(1),
               (QStringList{"1|Позиция 1|ДМ-1|" + type + "|2.50|1.50|E90°30'0.00\"|N45°15'0.00\"|3.00|4.00",
-                           "2|Позиция 2|ДМ-2||6.00|5.00|E0°00'0.00\"|N0°00'0.00\"|7.00|8.00"}));
+                           "2|Позиция 2|ДМ-2||6.00|5.00|--|--|7.00|8.00"}))
+        << "without a geometry there is no place on the earth";
     for (const char* level : {"objects", "subobjects"}) {
         kind.parameters.part = {level, 1};
         EXPECT_EQ(made(kind).size(), 3) << level;
@@ -193,6 +194,12 @@ TEST_F(Documents, ListsOfElements)
     database.exec("update dm_elements set geom = ST_SetSRID(ST_Point(512345.25, -6543210.5), 4326) where element_id = "
                   "2");
     EXPECT_TRUE(made(kind).last().contains("|E512345°15'0.00\"|S6543210°30'0.00\"|")) << made(kind).last();
+    database.exec("update dm_elements set (x, y, z, h) = (null, null, null, null) where element_id = 2");
+    EXPECT_TRUE(made(kind).last().startsWith("1|Позиция 2|ДМ-2||--|--|E512345°15'0.00\"|")) << made(kind).last();
+    EXPECT_TRUE(made(kind).last().endsWith("|--|--")) << made(kind).last();
+    // On the meridian and the equator is a place like any other.
+    database.exec("update dm_elements set geom = ST_SetSRID(ST_Point(0, 0), 4326) where element_id = 2");
+    EXPECT_TRUE(made(kind).last().contains("|E0°00'0.00\"|N0°00'0.00\"|")) << made(kind).last();
     kind.parameters.part = {"nowhere", 2};
     EXPECT_EQ(made(kind).size(), 1);
 }
