@@ -156,6 +156,16 @@ TEST(MarkForecast, ByHand)
                            "0.2500", "1.2247"}));
 }
 
+TEST(MarkForecast, ADeformationThatRoundsToNothingKeepsItsSign)
+{
+    const MarkMeasures mark = markOf({{{2020, 1, 1}, 1.0}, {{2021, 1, 1}, 1.0}, {{2022, 1, 1}, 0.99999999}});
+    const MarkForecast forecast = forecastOf(mark, {1, 2, 3}, {2023, 1, 1});
+    EXPECT_LT(forecast.deformation, -1e-9);
+    const QString shown = forecastCells(mark, forecast, {1, 2, 3})[columnOf(ForecastColumn::Deformation, 3)];
+    EXPECT_EQ(shown, "-0.0000");
+    EXPECT_EQ(shown.toDouble(), 0.0);
+}
+
 TEST(MarkForecast, MeasuresOnOneDateCountOnceAndTheLaterCycleStays)
 {
     const QDate same(2021, 5, 5);

@@ -148,6 +148,33 @@ TEST_F(Prediction, MarksWithTooFewDaysAreCountedInALine)
     EXPECT_EQ(line->text(), "") << "both that are left have three days or more";
 }
 
+TEST_F(Prediction, TheNarrowestChosenLevelFilters)
+{
+    database.exec(
+        "insert into projects (project_id, name) overriding system value values (2, 'Другой');"
+        "insert into objects (object_id, project_id, object) overriding system value values (2, 1, 'О2'), (3, 2, 'О3');"
+        "insert into subobjects (subobject_id, object_id, subobject) overriding system value values (2, 1, 'П2'), "
+        "(3, 2, 'П3'), (4, 3, 'П4');"
+        "insert into positions (position_id, subobject_id, position) overriding system value values (3, 2, '3'), "
+        "(4, 3, '4'), (5, 4, '5');"
+        "insert into dm_elements (element_id, type_id, element_name, position_id) overriding system value values "
+        "(4, 'dm', 'ДМ_4', 3), (5, 'dm', 'ДМ_5', 4), (6, 'dm', 'ДМ_6', 5);");
+    QVector<MarkMeasures> marks;
+    QVector<int> counts;
+    ForecastScope scope;
+    const auto count = [&] {
+        EXPECT_TRUE(loadMarks(scope, marks));
+        counts << marks.size();
+    };
+    count();
+    for (int ForecastScope::*level :
+         {&ForecastScope::project, &ForecastScope::object, &ForecastScope::subobject, &ForecastScope::position}) {
+        scope.*level = 1;
+        count();
+    }
+    EXPECT_EQ(counts, (QVector<int>{6, 5, 4, 3, 2}));
+}
+
 TEST_F(Prediction, TheOrderOfTheTwoCyclesDoesNotMatter)
 {
     DMPredictionForm form;
@@ -159,6 +186,13 @@ TEST_F(Prediction, TheOrderOfTheTwoCyclesDoesNotMatter)
     choose(form, "CurrentCyclesCombo", 2);
     EXPECT_EQ(row(elements(form), 0), straight);
     EXPECT_EQ(straight[4], "99.9950") << "the base is that of the first cycle of the list";
+
+    child<QLineEdit>(form, "PredictionName")->setText("Обратный");
+    driver.expect("Сохранить прогноз").press("OK");
+    child<QPushButton>(form, "WriteBTN")->click();
+    EXPECT_TRUE(driver.done()) << driver.report();
+    EXPECT_EQ(database.rows("select name, begin_cycle_id, end_cycle_id from dm_predictions"),
+              (QVector<QStringList>{{"Обратный", "2", "4"}}));
 }
 
 TEST_F(Prediction, TheNameFollowsTheDateUntilTheUserGivesOne)
@@ -388,6 +422,24 @@ TEST_F(Prediction, TheListShowsMarksAndDeletes)
     EXPECT_TRUE(list.hasDeleted());
     EXPECT_EQ(database.rows("select name from dm_predictions"), (QVector<QStringList>{{kept}}));
     EXPECT_EQ(database.value("select count(*) from dm_predictions_data"), "2");
+}
+
+// Alike but for the order: the session's forecasts stand by their day, the list as the server gives them.
+TEST_F(Prediction, TheListLeavesTheOrderToTheServer)
+{
+    const QString backend = session().run("select pg_backend_pid()").getvalue(0, 0);
+    const auto lastStatement = [&] {
+        return database.value("select query from pg_stat_activity where pid = " + backend);
+    };
+    const QString statement =
+        "select prediction_id,dm_predictions.prediction_date,name,begin_cycle_id,end_cycle_id, count(meas_id) as "
+        "elements from dm_predictions left join dm_predictions_data using (prediction_id) group by prediction_id";
+    QVector<StoredPrediction> predictions;
+    QString problem;
+    ASSERT_TRUE(loadPredictions(predictions, &problem)) << problem;
+    EXPECT_EQ(lastStatement(), statement);
+    session().reloadPredictions();
+    EXPECT_EQ(lastStatement(), statement + " order by dm_predictions.prediction_date ");
 }
 
 TEST_F(Prediction, FailuresOfTheListAreTold)
