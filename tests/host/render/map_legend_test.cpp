@@ -18,8 +18,7 @@ protected:
 
     NcDbObjectId band(double left, const QColor& color)
     {
-        auto* hatch = new NcDbHatch;
-        hatch->appendLoop(NcDbHatch::kExternal, {{left, 0}, {left + 10, 0}, {left + 10, 10}, {left, 10}}, {0, 0, 0, 0});
+        NcDbHatch* hatch = square(left, 0, 10);
         hatch->setColor(NcCmColor::fromRGB(color.red(), color.green(), color.blue()));
         return scene.add(hatch, QStringLiteral("Карта"), -1);
     }

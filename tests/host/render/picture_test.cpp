@@ -12,15 +12,6 @@
 
 namespace {
 
-NcDbHatch* square(double left, double bottom, double size)
-{
-    auto* hatch = new NcDbHatch;
-    hatch->appendLoop(NcDbHatch::kExternal,
-                      {{left, bottom}, {left + size, bottom}, {left + size, bottom + size}, {left, bottom + size}},
-                      {0, 0, 0, 0});
-    return hatch;
-}
-
 void expectColor(const QImage& image, double x, double y, const QColor& color)
 {
     const QColor met = image.pixelColor(int(x * image.width()), int(y * image.height()));

@@ -57,14 +57,6 @@ protected:
                 sum += std::abs(qGray(a.pixel(x, y)) - qGray(b.pixel(x, y)));
         return sum / (a.width() * a.height());
     }
-    NcDbHatch* square(double left, double bottom, double size)
-    {
-        auto* hatch = new NcDbHatch;
-        hatch->appendLoop(NcDbHatch::kExternal,
-                          {{left, bottom}, {left + size, bottom}, {left + size, bottom + size}, {left, bottom + size}},
-                          {0, 0, 0, 0});
-        return hatch;
-    }
     void addMany(int count)
     {
         std::mt19937 random(5);

@@ -92,6 +92,15 @@ void Scene::addAttribute(NcDbObjectId id, const QString& tag, const QString& tex
     reference->close();
 }
 
+NcDbHatch* square(double left, double bottom, double size)
+{
+    auto* hatch = new NcDbHatch;
+    hatch->appendLoop(NcDbHatch::kExternal,
+                      {{left, bottom}, {left + size, bottom}, {left + size, bottom + size}, {left, bottom + size}},
+                      {0, 0, 0, 0});
+    return hatch;
+}
+
 std::vector<Figure> figuresOf(const DisplayList& list, Figure::Kind kind)
 {
     std::vector<Figure> found;

@@ -25,6 +25,8 @@ public:
     DisplayList record(const QString& space = QStringLiteral("*Model_Space")) { return recordDrawing(drawing, space); }
 };
 
+// A filled square along the axes, for `Scene::add`.
+NcDbHatch* square(double left, double bottom, double size);
 // Figures of one kind.
 std::vector<Figure> figuresOf(const DisplayList& list, Figure::Kind kind);
 // Texts of a list in the order in which they are drawn.

@@ -218,8 +218,7 @@ TEST(DrawingWalker, aBlockThatHoldsItselfIsShownOnce)
 TEST(DisplayListPicking, ACrossingWindowTouchesAFillAtItsRim)
 {
     Scene scene;
-    auto* hatch = new NcDbHatch;
-    hatch->appendLoop(NcDbHatch::kExternal, {{-50, -50}, {50, -50}, {50, 50}, {-50, 50}}, {0, 0, 0, 0});
+    NcDbHatch* hatch = square(-50, -50, 100);
     hatch->evaluateHatch();
     const NcDbObjectId map = scene.add(hatch);
     const NcDbObjectId well = scene.add(new NcDbCircle({0, 0, 0}, NcGeVector3d::kZAxis, 1.0));
