@@ -13,8 +13,7 @@ struct InsertionFamily {
     QString namePrompt; ///< single mode
     QString heightPrompt;
     QString depthPrompt;
-    bool cyclicHeightIsMark; ///< cyclic mode writes the height into the attribute "rp_z"
-    bool fromCatalog;        ///< the construction is chosen first, and the point is asked last in single mode
+    bool fromCatalog; ///< the construction is chosen first, and the point is asked last in single mode
 };
 
 const InsertionFamily& insertionFamily(FamilyKey family);
