@@ -319,3 +319,20 @@ TEST(RawLines, ShowTheCellsOfTheLongestRow)
     EXPECT_EQ(raw.rowCount(), 0);
     EXPECT_EQ(raw.columnCount(), 0);
 }
+
+TEST(RawLines, NewTitlesAreToldOfEachSection)
+{
+    using Sections = std::tuple<Qt::Orientation, int, int>;
+    RawLines raw;
+    std::vector<Sections> told;
+    QObject::connect(&raw, &RawLines::headerDataChanged, [&](Qt::Orientation direction, int first, int last) {
+        told.emplace_back(direction, first, last);
+    });
+    raw.setTitles(Qt::Horizontal, {{1, "Имя"}});
+    EXPECT_TRUE(told.empty()) << "there is no section";
+    raw.setLines({"a;b", "c;d;e"}, ";");
+    raw.setTitles(Qt::Horizontal, {{1, "Имя"}});
+    EXPECT_EQ(raw.headerData(1, Qt::Horizontal, Qt::DisplayRole).toString(), "Имя");
+    // A view passes over a change of sections that it does not have.
+    EXPECT_EQ(told, (std::vector<Sections>{{Qt::Horizontal, 0, 2}, {Qt::Vertical, 0, 1}}));
+}

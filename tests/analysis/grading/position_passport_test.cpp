@@ -155,6 +155,16 @@ TEST_F(Passport, TablesOfMeasures)
     EXPECT_EQ(row(shown(form, "WellList"), 0), (QStringList{"Т1", "15.12.2022", "-2.00", "-2.00"}));
 }
 
+TEST_F(Passport, MeasuresAreOfTheMarksAskedForAlone)
+{
+    const QString others = database.value("select count(*) from dm_meas where element_id <> 1");
+    EXPECT_NE(others, "0");
+    EXPECT_EQ(loadMarkMeasures({1}).keys(), QList<int>{1});
+    EXPECT_TRUE(loadMarkMeasures({}).isEmpty());
+    loseServer();
+    EXPECT_TRUE(loadMarkMeasures({1}).isEmpty());
+}
+
 TEST_F(Passport, HistoriesByCycle)
 {
     PositionPassport form(1);

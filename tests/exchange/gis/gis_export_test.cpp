@@ -231,6 +231,19 @@ TEST_F(Gis, NothingIsHalfWritten)
     EXPECT_EQ(files(), QStringList());
 }
 
+TEST_F(Gis, NothingIsReadBehindARefusal)
+{
+    database.exec("alter table dm_meas rename to dm_other");
+    QVector<int> steps;
+    const GisExport refused = exportToGis(GisFormat::GeoPackage, 1, folder.filePath("p.gpkg"), [&](int done, int) {
+        steps << done;
+        return true;
+    });
+    EXPECT_TRUE(refused.message.startsWith("Экспорт не выполнен: ERROR:  relation \"dm_meas\"")) << refused.message;
+    EXPECT_EQ(steps, (QVector<int>{0, 1})) << "of the first family, and of no other";
+    EXPECT_EQ(files(), QStringList());
+}
+
 TEST_F(Gis, AnEmptyProjectIsTwoEmptyLayers)
 {
     ASSERT_TRUE(exportToGis(GisFormat::GeoPackage, 55, folder.filePath("p.gpkg")).written);
