@@ -2,8 +2,8 @@
 // profiles: seconds and statements, grading and storing apart.
 #include "analysis/grading/position_measures.h"
 #include "analysis/grading/stored_grades.h"
+#include "bench_project.h"
 #include "session/project_session.h"
-#include "support/test_database.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -16,12 +16,6 @@ constexpr double secondsBound = 15.0;
 
 // All of it by the server itself: 20 marks, 5 wells and a profile of 10 points a position.
 const char* const content =
-    "set app.audit_enabled = 'off';"
-    "insert into projects (project_id, name) overriding system value values (1, 'П');"
-    "insert into objects (object_id, project_id, object) overriding system value values (1, 1, 'О');"
-    "insert into subobjects (subobject_id, object_id, subobject) overriding system value values (1, 1, 'С');"
-    "insert into positions (position_id, subobject_id, position, appearence) overriding system value "
-    "select i, 1, 'Позиция ' || i, i from generate_series(1, 1000) i;"
     "insert into cycles (cycle_id, number, date_start, date_end) overriding system value values "
     "(1, 1, '2022-01-01', '2022-01-31'), (2, 2, '2023-01-01', '2023-01-31');"
     "insert into positions_attributes (position_id, temperature_deep_min, temperature_deep_max, temperature_h, "
@@ -41,8 +35,7 @@ const char* const content =
     "insert into deformation_profiles (profile_id, position_id, profile_name) overriding system value "
     "select i, i, 'Профиль' from generate_series(1, 1000) i;"
     "insert into deformation_profiles_points (profile_id, element_id, param, dist) "
-    "select position_id, element_id, element_id / 1000, 10 from dm_elements where element_id <= 10000;"
-    "analyze";
+    "select position_id, element_id, element_id / 1000, 10 from dm_elements where element_id <= 10000;";
 
 constexpr int statementsEach = 5; // attributes, counts, wells, marks, profiles
 
@@ -58,10 +51,7 @@ bool report(const char* what, double seconds, int statements)
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    TestDatabase database;
-    database.exec(QString::fromUtf8(content));
-    session().connection.open(database.conninfo());
-    session().connected = true;
+    const BenchProject project(content, positions);
 
     QElapsedTimer clock;
     clock.start();
@@ -79,6 +69,5 @@ int main(int argc, char** argv)
     for (const PositionGrades& position : grades)
         stored += storeGrades(position, nullptr) ? 1 : 0;
     const bool kept = report("storing", clock.elapsed() / 1000.0, 2 * positions);
-    session().connection.finish();
     return graded && kept && stored == positions ? 0 : 1;
 }

@@ -5,8 +5,8 @@
 #include "analysis/maps/forms/deformation_map_form.h"
 #include "analysis/maps/forms/temperature_diff_map_form.h"
 #include "analysis/maps/temperature_differences.h"
+#include "bench_project.h"
 #include "spent_time.h"
-#include "support/test_database.h"
 
 #include <nrx/application.h>
 
@@ -18,12 +18,6 @@ constexpr double kReadBound = 1.0;
 constexpr double kFormBound = 2.0;
 
 const char* const kContent =
-    "set app.audit_enabled = 'off';"
-    "insert into projects (project_id, name) overriding system value values (1, 'П');"
-    "insert into objects (object_id, project_id, object) overriding system value values (1, 1, 'О');"
-    "insert into subobjects (subobject_id, object_id, subobject) overriding system value values (1, 1, 'С');"
-    "insert into positions (position_id, subobject_id, position, appearence) overriding system value values "
-    "(1, 1, 'Позиция', 1);"
     "insert into cycles (cycle_id, number, date_start, date_end) overriding system value "
     "select i, i, date '2020-01-01' + 365 * i, date '2020-01-31' + 365 * i from generate_series(1, 5) i;"
     "insert into dm_elements (element_id, type_id, element_name, state_id, position_id, x, y, z, h) "
@@ -36,8 +30,7 @@ const char* const kContent =
     "from generate_series(1, 5000) i;"
     "insert into ts_meas (element_id, cycle_id, date, meas) select i, c, '2023-01-10', "
     "(select string_agg(d || ':' || round((-1.5 + (i * c % 7) * 0.2)::numeric, 2), '|' order by d) "
-    "from generate_series(1, 20) d) from generate_series(1, 5) c, generate_series(1, 5000) i;"
-    "analyze";
+    "from generate_series(1, 20) d) from generate_series(1, 5) c, generate_series(1, 5000) i;";
 
 Epochs epochs()
 {
@@ -88,14 +81,8 @@ int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);
     ncDocManagerPtr()->appContextNewDocument(QString()); // the forms list its layers
-    TestDatabase database;
-    database.exec(QString::fromUtf8(kContent));
-    session().connection.open(database.conninfo());
-    session().connected = true;
-    session().currentPositionId = 1;
-    session().reloadCycles();
-    session().baseCycleId = 1;
-    session().currentCycleId = 5;
+    const BenchProject project(kContent);
+    project.chooseCycles(1, 5);
     const bool marks = read<DeformationMarks>("20,000 marks read", 20000);
     const bool markForm = open<DeformationMapForm>("their form", 20000);
     readOneByOne("yardstick: a statement each", "select meas from dm_meas where element_id = %1 and cycle_id = %2",
@@ -104,6 +91,5 @@ int main(int argc, char** argv)
     const bool wellForm = open<TemperatureDiffMapForm>("their form", 5000);
     readOneByOne("yardstick: a statement each",
                  "select meas, meas_ts_id from ts_meas where element_id=%1 and cycle_id=%2", 5000);
-    session().connection.finish();
     return marks && markForm && wells && wellForm ? 0 : 1;
 }

@@ -6,9 +6,9 @@
 #include "analysis/profiles/deformation_table.h"
 #include "analysis/profiles/epure.h"
 #include "analysis/profiles/section_frame.h"
+#include "bench_project.h"
 #include "hostkit/layers.h"
 #include "session/project_session.h"
-#include "support/test_database.h"
 
 #include <nrx/application.h>
 
@@ -21,12 +21,6 @@ namespace {
 constexpr double secondsBound = 0.5;
 
 const char* const content =
-    "set app.audit_enabled = 'off';"
-    "insert into projects (project_id, name) overriding system value values (1, 'П');"
-    "insert into objects (object_id, project_id, object) overriding system value values (1, 1, 'О');"
-    "insert into subobjects (subobject_id, object_id, subobject) overriding system value values (1, 1, 'С');"
-    "insert into positions (position_id, subobject_id, position, appearence) overriding system value "
-    "select i, 1, 'Позиция ' || i, i from generate_series(1, 20) i;"
     "insert into cycles (cycle_id, number, date_start, date_end) overriding system value values "
     "(1, 1, '2022-01-01', '2022-01-31'), (2, 2, '2023-01-01', '2023-01-31');"
     "insert into dm_elements (element_id, type_id, element_name, state_id, position_id, x, y, z, h) "
@@ -39,8 +33,7 @@ const char* const content =
     "100 + (i % 7) * 0.2, 0.5 from generate_series(1, 4000) i;"
     "insert into ts_meas (element_id, cycle_id, date, meas) select i, c, '2023-01-10', "
     "(select string_agg(d || ':' || round((c - 4 * sin(i * 0.05) * exp(-d * 0.1) - 0.1 * (i % 5))::numeric, 2), '|' "
-    "order by d) from generate_series(1, 20) d) from generate_series(1, 4000) i, generate_series(1, 2) c;"
-    "analyze";
+    "order by d) from generate_series(1, 20) d) from generate_series(1, 4000) i, generate_series(1, 2) c;";
 
 class Clock {
 public:
@@ -115,15 +108,10 @@ bool benchEpure()
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    TestDatabase database;
-    database.exec(QString::fromUtf8(content));
-    session().connection.open(database.conninfo());
-    session().connected = true;
-    session().currentPositionId = 1;
+    const BenchProject project(content, 20);
     ncDocManagerPtr()->appContextNewDocument(QString());
     const bool section = benchSection(false);
     const bool difference = benchSection(true);
     const bool epure = benchEpure();
-    session().connection.finish();
     return section && difference && epure ? 0 : 1;
 }
