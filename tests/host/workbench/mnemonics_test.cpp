@@ -191,7 +191,9 @@ TEST_F(Mnemonics, WhatHasALetterKeepsItAndTheSecondOfTwoGetsAnother)
     }
     auto* icon = new QToolButton;
     icon->setText(QStringLiteral("Жёлтый"));
-    icon->setIcon(QIcon(QPixmap(4, 4)));
+    QPixmap picture(4, 4);
+    picture.fill(Qt::gray);
+    icon->setIcon(QIcon(picture));
     column->addWidget(icon);
     giveMnemonics(form);
     QStringList shown;

@@ -177,6 +177,13 @@ QByteArray imageBytes(const char* format, QRgb color, int side)
     return bytes;
 }
 
+QPixmap plainPicture(int side)
+{
+    QPixmap picture(side, side);
+    picture.fill(Qt::gray);
+    return picture;
+}
+
 QMap<QString, QByteArray> unpacked(const QString& path)
 {
     QMap<QString, QByteArray> entries;

@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QDomDocument>
 #include <QMap>
+#include <QPixmap>
 #include <QRgb>
 #include <QString>
 #include <QTemporaryDir>
@@ -63,6 +64,8 @@ QByteArray table(int columns, const QVector<QByteArray>& rows);
 
 /// A picture of one colour in the given format.
 QByteArray imageBytes(const char* format, QRgb color = 0xff336699, int side = 8);
+/// A pixmap of one colour: the pixels of a new one hold whatever memory held.
+QPixmap plainPicture(int side = 4);
 
 /// Entry to bytes of a written file, in QuaZip's eyes.
 QMap<QString, QByteArray> unpacked(const QString& path);

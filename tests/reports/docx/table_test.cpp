@@ -370,7 +370,7 @@ TEST_F(TableTest, putsAPictureInThePlaceOfTextsAndPictures)
 {
     DocxTable table = open(::table(
         1, {row({"<w:tc><w:p><w:r><w:rPr/><w:t>a</w:t><w:t>b</w:t><w:tab/></w:r>" + run("rest") + "</w:p></w:tc>"})}));
-    const QString id = docx_.addImage(QPixmap(4, 4));
+    const QString id = docx_.addImage(plainPicture());
     ASSERT_EQ(table.setCellImage(table.cellAt(0, 0), id, QSize(100, 37)), 1);
     ASSERT_EQ(table.setCellImage(table.cellAt(0, 0), id, QSize(100, 37)), 1) << "again, in place";
     EXPECT_EQ(textOf(table.element()), "rest");
@@ -412,7 +412,7 @@ TEST_F(TableTest, declaresThePrefixOfReferencesWhereADocumentLacksIt)
                                          + ::table(1, {row({cell("a")})}) + "</w:body></w:document>")
                                .write(folder_ / "a.docx")));
     DocxTable table(elements(docx_.document, "w:tbl")[0]);
-    ASSERT_EQ(table.setCellImage(table.cellAt(0, 0), docx_.addImage(QPixmap(4, 4)), QSize(9, 9)), 1);
+    ASSERT_EQ(table.setCellImage(table.cellAt(0, 0), docx_.addImage(plainPicture()), QSize(9, 9)), 1);
     ASSERT_TRUE(docx_.save(folder_ / "b.docx"));
     EXPECT_EQ(findFaults(folder_ / "b.docx"), QStringList());
 }

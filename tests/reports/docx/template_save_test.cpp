@@ -173,7 +173,7 @@ TEST(DocxTemplateSave, savesTwiceTheSameBytes)
     DocxTemplate docx;
     ASSERT_TRUE(docx.open(twoPictures().write(folder / "a.docx")));
     ASSERT_TRUE(docx.setTag("a", redPicture(folder)));
-    ASSERT_FALSE(docx.addImage(QPixmap(4, 4)).isEmpty());
+    ASSERT_FALSE(docx.addImage(plainPicture()).isEmpty());
     ASSERT_TRUE(docx.save(folder / "b.docx"));
     ASSERT_TRUE(docx.save(folder / "c.docx"));
     EXPECT_EQ(readFile(folder / "b.docx"), readFile(folder / "c.docx"));
@@ -213,7 +213,7 @@ TEST(DocxTemplateSave, tellsTheLogOfEachNewPicture)
     DocxTemplate docx;
     ASSERT_TRUE(docx.open(twoPictures().write(folder / "a.docx")));
     ASSERT_TRUE(docx.setTag("a", redPicture(folder)));
-    ASSERT_EQ(docx.addImage(QPixmap(4, 4)), "rId_auto_2");
+    ASSERT_EQ(docx.addImage(plainPicture()), "rId_auto_2");
     const MessageCount log;
     ASSERT_TRUE(docx.save(folder / "b.docx"));
     EXPECT_EQ(log.texts(),
@@ -234,8 +234,8 @@ TEST(DocxTemplateSave, addsPicturesForTheBody)
                               .write(folder / "a.docx")));
     EXPECT_EQ(docx.nextRelation, 2);
     EXPECT_TRUE(docx.addImage(QPixmap()).isEmpty());
-    const QString first = docx.addImage(QPixmap(4, 4));
-    const QString second = docx.addImage(QPixmap(5, 5));
+    const QString first = docx.addImage(plainPicture());
+    const QString second = docx.addImage(plainPicture(5));
     EXPECT_EQ(first, "rId_auto_4") << "ids of every kind of relationship are passed over";
     EXPECT_EQ(second, "rId_auto_5");
     EXPECT_EQ(docx.newImagePaths[first], "word/media/image_auto_4.png");
@@ -251,7 +251,7 @@ TEST(DocxTemplateSave, passesOverEntriesThatNoRelationshipNames)
     Folder folder;
     DocxTemplate docx;
     ASSERT_TRUE(docx.open(DocxMaker().entry("word/media/image_auto_1.png", "x").write(folder / "a.docx")));
-    const QString id = docx.addImage(QPixmap(4, 4));
+    const QString id = docx.addImage(plainPicture());
     EXPECT_EQ(id, "rId_auto_1");
     EXPECT_EQ(docx.newImagePaths[id], "word/media/image_auto_2.png");
 }
@@ -264,7 +264,7 @@ TEST(DocxTemplateSave, declaresTheThreeFormatsWithNewPicturesOnly)
     ASSERT_TRUE(docx.open(DocxMaker().declare(pngType + upper).write(folder / "a.docx")));
     ASSERT_TRUE(docx.save(folder / "b.docx"));
     EXPECT_EQ(unpacked(folder / "b.docx")["[Content_Types].xml"], unpacked(folder / "a.docx")["[Content_Types].xml"]);
-    docx.addImage(QPixmap(4, 4));
+    docx.addImage(plainPicture());
     ASSERT_TRUE(docx.save(folder / "c.docx"));
     const QByteArray types = unpacked(folder / "c.docx")["[Content_Types].xml"];
     QDomDocument part;
@@ -375,7 +375,7 @@ TEST(DocxTemplateSave, writesNothingWhenTheTemplateIsDamagedMeanwhile)
     const QString path =
         DocxMaker(paragraph(run("new"))).entry("word/x.bin", QByteArray(100000, 'x')).write(folder / "a.docx");
     ASSERT_TRUE(docx.open(path));
-    ASSERT_FALSE(docx.addImage(QPixmap(4, 4)).isEmpty());
+    ASSERT_FALSE(docx.addImage(plainPicture()).isEmpty());
     QFile file(path);
     ASSERT_TRUE(file.resize(200));
     writeFile(folder / "b.docx", "earlier");
