@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <numeric>
 
 namespace contour {
 
@@ -104,15 +105,38 @@ std::vector<RankedLevel> ranked(const std::vector<double>& levels)
     return order;
 }
 
-using Segments = std::vector<ContourSegment>;
+// Segments of one level with the triangles they cut.
+struct Cut {
+    std::vector<ContourSegment> segments;
+    std::vector<std::int32_t> triangles;
+};
 
-// One list a level as listed, within a level as the triangles stand.
-std::vector<Segments> cut(const std::vector<Triangle>& triangles, const PointList& vertices,
-                          const std::vector<RankedLevel>& order, std::size_t levels)
+// Numbers of the triangles by the middle one of their vertices: from left to
+// right, but for those that have two corners far away. What is near each other
+// on the map is then near each other in memory.
+std::vector<std::int32_t> fromLeftToRight(const std::vector<Triangle>& triangles, std::size_t vertexCount)
 {
-    std::vector<Segments> byLevel(levels);
+    const auto middle = [](const Triangle& t) {
+        return static_cast<std::size_t>(std::max(std::min(t.a, t.b), std::min(std::max(t.a, t.b), t.c)));
+    };
+    std::vector<std::int32_t> ends(vertexCount + 1, 0);
+    for (const Triangle& t : triangles)
+        ++ends[middle(t) + 1];
+    std::partial_sum(ends.begin(), ends.end(), ends.begin());
+    std::vector<std::int32_t> order(triangles.size());
+    for (std::size_t i = 0; i < triangles.size(); ++i)
+        order[static_cast<std::size_t>(ends[middle(triangles[i])]++)] = static_cast<std::int32_t>(i);
+    return order;
+}
+
+// One a level as listed.
+std::vector<Cut> cut(const std::vector<Triangle>& triangles, const PointList& vertices,
+                     const std::vector<RankedLevel>& order, std::size_t levels)
+{
+    std::vector<Cut> byLevel(levels);
     ContourSegment segment;
-    for (const Triangle& t : triangles) {
+    for (std::int32_t number : fromLeftToRight(triangles, vertices.size())) {
+        const Triangle& t = triangles[static_cast<std::size_t>(number)];
         const Point3& a = vertices[static_cast<std::size_t>(t.a)];
         const Point3& b = vertices[static_cast<std::size_t>(t.b)];
         const Point3& c = vertices[static_cast<std::size_t>(t.c)];
@@ -120,11 +144,25 @@ std::vector<Segments> cut(const std::vector<Triangle>& triangles, const PointLis
         auto next = std::lower_bound(order.begin(), order.end(), std::min({a.z, b.z, c.z}),
                                      [](const RankedLevel& l, double z) { return l.level < z; });
         for (; next != order.end() && next->level <= highest; ++next) {
-            if (cutTriangle(a, b, c, next->level, &segment))
-                byLevel[next->place].push_back(segment);
+            if (!cutTriangle(a, b, c, next->level, &segment))
+                continue;
+            byLevel[next->place].segments.push_back(segment);
+            byLevel[next->place].triangles.push_back(number);
         }
     }
     return byLevel;
+}
+
+// Numbers of the segments in the order of their triangles, behind `first` others.
+void appendListed(const Cut& level, std::size_t triangleCount, std::int32_t first, std::vector<std::int32_t>* listed)
+{
+    std::vector<std::int32_t> segmentIn(triangleCount, -1);
+    for (std::size_t i = 0; i < level.triangles.size(); ++i)
+        segmentIn[static_cast<std::size_t>(level.triangles[i])] = static_cast<std::int32_t>(i);
+    for (std::int32_t segment : segmentIn) {
+        if (segment >= 0)
+            listed->push_back(first + segment);
+    }
 }
 
 // Whether no segment of one level can be near one of another.
@@ -136,19 +174,33 @@ bool lieApart(const std::vector<RankedLevel>& order)
         == order.end();
 }
 
-std::vector<Isoline> chained(std::vector<Segments> byLevel)
+std::vector<Isoline> chained(std::vector<Cut> byLevel, std::size_t triangleCount)
 {
     std::vector<Isoline> lines;
     std::size_t left = 0;
-    for (const Segments& list : byLevel)
-        left += list.size();
-    for (Segments& list : byLevel) {
-        left -= list.size();
+    for (const Cut& level : byLevel)
+        left += level.segments.size();
+    SegmentList list;
+    for (Cut& level : byLevel) {
+        left -= level.segments.size();
+        list.listed.clear();
+        appendListed(level, triangleCount, 0, &list.listed);
+        list.segments = std::move(level.segments);
         std::vector<Isoline> found = chainSegments(list, left > 0);
         lines.insert(lines.end(), std::make_move_iterator(found.begin()), std::make_move_iterator(found.end()));
-        Segments().swap(list);
+        level = Cut();
     }
     return lines;
+}
+
+std::vector<Isoline> chainedTogether(const std::vector<Cut>& byLevel, std::size_t triangleCount)
+{
+    SegmentList all;
+    for (const Cut& level : byLevel) {
+        appendListed(level, triangleCount, static_cast<std::int32_t>(all.segments.size()), &all.listed);
+        all.segments.insert(all.segments.end(), level.segments.begin(), level.segments.end());
+    }
+    return chainSegments(all);
 }
 
 } // namespace
@@ -159,13 +211,8 @@ std::vector<Isoline> SurfaceModel::isolines(std::vector<double>& levels) const
     for (double& level : levels)
         level = movedOff(level, values);
     const std::vector<RankedLevel> order = ranked(levels);
-    std::vector<Segments> byLevel = cut(triangles, vertices, order, levels.size());
-    if (lieApart(order))
-        return chained(std::move(byLevel));
-    Segments all;
-    for (const Segments& list : byLevel)
-        all.insert(all.end(), list.begin(), list.end());
-    return chainSegments(all);
+    std::vector<Cut> byLevel = cut(triangles, vertices, order, levels.size());
+    return lieApart(order) ? chained(std::move(byLevel), triangles.size()) : chainedTogether(byLevel, triangles.size());
 }
 
 } // namespace contour

@@ -1,11 +1,11 @@
 #include "analysis/contour/surface_model.h"
 
 #include "analysis/contour/border_rows.h"
+#include "analysis/contour/order_by_x.h"
 #include "analysis/contour/sweep.h"
 #include "geometry/tolerance_grid.h"
 
 #include <algorithm>
-#include <numeric>
 #include <optional>
 
 namespace contour {
@@ -105,59 +105,13 @@ void SurfaceModel::setPoints(const PointList& given)
 
 namespace {
 
-struct Ranked {
-    double x;
-    std::uint32_t point;
-};
-
-bool comesBefore(const Ranked& a, const Ranked& b) { return a.x != b.x ? a.x < b.x : a.point < b.point; }
-
-// Numbers of the points by x, of equal ones in their order. They are dealt into
-// as many columns as there are points, which leaves little to sort.
-std::vector<Ranked> sortedByX(const PointList& points)
-{
-    const std::size_t count = points.size();
-    std::vector<Ranked> order(count);
-    double least = INFINITY;
-    double most = -INFINITY;
-    for (const Point3& p : points) {
-        least = std::min(least, p.x);
-        most = std::max(most, p.x);
-    }
-    const double columnsPerUnit = static_cast<double>(count) / (most - least);
-    if (!(columnsPerUnit > 0.0 && columnsPerUnit < INFINITY)) {
-        for (std::size_t i = 0; i < count; ++i)
-            order[i] = {points[i].x, static_cast<std::uint32_t>(i)};
-        std::sort(order.begin(), order.end(), comesBefore);
-        return order;
-    }
-    // Never falls as x rises.
-    const auto columnOf = [&](const Point3& p) {
-        return std::min(static_cast<std::size_t>((p.x - least) * columnsPerUnit), count - 1);
-    };
-    std::vector<std::uint32_t> ends(count + 1, 0);
-    for (const Point3& p : points)
-        ++ends[columnOf(p) + 1];
-    std::partial_sum(ends.begin(), ends.end(), ends.begin());
-    for (std::size_t i = 0; i < count; ++i)
-        order[ends[columnOf(points[i])]++] = {points[i].x, static_cast<std::uint32_t>(i)};
-    auto begin = order.begin();
-    for (std::size_t column = 0; column < count; ++column) {
-        const auto end = order.begin() + ends[column];
-        if (end - begin > 1)
-            std::sort(begin, end, comesBefore);
-        begin = end;
-    }
-    return order;
-}
-
 // Along a column that is inserted from its one end to the other every vertex takes
 // away most triangles of the one before it, as many as the column beside it has
 // points: the square of its length in all. In halves (the middle, those in the
 // middle of what is left, and so on) these are few more than the triangles that stay.
 std::vector<Ranked> orderByX(const PointList& points)
 {
-    std::vector<Ranked> order = sortedByX(points);
+    std::vector<Ranked> order = sortedByX(points.size(), [&points](std::size_t i) { return points[i].x; });
     std::vector<Ranked> column;
     for (std::size_t begin = 0, end = 0; begin < order.size(); begin = end) {
         while (end < order.size() && order[end].x == order[begin].x)

@@ -5,7 +5,6 @@
 
 namespace {
 
-using contour::chainSegments;
 using contour::ContourSegment;
 using contour::isClosedLine;
 using contour::Isoline;
@@ -95,6 +94,16 @@ TEST(Cut, levelSurfaceAndLevelsOutsideGiveNothing)
     model.triangulate();
     std::vector<double> levels{1.0 + 2e-7, 5, -5, NAN, INFINITY};
     EXPECT_TRUE(model.isolines(levels).empty());
+}
+
+// In memory they stand the other way round than in the list.
+std::vector<Isoline> chainSegments(const std::vector<ContourSegment>& segments)
+{
+    contour::SegmentList list;
+    list.segments.assign(segments.rbegin(), segments.rend());
+    for (std::size_t i = segments.size(); i > 0; --i)
+        list.listed.push_back(static_cast<std::int32_t>(i) - 1);
+    return contour::chainSegments(list);
 }
 
 ContourSegment segment(double x0, double y0, double x1, double y1, double z = 1.0)

@@ -8,9 +8,7 @@ namespace reference {
 
 namespace {
 
-struct Segment {
-    Point3 start, end;
-};
+using Segment = contour::ContourSegment;
 
 double movedOffThePoints(double level, const PointList& points)
 {
@@ -43,6 +41,8 @@ bool cutEdge(const Point3& a, const Point3& b, double level, Point3* cut)
 
 bool near(const Point3& a, const Point3& b) { return geometry::distance(a, b) < GEOM_TOL; }
 
+} // namespace
+
 std::vector<Isoline> chained(std::vector<Segment> segments)
 {
     std::vector<Isoline> lines;
@@ -71,8 +71,6 @@ std::vector<Isoline> chained(std::vector<Segment> segments)
     }
     return lines;
 }
-
-} // namespace
 
 std::vector<Isoline> PlainSurface::isolines(std::vector<double>& levels) const
 {

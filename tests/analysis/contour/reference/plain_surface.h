@@ -1,5 +1,6 @@
 #pragma once
 
+#include "analysis/contour/chaining.h"
 #include "analysis/contour/surface_model.h"
 
 // The contour engine said plainly: the same steps as contour::SurfaceModel, one
@@ -54,5 +55,8 @@ private:
 
     std::vector<char> repeats; // vertices at the place of one given before
 };
+
+// Segments joined into lines, as the list has them.
+std::vector<Isoline> chained(std::vector<contour::ContourSegment> segments);
 
 } // namespace reference
