@@ -44,7 +44,16 @@ public:
 
     // The first point in the box (x and y count) that `accepts` takes; -1 for none.
     template <class Accepts>
-    int firstInBox(const Box& box, Accepts accepts) const;
+    int firstInBox(const Box& box, Accepts accepts) const
+    {
+        return firstInBox(
+            box, [](const Box&) { return true; }, accepts);
+    }
+
+    // The same where whole boxes of points are known to be refused: `mayHold` is
+    // false for a box none of whose points `accepts` would take.
+    template <class MayHold, class Accepts>
+    int firstInBox(const Box& box, MayHold mayHold, Accepts accepts) const;
 
     // The point with the smallest value(index), the first of equals; -1 for none
     // below infinity. No point in a box may have a value below lowerBound(box).
@@ -79,8 +88,8 @@ private:
     std::vector<std::int32_t> positions_; // of points in entries_, made by the first remove
 };
 
-template <class Accepts>
-int PointTree::firstInBox(const Box& box, Accepts accepts) const
+template <class MayHold, class Accepts>
+int PointTree::firstInBox(const Box& box, MayHold mayHold, Accepts accepts) const
 {
     // Nodes wait with their smallest index, so points come out in index order.
     struct Waiting {
@@ -106,6 +115,8 @@ int PointTree::firstInBox(const Box& box, Accepts accepts) const
             continue;
         }
         const Node& node = nodes_[static_cast<std::size_t>(top.node)];
+        if (!mayHold(node.box))
+            continue;
         if (!node.isLeaf) {
             waitFor(2 * static_cast<std::size_t>(top.node) + 1);
             waitFor(2 * static_cast<std::size_t>(top.node) + 2);

@@ -21,6 +21,8 @@ constexpr std::size_t kSmallRing = 24;
 constexpr int kPlainTests = 3;
 // Looking at so many boxes of points costs about as much as a tree over a point.
 constexpr std::size_t kLooksForATree = 16;
+// Rings of such coordinates are judged point by point, whatever comes of it.
+constexpr double kBeyondMeasure = 1e100;
 
 struct PlanBox {
     PointTree::Box box;
@@ -37,6 +39,15 @@ struct PlanBox {
         }
     }
 };
+
+// Where no side of the ring comes near a box, all places in it are judged alike.
+bool mayHoldInner(const PointTree::Box& box, double reach, const geometry::SegmentIndex& ring)
+{
+    bool isNear = false;
+    ring.meetingBox({box.xMin - reach, box.yMin - reach, 0.0}, {box.xMax + reach, box.yMax + reach, 0.0},
+                    [&](std::size_t) { isNear = true; });
+    return isNear || ring.pointInPolygon({box.xMin, box.yMin, 0.0});
+}
 
 double gap(double fromA, double toA, double fromB, double toB) { return std::max({fromA - toB, fromB - toA, 0.0}); }
 
@@ -65,11 +76,11 @@ void InnerPoints::remove(int index)
 }
 
 // Many maps have a few rings, most of which hold one of the first points.
-template <class Accepts>
-int InnerPoints::firstInBox(const PointTree::Box& box, Accepts accepts)
+template <class MayHold, class Accepts>
+int InnerPoints::firstInBox(const PointTree::Box& box, MayHold mayHold, Accepts accepts)
 {
     if (tree_ || looks_ > kLooksForATree * points_.size())
-        return tree().firstInBox(box, accepts);
+        return tree().firstInBox(box, mayHold, accepts);
     auto removed = removed_.begin();
     for (std::size_t i = 0; i < points_.size(); ++i) {
         const auto index = static_cast<int>(i);
@@ -95,7 +106,11 @@ int InnerPoints::firstInside(const PointList& ring)
     around.box.yMax += reach;
     std::optional<geometry::SegmentIndex> index;
     int tests = 0;
-    return firstInBox(around.box, [&](int i) {
+    const bool judgesBoxes = around.largest < kBeyondMeasure;
+    const auto mayHold = [&](const PointTree::Box& box) {
+        return !index || !judgesBoxes || mayHoldInner(box, 2.0 * reach, *index);
+    };
+    return firstInBox(around.box, mayHold, [&](int i) {
         const Point3& p = points_[static_cast<std::size_t>(i)];
         if (ring.size() < kSmallRing || tests++ < kPlainTests)
             return geometry::pointInPolygon(p, ring);

@@ -25,8 +25,8 @@ public:
     void remove(int index);
 
 private:
-    template <class Accepts>
-    int firstInBox(const geometry::PointTree::Box& box, Accepts accepts);
+    template <class MayHold, class Accepts>
+    int firstInBox(const geometry::PointTree::Box& box, MayHold mayHold, Accepts accepts);
     geometry::PointTree& tree();
 
     const PointList& points_;
