@@ -78,23 +78,28 @@ TEST(InnerPoints, firstInsideIsThatOfAPlainLook)
     EXPECT_LT(found, 600);
 }
 
-// Boxes of points that lie nearer to a side than the tolerance are on the rim.
+// Some points of a box lie nearer to a side than the tolerance, though no side
+// meets the box.
 TEST(InnerPoints, pointsOnTheRimAreFoundThroughTheTree)
 {
     PointList points;
     for (int i = 0; i < 600; ++i)
         points.push_back({0.01 * i, -50.0, 0});
     for (int i = 0; i < 40; ++i)
-        points.push_back({1e-8 * i, 30.0 - 5e-7, 0});
-    PointList ring; // along y = 30, its inside above
+        points.push_back({1e-8 * i, i % 2 ? 30.0 - 5e-7 : 28.0, 0});
+    PointList ring; // its inside lies above y = 30, and its box holds all points
     for (int i = 0; i <= 40; ++i)
         ring.push_back({-20.0 + i, 30.0, 0});
-    ring.push_back({20, 90, 0});
-    ring.push_back({-20, -90, 0}); // the box holds all points
-    ring.push_back({-20, 29, 0});
+    for (int x = 20; x >= -40; x -= 5)
+        ring.push_back({double(x), 90, 0});
+    for (int y = 80; y >= -90; y -= 10)
+        ring.push_back({-40, double(y), 0});
+    for (const Point3& corner : PointList{{-39, -90, 0}, {-39, 80, 0}, {-30, 80, 0}, {-20, 80, 0}})
+        ring.push_back(corner);
     InnerPoints inner(points);
     for (int i = 0; i < 60; ++i)
-        EXPECT_EQ(inner.firstInside(ring), plainFirst(points, std::vector<char>(points.size(), 0), ring));
+        ASSERT_EQ(inner.firstInside(ring), 601);
+    EXPECT_EQ(plainFirst(points, std::vector<char>(points.size(), 0), ring), 601);
 }
 
 TEST(InnerPoints, ringsBeyondAllMeasure)
