@@ -174,7 +174,7 @@ bool setRow(NcDbObjectId id, const QString& key, const QVariant& value)
 QString entityName(const NcDbEntity& entity)
 {
     const PropertyClass* known = propertyClassOf(entity);
-    const QString name =
+    QString name =
         known ? QString::fromUtf8(known->name) : QString::fromLatin1(entity.isA()->name()).mid(int(qstrlen("NcDb")));
     if (!entity.isKindOf(NcDbBlockReference::desc()))
         return name;

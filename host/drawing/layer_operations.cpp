@@ -43,7 +43,7 @@ const NcDbLayerTableRecord* recordOf(NcDbObjectId layer)
 QString addLayer(NcDbDatabase& database, const QString& wanted, NcDbObjectId* made)
 {
     const QString name = wanted.trimmed();
-    const QString fault = nameFault(database, name, {});
+    QString fault = nameFault(database, name, {});
     NcDbLayerTable* table = nullptr;
     if (!fault.isEmpty())
         return fault;
@@ -69,7 +69,7 @@ QString renameLayer(NcDbDatabase& database, NcDbObjectId layer, const QString& w
         return QStringLiteral("Такого слоя нет.");
     if (present->getName() == kFirstLayer)
         return QStringLiteral("Слой 0 не переименовывается.");
-    const QString fault = nameFault(database, name, layer);
+    QString fault = nameFault(database, name, layer);
     NcDbLayerTableRecord* record = nullptr;
     if (!fault.isEmpty() || present->getName() == name)
         return fault;
@@ -102,7 +102,7 @@ QString eraseLayer(NcDbDatabase& database, NcDbObjectId layer)
 QString freeLayerName(const NcDbDatabase& database)
 {
     for (int number = 1;; ++number) {
-        const QString name = QStringLiteral("Слой%1").arg(number);
+        QString name = QStringLiteral("Слой%1").arg(number);
         if (HostAccess::recordId(database, database.layerTableId(), name).isNull())
             return name;
     }

@@ -32,7 +32,8 @@ PaletteColor hueColor(int index)
     const int hue = (index - 10) / 10; // of 24 round the circle
     const std::array<double, 3> shares = hueShares(hue);
     const int shade = index % 10;
-    const double level = kLevels[shade / 2];
+    const int step = shade / 2; // of brightness
+    const double level = kLevels[step];
     const bool washed = shade % 2 == 1;
     const auto channel = [&](double share) { return int(level * (washed ? 0.5 + share / 2.0 : share)); };
     return {channel(shares[0]), channel(shares[1]), channel(shares[2])};

@@ -133,9 +133,11 @@ private:
         rectangle(place, kThin, Qt::white);
         text({place.left() + 2.0, place.top() + 1.0, width - 4.0, 5.0}, QStringLiteral("Условные обозначения"), 2.5,
              Qt::AlignVCenter);
-        for (int i = 0; i < count; ++i)
+        for (int i = 0; i < count; ++i) {
+            const int column = i / rows;
             paintSign(sheet_.signs[size_t(i)],
-                      {place.left() + (i / rows) * width, place.top() + head - 1.0 + (i % rows) * row, width, row});
+                      {place.left() + column * width, place.top() + head - 1.0 + (i % rows) * row, width, row});
+        }
     }
 
     void paintSign(const Sheet::Sign& sign, const QRectF& place)

@@ -152,15 +152,14 @@ void FormDriver::workOn(QWidget* window)
         return;
     }
     idleTicks_ = 0;
-    if (step->verb == QLatin1String("window")) {
-        waitAtRest(step, window == base_ ? nullptr : window);
-    } else if (step->verb != QLatin1String("dialog")) {
-        doStep(window, *step);
-    } else if (window != base_ && titleFits(window, step->words.value(0))) { // NOLINT(bugprone-branch-clone)
+    const bool opensDialog = step->verb == QLatin1String("dialog");
+    if (opensDialog && window != base_ && titleFits(window, step->words.value(0))) {
         touch();
         script_.advance();
-    } else {
+    } else if (opensDialog || step->verb == QLatin1String("window")) {
         waitAtRest(step, window == base_ ? nullptr : window);
+    } else {
+        doStep(window, *step);
     }
 }
 

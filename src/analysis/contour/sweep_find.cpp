@@ -266,9 +266,7 @@ void Sweep::findYoungToGo(std::int32_t vertex)
         MeshTriangle& t = mesh_[id];
         if (t.mark == goesWith(vertex))
             continue;
-        if (!asksNeighbours_ && holds(t, at(vertex)))
-            goes(t, vertex);
-        else if (asksNeighbours_ && isTrusted(t))
+        if (asksNeighbours_ && isTrusted(t))
             t.due = kByNeighbours;
         else if (holds(t, at(vertex)))
             goes(t, vertex);
