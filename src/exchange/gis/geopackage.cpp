@@ -127,7 +127,7 @@ public:
     {
         sqlite3_int64 size = 0;
         unsigned char* const copy = isGood() ? sqlite3_serialize(base_, "main", &size, 0) : nullptr;
-        const QByteArray whole(reinterpret_cast<const char*>(copy), copy ? int(size) : 0);
+        QByteArray whole(reinterpret_cast<const char*>(copy), copy ? int(size) : 0);
         sqlite3_free(copy);
         return whole;
     }

@@ -82,7 +82,7 @@ QString TSPassportExportTemplate::savePicture(const QString& name, const QByteAr
     if (!docx::isWholePng(png))
         return {};
     for (const QString& folder : {parameters.folder, spareFolder_}) {
-        const QString path = folder + QLatin1Char('/') + name;
+        QString path = folder + QLatin1Char('/') + name;
         // A file of the user's own under that name stays what it is.
         if (folder.isEmpty() || QFile::exists(path) || !saveFile(path, png))
             continue;

@@ -67,7 +67,7 @@ Record recordOf(const EgeColumns& columns)
 QString patternOf(const QString& stored)
 {
     for (const ComboEntry& choice : patternChoices()) {
-        const QString file = choice.text;
+        const QString& file = choice.text;
         if (file.compare(stored, Qt::CaseInsensitive) == 0 || file.compare(stored + ".pat", Qt::CaseInsensitive) == 0)
             return file;
     }
@@ -113,7 +113,7 @@ std::optional<QStringList> EGEEditDialog::load(const QString& key)
 // A pattern that is no file of the folder stays what it is.
 QString EGEEditDialog::offeredPattern(const QString& stored) const
 {
-    const QString pattern = patternOf(stored);
+    QString pattern = patternOf(stored);
     auto* box = fields().widget<QComboBox>(patternField);
     if (box && box->findData(pattern) < 0)
         box->addItem(pattern, pattern);
@@ -131,7 +131,7 @@ QString EGEEditDialog::fault() const
 {
     if (columns_.isEmpty())
         return "Не удалось прочитать структуру данных ИГЭ из БД";
-    const QString broken = RecordDialog::fault();
+    QString broken = RecordDialog::fault();
     if (!broken.isEmpty())
         return broken;
     const QString code = fields().text(codeField);

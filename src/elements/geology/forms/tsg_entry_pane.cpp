@@ -86,7 +86,7 @@ QString TSGEntryPane::name() const { return parts_[0]->text("name"); }
 QString TSGEntryPane::fault() const
 {
     for (const FieldPane* part : parts_) {
-        const QString fault = part->fault();
+        QString fault = part->fault();
         if (!fault.isEmpty())
             return fault;
     }

@@ -18,9 +18,9 @@ public:
     explicit ProfilesPage(PassportRecord& record, QWidget* parent = nullptr);
 
     void showRecord() override;
+    void showMeasures() override;
 
 private:
-    void showMeasures();
     ProfileWishes wishes() const;
 
     ProfilePicture picture_;
