@@ -36,7 +36,7 @@ void MainWindow::buildDocks()
     addDock(QStringLiteral("Слои"), "layersDock", layers_, Qt::LeftDockWidgetArea);
     QDockWidget* properties =
         addDock(QStringLiteral("Свойства"), "propertiesDock", properties_, Qt::RightDockWidgetArea);
-    properties->toggleViewAction()->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_1));
+    properties->toggleViewAction()->setShortcut(QKeySequence(QStringLiteral("Ctrl+1")));
     properties->toggleViewAction()->setObjectName(QStringLiteral("propertiesAction"));
     addAction(properties->toggleViewAction());
     connect(properties->toggleViewAction(), &QAction::triggered, properties, [properties](bool shown) {

@@ -32,7 +32,7 @@ const QString kRecentKey = QStringLiteral("recent");
 
 QString MainWindow::askToOpen(const QString& title, const QString& filters, const QString& kind)
 {
-    const QString path = QFileDialog::getOpenFileName(this, title, rememberedFolder(*settings_, kind), filters);
+    QString path = QFileDialog::getOpenFileName(this, title, rememberedFolder(*settings_, kind), filters);
     if (!path.isEmpty())
         rememberFolder(*settings_, kind, path);
     return path;
