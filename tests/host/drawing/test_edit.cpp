@@ -169,8 +169,9 @@ TEST_F(DrawingTest, GripsPullLinesCirclesAndCorners)
 {
     const NcDbObjectId line = add(new NcDbLine({0, 0, 0}, {10, 0, 0}));
     for (const Grip& grip : gripsOf(read<NcDbLine>(line)))
-        if (grip.kind == Grip::Vertex && grip.index == 1)
+        if (grip.kind == Grip::Vertex && grip.index == 1) {
             EXPECT_TRUE(pullGrip(line, grip, {10, 5, 0}));
+        }
     expectPoint(read<NcDbLine>(line).endPoint(), 10, 5);
     EXPECT_TRUE(pullGrip(line, *gripOf(gripsOf(read<NcDbLine>(line)), Grip::Place), {6, 2.5, 0}));
     expectPoint(read<NcDbLine>(line).startPoint(), 1, 0);

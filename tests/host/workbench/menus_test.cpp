@@ -55,9 +55,10 @@ void expectOneKeyEach(const QList<QAction*>& actions, const QString& where)
     QHash<QString, QString> keys;
     for (const QAction* action : actions) {
         const QString key = mnemonicOf(action->text());
-        if (!key.isEmpty() && action->isVisible())
+        if (!key.isEmpty() && action->isVisible()) {
             EXPECT_FALSE(keys.contains(key)) << where.toStdString() << ": " << action->text().toStdString() << " and "
                                              << keys.value(key).toStdString();
+        }
         keys.insert(key, action->text());
         if (action->menu())
             expectOneKeyEach(action->menu()->actions(), action->text());
@@ -102,8 +103,9 @@ TEST_F(CommandMenusTest, EveryRowHasADrawingAndSaysWhatItDoes)
         EXPECT_TRUE(QFile::exists(QStringLiteral(TERVA_SOURCE_DIR "/share/icons/") + row.icon + ".svg"))
             << row.command.toStdString() << ": " << row.icon.toStdString();
         EXPECT_FALSE(row.tip.isEmpty()) << row.command.toStdString();
-        if (!row.bar.isEmpty())
+        if (!row.bar.isEmpty()) {
             EXPECT_NE(menus.bar(row.bar), nullptr) << row.bar.toStdString();
+        }
     }
 }
 

@@ -21,8 +21,9 @@ public:
     OrdinaryUser() { changed_ = geteuid() == 0 && seteuid(nobody) == 0; }
     ~OrdinaryUser()
     {
-        if (changed_)
+        if (changed_) {
             EXPECT_EQ(seteuid(0), 0);
+        }
     }
 
 private:
