@@ -174,24 +174,24 @@ TEST_F(MainWindowTest, ASheetIsPrintedToAPdf)
 {
     window->runLine(QStringLiteral("LINE 0,0 100,0 \"\""));
     const QString path = folder.filePath(QStringLiteral("лист"));
-    QTimer::singleShot(200, [&] {
-        auto* dialog = QApplication::activeModalWidget();
-        ASSERT_NE(dialog, nullptr);
-        EXPECT_EQ(dialog->objectName(), QStringLiteral("printDialog"));
-        dialog->findChild<QPushButton*>(QStringLiteral("printAll"))->click();
-        EXPECT_EQ(dialog->findChild<QComboBox*>(QStringLiteral("printScale"))->currentText(), QStringLiteral("1:500"));
-        dialog->findChild<QComboBox*>(QStringLiteral("printScale"))->setEditText(QStringLiteral("много"));
-        EXPECT_EQ(dialog->findChild<QLabel*>(QStringLiteral("printNote"))->text(),
-                  QStringLiteral("Масштаб пишется так: 1:500."));
-        dialog->findChild<QComboBox*>(QStringLiteral("printScale"))->setEditText(QStringLiteral("1:100"));
-        EXPECT_EQ(dialog->findChild<QLabel*>(QStringLiteral("printNote"))->text(),
-                  QStringLiteral("На лист попадает часть чертежа."));
-        ModalDriver driver;
-        driver.expect("Лист в PDF").files({path});
-        dialog->findChild<QPushButton*>(QStringLiteral("printPdf"))->click();
-        EXPECT_TRUE(driver.done()) << driver.report().toStdString();
-    });
+    ModalDriver driver;
+    driver.expect("Печать")
+        .call([](QWidget* dialog) {
+            EXPECT_EQ(dialog->objectName(), QStringLiteral("printDialog"));
+            dialog->findChild<QPushButton*>(QStringLiteral("printAll"))->click();
+            auto* scale = dialog->findChild<QComboBox*>(QStringLiteral("printScale"));
+            auto* note = dialog->findChild<QLabel*>(QStringLiteral("printNote"));
+            EXPECT_EQ(scale->currentText(), QStringLiteral("1:500"));
+            scale->setEditText(QStringLiteral("много"));
+            EXPECT_EQ(note->text(), QStringLiteral("Масштаб пишется так: 1:500."));
+            scale->setEditText(QStringLiteral("1:100"));
+            EXPECT_EQ(note->text(), QStringLiteral("На лист попадает часть чертежа."));
+            return QString();
+        })
+        .press("printPdf");
+    driver.expect("Лист в PDF").files({path});
     window->findChild<QAction*>(QStringLiteral("print"))->trigger();
+    EXPECT_TRUE(driver.done()) << driver.report().toStdString();
     EXPECT_TRUE(QFile::exists(path + QStringLiteral(".pdf")));
     EXPECT_TRUE(history().contains(QStringLiteral("Записан файл ") + path));
 }
