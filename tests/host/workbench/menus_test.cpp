@@ -139,8 +139,9 @@ TEST_F(CommandMenusTest, TheyAreBuiltAnewWithoutDoubles)
         menus.build(allRows(), commandsOf(allRows()), {});
     QSet<QString> met;
     for (const QAction* action : window.findChildren<QAction*>()) {
-        if (action->objectName().startsWith(QLatin1String("TERVA_")))
+        if (action->objectName().startsWith(QLatin1String("TERVA_"))) {
             EXPECT_FALSE(met.contains(action->objectName())) << action->objectName().toStdString();
+        }
         met.insert(action->objectName());
     }
     EXPECT_TRUE(met.contains(QStringLiteral("TERVA_ADMIN")));
