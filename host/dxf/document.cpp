@@ -115,7 +115,8 @@ DxfGroups flat(const DxfRecord& head, const DxfRecords& records)
 
 void takeSection(const DxfRecord& head, DxfRecords records, DxfDocument& document)
 {
-    const QString name = firstValue(head.groups, 2);
+    // Zeros are not written: the name is what the next reader will see.
+    const QString name = firstValue(head.groups, 2).remove(QChar(QChar::Null));
     if (name == QLatin1String("HEADER"))
         document.header = headerOf(head);
     else if (name == QLatin1String("CLASSES"))
